@@ -1,0 +1,88 @@
+// All that survives between runs, as the program holds it in memory. SettingsFile reads and writes it; every room
+// reads and changes it during the run.
+#pragma once
+
+#include "app/FixedText.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace velluto {
+
+inline constexpr int kNoMidiDevice = 99;
+inline constexpr int kRoleCount = 15;
+inline constexpr int kUserAssignedRolePrograms = 2; // "UP.1"
+inline constexpr int kUserAssignedRoleControl = 14; // "CONTRL"
+
+// Placement of the frame or of a window without a document. Geometry in twips.
+struct WindowPlacement {
+    std::int16_t Top = 0;
+    std::int16_t Left = 0;
+    std::uint16_t Width = 0;
+    std::uint16_t Height = 0;
+    std::uint8_t State = 0;
+    std::uint8_t Role = 2;
+    std::uint16_t MinWidth = 0; // 0: never laid out
+    std::uint16_t MinHeight = 0;
+};
+
+// The record of a document slot. Geometry in twips.
+struct DocRecord {
+    PathText Path;
+    std::uint8_t Role = 0;
+    std::uint8_t State = 0; // 0 no window, 1 normal, 2 minimised
+    std::int16_t Left = 0;
+    std::int16_t Top = 0;
+    std::int16_t Width = 0;
+    std::int16_t Height = 0;
+    std::uint8_t Tag6 = 0;
+    std::uint8_t Tag7 = 0;
+    std::int16_t MinWidth = 0; // 0: never placed
+    std::int16_t MinHeight = 0;
+};
+
+struct RecentRecord {
+    PathText Path;
+    std::int16_t Top = 0;
+    std::int16_t Left = 0;
+    std::int16_t Width = 0;
+    std::int16_t Height = 0;
+    std::uint8_t Flag = 0;
+    std::uint8_t Kind = 0;
+};
+
+// Entries of PlacementTable, counted from 0.
+namespace PlacementEntry {
+inline constexpr int Frame = 0;
+inline constexpr int Monitor = 8;
+inline constexpr int ChannelSetup = 28;
+} // namespace PlacementEntry
+
+struct Settings {
+    // A fresh record holds the values of a first run, in Italian.
+    Settings();
+
+    std::uint8_t Lingua = 1; // 1 Italian, 2 English
+    bool ReservedFlag17 = false;
+    bool PlayerPanelOpen = false;
+    bool ThruOn = false;
+    bool PcgUserAssigned = false;
+    bool StatusBarOn = true;
+    int MidiInDev = kNoMidiDevice;
+    int MidiOutDev = kNoMidiDevice;
+    std::uint8_t LastChannel = 0; // 0-based; 99 when no channel was found
+    std::array<std::uint8_t, 16> KeyboardRecord{};
+    std::array<WindowPlacement, 29> PlacementTable{}; // index 0 to 28
+    std::array<std::uint8_t, 16> ChannelRole{};       // entry c - 1 for MIDI channel c
+    std::array<DocRecord, 13> PcgDocTable{};          // 1 to 12
+    std::array<DocRecord, 21> StyDocTable{};          // 0 to 20
+    std::array<DocRecord, 29> PrfDocTable{};          // 0 to 28
+    std::array<RecentRecord, 17> RecentTable{};       // 1 to 16, newest first
+    std::string LastDir;
+    std::string PlayerDir;
+    std::string PlayerName;
+    std::string PlayerFile;
+};
+
+} // namespace velluto

@@ -1,0 +1,29 @@
+// The whole program as one record: every room's state and the ports below them. Made in main, in the driver or in a
+// test, and handed down by reference; two of them can live side by side.
+#pragma once
+
+#include "app/Modulo1.h"
+#include "banks/Recall.h"
+#include "files/Files.h"
+#include "midi/MIDI.h"
+
+namespace velluto {
+
+struct Velluto {
+    Velluto(Ports ports, Face &face);
+    ~Velluto();
+
+    Modulo1 app;
+    MidiState midi;
+    FilesState files;
+    RecallState recall;
+};
+
+// The entry routine: paths, settings, device survey, frame. False where the program ends without a window.
+bool StartUp(Velluto &program);
+
+// The user closes the frame: asks the children, and when none refuses closes the devices and writes the settings.
+// False where a child refused.
+bool CloseFrame(Velluto &program);
+
+} // namespace velluto

@@ -1,0 +1,72 @@
+// The record of the instrument's files: the work areas of the container routines, the current slots, the windows of
+// the documents. Work areas are valid within one command only, but keep what the last command left.
+#pragma once
+
+#include "app/Modulo1.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace velluto {
+
+class frmPcgUN;
+
+// Elements 0 to 127: 1-based position of item 1 to 128 in the image; 128 to 255: its length in bytes.
+using ItemTable = std::array<std::int32_t, 256>;
+
+// What a Copy or Cut left for Paste.
+struct ItemClipboard {
+    int ClipValid = 0;
+    FileImage ClipImage;
+    int ClipFirstRow = 0;
+    int ClipCount = 0;
+    int ClipKind = 0;
+    int ClipSlot = 0;
+    int ClipHasSts = 0;
+};
+
+// What the file windows ask of rooms above them; the frame fills it in.
+struct ViewServices {
+    // A click on a row of a list window that passed the window's own test: resolves the channel and recalls.
+    std::function<void(Form &window, int row)> SelectOnInstrument;
+};
+
+struct FilesState {
+    explicit FilesState(Modulo1 &core);
+    ~FilesState();
+
+    Modulo1 &app;
+    ViewServices services;
+
+    FileImage LoadImage;      // result of the last ReadInstrumentFile
+    std::string BuildImage;   // what an edit is assembling
+    std::string BuildPrefix;
+    ItemTable ItemIndex{};
+    ItemTable BuildItemIndex{};
+    ItemClipboard clipboard;
+
+    int CurrentPcgSlot = 0;
+    int CurrentStySlot = 0;
+    int CurrentPrfSlot = 0;
+    std::array<bool, 9> PcgOpenFlags{}; // 1 to 8
+    std::array<bool, 9> StyOpenFlags{};
+    std::array<bool, 9> PrfOpenFlags{};
+    DocRecord WorkPcgRecord; // every access to a slot goes through the working copy of its type
+    DocRecord WorkStyRecord;
+    DocRecord WorkPrfRecord;
+    WindowPlacement WorkPlacement;
+
+    std::string FileFolder;
+    std::string FileName;
+    int OpenChainCode = 0; // 4, 5 or 6 while one Open command hands over to another
+    int KnownFileFlag = 0;
+    int PcgFileSlot = 0;
+    int RecentKind = 0;
+
+    std::array<std::unique_ptr<frmPcgUN>, 13> PcgWindows; // 1 to 12
+};
+
+} // namespace velluto

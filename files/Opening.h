@@ -1,0 +1,43 @@
+// Bringing a file into a window: the read of the whole file, the Open commands, the banks of the View menu, the recent
+// entries. Paths are UTF-8; slots count from 1.
+#pragma once
+
+#include "files/Files.h"
+
+#include <string>
+#include <string_view>
+
+namespace velluto {
+
+// What ReadInstrumentFile answers.
+namespace ReadStatus {
+inline constexpr int Good = 0;
+inline constexpr int InputOutputError = 1; // told to the user
+inline constexpr int NotAnInstrumentFile = 2; // told to the user
+inline constexpr int Missing = 3; // not told; the file does not exist (an empty file has just been deleted)
+} // namespace ReadStatus
+
+// Reads the file into files.LoadImage and tests it.
+int ReadInstrumentFile(FilesState &files, const std::string &path);
+
+// 1 when a slot 1 to 8 with State 1 holds the path. Leaves the last record looked at in the working copy.
+int FindOpenPcg(FilesState &files, std::string_view path);
+int FindOpenSty(FilesState &files, std::string_view path);
+int FindOpenPrf(FilesState &files, std::string_view path);
+// The slot 1 to 8 that holds the path, or 0. Leaves the last record looked at in the working copy.
+int FindKnownPcg(FilesState &files, std::string_view path);
+int FindKnownSty(FilesState &files, std::string_view path);
+int FindKnownPrf(FilesState &files, std::string_view path);
+// The first slot 1 to 8 whose open flag is clear, or 0.
+int FindFreePcgSlot(const FilesState &files);
+int FindFreeStySlot(const FilesState &files);
+int FindFreePrfSlot(const FilesState &files);
+
+// Commands of the menus.
+void mnuPcgNuovo64_Click(FilesState &files);
+void mnuPcgNuovo128_Click(FilesState &files);
+void mnuPcgApri_Click(FilesState &files);
+void mnuPcgUser_Click(FilesState &files, int index); // 9 or 10
+void mnuRecentFile_Click(FilesState &files, int index); // 1 to 16
+
+} // namespace velluto

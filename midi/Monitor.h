@@ -1,0 +1,13 @@
+// The monitor of what is sent, as hexadecimal bytes in the window frmMsgEx.
+#pragma once
+
+#include <string_view>
+
+namespace velluto {
+
+struct MidiState;
+
+// Appends the bytes as one line and an empty line; an empty text clears the monitor. Does nothing without a window.
+void MonitorReport(MidiState &midi, std::string_view bytes);
+
+} // namespace velluto

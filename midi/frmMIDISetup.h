@@ -1,0 +1,29 @@
+// The channel setup window: which part of the instrument each of the sixteen MIDI channels serves.
+#pragma once
+
+#include "app/Modulo1.h"
+#include "view/ControlArray.h"
+
+namespace velluto {
+
+class frmMIDISetup : public Form {
+public:
+    explicit frmMIDISetup(Modulo1 &app);
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Form_Activate() override;
+    void Form_Deactivate() override;
+    void Form_LostFocus() override;
+    void Form_MouseDown(int button) override;
+
+    ControlArray<Label, 1, 16> Label1Ch{*this, "Label1Ch"};
+    ControlArray<ComboBox, 1, 16> Combo1{*this, "Combo1"};
+
+private:
+    void TakeOverRoles();
+    Modulo1 &app_;
+};
+
+void mnuMIDISetup_Click(Modulo1 &app);
+
+} // namespace velluto

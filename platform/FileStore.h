@@ -1,0 +1,54 @@
+// Random-access files with run-time error numbers: all that the program asks of a file system. The settings, the
+// instrument's files and the tables go through it; the POSIX adapter, the driver's faults and the tests answer it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace velluto {
+
+// The run-time error of a file operation; number 0 is success.
+struct RuntimeError {
+    int number = 0;
+    [[nodiscard]] bool Failed() const { return number != 0; }
+};
+
+// The run-time error numbers that the program gives a meaning to.
+namespace FileError {
+inline constexpr int kOther = 51;
+inline constexpr int kFileNotFound = 53;
+inline constexpr int kDeviceInputOutputTold = 56; // the number that the message table knows; systems report 57
+inline constexpr int kDeviceInputOutput = 57;
+inline constexpr int kDiskFull = 61;
+inline constexpr int kDiskNotReady = 71;
+inline constexpr int kPathFileAccess = 75;
+inline constexpr int kPathNotFound = 76;
+inline constexpr int kCancelled = 32755;
+} // namespace FileError
+
+// An open file. It is closed when the object goes.
+class RandomAccessFile {
+public:
+    virtual ~RandomAccessFile() = default;
+    virtual RuntimeError Length(std::uint64_t &length) = 0;
+    // Reads up to buffer.size() bytes from the 0-based offset; got is lower than that only at the end of the file.
+    virtual RuntimeError Read(std::uint64_t offset, std::span<std::uint8_t> buffer, std::size_t &got) = 0;
+    // Writes all bytes at the 0-based offset, or fails. Writing the same bytes again is harmless.
+    virtual RuntimeError Write(std::uint64_t offset, std::span<const std::uint8_t> bytes) = 0;
+};
+
+class FileStore {
+public:
+    virtual ~FileStore() = default;
+    // Opens for reading and writing; a missing file is created empty. Anything but a regular file is error 75.
+    // The path is the platform's own, in UTF-8.
+    virtual RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) = 0;
+    virtual RuntimeError Delete(const std::string &path) = 0;
+    // The process's current directory, without a separator at its end (but "/" for the root).
+    virtual std::string CurrentFolder() = 0;
+};
+
+} // namespace velluto

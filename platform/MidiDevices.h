@@ -1,0 +1,55 @@
+// The machine's MIDI devices, as the program asks for them: numbered outputs and inputs with result codes.
+// Used by midi/; answered by the real devices (RtMidi, built-in synthesizer) and by the stand-ins of driver and tests.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace velluto {
+
+// The result codes that a device layer gives. Only 0 and 4 lead to words of their own.
+namespace MidiCode {
+inline constexpr int kSuccess = 0;
+inline constexpr int kError = 1;
+inline constexpr int kAllocated = 4; // in use by somebody else
+inline constexpr int kNoMemory = 7;
+inline constexpr int kNoDevice = 68; // the device has gone
+} // namespace MidiCode
+
+using MidiHandle = std::uint32_t; // 0 is no device
+
+struct MidiDeviceCaps {
+    std::array<char, 32> name{}; // product name in UTF-8; ends at its first zero character
+};
+
+// Called by a platform thread for each thing that an input delivers.
+struct MidiInCallback {
+    void (*proc)(MidiHandle handle, std::uint32_t message, void *instance, std::uint32_t parameter1, std::uint32_t parameter2) = nullptr;
+    void *instance = nullptr;
+};
+
+class MidiDevices {
+public:
+    virtual ~MidiDevices() = default;
+
+    virtual int midiOutGetNumDevs() = 0;
+    virtual int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) = 0;
+    virtual int midiOutOpen(MidiHandle &handle, int number) = 0;
+    virtual int midiOutClose(MidiHandle handle) = 0;
+    // message: status in bits 0-7, first data byte in bits 8-15, second in bits 16-23.
+    virtual int midiOutShortMsg(MidiHandle handle, std::uint32_t message) = 0;
+
+    virtual int midiInGetNumDevs() = 0;
+    virtual int midiInGetDevCapsA(int number, MidiDeviceCaps &caps) = 0;
+    virtual int midiInOpen(MidiHandle &handle, int number, MidiInCallback callback) = 0;
+    virtual int midiInClose(MidiHandle handle) = 0;
+    virtual int midiInStart(MidiHandle handle) = 0;
+    virtual int midiInStop(MidiHandle handle) = 0;
+
+    // Thru: from then on the platform hands each message of the started input to the output by itself.
+    virtual int midiConnect(MidiHandle in, MidiHandle out) = 0;
+    virtual int midiDisconnect(MidiHandle in, MidiHandle out) = 0;
+};
+
+} // namespace velluto

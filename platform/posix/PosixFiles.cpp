@@ -1,0 +1,147 @@
+#include "platform/posix/PosixFiles.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace velluto {
+
+namespace {
+
+RuntimeError FromErrno(int code)
+{
+    switch (code) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+        return {FileError::kPathNotFound};
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+        return {FileError::kPathFileAccess};
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return {FileError::kDiskFull};
+    case ENXIO:
+    case ENODEV:
+    case ENOMEDIUM:
+        return {FileError::kDiskNotReady};
+    case EIO:
+        return {FileError::kDeviceInputOutput};
+    default:
+        return {FileError::kOther};
+    }
+}
+
+// A zero byte would end the path early and name another file.
+bool IsWellFormed(const std::string &path)
+{
+    return !path.empty() && path.find('\0') == std::string::npos;
+}
+
+class PosixFile : public RandomAccessFile {
+public:
+    explicit PosixFile(int descriptor) : descriptor_(descriptor) {}
+    ~PosixFile() override { ::close(descriptor_); }
+    PosixFile(const PosixFile &) = delete;
+    PosixFile &operator=(const PosixFile &) = delete;
+
+    RuntimeError Length(std::uint64_t &length) override
+    {
+        struct stat about {};
+        if (::fstat(descriptor_, &about) != 0) {
+            return FromErrno(errno);
+        }
+        length = static_cast<std::uint64_t>(about.st_size);
+        return {};
+    }
+
+    RuntimeError Read(std::uint64_t offset, std::span<std::uint8_t> buffer, std::size_t &got) override
+    {
+        got = 0;
+        while (got < buffer.size()) {
+            const ssize_t n = ::pread(descriptor_, buffer.data() + got, buffer.size() - got, static_cast<off_t>(offset + got));
+            if (n < 0 && errno == EINTR) {
+                continue;
+            }
+            if (n < 0) {
+                return FromErrno(errno);
+            }
+            if (n == 0) {
+                break;
+            }
+            got += static_cast<std::size_t>(n);
+        }
+        return {};
+    }
+
+    RuntimeError Write(std::uint64_t offset, std::span<const std::uint8_t> bytes) override
+    {
+        std::size_t done = 0;
+        while (done < bytes.size()) {
+            const ssize_t n = ::pwrite(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(offset + done));
+            if (n < 0 && errno == EINTR) {
+                continue;
+            }
+            if (n < 0) {
+                return FromErrno(errno);
+            }
+            if (n == 0) {
+                return {FileError::kDiskFull};
+            }
+            done += static_cast<std::size_t>(n);
+        }
+        return {};
+    }
+
+private:
+    int descriptor_;
+};
+
+} // namespace
+
+RuntimeError PosixFiles::Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+{
+    if (!IsWellFormed(path)) {
+        return {FileError::kPathNotFound};
+    }
+    // Not blocking, so that a pipe or a device of that name answers at once and is then refused.
+    const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
+    if (descriptor < 0) {
+        return FromErrno(errno);
+    }
+    auto opened = std::make_unique<PosixFile>(descriptor);
+    struct stat about {};
+    if (::fstat(descriptor, &about) != 0) {
+        return FromErrno(errno);
+    }
+    if (!S_ISREG(about.st_mode)) {
+        return {FileError::kPathFileAccess};
+    }
+    file = std::move(opened);
+    return {};
+}
+
+RuntimeError PosixFiles::Delete(const std::string &path)
+{
+    if (!IsWellFormed(path)) {
+        return {FileError::kPathNotFound};
+    }
+    if (::unlink(path.c_str()) == 0) {
+        return {};
+    }
+    return errno == ENOENT ? RuntimeError{FileError::kFileNotFound} : FromErrno(errno);
+}
+
+std::string PosixFiles::CurrentFolder()
+{
+    const std::unique_ptr<char, decltype(&std::free)> folder(::getcwd(nullptr, 0), &std::free);
+    return folder ? std::string(folder.get()) : std::string("/");
+}
+
+} // namespace velluto

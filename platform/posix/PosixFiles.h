@@ -1,0 +1,15 @@
+// Files of a POSIX system behind the program's file port.
+#pragma once
+
+#include "platform/FileStore.h"
+
+namespace velluto {
+
+class PosixFiles : public FileStore {
+public:
+    RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
+    RuntimeError Delete(const std::string &path) override;
+    std::string CurrentFolder() override;
+};
+
+} // namespace velluto

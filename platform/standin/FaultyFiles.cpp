@@ -1,0 +1,82 @@
+#include "platform/standin/FaultyFiles.h"
+
+namespace velluto {
+
+namespace {
+
+class FaultyFile : public RandomAccessFile {
+public:
+    FaultyFile(FaultyFiles &faults, std::string path, std::unique_ptr<RandomAccessFile> behind)
+        : faults_(faults), path_(std::move(path)), behind_(std::move(behind))
+    {
+    }
+    RuntimeError Length(std::uint64_t &length) override { return behind_->Length(length); }
+    RuntimeError Read(std::uint64_t offset, std::span<std::uint8_t> buffer, std::size_t &got) override
+    {
+        const RuntimeError error = faults_.Take(FileFault::Operation::Read, path_);
+        return error.Failed() ? error : behind_->Read(offset, buffer, got);
+    }
+    RuntimeError Write(std::uint64_t offset, std::span<const std::uint8_t> bytes) override
+    {
+        const RuntimeError error = faults_.Take(FileFault::Operation::Write, path_);
+        return error.Failed() ? error : behind_->Write(offset, bytes);
+    }
+
+private:
+    FaultyFiles &faults_;
+    std::string path_;
+    std::unique_ptr<RandomAccessFile> behind_;
+};
+
+const char *NameOf(FileFault::Operation operation)
+{
+    switch (operation) {
+    case FileFault::Operation::Open:
+        return "open ";
+    case FileFault::Operation::Read:
+        return "read ";
+    case FileFault::Operation::Write:
+        return "write ";
+    case FileFault::Operation::Delete:
+        return "delete ";
+    case FileFault::Operation::Any:
+        break;
+    }
+    return "any ";
+}
+
+} // namespace
+
+RuntimeError FaultyFiles::Take(FileFault::Operation operation, const std::string &path)
+{
+    calls.push_back(NameOf(operation) + path);
+    for (FileFault &fault : faults) {
+        const bool meant = fault.operation == operation || fault.operation == FileFault::Operation::Any;
+        if (meant && fault.path == path && fault.times > 0) {
+            --fault.times;
+            return {fault.number};
+        }
+    }
+    return {};
+}
+
+RuntimeError FaultyFiles::Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+{
+    if (const RuntimeError error = Take(FileFault::Operation::Open, path); error.Failed()) {
+        return error;
+    }
+    std::unique_ptr<RandomAccessFile> opened;
+    const RuntimeError error = behind_.Open(path, opened);
+    if (!error.Failed()) {
+        file = std::make_unique<FaultyFile>(*this, path, std::move(opened));
+    }
+    return error;
+}
+
+RuntimeError FaultyFiles::Delete(const std::string &path)
+{
+    const RuntimeError error = Take(FileFault::Operation::Delete, path);
+    return error.Failed() ? error : behind_.Delete(path);
+}
+
+} // namespace velluto

@@ -1,0 +1,93 @@
+#include "platform/standin/StandinFace.h"
+
+namespace velluto {
+
+namespace {
+
+constexpr int kTwipsPerPixel = 15; // at 96 dots an inch
+
+} // namespace
+
+int StandinFace::MessageBox(const std::string &title, const std::string &text, int style)
+{
+    int answer = style == Box::kNotice ? Box::kOk : Box::kCancel;
+    if (!answers.empty()) {
+        const bool fits = (style == Box::kNotice) == (answers.front() == Box::kOk);
+        if (fits) {
+            answer = answers.front();
+        }
+        answers.pop_front();
+    }
+    boxes.push_back({title, text, style, answer});
+    return answer;
+}
+
+FileChoice StandinFace::ShowFileDialog(const FileDialog &dialog)
+{
+    dialogs.push_back(dialog);
+    if (choices.empty()) {
+        return {};
+    }
+    const FileChoice choice = choices.front();
+    choices.pop_front();
+    return choice;
+}
+
+void StandinFace::ShowModal(Form &form)
+{
+    form.Load();
+    if (onModal) {
+        onModal(form);
+    }
+    form.Unload();
+}
+
+void StandinFace::CloseModal(Form &form)
+{
+    form.Unload();
+}
+
+void StandinFace::PopUpMenu(MenuEntry &menu)
+{
+    popUps.push_back(&menu);
+}
+
+Size StandinFace::MeasureA(const Font &font)
+{
+    // Liberation Mono: 0.6 em wide; a row as high as its glyphs with one pixel to spare.
+    const int emPixels = (font.size * 96 + 36) / 72;
+    return {(emPixels * 6 + 5) / 10 * kTwipsPerPixel, (emPixels + 1) * kTwipsPerPixel};
+}
+
+Size StandinFace::ChildFrame()
+{
+    return {8 * kTwipsPerPixel, 30 * kTwipsPerPixel};
+}
+
+Size StandinFace::Workspace()
+{
+    return {1000 * kTwipsPerPixel, 650 * kTwipsPerPixel};
+}
+
+int StandinFace::LabelWidth(const std::string &text)
+{
+    return static_cast<int>(text.size()) * 6 * kTwipsPerPixel;
+}
+
+void StandinFace::FrameShown(Form &form)
+{
+    frame = &form;
+}
+
+void StandinFace::FrameClosed(Form & /*form*/)
+{
+    frame = nullptr;
+}
+
+void StandinFace::ChildShown(Form & /*child*/) {}
+
+void StandinFace::ChildClosed(Form & /*child*/) {}
+
+void StandinFace::ChildActivated(Form * /*child*/) {}
+
+} // namespace velluto

@@ -1,0 +1,200 @@
+// What a window is made of when nobody draws it: buttons, lists, boxes, labels, menu entries, timers. A control holds
+// only what can be seen of it. Forms declare their controls as members; faces (desktop, driver) find them by name.
+#pragma once
+
+#include "view/Geometry.h"
+#include "view/Property.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velluto {
+
+class Form;
+
+// Keys and mouse buttons as the handlers compare them.
+namespace Key {
+inline constexpr int PageUp = 33;
+inline constexpr int PageDown = 34;
+inline constexpr int End = 35;
+inline constexpr int Home = 36;
+inline constexpr int Left = 37;
+inline constexpr int Up = 38;
+inline constexpr int Right = 39;
+inline constexpr int Down = 40;
+inline constexpr int Insert = 45;
+inline constexpr int Delete = 46;
+} // namespace Key
+namespace MouseButton {
+inline constexpr int Left = 1;
+inline constexpr int Right = 2;
+} // namespace MouseButton
+
+using Handler = std::function<void()>;
+using KeyHandler = std::function<void(int key)>;
+using MouseHandler = std::function<void(int button)>;
+
+// Calls a handler where there is one.
+template <class F, class... Args>
+void Raise(const F &handler, Args... args)
+{
+    if (handler) {
+        handler(args...);
+    }
+}
+
+class Control : public PropertyOwner {
+public:
+    static constexpr int kNoIndex = -1;
+
+    Control(Form &form, std::string name, int index);
+    virtual ~Control() = default;
+    Control(const Control &) = delete;
+    Control &operator=(const Control &) = delete;
+
+    [[nodiscard]] Form &form() const { return form_; }
+    [[nodiscard]] const std::string &name() const { return name_; }
+    [[nodiscard]] int index() const { return index_; } // kNoIndex outside control arrays
+    [[nodiscard]] std::string FullName() const;        // "List1" or "CommUser(9)"
+
+    Property<std::string> caption{*this, Aspect::Caption}; // UTF-8, "&" before the access key
+    Property<bool> enabled{*this, Aspect::Enabled, true};
+    Property<bool> visible{*this, Aspect::Visible, true};
+    Property<Place> place{*this, Aspect::Place};
+    Property<std::string> toolTip{*this, Aspect::ToolTip};
+    std::string accessibleName; // what a screen reader says where the caption says too little
+
+    std::function<void(Aspect)> observer; // the face that draws the control; at most one
+    MouseHandler MouseDown;
+
+    void Changed(Aspect aspect) override;
+
+protected:
+    // The control's own event for a change, raised after the observer has been told.
+    virtual void RaiseEvent(Aspect /*aspect*/) {}
+
+private:
+    Form &form_;
+    std::string name_;
+    int index_;
+};
+
+class Label : public Control {
+public:
+    Label(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    Handler DblClick;
+};
+
+// A bordered box that only holds other controls, as a status bar does.
+class Picture : public Control {
+public:
+    Picture(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+};
+
+class Button : public Control {
+public:
+    Button(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    Handler Click;
+};
+
+// A write to value that changes it raises Click, as a hand on the box does.
+class CheckBox : public Control {
+public:
+    CheckBox(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    Property<bool> value{*this, Aspect::Checked};
+    Handler Click;
+
+protected:
+    void RaiseEvent(Aspect aspect) override;
+};
+
+// One of a form's group of options; setting one clears the others, and raises the Click of the one set.
+class OptionButton : public Control {
+public:
+    OptionButton(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    Property<bool> value{*this, Aspect::Checked};
+    Handler Click;
+
+protected:
+    void RaiseEvent(Aspect aspect) override;
+};
+
+// Rows are kept with all their bytes; what is drawn of a row ends at its first zero byte.
+class ListBox : public Control {
+public:
+    enum class Encoding { Windows1252, Utf8 };
+    ListBox(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+
+    int columns = 1;   // the list flows in this many snaking columns
+    bool multiSelect = true; // extended selection
+    Encoding encoding = Encoding::Windows1252;
+    Font font;
+
+    [[nodiscard]] const std::vector<std::string> &Rows() const { return rows_; }
+    [[nodiscard]] int ListCount() const { return static_cast<int>(rows_.size()); }
+    [[nodiscard]] const std::string &Row(int row) const;     // row 0-based; empty outside the list
+    [[nodiscard]] bool Selected(int row) const;              // false outside the list
+    [[nodiscard]] int ListIndex() const { return current_; } // 0-based current row, -1 for none
+    [[nodiscard]] int Anchor() const { return anchor_; }
+    void SetRows(std::vector<std::string> rows); // clears the selection
+    void AddItem(std::string row) { InsertItem(std::move(row), ListCount()); }
+    void InsertItem(std::string row, int at);
+    void RemoveItem(int at);
+    void SetRow(int row, std::string text);
+    void Clear();
+    void Select(int row, bool selected); // raises nothing
+    void ClearSelection();
+    void SetListIndex(int row); // makes the row current, without an event
+
+    Handler Click;
+    Handler DblClick;
+    KeyHandler KeyDown;
+
+private:
+    friend class ListGesture;
+    std::vector<std::string> rows_;
+    std::vector<bool> selected_;
+    int current_ = -1;
+    int anchor_ = -1;
+};
+
+// A pure drop-down list. A change of the chosen row raises Click.
+class ComboBox : public Control {
+public:
+    ComboBox(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    std::vector<std::string> rows; // filled once, before the form is shown
+    Property<int> ListIndex{*this, Aspect::Current, -1};
+    Handler Click;
+
+protected:
+    void RaiseEvent(Aspect aspect) override;
+};
+
+class TextBox : public Control {
+public:
+    TextBox(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    bool multiLine = false;
+    bool readOnly = false;
+    Font font;
+    Property<std::string> text{*this, Aspect::Text}; // UTF-8, lines end in CR LF
+    Property<int> caret{*this, Aspect::Caret};       // characters before the caret
+    Handler Change;
+    Handler DblClick;
+    KeyHandler KeyDown;
+
+protected:
+    void RaiseEvent(Aspect aspect) override;
+};
+
+// Fires while the form is open and enabled is true. The face owns the clock that drives it.
+class Timer : public Control {
+public:
+    Timer(Form &form, std::string name, int intervalMs, int index = kNoIndex) : Control(form, std::move(name), index), interval(intervalMs) {}
+    int interval; // milliseconds
+    Handler Tick;
+};
+
+} // namespace velluto
