@@ -1,0 +1,138 @@
+// A whole program with stand-ins for the machine, in a temporary folder of its own that is its current directory.
+// Used by the unit tests of every room that needs more than its own record.
+#pragma once
+
+#include "app/FrameCommands.h"
+#include "app/Velluto.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/standin/FaultyFiles.h"
+#include "platform/standin/StandinClock.h"
+#include "platform/standin/StandinFace.h"
+#include "platform/standin/StandinMidi.h"
+#include "view/Gestures.h"
+#include "view/MenuEntry.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace velluto::test {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// A fresh folder; it goes with all that is in it.
+class TempFolder {
+public:
+    TempFolder()
+    {
+        std::string pattern = (std::filesystem::temp_directory_path() / "velluto-test-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) {
+            throw std::runtime_error("no temporary folder");
+        }
+        path_ = pattern;
+    }
+    ~TempFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TempFolder(const TempFolder &) = delete;
+    TempFolder &operator=(const TempFolder &) = delete;
+
+    [[nodiscard]] std::string Path() const { return path_.string(); }
+    [[nodiscard]] std::string At(const std::string &name) const { return (path_ / name).string(); }
+
+private:
+    std::filesystem::path path_;
+};
+
+// Files of the machine, seen from a current directory of the test's choice.
+class FilesFrom : public FileStore {
+public:
+    explicit FilesFrom(std::string folder) : folder_(std::move(folder)) {}
+    RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override { return files_.Open(path, file); }
+    RuntimeError Delete(const std::string &path) override { return files_.Delete(path); }
+    std::string CurrentFolder() override { return folder_; }
+
+private:
+    PosixFiles files_;
+    std::string folder_;
+};
+
+inline Bytes ReadBytes(const std::string &path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+inline void WriteBytes(const std::string &path, const Bytes &bytes)
+{
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(reinterpret_cast<const char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}
+
+// One run of the program. A second run over the same folder: TestProgram next(first.folder).
+struct TestProgram {
+    enum Language { Italian = 1, English = 2, Cancel = 0 };
+
+    explicit TestProgram(std::shared_ptr<TempFolder> place = std::make_shared<TempFolder>()) : folder(std::move(place))
+    {
+        // One device each way, so that a start shows no box. Tests replace them before Start.
+        midi.outs.push_back({"Synth out", {}, false, false, {}});
+        midi.ins.push_back({"Keys in", {}, false, false, {}});
+    }
+
+    std::shared_ptr<TempFolder> folder;
+    FilesFrom machine{folder->Path()};
+    FaultyFiles files{machine};
+    StandinMidi midi;
+    StandinFace face;
+    StandinClock clock;
+    Velluto program{Ports{files, midi, clock}, face};
+    int languageQuestions = 0; // how often frmLingua was shown
+
+    // StartUp; the word answers frmLingua where it is shown. False where no frame came up.
+    bool Start(Language answer = Italian)
+    {
+        face.onModal = [this, answer](Form &form) {
+            ++languageQuestions;
+            if (answer != Cancel) {
+                Press(*form.Find("Option1", answer - 1));
+                Press(*form.Find("CommOK"));
+            }
+        };
+        return StartUp(program);
+    }
+    // The user closes the frame. False where a child refused.
+    bool Exit()
+    {
+        const bool closed = CloseFrame(program);
+        program.app.children.Sweep();
+        return closed;
+    }
+    // Drops the entry's menu and chooses it, as a person does. False where it is disabled or hidden.
+    bool Choose(MenuEntry &entry)
+    {
+        const bool chosen = ChooseMenu(entry);
+        program.app.children.Sweep();
+        return chosen;
+    }
+    // Closes a child as its own close button does.
+    bool Close(Form &form)
+    {
+        const bool closed = program.app.children.Unload(form);
+        program.app.children.Sweep();
+        return closed;
+    }
+
+    [[nodiscard]] std::string At(const std::string &name) const { return folder->At(name); }
+    [[nodiscard]] Bytes Ini() const { return ReadBytes(At("Velluto.ini")); }
+};
+
+} // namespace velluto::test
