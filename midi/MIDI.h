@@ -6,10 +6,14 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
-#include <string_view>
 
 namespace velluto {
+
+class frmMsgEx;
+class frmMIDISetup;
 
 inline constexpr int kMidiTableSize = 8;
 inline constexpr int kMaxMidiDevices = 7;
@@ -25,7 +29,8 @@ struct MidiInputRing {
 
 // MidiOutDev, MidiInDev, ThruOn and ChannelRole live in the settings, since they are kept between runs.
 struct MidiState {
-    explicit MidiState(Modulo1 &core) : app(core) {}
+    explicit MidiState(Modulo1 &core);
+    ~MidiState();
 
     Modulo1 &app;
     MidiHandle hMidiOut = 0;
@@ -49,7 +54,8 @@ struct MidiState {
     MidiInputRing inputRing;
 
     bool MonitorEnabled = false;
-    class frmMsgEx *monitor = nullptr; // the monitor window while it is open
+    std::unique_ptr<frmMsgEx> monitor;   // the monitor window while it is open
+    std::unique_ptr<frmMIDISetup> setup; // the channel setup window while it is open
 };
 
 // Takes stock of the devices and reopens the saved ones. Called once, before the frame is shown; where it has to

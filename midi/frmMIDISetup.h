@@ -1,14 +1,14 @@
 // The channel setup window: which part of the instrument each of the sixteen MIDI channels serves.
 #pragma once
 
-#include "app/Modulo1.h"
+#include "midi/MIDI.h"
 #include "view/ControlArray.h"
 
 namespace velluto {
 
 class frmMIDISetup : public Form {
 public:
-    explicit frmMIDISetup(Modulo1 &app);
+    explicit frmMIDISetup(MidiState &midi);
     void Form_Load() override;
     void Form_Unload() override;
     void Form_Activate() override;
@@ -20,10 +20,13 @@ public:
     ControlArray<ComboBox, 1, 16> Combo1{*this, "Combo1"};
 
 private:
+    void LayOut();
     void TakeOverRoles();
+
+    MidiState &midi_;
     Modulo1 &app_;
 };
 
-void mnuMIDISetup_Click(Modulo1 &app);
+void mnuMIDISetup_Click(MidiState &midi);
 
 } // namespace velluto

@@ -17,7 +17,11 @@ public:
     TextBox Text1{*this, "Text1"};
 
 private:
+    [[nodiscard]] Size NaturalTextSize() const;
+    void LayOut();
+
     MidiState &midi_;
+    Modulo1 &app_;
 };
 
 void mnuMsgEx_Click(MidiState &midi);

@@ -1,0 +1,132 @@
+#include "midi/frmMIDISetup.h"
+
+#include "app/StoredPlace.h"
+#include "midi/Roles.h"
+
+#include <algorithm>
+#include <string>
+
+namespace velluto {
+
+namespace {
+
+constexpr int kChannels = 16;
+constexpr int kRowsPerColumn = 8; // channels 1 to 8 at the left, 9 to 16 at the right
+constexpr int kMidiChannelText = 22;
+
+// Twips.
+constexpr int kMargin = 120;
+constexpr int kLabelWidth = 750;
+constexpr int kLabelHeight = 285;
+constexpr int kComboWidth = 1350;
+constexpr int kComboHeight = 345;
+constexpr int kRowPitch = kComboHeight + 75;
+constexpr int kColumnPitch = kLabelWidth + kComboWidth + 2 * kMargin;
+
+} // namespace
+
+frmMIDISetup::frmMIDISetup(MidiState &midi) : Form("frmMIDISetup"), midi_(midi), app_(midi.app)
+{
+    caption = std::string("MIDI setup");
+    const auto popUp = [this](int button) { Form_MouseDown(button); };
+    for (int channel = 1; channel <= kChannels; ++channel) {
+        Label1Ch[channel].caption = (channel < 10 ? "Ch   " : "Ch ") + std::to_string(channel) + ":";
+        Label1Ch[channel].MouseDown = popUp;
+        Combo1[channel].rows.assign(kRoleNames.begin(), kRoleNames.end());
+        Combo1[channel].MouseDown = popUp;
+    }
+}
+
+void frmMIDISetup::LayOut()
+{
+    for (int channel = 1; channel <= kChannels; ++channel) {
+        const int column = (channel - 1) / kRowsPerColumn;
+        const int row = (channel - 1) % kRowsPerColumn;
+        const int left = kMargin + column * kColumnPitch;
+        const int top = kMargin + row * kRowPitch;
+        Label1Ch[channel].place = Place{left, top + (kComboHeight - kLabelHeight) / 2, kLabelWidth, kLabelHeight};
+        Combo1[channel].place = Place{left + kLabelWidth, top, kComboWidth, kComboHeight};
+        Combo1[channel].accessibleName = app_.messages.Text(kMidiChannelText) + " " + std::to_string(channel);
+    }
+}
+
+void frmMIDISetup::Form_Load()
+{
+    app_.children.RestoringLayout = true;
+    LayOut();
+    const Place last = Combo1[kChannels].place;
+    const int naturalWidth = last.left + last.width + kMargin + frame.width;
+    const int naturalHeight = last.top + last.height + kMargin + frame.height;
+
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup);
+    if (entry.MinWidth == 0) {
+        entry.Top = 0;
+        entry.Left = 0;
+        entry.MinWidth = NearestIn<std::uint16_t>(naturalWidth);
+    }
+    place = Place{entry.Left, entry.Top, naturalWidth, naturalHeight};
+    entry.State = 1;
+
+    for (int channel = 1; channel <= kChannels; ++channel) {
+        const int role = app_.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1));
+        Combo1[channel].ListIndex = std::min(role, kRoleCount - 1);
+    }
+    Tag = ToolTag(ViewKind::ChannelSetup);
+    app_.frame.mnuMIDISetup.enabled = false;
+    ++app_.children.ChildCount;
+    app_.children.RestoringLayout = false;
+}
+
+void frmMIDISetup::TakeOverRoles()
+{
+    for (int channel = 1; channel <= kChannels; ++channel) {
+        const int role = std::clamp<int>(Combo1[channel].ListIndex, 0, kRoleCount - 1);
+        app_.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1)) = static_cast<std::uint8_t>(role);
+    }
+}
+
+void frmMIDISetup::Form_Deactivate()
+{
+    TakeOverRoles();
+}
+
+void frmMIDISetup::Form_LostFocus()
+{
+    if (app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup).State == 1) {
+        TakeOverRoles();
+    }
+}
+
+void frmMIDISetup::Form_Unload()
+{
+    TakeOverRoles();
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup);
+    StorePosition(entry, *this);
+    entry.State = 0;
+    app_.frame.mnuMIDISetup.enabled = true;
+    --app_.children.ChildCount;
+    RefreshAfterClose(app_);
+    app_.children.Bury(std::move(midi_.setup));
+}
+
+void frmMIDISetup::Form_Activate()
+{
+    RefreshWindowMenu(app_);
+}
+
+void frmMIDISetup::Form_MouseDown(int button)
+{
+    if (button == MouseButton::Right && DropMenu(app_.frame.mnuModifica)) {
+        app_.face.PopUpMenu(app_.frame.mnuModifica);
+    }
+}
+
+void mnuMIDISetup_Click(MidiState &midi)
+{
+    if (midi.setup == nullptr) {
+        midi.setup = std::make_unique<frmMIDISetup>(midi);
+    }
+    midi.app.children.Show(*midi.setup);
+}
+
+} // namespace velluto
