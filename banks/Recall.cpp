@@ -1,0 +1,241 @@
+#include "banks/Recall.h"
+
+#include "banks/RecallTables.h"
+#include "files/WindowRole.h"
+#include "midi/Monitor.h"
+#include "midi/Roles.h"
+#include "view/NumberedLists.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace velluto {
+
+namespace {
+
+constexpr int kChannels = 16;
+constexpr std::uint32_t kControlChange = 176;
+constexpr std::uint32_t kBankSelectLsb = 32 * 256; // controller 32 in the first data byte; the MSB is controller 0
+constexpr std::uint32_t kProgramChange = 192;
+constexpr std::uint32_t kDataMask = 127;
+
+bool Between(int value, int low, int high)
+{
+    return value >= low && value <= high;
+}
+
+// Leaves the window's role in the scratch variable, where it stays as it was for windows that have none. False where
+// nothing may be sent.
+bool TakeWindowRole(RecallState &recall, const Form &window)
+{
+    const int kind = window.Tag.Kind();
+    const int slot = window.Tag.Slot();
+    RolePlace place = RolePlaceOf(window);
+    const bool isOverview = kind == ViewKind::PerformanceOverview || IsStyleOverview(kind);
+    const bool isOutside = kind == ViewKind::PerformanceFile && !IsBankSlot(slot, kLastPrfBankSlot);
+    if (isOutside && slot <= kLastPrfBankSlot) {
+        place = {RolePlace::Table::Prf, slot}; // a Performance file's role is read as a bank's is
+    }
+    if (place.table != RolePlace::Table::None) {
+        recall.roleScratch = ReadRole(recall.files, place);
+    } else if (isOverview) {
+        return false; // no row is selected
+    }
+    // A file is no bank of the instrument: its bank number would be no data byte, so it stays silent.
+    return !isOutside;
+}
+
+// What addresses a sound, style or performance on the instrument.
+struct Address {
+    int msb = 0;
+    int lsb = 0;
+    int program = 0;
+};
+
+// The decimal number in a field of a factory record, leading blanks skipped; text that holds none gives 0.
+int NumberIn(std::string_view record, RecordField field)
+{
+    const auto first = static_cast<std::size_t>(field.position - 1);
+    if (first >= record.size()) {
+        return 0;
+    }
+    std::string_view text = record.substr(first, static_cast<std::size_t>(field.width));
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    int number = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') {
+            break;
+        }
+        number = number * 10 + (c - '0');
+    }
+    return number;
+}
+
+std::optional<Address> FactoryProgramAddress(const FactoryTables &tables, int kind, int row)
+{
+    for (const FactoryBank &bank : kFactoryBanks) {
+        const int number = row + 1 + bank.offset;
+        if (bank.kind == kind && Between(number, 1, kPcgTableRecords)) {
+            const std::string &record = tables.PcgTable.at(static_cast<std::size_t>(number));
+            return Address{NumberIn(record, kFieldMsb), NumberIn(record, kFieldLsb), NumberIn(record, kFieldProgram)};
+        }
+    }
+    return std::nullopt;
+}
+
+// A row that lies on no page gives the list's first bank and program 0.
+Address FactoryStyleAddress(int kind, int row)
+{
+    Address address{kMsbStyles, kind == ViewKind::FactoryStyles2 ? kLsbStyleList2 : 0, 0};
+    for (std::size_t page = 0; page < kStylePages.size(); ++page) {
+        if (Between(row, kStylePages[page].firstRow, kStylePages[page].lastRow)) {
+            address.lsb += static_cast<int>(page);
+            address.program = row - kStylePages[page].firstRow;
+        }
+    }
+    return address;
+}
+
+Address UserProgramAddress(int slot, int row)
+{
+    const bool isBank = IsBankSlot(slot, kLastPcgBankSlot);
+    return {kMsbUserPrograms, isBank ? kLsbProgramUser1 + slot - kFirstBankSlot : 0, row};
+}
+
+Address UserStyleAddress(int slot, int row)
+{
+    if (!IsBankSlot(slot, kLastStyBankSlot)) {
+        return {};
+    }
+    return {kMsbStyles, slot + kLsbStyleSlotOffset, row};
+}
+
+Address StyleOverviewAddress(const FilesState &files, int kind, int row)
+{
+    if (kind == ViewKind::StyleOverview) {
+        return {kMsbStyles, files.CurrentStySlot + kLsbStyleUserOffset, row};
+    }
+    const int overview = kind - ViewKind::StyleOverview - 1; // 0 to 2
+    return {kMsbStyles, files.CurrentStySlot + kLsbDirectHdOffset + kDirectHdPerOverview * overview, row};
+}
+
+// Nothing where no such place exists on the instrument.
+std::optional<Address> AddressOf(const RecallState &recall, int kind, int slot, int row)
+{
+    if (IsFactoryPrograms(kind)) {
+        return FactoryProgramAddress(recall.tables, kind, row);
+    }
+    if (IsStyleOverview(kind)) {
+        return StyleOverviewAddress(recall.files, kind, row);
+    }
+    switch (kind) {
+    case ViewKind::ProgramFile:
+        return UserProgramAddress(slot, row);
+    case ViewKind::FactoryStyles1:
+    case ViewKind::FactoryStyles2:
+        return FactoryStyleAddress(kind, row);
+    case ViewKind::StyleFile:
+        return UserStyleAddress(slot, row);
+    case ViewKind::PerformanceFile:
+        if (!IsBankSlot(slot, kLastPrfBankSlot)) {
+            return std::nullopt;
+        }
+        return Address{kMsbPerformances, slot - kFirstBankSlot, row};
+    case ViewKind::PerformanceOverview:
+        return Address{kMsbPerformances, recall.files.CurrentPrfSlot - 1, row};
+    default:
+        return Address{};
+    }
+}
+
+// A number beyond seven bits, as a damaged factory table may hold, must not reach the line as a status byte.
+std::uint32_t DataByte(int value)
+{
+    return static_cast<std::uint32_t>(value) & kDataMask;
+}
+
+// Sends one message and puts its first `count` bytes at `bytes`.
+void SendAndKeep(MidiState &midi, std::uint32_t message, char *bytes, int count)
+{
+    midi.ShortMsg = message;
+    SendShortMsg(midi);
+    for (int i = 0; i < count; ++i) {
+        bytes[i] = static_cast<char>(message >> (8 * i) & 255U);
+    }
+}
+
+} // namespace
+
+int ResolveChannel(RecallState &recall, Form &window)
+{
+    recall.app.ViewKind = window.Tag.Kind();
+    recall.app.slot = window.Tag.Slot();
+    if (!TakeWindowRole(recall, window)) {
+        return kNoChannel;
+    }
+    return ChannelForRole(recall.app.settings, recall.roleScratch).value_or(kNoChannel);
+}
+
+void RecallItem(RecallState &recall, const WindowTag &tag, int row)
+{
+    const int channel = recall.app.settings.LastChannel;
+    const std::optional<Address> address = AddressOf(recall, tag.Kind(), tag.Slot(), row);
+    if (!address || channel >= kChannels) {
+        return;
+    }
+    const auto ch = static_cast<std::uint32_t>(channel);
+    std::array<char, 8> bytes{};
+    SendAndKeep(recall.midi, DataByte(address->msb) * 65536U | kControlChange | ch, bytes.data(), 3);
+    SendAndKeep(recall.midi, DataByte(address->lsb) * 65536U | kBankSelectLsb | kControlChange | ch, bytes.data() + 3, 3);
+    SendAndKeep(recall.midi, DataByte(address->program) * 256U | kProgramChange | ch, bytes.data() + 6, 2);
+    MonitorReport(recall.midi, {});
+    MonitorReport(recall.midi, {bytes.data(), bytes.size()});
+}
+
+void SelectOnInstrument(RecallState &recall, Form &window, int row)
+{
+    const int channel = ResolveChannel(recall, window);
+    if (channel == kNoChannel) {
+        return; // LastChannel stays where the last recall left it
+    }
+    recall.app.settings.LastChannel = static_cast<std::uint8_t>(channel);
+    recall.midi.MonitorEnabled = true;
+    RecallItem(recall, window.Tag, row);
+}
+
+void SelectFromOverview(RecallState &recall, Form &window, int list)
+{
+    if (recall.clearingOtherLists) {
+        return;
+    }
+    const bool performances = window.Tag.Kind() == ViewKind::PerformanceOverview;
+    const NumberedLists<kPrfOverviewLists> lists(window, "List1"); // the Style overviews have the first three of them
+    const ListBox *clicked = lists.At(list);
+    // The comparison is with a whole row, which no row as built equals.
+    if (clicked == nullptr || RightTrimmed(clicked->Row(clicked->ListIndex())) == (performances ? "1" : "3")) {
+        return;
+    }
+    recall.clearingOtherLists = true;
+    for (int other = 1; other <= (performances ? kPrfOverviewLists : kStyOverviewLists); ++other) {
+        if (other != list && lists.At(other) != nullptr) {
+            lists.At(other)->ClearSelection();
+        }
+    }
+    recall.clearingOtherLists = false;
+
+    if (performances) {
+        recall.midi.MonitorEnabled = true; // here already, whatever the channel will be
+    }
+    const int channel = ResolveChannel(recall, window);
+    if (channel == kNoChannel) {
+        return;
+    }
+    recall.app.settings.LastChannel = static_cast<std::uint8_t>(channel);
+    recall.midi.MonitorEnabled = true;
+    (performances ? recall.files.CurrentPrfSlot : recall.files.CurrentStySlot) = list;
+    RecallItem(recall, window.Tag, clicked->ListIndex());
+}
+
+} // namespace velluto
