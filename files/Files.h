@@ -41,8 +41,8 @@ struct FilesState {
     Modulo1 &app;
     ViewServices services;
 
-    FileImage LoadImage;      // result of the last ReadInstrumentFile
-    std::string BuildImage;   // what an edit is assembling
+    FileImage LoadImage;    // result of the last ReadInstrumentFile
+    std::string BuildImage; // what an edit is assembling
     std::string BuildPrefix;
     ItemTable ItemIndex{};
     ItemTable BuildItemIndex{};
@@ -59,8 +59,9 @@ struct FilesState {
     DocRecord WorkPrfRecord;
     WindowPlacement WorkPlacement;
 
-    std::string FileFolder;
+    std::string FileFolder; // of the file being opened, or last saved under a new name
     std::string FileName;
+    std::string FilePath;  // both as they were given, whatever separates them
     int OpenChainCode = 0; // 4, 5 or 6 while one Open command hands over to another
     int KnownFileFlag = 0;
     int PcgFileSlot = 0;

@@ -1,0 +1,156 @@
+#include "files/Documents.h"
+
+#include "app/ViewKind.h"
+#include "files/Opening.h"
+#include "files/frmPcgUN.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velluto {
+
+namespace {
+
+std::span<DocRecord> PcgTable(Settings &settings)
+{
+    return settings.PcgDocTable;
+}
+
+std::span<DocRecord> StyTable(Settings &settings)
+{
+    return settings.StyDocTable;
+}
+
+std::span<DocRecord> PrfTable(Settings &settings)
+{
+    return settings.PrfDocTable;
+}
+
+constexpr std::array<DocumentType, 3> kDocumentTypes{{
+    {.kind = ViewKind::ProgramFile,
+     .filterIndex = 1,
+     .chainCode = ChooseOutcome::Program,
+     .extension = "PCG",
+     .remembersKnown = true,
+     .flagBeforeShow = false,
+     .table = PcgTable,
+     .work = &FilesState::WorkPcgRecord,
+     .current = &FilesState::CurrentPcgSlot,
+     .openFlags = &FilesState::PcgOpenFlags,
+     .openCommand = &frmMain::mnuPcgApri,
+     .show = ShowPcgWindow},
+    {.kind = ViewKind::StyleFile,
+     .filterIndex = 2,
+     .chainCode = ChooseOutcome::Style,
+     .extension = "STY",
+     .remembersKnown = false,
+     .flagBeforeShow = true,
+     .table = StyTable,
+     .work = &FilesState::WorkStyRecord,
+     .current = &FilesState::CurrentStySlot,
+     .openFlags = &FilesState::StyOpenFlags,
+     .openCommand = &frmMain::mnuStyApri,
+     .show = nullptr},
+    {.kind = ViewKind::PerformanceFile,
+     .filterIndex = 3,
+     .chainCode = ChooseOutcome::Performance,
+     .extension = "PRF",
+     .remembersKnown = false,
+     .flagBeforeShow = true,
+     .table = PrfTable,
+     .work = &FilesState::WorkPrfRecord,
+     .current = &FilesState::CurrentPrfSlot,
+     .openFlags = &FilesState::PrfOpenFlags,
+     .openCommand = &frmMain::mnuPrfApri,
+     .show = nullptr},
+}};
+
+} // namespace
+
+const DocumentType &ProgramType()
+{
+    return kDocumentTypes[0];
+}
+
+const DocumentType &StyleType()
+{
+    return kDocumentTypes[1];
+}
+
+const DocumentType &PerformanceType()
+{
+    return kDocumentTypes[2];
+}
+
+std::span<const DocumentType> DocumentTypes()
+{
+    return kDocumentTypes;
+}
+
+void TakeSlot(FilesState &files, const DocumentType &type, int slot)
+{
+    files.*type.work = type.table(files.app.settings)[static_cast<std::size_t>(slot)];
+}
+
+void StoreSlot(FilesState &files, const DocumentType &type, int slot)
+{
+    type.table(files.app.settings)[static_cast<std::size_t>(slot)] = files.*type.work;
+}
+
+bool FindOpen(FilesState &files, const DocumentType &type, std::string_view path)
+{
+    for (int slot = kFirstFileSlot; slot <= kLastFileSlot; ++slot) {
+        TakeSlot(files, type, slot);
+        const DocRecord &record = files.*type.work;
+        if (record.State == 1 && record.Path.Trimmed() == path) {
+            return true;
+        }
+    }
+    return false;
+}
+
+int FindKnown(FilesState &files, const DocumentType &type, std::string_view path)
+{
+    for (int slot = kFirstFileSlot; slot <= kLastFileSlot; ++slot) {
+        TakeSlot(files, type, slot);
+        if ((files.*type.work).Path.Trimmed() == path) {
+            return slot;
+        }
+    }
+    return 0;
+}
+
+int FindFree(const FilesState &files, const DocumentType &type)
+{
+    const auto &flags = files.*type.openFlags;
+    const auto free = std::find(flags.begin() + kFirstFileSlot, flags.end(), false);
+    return free == flags.end() ? 0 : static_cast<int>(free - flags.begin());
+}
+
+void NameFile(FilesState &files, std::string_view path)
+{
+    files.FilePath = std::string(RightTrimmed(path));
+    files.FileFolder = FolderOf(path);
+    files.FileName = FileNameOf(path);
+}
+
+std::int16_t FieldValue(int twips)
+{
+    using Limits = std::numeric_limits<std::int16_t>;
+    return static_cast<std::int16_t>(std::clamp<int>(twips, Limits::min(), Limits::max()));
+}
+
+void StoreSize(DocRecord &record, const Form &window)
+{
+    record.Width = FieldValue(window.Width());
+    record.Height = FieldValue(window.Height());
+}
+
+void StorePlace(DocRecord &record, const Form &window)
+{
+    record.Left = FieldValue(window.Left());
+    record.Top = FieldValue(window.Top());
+    StoreSize(record, window);
+}
+
+} // namespace velluto

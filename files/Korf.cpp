@@ -1,0 +1,185 @@
+#include "files/Korf.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace velluto {
+
+namespace {
+
+using namespace Korf;
+
+constexpr std::array<std::uint8_t, 5> kOuterMark{0x01, 0x00, 0x01, 0x14, 0x00};
+constexpr std::array<std::uint8_t, 8> kIdentityMark{0x02, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x0C};
+constexpr std::string_view kFileMark = "KORF";
+constexpr std::string_view kBeginMark = "KBEG";
+constexpr std::string_view kEndMark = "KEND";
+
+// Type bytes and further bytes of the chunk frames.
+constexpr int kOuterType = 0x01;
+constexpr int kIdentityType = 0x02;
+constexpr int kDirectoryType = 0x05;
+constexpr int kIndexType = 0xFE;
+constexpr int kOuterFourth = 0x14;
+constexpr int kFourth = 0x18;
+constexpr int kIdentityLength = 0x0C;
+constexpr int kIdentityFirst = 0x0B;
+
+// The byte at a 1-based position, 0 outside the image.
+int ByteAt(ImageView image, std::int64_t position)
+{
+    return position >= 1 && position <= static_cast<std::int64_t>(image.size()) ? image[static_cast<std::size_t>(position - 1)] : 0;
+}
+
+// The 24-bit number at a 1-based position.
+std::int32_t Number24(ImageView image, std::int64_t position)
+{
+    return ByteAt(image, position) * 65536 + ByteAt(image, position + 1) * 256 + ByteAt(image, position + 2);
+}
+
+bool HasAt(ImageView image, std::size_t offset, ImageView wanted)
+{
+    return image.size() >= offset + wanted.size() && std::ranges::equal(image.subspan(offset, wanted.size()), wanted);
+}
+
+ImageView BytesOf(std::string_view text)
+{
+    return {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()};
+}
+
+// Writes the low eight bits of the value at a 0-based offset; nothing outside the image.
+void PutByte(std::string &image, std::int64_t offset, std::int64_t value)
+{
+    if (offset >= 0 && offset < static_cast<std::int64_t>(image.size())) {
+        image[static_cast<std::size_t>(offset)] = static_cast<char>(value & 0xFF);
+    }
+}
+
+void PutNumber16(std::string &image, std::int64_t offset, std::int64_t value)
+{
+    PutByte(image, offset, value >> 8);
+    PutByte(image, offset + 1, value);
+}
+
+// The lower three bytes of a 32-bit field at a 0-based offset; its top byte stays as it is.
+void PutNumber24(std::string &image, std::int64_t offset, std::int64_t value)
+{
+    PutByte(image, offset + 1, value >> 16);
+    PutNumber16(image, offset + 2, value);
+}
+
+void PutText(std::string &image, std::int64_t offset, std::string_view text)
+{
+    for (const char c : text) {
+        PutByte(image, offset++, static_cast<unsigned char>(c));
+    }
+}
+
+// The index chunk without its file offsets, written over zero bytes. length is that of its payload.
+void PutIndexFrame(std::string &image, std::int64_t offset, std::int64_t length)
+{
+    PutByte(image, offset, kIndexType);
+    PutByte(image, offset + 3, kFourth);
+    PutNumber16(image, offset + 6, length);
+    PutText(image, offset + 8, kBeginMark);
+    PutByte(image, offset + 15, kDirectoryChunk);
+    PutText(image, offset + length, kEndMark);
+}
+
+} // namespace
+
+ImageView Piece(ImageView image, std::int64_t position, std::int64_t length)
+{
+    const auto size = static_cast<std::int64_t>(image.size());
+    const std::int64_t from = std::clamp<std::int64_t>(position - 1, 0, size);
+    const std::int64_t to = std::clamp<std::int64_t>(position - 1 + std::max<std::int64_t>(length, 0), from, size);
+    return image.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
+}
+
+int CountItems(ImageView image)
+{
+    if (image.size() < static_cast<std::size_t>(kHeadLength)) {
+        return 0;
+    }
+    return (ByteAt(image, kDirectoryLength + 1) * 256 + ByteAt(image, kDirectoryLength + 2)) / kEntryLength;
+}
+
+int EntrySlot(ImageView image, int entry)
+{
+    const ImageView byte = Piece(image, kHeadLength + std::int64_t{entry} * kEntryLength + kEntrySlot + 1, 1);
+    return byte.empty() ? -1 : byte.front();
+}
+
+std::string EntryName(ImageView image, int entry)
+{
+    const ImageView name = Piece(image, kHeadLength + std::int64_t{entry} * kEntryLength + 1, kNameLength);
+    return {name.begin(), name.end()};
+}
+
+void IndexItems(ImageView image, ItemTable &table)
+{
+    const int n = CountItems(image);
+    const std::int32_t end = Number24(image, kOuterLength + 2) + 1; // 1-based position of "KEND"
+    std::int64_t word = std::int64_t{end} - kIndexWord * n;
+    for (int i = 1; i <= std::min(n, kMostItems); ++i, word += kIndexWord) {
+        const auto at = static_cast<std::size_t>(i - 1);
+        const std::int32_t position = Number24(image, word + 1) + 1;
+        table[at] = position;
+        // The last item reaches to the index chunk, every other one to the next.
+        const std::int32_t next = i == n ? end - kIndexHead - kIndexWord * n : Number24(image, word + kIndexWord + 1) + 1;
+        table[at + kMostItems] = next - position;
+    }
+}
+
+bool HasInstrumentMarks(ImageView head)
+{
+    return HasAt(head, kMark, BytesOf(kFileMark)) && HasAt(head, 0, kOuterMark) && HasAt(head, kIdentityChunk, kIdentityMark);
+}
+
+bool IsInstrumentFile(ImageView image)
+{
+    return HasInstrumentMarks(image) && CountItems(image) == image.back() - 1;
+}
+
+void BuildHeader(std::string &image)
+{
+    image.assign(kHeadLength, '\0');
+    PutByte(image, 0, kOuterType);
+    PutByte(image, 2, 1);
+    PutByte(image, 3, kOuterFourth);
+    PutByte(image, kIdentityChunk, kIdentityType);
+    PutByte(image, kIdentityChunk + 3, kFourth);
+    PutByte(image, kIdentityChunk + 7, kIdentityLength);
+    PutByte(image, kIdentityChunk + 8, kIdentityFirst);
+    PutText(image, kMark, kFileMark);
+    PutByte(image, kDirectoryChunk, kDirectoryType);
+    PutByte(image, kDirectoryChunk + 3, kFourth);
+}
+
+void BuildEmptyImage(std::string &image)
+{
+    BuildHeader(image);
+    image.append(kIndexHead + kIndexTail, '\0');
+    PutIndexFrame(image, kHeadLength, kIndexHead);
+    PutByte(image, static_cast<std::int64_t>(image.size()) - 1, 1);
+}
+
+void BuildDirectory(std::string &image, const ItemTable &table, int count)
+{
+    const std::int64_t items = std::max(count, 0);
+    PutNumber16(image, kDirectoryLength, items * kEntryLength);
+
+    const auto index = static_cast<std::int64_t>(image.size());
+    const std::int64_t length = kIndexWord * items + kIndexHead;
+    image.append(static_cast<std::size_t>(length + kIndexTail), '\0');
+    PutIndexFrame(image, index, length);
+    const std::int64_t known = std::min<std::int64_t>(items, static_cast<std::int64_t>(table.size()));
+    for (std::int64_t i = 0; i < known; ++i) {
+        PutNumber24(image, index + kIndexHead + kIndexWord * i, table[static_cast<std::size_t>(i)] - 1);
+    }
+    PutNumber24(image, kOuterLength, index + length);
+    PutByte(image, index + length + kIndexTail - 1, items + 1);
+}
+
+} // namespace velluto

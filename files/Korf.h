@@ -1,0 +1,62 @@
+// The container of the instrument's files, byte by byte: its fixed head, its directory, its closing index. Every room
+// that lists, edits or prints items asks here where an item lies; nobody else knows an offset.
+#pragma once
+
+#include "files/Files.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace velluto {
+
+using ImageView = std::span<const std::uint8_t>;
+
+// Offsets in the file and lengths, in bytes, 0-based. All numbers in the file are big-endian.
+namespace Korf {
+inline constexpr int kOuterLength = 4;      // 4 bytes, the top one always 0: the offset of "KEND"
+inline constexpr int kIdentityChunk = 8;    // the chunk that names the format
+inline constexpr int kMark = 23;            // "KORF"
+inline constexpr int kDirectoryChunk = 28;  // the chunk that holds the entries
+inline constexpr int kDirectoryLength = 34; // 2 bytes: 24 for each item
+inline constexpr int kHeadLength = 36;      // the entries follow
+inline constexpr int kEntryLength = 24;
+inline constexpr int kNameLength = 16; // at the beginning of an entry
+inline constexpr int kEntrySlot = 20;  // in an entry: the item's 0-based place in its bank
+inline constexpr int kIndexHead = 16;  // from the index chunk's type to its first file offset
+inline constexpr int kIndexWord = 4;   // one file offset
+inline constexpr int kIndexTail = 8;   // "KEND" and the count
+inline constexpr int kMostItems = 128; // what an ItemTable has room for
+} // namespace Korf
+
+// The piece of the image that begins at the 1-based position: what there is of it, nothing outside the image.
+[[nodiscard]] ImageView Piece(ImageView image, std::int64_t position, std::int64_t length);
+
+// How many items the head tells of; 0 for an image shorter than its head. No promise that the bytes are there.
+[[nodiscard]] int CountItems(ImageView image);
+// The slot byte of the 0-based entry, or -1 where the image ends before it.
+[[nodiscard]] int EntrySlot(ImageView image, int entry);
+// The 16 name bytes of the 0-based entry as they are, fewer where the image ends.
+[[nodiscard]] std::string EntryName(ImageView image, int entry);
+
+// Fills the table from the image's own index; items beyond 128 are left out, bytes beyond the image read as 0. An image
+// without items leaves the table as it was: ask CountItems first. Positions and lengths are those that the image
+// claims, negative ones too; Piece makes them safe.
+void IndexItems(ImageView image, ItemTable &table);
+
+// Is this the head of an instrument's file: the mark and the two fixed patterns. The byte at offset 16 and the outer
+// length are not looked at.
+[[nodiscard]] bool HasInstrumentMarks(ImageView head);
+// The marks, and a last byte that is one more than the count of items.
+[[nodiscard]] bool IsInstrumentFile(ImageView image);
+
+// Sets the image to the 36 bytes that every file begins with, with no length in them yet.
+void BuildHeader(std::string &image);
+// Sets the image to the 60-byte file of no items. Its outer length is 0 on purpose: only the first edit frames it.
+void BuildEmptyImage(std::string &image);
+// Finishes an image that holds head, count entries and all bodies: appends the index and writes the lengths. The first
+// count elements of the table are the 1-based positions of the bodies.
+void BuildDirectory(std::string &image, const ItemTable &table, int count);
+
+} // namespace velluto

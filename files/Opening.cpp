@@ -1,0 +1,298 @@
+#include "files/Opening.h"
+
+#include "app/Catalogue.h"
+#include "app/RecentFiles.h"
+#include "app/ViewKind.h"
+#include "files/Documents.h"
+#include "files/ErrorTrap.h"
+#include "files/frmPcgUN.h"
+
+#include <algorithm>
+
+namespace velluto {
+
+namespace {
+
+constexpr std::string_view kOpenFilter = "Program (*.pcg)|*.pcg|Style (*.sty)|*.sty|Performance (*.prf)|*.prf|All files (*.*)|*.*|";
+constexpr int kAllFilesFilter = 4;
+
+std::string OpeningTitle(const FilesState &files)
+{
+    return files.app.messages.Text(TextId::Opening) + files.FileName;
+}
+
+// The type that the last three characters of a name tell, with or without a dot before them.
+const DocumentType *TypeOfName(std::string_view name)
+{
+    const std::string end = UpperCase(name.substr(name.size() - std::min<std::size_t>(name.size(), 3)));
+    const auto found = std::ranges::find(DocumentTypes(), end, &DocumentType::extension);
+    return found == DocumentTypes().end() ? nullptr : &*found;
+}
+
+// The type of a recent entry: its extension in capitals or in small letters, but in no mixture of both.
+const DocumentType *TypeOfExtension(std::string_view path)
+{
+    const auto dot = path.find_last_of('.');
+    const std::string_view extension = dot == std::string_view::npos ? path : path.substr(dot + 1);
+    const auto found = std::ranges::find_if(DocumentTypes(), [extension](const DocumentType &type) {
+        return extension == type.extension || extension == LowerCase(type.extension);
+    });
+    return found == DocumentTypes().end() ? nullptr : &*found;
+}
+
+FileDialog OpenDialog(const Modulo1 &app, const DocumentType &type)
+{
+    FileDialog dialog;
+    dialog.mode = FileDialog::Mode::Open;
+    dialog.title = std::string(kProgramTitle) + "- " + app.messages.Text(TextId::OpenFile);
+    dialog.folder = app.settings.LastDir.empty() ? app.paths.AppDir : app.settings.LastDir;
+    dialog.filter = kOpenFilter;
+    dialog.filterIndex = type.filterIndex;
+    return dialog;
+}
+
+// Brings the file in LoadImage to the screen: in the slot that knew it before, or else in the free slot found already.
+void ShowLoadedFile(FilesState &files, const DocumentType &type)
+{
+    Modulo1 &app = files.app;
+    const std::string path = files.FilePath;
+    if (RefusedAsTooLong(app, path, OpeningTitle(files))) {
+        return;
+    }
+    int &current = files.*type.current;
+    files.OpenChainCode = 0;
+    app.ViewKind = type.kind;
+    files.PcgFileSlot = FindKnown(files, type, path);
+    if (type.remembersKnown) {
+        files.KnownFileFlag = files.PcgFileSlot > 0 ? 1 : 0;
+    }
+    if (files.PcgFileSlot > 0) {
+        current = files.PcgFileSlot;
+    }
+    const int slot = current;
+    (files.*type.work).Path.Set(path);
+    StoreSlot(files, type, slot);
+
+    bool &taken = (files.*type.openFlags)[static_cast<std::size_t>(slot)];
+    taken = taken || type.flagBeforeShow;
+    type.show(files, slot);
+    taken = true;
+    AddRecent(app, path, static_cast<std::uint8_t>(files.RecentKind));
+
+    const int free = FindFree(files, type);
+    current = free > 0 ? free : kLastFileSlot + 1;
+    if (free == 0) {
+        (app.frame.*type.openCommand).enabled = false;
+    }
+}
+
+void OpenCommand(FilesState &files, const DocumentType &type);
+
+// Shows the dialog of an Open command and acts on its outcome. True when the command's own file, or the last file once
+// more, is to be shown.
+bool ChosenForThisCommand(FilesState &files, const DocumentType &type)
+{
+    const int outcome = ChooseFile(files, type.kind);
+    if (outcome == type.chainCode) {
+        return true;
+    }
+    switch (outcome) {
+    case ChooseOutcome::Nothing:
+        return false;
+    case ChooseOutcome::ForeignName:
+        // The last file comes once more, on purpose; where nothing has been loaded yet there is none.
+        return !files.LoadImage.empty() && !files.FileName.empty();
+    case ChooseOutcome::AlreadyOpen:
+        files.app.messages.ShowMessage(MessageNo::FileAlreadyOpen, OpeningTitle(files), {});
+        return false;
+    case ChooseOutcome::Missing:
+        files.app.messages.ShowMessage(MessageNo::FileNotFound, OpeningTitle(files), {});
+        return false;
+    default:
+        files.OpenChainCode = outcome;
+        OpenCommand(files, *std::ranges::find(DocumentTypes(), outcome, &DocumentType::chainCode));
+        return false;
+    }
+}
+
+void OpenCommand(FilesState &files, const DocumentType &type)
+{
+    if (type.show == nullptr) {
+        return; // not offered yet; the code of a hand-over goes with the next drop of the File menu
+    }
+    int &current = files.*type.current;
+    current = FindFree(files, type);
+    if (current == 0) {
+        return;
+    }
+    if (files.OpenChainCode == type.chainCode || ChosenForThisCommand(files, type)) {
+        ShowLoadedFile(files, type);
+    }
+}
+
+// Loads the new file's window in its own slot, which can have one window only: the entry is off until that has gone.
+void NewPcg(FilesState &files, MenuEntry &entry, int slot, int kind)
+{
+    entry.enabled = false;
+    files.CurrentPcgSlot = slot;
+    files.app.ViewKind = kind;
+    ShowPcgWindow(files, slot);
+}
+
+} // namespace
+
+int ChooseFile(FilesState &files, int number)
+{
+    Modulo1 &app = files.app;
+    const auto first = std::ranges::find(DocumentTypes(), number, &DocumentType::kind);
+    if (first == DocumentTypes().end()) {
+        return ChooseOutcome::Nothing;
+    }
+    const FileChoice choice = app.face.ShowFileDialog(OpenDialog(app, *first));
+    if (choice.cancelled) {
+        return ChooseOutcome::Nothing;
+    }
+    if (choice.path.empty()) {
+        return ChooseOutcome::ForeignName;
+    }
+    app.settings.LastDir = FolderOf(choice.path);
+    if (choice.filterIndex < 1 || choice.filterIndex > kAllFilesFilter) {
+        return ChooseOutcome::Nothing;
+    }
+    const DocumentType *type = TypeOfName(choice.path);
+    if (type == nullptr) {
+        return choice.filterIndex == kAllFilesFilter ? ChooseOutcome::ForeignName : ChooseOutcome::Nothing;
+    }
+    NameFile(files, choice.path);
+    if (FindOpen(files, *type, files.FilePath)) {
+        return ChooseOutcome::AlreadyOpen;
+    }
+    switch (ReadInstrumentFile(files, files.FilePath)) {
+    case ReadStatus::Missing:
+        return ChooseOutcome::Missing;
+    case ReadStatus::InputOutputError:
+    case ReadStatus::NotAnInstrumentFile:
+        return ChooseOutcome::Nothing;
+    default:
+        return type->chainCode;
+    }
+}
+
+void mnuPcgApri_Click(FilesState &files)
+{
+    OpenCommand(files, ProgramType());
+}
+
+void mnuStyApri_Click(FilesState &files)
+{
+    OpenCommand(files, StyleType());
+}
+
+void mnuPrfApri_Click(FilesState &files)
+{
+    OpenCommand(files, PerformanceType());
+}
+
+void mnuPcgNuovo64_Click(FilesState &files)
+{
+    NewPcg(files, files.app.frame.mnuPcgNuovo64, kNewPcg64Slot, ViewKind::NewProgram64);
+}
+
+void mnuPcgNuovo128_Click(FilesState &files)
+{
+    NewPcg(files, files.app.frame.mnuPcgNuovo128, kNewPcg128Slot, ViewKind::NewProgram128);
+}
+
+void mnuPcgUser_Click(FilesState &files, int index)
+{
+    if (index < kFirstPcgUserSlot || index > kLastPcgUserSlot) {
+        return;
+    }
+    files.CurrentPcgSlot = index;
+    TakeSlot(files, ProgramType(), index);
+    // A file that has gone is told to nobody: the click has no effect.
+    if (ReadInstrumentFile(files, files.WorkPcgRecord.Path.Trimmed()) != ReadStatus::Good) {
+        return;
+    }
+    ShowPcgWindow(files, index);
+    files.app.frame.mnuPcgUser[index].enabled = false;
+}
+
+void mnuRecentFile_Click(FilesState &files, int index)
+{
+    Modulo1 &app = files.app;
+    if (index < 1 || index > kRecentFiles) {
+        return;
+    }
+    app.WorkRecentRecord = app.settings.RecentTable[static_cast<std::size_t>(index)];
+    NameFile(files, app.WorkRecentRecord.Path.Trimmed());
+    app.CurrentOperation = OpeningTitle(files);
+    app.settings.LastDir = files.FileFolder;
+
+    const DocumentType *type = TypeOfExtension(files.FilePath);
+    if (type == nullptr || type->show == nullptr || !(app.frame.*(type->openCommand)).enabled) {
+        return;
+    }
+    if (FindOpen(files, *type, files.FilePath)) {
+        app.messages.ShowMessage(MessageNo::FileAlreadyOpen, app.CurrentOperation, {});
+        return;
+    }
+    files.*(type->current) = FindFree(files, *type);
+    if (files.*(type->current) == 0) {
+        return;
+    }
+    const int status = ReadInstrumentFile(files, files.FilePath);
+    if (status == ReadStatus::Missing) {
+        app.messages.ShowMessage(MessageNo::FileNotFound, app.CurrentOperation, {});
+    }
+    if (status == ReadStatus::Good) {
+        ShowLoadedFile(files, *type);
+    }
+}
+
+int FindOpenPcg(FilesState &files, std::string_view path)
+{
+    return FindOpen(files, ProgramType(), path) ? 1 : 0;
+}
+
+int FindOpenSty(FilesState &files, std::string_view path)
+{
+    return FindOpen(files, StyleType(), path) ? 1 : 0;
+}
+
+int FindOpenPrf(FilesState &files, std::string_view path)
+{
+    return FindOpen(files, PerformanceType(), path) ? 1 : 0;
+}
+
+int FindKnownPcg(FilesState &files, std::string_view path)
+{
+    return FindKnown(files, ProgramType(), path);
+}
+
+int FindKnownSty(FilesState &files, std::string_view path)
+{
+    return FindKnown(files, StyleType(), path);
+}
+
+int FindKnownPrf(FilesState &files, std::string_view path)
+{
+    return FindKnown(files, PerformanceType(), path);
+}
+
+int FindFreePcgSlot(const FilesState &files)
+{
+    return FindFree(files, ProgramType());
+}
+
+int FindFreeStySlot(const FilesState &files)
+{
+    return FindFree(files, StyleType());
+}
+
+int FindFreePrfSlot(const FilesState &files)
+{
+    return FindFree(files, PerformanceType());
+}
+
+} // namespace velluto
