@@ -48,11 +48,12 @@ struct Modulo1 {
     ChildWindows children;
 
     bool StartAborted = false;
-    std::string CurrentOperation; // title of the boxes of the operation under way
-    std::string TitleLine;
-    int ViewKind = 0; // valid from the command that sets it to the end of the load or routine that uses it
+    std::string CurrentOperation;  // title of the boxes of the operation under way
+    std::string TitleLine;         // the text of LabelNomeAppl
+    int NaturalLabelWidth = 0;     // of LabelNomeAppl as measured at load, twips
+    int ViewKind = 0;              // valid from the command that sets it to the end of the load or routine that uses it
     RecentRecord WorkRecentRecord; // the one working record of the recent table; scans leave it where they stopped
-    int slot = 0;     // the slot that the last title or selection read from a Tag
+    int slot = 0;                  // the slot that the last title or selection read from a Tag
 };
 
 // The child-window contract: called at the activation of every child, and after the unload of one.

@@ -60,7 +60,8 @@ inline constexpr int ChannelSetup = 28;
 } // namespace PlacementEntry
 
 struct Settings {
-    // A fresh record holds the values of a first run, in Italian.
+    // A fresh record holds the values of a first run, in Italian; the factory Performance banks follow by
+    // AssignFactoryBanks.
     Settings();
 
     std::uint8_t Lingua = 1; // 1 Italian, 2 English
@@ -84,5 +85,9 @@ struct Settings {
     std::string PlayerName;
     std::string PlayerFile;
 };
+
+// Ties the factory Performance files to entries 9 to 18 of PrfDocTable, as a first run does. firstBank is the path of
+// "Velluto-Bank01.prf"; the others differ in its two digits. An entry that cannot hold its path stays empty.
+void AssignFactoryBanks(Settings &settings, const std::string &firstBank);
 
 } // namespace velluto

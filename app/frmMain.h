@@ -139,6 +139,9 @@ struct frmMain : Form {
     MenuEntry mnuSep51{mnuHelp, "mnuSep51", {}};
     MenuEntry mnuInfo{mnuHelp, "mnuInfo", {30, "Velluto"}};
 
+    // The width of the frame's inside on the screen, in twips, as a face that draws it says; 0 where place tells it.
+    // A face that changes it raises Form_Resize.
+    int shownWidth = 0;
     Picture Picture1{*this, "Picture1"};
     Label LabelNomeAppl{*this, "LabelNomeAppl"};
     Label LabelData{*this, "LabelData"};

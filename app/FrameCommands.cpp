@@ -1,0 +1,220 @@
+#include "app/FrameCommands.h"
+
+#include "app/Catalogue.h"
+#include "app/FrameLoad.h"
+#include "app/OfferedCommands.h"
+#include "app/SettingsFile.h"
+#include "app/StatusBar.h"
+#include "edit/EditMenu.h"
+#include "files/Opening.h"
+#include "files/Saving.h"
+#include "files/WindowTitle.h"
+#include "midi/frmMIDISetup.h"
+#include "midi/frmMsgEx.h"
+
+namespace velluto {
+
+namespace {
+
+constexpr std::uint8_t kItalian = 1;
+constexpr std::uint8_t kEnglish = 2;
+constexpr int kFirstUserBankSlot = 9; // kept from saving through the File menu
+
+// The frame's rectangle before the settings say another, twips.
+constexpr Place kDesignPlace{0, 0, 14400, 9900};
+
+bool IsDocument(int kind)
+{
+    return kind == ViewKind::ProgramFile || (kind >= ViewKind::NewProgram64 && kind <= ViewKind::NewPerformance);
+}
+
+void mnuFile_Drop(Velluto &program)
+{
+    Modulo1 &app = program.app;
+    frmMain &menu = app.frame;
+    program.files.OpenChainCode = 0;
+    menu.mnuSalva.enabled = false;
+    menu.mnuSalvaAs.enabled = false;
+    menu.mnuChiudi.enabled = false;
+    menu.mnuStampa.enabled = false;
+    const Form *window = app.children.Active();
+    if (app.children.ChildCount == 0 || window == nullptr) {
+        return;
+    }
+    menu.mnuChiudi.enabled = true;
+    app.ViewKind = window->Tag.Kind();
+    // Bank views and tools can be closed, not saved.
+    if (!IsDocument(app.ViewKind)) {
+        return;
+    }
+    menu.mnuStampa.enabled = true;
+    if (window->Tag.Slot() != kFirstUserBankSlot) {
+        menu.mnuSalva.enabled = true;
+        menu.mnuSalvaAs.enabled = true;
+    }
+}
+
+void ChooseLanguage(Modulo1 &app, MenuEntry &chosen, std::uint8_t lingua)
+{
+    if (chosen.checked) {
+        return;
+    }
+    app.settings.Lingua = lingua;
+    app.frame.mnuItaliano.checked = lingua == kItalian;
+    app.frame.mnuInglese.checked = lingua == kEnglish;
+    // In the language of the run, which stays what it was.
+    app.messages.ShowMessage(MessageNo::LanguageChangesLater, app.messages.Text(TextId::ChangeLanguage), {});
+}
+
+void mnuVisBarraStato_Click(frmMain &menu)
+{
+    menu.mnuVisBarraStato.checked = !menu.mnuVisBarraStato.checked;
+    menu.Picture1.visible = menu.mnuVisBarraStato.checked.Get();
+}
+
+void mnuChiudi_Click(Modulo1 &app)
+{
+    if (Form *window = app.children.Active()) {
+        app.children.Unload(*window);
+    }
+}
+
+// The program's last acts. Thru is disconnected after both closes, on handles that are no longer open, and its result
+// is nobody's business.
+void frmMain_Unload(Velluto &program)
+{
+    Modulo1 &app = program.app;
+    app.CurrentOperation = app.messages.Text(TextId::ClosingMidiOut);
+    if (program.midi.MidiOutOpen) {
+        CloseMidiOut(program.midi);
+    }
+    if (program.midi.MidiInOpen) {
+        CloseMidiIn(program.midi);
+    }
+    if (app.settings.ThruOn) {
+        ThruDisconnect(program.midi);
+    }
+    WriteSettings(app);
+}
+
+void AttachFrame(Velluto &program)
+{
+    Modulo1 &app = program.app;
+    frmMain &frame = app.frame;
+    frame.place = kDesignPlace;
+    frame.OnLoad = [&program] { frmMain_Load(program); };
+    frame.OnUnload = [&program] { frmMain_Unload(program); };
+    frame.OnQueryUnload = [&app] {
+        app.children.ClosingAll = true;
+        return true;
+    };
+    frame.OnResize = [&app] {
+        if (!app.children.RestoringLayout) {
+            LayOutStatusBar(app);
+        }
+    };
+    frame.TimerOrologio.Tick = [&app] { TimerOrologio_Timer(app); };
+}
+
+void AttachFileMenu(Velluto &program)
+{
+    frmMain &menu = program.app.frame;
+    FilesState &files = program.files;
+    menu.mnuFile.Drop = [&program] { mnuFile_Drop(program); };
+    menu.mnuPcgNuovo64.Click = [&files] { mnuPcgNuovo64_Click(files); };
+    menu.mnuPcgNuovo128.Click = [&files] { mnuPcgNuovo128_Click(files); };
+    menu.mnuPcgApri.Click = [&files] { mnuPcgApri_Click(files); };
+    menu.mnuChiudi.Click = [&program] { mnuChiudi_Click(program.app); };
+    menu.mnuSalva.Click = [&files] { mnuSalva_Click(files); };
+    menu.mnuSalvaAs.Click = [&files] { mnuSalvaAs_Click(files); };
+    menu.mnuExit.Click = [&program] { CloseFrame(program); };
+    for (int n = menu.mnuRecentFile.first(); n <= menu.mnuRecentFile.last(); ++n) {
+        menu.mnuRecentFile[n].Click = [&files, n] { mnuRecentFile_Click(files, n); };
+    }
+}
+
+void AttachEditMenu(Velluto &program)
+{
+    frmMain &menu = program.app.frame;
+    FilesState &files = program.files;
+    menu.mnuModifica.Drop = [&files] {
+        mnuModifica_Click(files);
+        WithdrawCommandsNotOffered(files.app.frame);
+    };
+    menu.mnuIngrandisci.Click = [&program] { mnuIngrandisci_Click(program.app); };
+    for (int role = menu.mnuMIDIStp.first(); role <= menu.mnuMIDIStp.last(); ++role) {
+        menu.mnuMIDIStp[role].Click = [&files, role] { mnuMIDIStp_Click(files, role); };
+    }
+}
+
+void AttachViewMenu(Velluto &program)
+{
+    frmMain &menu = program.app.frame;
+    FilesState &files = program.files;
+    for (int slot = menu.mnuPcgUser.first(); slot <= menu.mnuPcgUser.last(); ++slot) {
+        menu.mnuPcgUser[slot].Click = [&files, slot] { mnuPcgUser_Click(files, slot); };
+    }
+    menu.mnuMsgEx.Click = [&program] { mnuMsgEx_Click(program.midi); };
+}
+
+void AttachPreferences(Velluto &program)
+{
+    Modulo1 &app = program.app;
+    frmMain &menu = app.frame;
+    MidiState &midi = program.midi;
+    menu.mnuItaliano.Click = [&app] { ChooseLanguage(app, app.frame.mnuItaliano, kItalian); };
+    menu.mnuInglese.Click = [&app] { ChooseLanguage(app, app.frame.mnuInglese, kEnglish); };
+    for (int i = menu.mnuDevMIDIOut.first(); i <= menu.mnuDevMIDIOut.last(); ++i) {
+        menu.mnuDevMIDIOut[i].Click = [&midi, i] { mnuDevMIDIOut_Click(midi, i); };
+    }
+    for (int i = menu.mnuDevMIDIIn.first(); i <= menu.mnuDevMIDIIn.last(); ++i) {
+        menu.mnuDevMIDIIn[i].Click = [&midi, i] { mnuDevMIDIIn_Click(midi, i); };
+    }
+    menu.mnuMIDIThru.Click = [&midi] { mnuMIDIThru_Click(midi); };
+    menu.mnuMIDISetup.Click = [&midi] { mnuMIDISetup_Click(midi); };
+    menu.mnuVisBarraStato.Click = [&menu] { mnuVisBarraStato_Click(menu); };
+}
+
+void AttachWindowMenu(Modulo1 &app)
+{
+    constexpr int kCascade = 0;
+    constexpr int kTileHorizontally = 1;
+    constexpr int kTileVertically = 2;
+    app.frame.mnuWindow.listsWindows = true;
+    app.frame.mnuSovrapponi.Click = [&app] { app.children.Arrange(kCascade); };
+    app.frame.mnuAffiancaOrizz.Click = [&app] { app.children.Arrange(kTileHorizontally); };
+    app.frame.mnuAffiancaVert.Click = [&app] { app.children.Arrange(kTileVertically); };
+}
+
+} // namespace
+
+void AttachHandlers(Velluto &program)
+{
+    AttachFrame(program);
+    AttachFileMenu(program);
+    AttachEditMenu(program);
+    AttachViewMenu(program);
+    AttachPreferences(program);
+    AttachWindowMenu(program.app);
+}
+
+void LoadFrame(Velluto &program)
+{
+    program.app.frame.Load();
+}
+
+bool CloseFrame(Velluto &program)
+{
+    Modulo1 &app = program.app;
+    if (!app.frame.IsLoaded()) {
+        return true;
+    }
+    if (!app.frame.Form_QueryUnload() || !app.children.UnloadAll()) {
+        return false;
+    }
+    app.frame.Unload();
+    app.face.FrameClosed(app.frame);
+    return true;
+}
+
+} // namespace velluto

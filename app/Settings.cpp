@@ -1,0 +1,49 @@
+#include "app/Settings.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace velluto {
+
+namespace {
+
+// By byte: Combo1, CheckClickKey, CheckHoldNote, HScroll1, VScroll(0) to VScroll(10), and last VScroll1, which no
+// file holds.
+constexpr std::array<std::uint8_t, 16> kKeyboardDefaults{0, 1, 0, 2, 100, 64, 64, 64, 0, 0, 64, 0, 0, 0, 0, 0};
+
+constexpr std::array<std::size_t, 2> kFactoryStyleEntries{14, 15};
+constexpr std::uint8_t kMaximised = 2;
+
+constexpr std::size_t kFirstFactoryBank = 9; // entry of PrfDocTable
+constexpr int kFactoryBanks = 10;
+constexpr std::string_view kBankEnding = "01.prf";
+
+} // namespace
+
+Settings::Settings()
+{
+    KeyboardRecord = kKeyboardDefaults;
+    ChannelRole[0] = kUserAssignedRolePrograms;
+    ChannelRole[1] = kUserAssignedRoleControl;
+    PlacementTable[PlacementEntry::Frame].State = kMaximised;
+    for (const std::size_t entry : kFactoryStyleEntries) {
+        PlacementTable[entry].Role = kUserAssignedRoleControl;
+        PlacementTable[entry].State = kMaximised;
+    }
+    // Entry 0 of a document table belongs to a new file and keeps role 0.
+    std::for_each(PcgDocTable.begin() + 1, PcgDocTable.end(), [](DocRecord &record) { record.Role = kUserAssignedRolePrograms; });
+    std::for_each(StyDocTable.begin() + 1, StyDocTable.end(), [](DocRecord &record) { record.Role = kUserAssignedRoleControl; });
+    std::for_each(PrfDocTable.begin() + 1, PrfDocTable.end(), [](DocRecord &record) { record.Role = kUserAssignedRoleControl; });
+}
+
+void AssignFactoryBanks(Settings &settings, const std::string &firstBank)
+{
+    const std::string stem = firstBank.substr(0, firstBank.size() - std::min(firstBank.size(), kBankEnding.size()));
+    for (int bank = 1; bank <= kFactoryBanks; ++bank) {
+        const std::string path = stem + (bank < 10 ? "0" : "") + std::to_string(bank) + ".prf";
+        PathText &field = settings.PrfDocTable[kFirstFactoryBank + static_cast<std::size_t>(bank - 1)].Path;
+        field.Set(PathText::Fits(path) ? path : std::string());
+    }
+}
+
+} // namespace velluto

@@ -1,0 +1,15 @@
+#include "app/Velluto.h"
+
+#include "app/FrameCommands.h"
+
+namespace velluto {
+
+Velluto::Velluto(Ports ports, Face &face) : app(ports, face), midi(app), files(app), recall(app, midi, files)
+{
+    files.services.SelectOnInstrument = [this](Form &window, int row) { SelectOnInstrument(recall, window, row); };
+    AttachHandlers(*this);
+}
+
+Velluto::~Velluto() = default;
+
+} // namespace velluto

@@ -1,0 +1,66 @@
+#include "app/frmLingua.h"
+
+#include "app/Catalogue.h"
+
+namespace velluto {
+
+namespace {
+
+constexpr std::uint8_t kItalian = 1;
+constexpr std::uint8_t kEnglish = 2;
+
+// Twips.
+constexpr Place kDialogPlace{0, 0, 5400, 2700};
+constexpr Place kQuestionPlace{240, 240, 4920, 300};
+constexpr Place kItalianPlace{600, 690, 4200, 330};
+constexpr Place kEnglishPlace{600, 1080, 4200, 330};
+constexpr Place kOkPlace{2040, 1620, 1320, 405};
+
+} // namespace
+
+frmLingua::frmLingua(Modulo1 &app) : Form("frmLingua"), app_(app)
+{
+    caption = std::string(kProgramTitle);
+    place = kDialogPlace;
+    Label1.caption = std::string("Scegliere una lingua / Choose a language");
+    Label1.place = kQuestionPlace;
+    Option1[0].caption = std::string("Italiano");
+    Option1[0].place = kItalianPlace;
+    Option1[1].caption = std::string("English");
+    Option1[1].place = kEnglishPlace;
+    CommOK.caption = std::string("&OK");
+    CommOK.place = kOkPlace;
+    for (int i = Option1.first(); i <= Option1.last(); ++i) {
+        Option1[i].Click = [this, i] { Option1_Click(i); };
+    }
+    CommOK.Click = [this] { CommOK_Click(); };
+}
+
+void frmLingua::Form_Load()
+{
+    confirmed_ = false;
+    app_.StartAborted = false;
+    Option1[0].value = true;
+}
+
+void frmLingua::Form_Unload()
+{
+    if (!confirmed_) {
+        app_.StartAborted = true;
+    }
+}
+
+void frmLingua::Option1_Click(int index)
+{
+    app_.settings.Lingua = index == 0 ? kItalian : kEnglish;
+}
+
+void frmLingua::CommOK_Click()
+{
+    if (app_.settings.Lingua != 0) {
+        confirmed_ = true;
+        app_.face.CloseModal(*this);
+    }
+}
+
+} // namespace velluto
