@@ -1,5 +1,7 @@
 #include "platform/standin/StandinFace.h"
 
+#include <algorithm>
+
 namespace velluto {
 
 namespace {
@@ -71,7 +73,9 @@ Size StandinFace::Workspace()
 
 int StandinFace::LabelWidth(const std::string &text)
 {
-    return static_cast<int>(text.size()) * 6 * kTwipsPerPixel;
+    // One width for every character; the bytes that go on with a character of UTF-8 are none of their own.
+    const auto characters = std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
+    return static_cast<int>(characters) * 6 * kTwipsPerPixel;
 }
 
 void StandinFace::FrameShown(Form &form)

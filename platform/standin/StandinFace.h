@@ -20,13 +20,13 @@ struct ShownBox {
 
 class StandinFace : public Face {
 public:
-    std::deque<int> answers;              // for the next boxes; a box takes only an answer that it has a button for
-    std::deque<FileChoice> choices;       // for the next file dialogs
-    std::vector<ShownBox> boxes;          // all boxes shown
-    std::vector<FileDialog> dialogs;      // all file dialogs shown
-    std::vector<MenuEntry *> popUps;      // all menus popped up
-    std::function<void(Form &)> onModal;  // acts as the user of a modal form; leaves it closed or the form is closed for him
-    Form *frame = nullptr;                // the frame while it is up
+    std::deque<int> answers;             // for the next boxes; a box takes only an answer that it has a button for
+    std::deque<FileChoice> choices;      // for the next file dialogs
+    std::vector<ShownBox> boxes;         // all boxes shown
+    std::vector<FileDialog> dialogs;     // all file dialogs shown
+    std::vector<MenuEntry *> popUps;     // all menus popped up
+    std::function<void(Form &)> onModal; // acts as the user of a modal form; leaves it closed or the form is closed for him
+    Form *frame = nullptr;               // the frame while it is up
 
     int MessageBox(const std::string &title, const std::string &text, int style) override;
     FileChoice ShowFileDialog(const FileDialog &dialog) override;

@@ -69,6 +69,9 @@ int StandinMidi::midiOutClose(MidiHandle handle)
         return MidiCode::kError;
     }
     device->isOpen = false;
+    if (NumberOf(outs, handle, kFirstOutHandle) == linkOut_) {
+        EndLink();
+    }
     return device->codes.close;
 }
 
@@ -120,6 +123,9 @@ int StandinMidi::midiInClose(MidiHandle handle)
     }
     if (device->codes.close == 0) {
         device->isOpen = false;
+        if (NumberOf(ins, handle, kFirstInHandle) == linkIn_) {
+            EndLink();
+        }
     }
     return device->codes.close;
 }
@@ -171,10 +177,27 @@ int StandinMidi::midiDisconnect(MidiHandle in, MidiHandle out)
         return MidiCode::kError;
     }
     if (device->codes.disconnect == 0) {
-        linkIn_ = -1;
-        linkOut_ = -1;
+        EndLink();
     }
     return device->codes.disconnect;
+}
+
+void StandinMidi::ReleaseAll()
+{
+    for (std::vector<StandinDevice> *devices : {&outs, &ins}) {
+        for (StandinDevice &device : *devices) {
+            device.isOpen = false;
+            device.started = false;
+            device.callback = {};
+        }
+    }
+    EndLink();
+}
+
+void StandinMidi::EndLink()
+{
+    linkIn_ = -1;
+    linkOut_ = -1;
 }
 
 bool StandinMidi::Receive(int in, const std::vector<std::uint8_t> &bytes)

@@ -48,6 +48,8 @@ public:
 
     // An input delivers a message, as bytes. False where the input is not open.
     bool Receive(int in, const std::vector<std::uint8_t> &bytes);
+    // The process that held the devices has ended: nothing is open or linked any more. What was written down stays.
+    void ReleaseAll();
 
     int midiOutGetNumDevs() override;
     int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) override;
@@ -64,6 +66,8 @@ public:
     int midiDisconnect(MidiHandle in, MidiHandle out) override;
 
 private:
+    void EndLink();
+
     int linkIn_ = -1;
     int linkOut_ = -1;
 };

@@ -1,0 +1,40 @@
+#include "driver/Commands.h"
+
+#include <algorithm>
+
+namespace velluto::driver {
+
+namespace {
+
+const Command *FindCommand(std::string_view name)
+{
+    for (const std::span<const Command> group : {StageCommands(), RunningCommands(), UsingCommands(), LookingCommands()}) {
+        const auto found = std::ranges::find(group, name, &Command::name);
+        if (found != group.end()) {
+            return &*found;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Json RunCommand(Session &session, Words words)
+{
+    if (words.empty()) {
+        throw BadCommand("no command");
+    }
+    const std::string name = words.front();
+    const Command *command = FindCommand(name);
+    if (command == nullptr) {
+        throw BadCommand("unknown command " + name);
+    }
+    words.erase(words.begin());
+    const auto count = static_cast<int>(words.size());
+    if (count < command->least || count > command->most) {
+        throw BadCommand("usage: " + name + (command->usage.empty() ? "" : " ") + std::string(command->usage));
+    }
+    return command->run(session, words);
+}
+
+} // namespace velluto::driver

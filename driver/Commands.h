@@ -1,0 +1,32 @@
+// The driver's commands: one table of names, and a handler for each. The handlers lie in four files: setting the stage,
+// running, using the program as a person would, and looking.
+#pragma once
+
+#include "driver/Session.h"
+#include "driver/Words.h"
+
+#include <span>
+#include <string_view>
+
+namespace velluto::driver {
+
+struct Command {
+    std::string_view name;
+    std::string_view usage; // what follows the name
+    int least = 0;          // words behind the name
+    int most = 0;
+    // words: those behind the name, as many as told. Throws BadCommand.
+    Json (*run)(Session &session, const Words &words) = nullptr;
+};
+
+inline constexpr int kAnyNumber = 1 << 20;
+
+[[nodiscard]] std::span<const Command> StageCommands();
+[[nodiscard]] std::span<const Command> RunningCommands();
+[[nodiscard]] std::span<const Command> UsingCommands();
+[[nodiscard]] std::span<const Command> LookingCommands();
+
+// Finds the command by its first word and runs it. Throws BadCommand.
+[[nodiscard]] Json RunCommand(Session &session, Words words);
+
+} // namespace velluto::driver

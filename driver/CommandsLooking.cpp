@@ -1,0 +1,201 @@
+// Looking at what the program shows, has sent and holds. Nothing of the program changes.
+#include "driver/Commands.h"
+
+#include "driver/Describe.h"
+#include "driver/Names.h"
+#include "driver/Running.h"
+#include "driver/Sha256.h"
+#include "driver/Values.h"
+
+#include <array>
+#include <fstream>
+
+namespace velluto::driver {
+
+namespace {
+
+Json Windows(Session &session, const Words & /*words*/)
+{
+    const ChildWindows &children = session.Program().app.children;
+    Json told = Good();
+    told["windows"] = DescribeWindows(children);
+    told["childCount"] = children.ChildCount;
+    return told;
+}
+
+Json Show(Session &session, const Words &words)
+{
+    const Form &window = FindWindow(session.Program(), words[0]);
+    Json told = Good();
+    if (words.size() == 1) {
+        told["controls"] = DescribeControls(window);
+    } else {
+        const Control &control = FindControl(window, words[1]);
+        told["controls"] = Json{{control.FullName(), DescribeControl(control)}};
+    }
+    return told;
+}
+
+Json Menus(Session &session, const Words & /*words*/)
+{
+    Json told = Good();
+    told["menus"] = DescribeMenus(session.Program().app.frame);
+    return told;
+}
+
+Json ShowTag(Session &session, const Words &words)
+{
+    const WindowTag &tag = FindWindow(session.Program(), words.front()).Tag;
+    Json told = Good();
+    told["prefix"] = Hexadecimal(tag.prefix);
+    told["length"] = tag.image.size();
+    told["sha256"] = Sha256(tag.image.View());
+    return told;
+}
+
+Json WriteImage(Session &session, const Words &words)
+{
+    const FileImage &image = FindWindow(session.Program(), words[0]).Tag.image;
+    const std::string_view bytes = AsText(image.View());
+    std::ofstream file(session.FullPath(words[1]), std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file) {
+        throw BadCommand("cannot write " + words[1]);
+    }
+    return Good();
+}
+
+// The bytes of a packed message as the device reads them: program change and channel pressure have one data byte.
+Json MessageBytes(std::uint32_t message)
+{
+    constexpr std::uint32_t kByte = 0xFF;
+    constexpr std::uint32_t kStatusKind = 0xF0;
+    constexpr std::uint32_t kProgramChange = 0xC0;
+    constexpr std::uint32_t kChannelPressure = 0xD0;
+    Json bytes = {message & kByte, (message >> 8) & kByte};
+    const std::uint32_t kind = message & kStatusKind;
+    if (kind != kProgramChange && kind != kChannelPressure) {
+        bytes.push_back((message >> 16) & kByte);
+    }
+    return bytes;
+}
+
+std::string_view NameOf(ThruEvent::Kind kind)
+{
+    switch (kind) {
+    case ThruEvent::Kind::Connect:
+        return "connect";
+    case ThruEvent::Kind::Disconnect:
+        return "disconnect";
+    case ThruEvent::Kind::Start:
+        return "start";
+    case ThruEvent::Kind::Stop:
+        return "stop";
+    case ThruEvent::Kind::Message:
+        break;
+    }
+    return "message";
+}
+
+// A device number, null where there was none.
+Json DeviceNumber(int number)
+{
+    return number < 0 ? Json() : Json(number);
+}
+
+Json DescribeThru(const ThruEvent &event)
+{
+    Json json = {{"event", NameOf(event.kind)}, {"in", DeviceNumber(event.in)}, {"out", DeviceNumber(event.out)}};
+    if (event.kind == ThruEvent::Kind::Message) {
+        json["bytes"] = event.bytes;
+    }
+    return json;
+}
+
+Json Sent(Session &session, const Words & /*words*/)
+{
+    Json messages = Json::array();
+    for (const std::uint32_t message : session.midi.sent) {
+        messages.push_back(MessageBytes(message));
+    }
+    Json thru = Json::array();
+    for (const ThruEvent &event : session.midi.thru) {
+        thru.push_back(DescribeThru(event));
+    }
+    session.midi.sent.clear();
+    session.midi.thru.clear();
+    Json told = Good();
+    told["messages"] = std::move(messages);
+    told["thru"] = std::move(thru);
+    return told;
+}
+
+Json Boxes(Session &session, const Words & /*words*/)
+{
+    Json boxes = Json::array();
+    for (; session.boxesTold < session.face.boxes.size(); ++session.boxesTold) {
+        const ShownBox &box = session.face.boxes[session.boxesTold];
+        boxes.push_back({{"title", ProgramText(box.title)},
+                         {"text", ProgramText(box.text)},
+                         {"buttons", box.style == Box::kYesNoCancel ? "yesnocancel" : "ok"},
+                         {"answer", WordOfButton(box.answer)}});
+    }
+    Json told = Good();
+    told["boxes"] = std::move(boxes);
+    return told;
+}
+
+Json Dialogs(Session &session, const Words & /*words*/)
+{
+    Json dialogs = Json::array();
+    for (; session.dialogsTold < session.face.dialogs.size(); ++session.dialogsTold) {
+        const FileDialog &dialog = session.face.dialogs[session.dialogsTold];
+        dialogs.push_back({{"mode", dialog.mode == FileDialog::Mode::Open ? "open" : "save"},
+                           {"title", ProgramText(dialog.title)},
+                           {"folder", ProgramText(dialog.folder)},
+                           {"filter", ProgramText(dialog.filter)},
+                           {"filterIndex", dialog.filterIndex},
+                           {"proposed", ProgramText(dialog.proposed)},
+                           {"extension", ProgramText(dialog.extension)}});
+    }
+    Json told = Good();
+    told["dialogs"] = std::move(dialogs);
+    return told;
+}
+
+Json Printed(Session & /*session*/, const Words & /*words*/)
+{
+    Json told = Good();
+    told["pages"] = Json::array();
+    return told;
+}
+
+Json Value(Session &session, const Words &words)
+{
+    Json told = Good();
+    told["value"] = ValueOf(session.LastProgram(), words.front());
+    return told;
+}
+
+constexpr std::array<Command, 10> kCommands = {{
+    {"windows", "", 0, 0, Windows},
+    {"show", "WINDOW [CONTROL]", 1, 2, Show},
+    {"menus", "", 0, 0, Menus},
+    {"tag", "WINDOW", 1, 1, ShowTag},
+    {"image", "WINDOW PATH", 2, 2, WriteImage},
+    {"sent", "", 0, 0, Sent},
+    {"boxes", "", 0, 0, Boxes},
+    {"dialogs", "", 0, 0, Dialogs},
+    {"printed", "", 0, 0, Printed},
+    {"value", "NAME", 1, 1, Value},
+}};
+
+} // namespace
+
+std::span<const Command> LookingCommands()
+{
+    return kCommands;
+}
+
+} // namespace velluto::driver

@@ -1,0 +1,324 @@
+// Using the program as a person would: menus, mouse, keys, and windows moved about. Whoever touches a child window
+// brings it to the front first.
+#include "driver/Commands.h"
+
+#include "driver/Names.h"
+#include "driver/Running.h"
+#include "view/Gestures.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace velluto::driver {
+
+namespace {
+
+bool IsFrame(const Session &session, const Form &window)
+{
+    return &window == session.face.frame;
+}
+
+// The window under the pointer, brought to the front.
+Form &Touch(Session &session, std::string_view name)
+{
+    Velluto &program = session.Program();
+    Form &window = FindWindow(program, name);
+    if (!IsFrame(session, window)) {
+        if (window.windowState == WindowState::Minimised) {
+            throw BadCommand(window.FullName() + " is minimised");
+        }
+        program.app.children.Activate(window);
+    }
+    return window;
+}
+
+// The control that a hand is about to reach for. Looks only, so that a refusal changes nothing.
+Control &Reach(Session &session, std::string_view windowName, std::string_view controlName)
+{
+    const Form &window = FindWindow(session.Program(), windowName);
+    Control &control = FindControl(window, controlName);
+    if (!control.visible) {
+        throw BadCommand(control.FullName() + " is hidden");
+    }
+    if (!control.enabled) {
+        throw BadCommand(control.FullName() + " is disabled");
+    }
+    if (dynamic_cast<MenuEntry *>(&control) != nullptr) {
+        throw BadCommand(control.FullName() + " is a menu entry: choose it with menu");
+    }
+    return control;
+}
+
+Json ChooseEntry(Session &session, const Words &words)
+{
+    MenuEntry &entry = FindEntry(session.Program(), words.front());
+    Json told = Good();
+    told["chosen"] = ChooseMenu(entry);
+    return told;
+}
+
+Json Drop(Session &session, const Words &words)
+{
+    MenuEntry &menu = FindEntry(session.Program(), words.front());
+    if (menu.parent() != nullptr || menu.children().empty()) {
+        throw BadCommand(words.front() + " is no menu of the menu bar");
+    }
+    if (!DropMenu(menu)) {
+        throw BadCommand(words.front() + " is disabled or hidden");
+    }
+    return Good();
+}
+
+Json PopUp(Session &session, const Words &words)
+{
+    Control *control = words.size() > 1 ? &Reach(session, words[0], words[1]) : nullptr;
+    Form &window = Touch(session, words[0]);
+    const std::size_t before = session.face.popUps.size();
+    if (control != nullptr) {
+        Raise(control->MouseDown, MouseButton::Right);
+    } else {
+        window.Form_MouseDown(MouseButton::Right);
+    }
+    Json told = Good();
+    const bool shown = session.face.popUps.size() > before;
+    told["menu"] = shown ? Json(session.face.popUps.back()->FullName()) : Json();
+    return told;
+}
+
+// The list and the row that the words WINDOW LIST ROW name, with the window brought to the front.
+struct RowUnderMouse {
+    ListBox &list;
+    int row;
+};
+
+RowUnderMouse PointAtRow(Session &session, const Words &words)
+{
+    auto &list = As<ListBox>(Reach(session, words[0], words[1]), "a list");
+    if (list.ListCount() == 0) {
+        throw BadCommand(list.FullName() + " has no rows");
+    }
+    const int row = ToNumber(words[2], "the row", 0, list.ListCount() - 1);
+    Touch(session, words[0]);
+    return {list, row};
+}
+
+template <Modifier Keys>
+Json Click(Session &session, const Words &words)
+{
+    const auto [list, row] = PointAtRow(session, words);
+    ListGesture::ClickRow(list, row, Keys);
+    return Good();
+}
+
+Json DoubleClick(Session &session, const Words &words)
+{
+    if (words.size() == 3) {
+        const auto [list, row] = PointAtRow(session, words);
+        ListGesture::DoubleClickRow(list, row);
+        return Good();
+    }
+    Control &control = Reach(session, words[0], words[1]);
+    const auto *text = dynamic_cast<TextBox *>(&control);
+    const auto *label = dynamic_cast<Label *>(&control);
+    if (text == nullptr && label == nullptr) {
+        throw BadCommand(control.FullName() + " needs a row or is nothing to double-click at");
+    }
+    Touch(session, words[0]);
+    Raise(text != nullptr ? text->DblClick : label->DblClick);
+    return Good();
+}
+
+struct KeyName {
+    std::string_view name;
+    int key;
+};
+constexpr std::array<KeyName, 10> kKeys = {{{"Delete", Key::Delete},
+                                            {"PageDown", Key::PageDown},
+                                            {"PageUp", Key::PageUp},
+                                            {"Up", Key::Up},
+                                            {"Down", Key::Down},
+                                            {"Left", Key::Left},
+                                            {"Right", Key::Right},
+                                            {"Home", Key::Home},
+                                            {"End", Key::End},
+                                            {"Insert", Key::Insert}}};
+
+Json PressNamedKey(Session &session, const Words &words)
+{
+    Control &control = Reach(session, words[0], words[1]);
+    const auto found = std::ranges::find(kKeys, words[2], &KeyName::name);
+    if (found == kKeys.end()) {
+        throw BadCommand("unknown key " + words[2]);
+    }
+    if (dynamic_cast<ListBox *>(&control) == nullptr && dynamic_cast<TextBox *>(&control) == nullptr) {
+        throw BadCommand(control.FullName() + " takes no keys");
+    }
+    Touch(session, words[0]);
+    (void)PressKey(control, found->key);
+    return Good();
+}
+
+Json PressControl(Session &session, const Words &words)
+{
+    Control &control = Reach(session, words[0], words[1]);
+    const bool pressable = dynamic_cast<Button *>(&control) != nullptr || dynamic_cast<CheckBox *>(&control) != nullptr ||
+                           dynamic_cast<OptionButton *>(&control) != nullptr;
+    if (!pressable) {
+        throw BadCommand(control.FullName() + " cannot be pressed");
+    }
+    Touch(session, words[0]);
+    (void)Press(control);
+    return Good();
+}
+
+// Characters of a UTF-8 text.
+int CharactersOf(std::string_view text)
+{
+    return static_cast<int>(std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+Json Type(Session &session, const Words &words)
+{
+    auto &box = As<TextBox>(Reach(session, words[0], words[1]), "a text box");
+    if (box.readOnly) {
+        throw BadCommand(box.FullName() + " is read-only");
+    }
+    if (!IsUtf8(words[2])) {
+        throw BadCommand("the text is not UTF-8");
+    }
+    Touch(session, words[0]);
+    box.caret = CharactersOf(words[2]);
+    box.text = words[2];
+    return Good();
+}
+
+Json PutCaret(Session &session, const Words &words)
+{
+    auto &box = As<TextBox>(Reach(session, words[0], words[1]), "a text box");
+    const int position = ToNumber(words[2], "the position", 0, CharactersOf(box.text.Get()));
+    Touch(session, words[0]);
+    box.caret = position;
+    return Good();
+}
+
+Json SetValue(Session &session, const Words &words)
+{
+    auto &combo = As<ComboBox>(Reach(session, words[0], words[1]), "a combo box, a slider or a scroll bar");
+    const int row = ToNumber(words[2], "the row", 0, static_cast<int>(combo.rows.size()) - 1);
+    Touch(session, words[0]);
+    combo.ListIndex = row;
+    return Good();
+}
+
+Json Drag(Session &session, const Words &words)
+{
+    RefuseKind(Reach(session, words[0], words[1]), "a slider or a scroll bar");
+}
+
+Json MovePointer(Session &session, const Words &words)
+{
+    if (words[2] != "down" && words[2] != "up" && words[2] != "move") {
+        throw BadCommand("usage: pointer WINDOW CONTROL down|up|move [Y]");
+    }
+    RefuseKind(Reach(session, words[0], words[1]), "a piano key or a frame");
+}
+
+Json Activate(Session &session, const Words &words)
+{
+    Form &window = FindWindow(session.Program(), words.front());
+    if (!IsFrame(session, window)) {
+        session.Program().app.children.Activate(window);
+    }
+    return Good();
+}
+
+Json Close(Session &session, const Words &words)
+{
+    Form &window = FindWindow(session.Program(), words.front());
+    if (IsFrame(session, window)) {
+        return ExitProgram(session);
+    }
+    Json told = Good();
+    told["closed"] = session.Program().app.children.Unload(window);
+    return told;
+}
+
+template <WindowState State>
+Json SetState(Session &session, const Words &words)
+{
+    Form &window = FindWindow(session.Program(), words.front());
+    ChildWindows &children = session.Program().app.children;
+    if (IsFrame(session, window)) {
+        window.windowState = State;
+        return Good();
+    }
+    children.Activate(window);
+    if constexpr (State == WindowState::Minimised) {
+        children.Minimise(window);
+    } else if constexpr (State == WindowState::Maximised) {
+        children.Maximise(window);
+    } else {
+        children.Restore(window);
+    }
+    return Good();
+}
+
+constexpr int kFarthest = 1 << 20; // twips, far beyond any screen
+
+Json Move(Session &session, const Words &words)
+{
+    Form &window = FindWindow(session.Program(), words[0]);
+    const int left = ToNumber(words[1], "left", -kFarthest, kFarthest);
+    const int top = ToNumber(words[2], "top", -kFarthest, kFarthest);
+    if (!IsFrame(session, window)) {
+        session.Program().app.children.Activate(window);
+    }
+    session.Program().app.children.Move(window, left, top);
+    return Good();
+}
+
+Json Resize(Session &session, const Words &words)
+{
+    Form &window = FindWindow(session.Program(), words[0]);
+    const int width = ToNumber(words[1], "the width", 0, kFarthest);
+    const int height = ToNumber(words[2], "the height", 0, kFarthest);
+    if (!IsFrame(session, window)) {
+        session.Program().app.children.Activate(window);
+    }
+    session.Program().app.children.Resize(window, width, height);
+    return Good();
+}
+
+constexpr std::array<Command, 21> kCommands = {{
+    {"menu", "ENTRY", 1, 1, ChooseEntry},
+    {"drop", "MENU", 1, 1, Drop},
+    {"popup", "WINDOW [CONTROL]", 1, 2, PopUp},
+    {"click", "WINDOW LIST ROW", 3, 3, Click<Modifier::None>},
+    {"ctrlclick", "WINDOW LIST ROW", 3, 3, Click<Modifier::Ctrl>},
+    {"shiftclick", "WINDOW LIST ROW", 3, 3, Click<Modifier::Shift>},
+    {"dblclick", "WINDOW LIST ROW or WINDOW CONTROL", 2, 3, DoubleClick},
+    {"key", "WINDOW CONTROL KEYNAME", 3, 3, PressNamedKey},
+    {"press", "WINDOW CONTROL", 2, 2, PressControl},
+    {"type", "WINDOW CONTROL TEXT", 3, 3, Type},
+    {"caret", "WINDOW CONTROL POSITION", 3, 3, PutCaret},
+    {"set", "WINDOW CONTROL VALUE", 3, 3, SetValue},
+    {"drag", "WINDOW CONTROL VALUE", 3, 3, Drag},
+    {"pointer", "WINDOW CONTROL down|up|move [Y]", 3, 4, MovePointer},
+    {"activate", "WINDOW", 1, 1, Activate},
+    {"close", "WINDOW", 1, 1, Close},
+    {"minimise", "WINDOW", 1, 1, SetState<WindowState::Minimised>},
+    {"restore", "WINDOW", 1, 1, SetState<WindowState::Normal>},
+    {"maximise", "WINDOW", 1, 1, SetState<WindowState::Maximised>},
+    {"move", "WINDOW LEFT TOP", 3, 3, Move},
+    {"resize", "WINDOW WIDTH HEIGHT", 3, 3, Resize},
+}};
+
+} // namespace
+
+std::span<const Command> UsingCommands()
+{
+    return kCommands;
+}
+
+} // namespace velluto::driver

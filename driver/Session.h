@@ -1,0 +1,73 @@
+// One run of the driver: the machine's stand-ins, the program under them, and what the stage was set with. The commands
+// act on it; main and the scenario runner feed it lines.
+#pragma once
+
+#include "app/Velluto.h"
+#include "driver/Json.h"
+#include "driver/Timers.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/standin/FaultyFiles.h"
+#include "platform/standin/StandinClock.h"
+#include "platform/standin/StandinFace.h"
+#include "platform/standin/StandinMidi.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velluto::driver {
+
+// What the sequencer has been told about MIDI files.
+struct SequencerFile {
+    std::string path;
+    int length = 0; // position units; of a file that opens
+    int error = 0;  // not 0: the file is refused with this error
+    std::string errorMessage;
+};
+
+struct SequencerStage {
+    std::vector<SequencerFile> files; // one entry a path
+    int rate = 100;                   // milliseconds of the clock for one position unit
+};
+
+class Session {
+public:
+    // Carries out a line of input. Nothing to say for a blank line or a remark.
+    std::optional<std::string> Answer(std::string_view line);
+    // The same as a JSON value; every failure is an answer too.
+    Json Run(std::string_view line);
+
+    PosixFiles disk;
+    FaultyFiles files{disk};
+    StandinMidi midi;
+    StandinClock clock;
+    StandinFace face;
+    Timers timers;
+    SequencerStage sequencer;
+    // How much of boxes and dialogs the looking commands have told already.
+    std::size_t boxesTold = 0;
+    std::size_t dialogsTold = 0;
+
+    // The frame is up.
+    [[nodiscard]] bool Running() const { return program_ != nullptr && face.frame != nullptr; }
+    // The running program; BadCommand where none runs.
+    [[nodiscard]] Velluto &Program();
+    // The program that runs or ran last; BadCommand before the first start.
+    [[nodiscard]] Velluto &LastProgram();
+    // A fresh program on the same machine. What the one before left is lost.
+    Velluto &NewProgram();
+    void DropProgram() { program_.reset(); }
+    // The enabled timers of the frame and the open children.
+    [[nodiscard]] std::vector<Timer *> RunningTimers() const;
+    // A path as the program would write it: relative ones lie in the program's folder.
+    [[nodiscard]] std::string FullPath(const std::string &path);
+    // Between two events of the program: forgets closed windows, notes started timers.
+    void Settle();
+
+private:
+    std::unique_ptr<Velluto> program_;
+};
+
+} // namespace velluto::driver

@@ -1,0 +1,18 @@
+// velluto-driver: the program without a screen, driven by one command a line.
+#include "driver/Session.h"
+
+#include <iostream>
+#include <string>
+
+int main()
+{
+    std::ios::sync_with_stdio(false);
+    velluto::driver::Session session;
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        if (const auto answer = session.Answer(line)) {
+            std::cout << *answer << '\n' << std::flush;
+        }
+    }
+    return 0;
+}
