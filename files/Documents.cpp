@@ -1,11 +1,11 @@
 #include "files/Documents.h"
 
+#include "app/StoredPlace.h"
 #include "app/ViewKind.h"
 #include "files/Opening.h"
 #include "files/frmPcgUN.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace velluto {
 
@@ -134,22 +134,16 @@ void NameFile(FilesState &files, std::string_view path)
     files.FileName = FileNameOf(path);
 }
 
-std::int16_t FieldValue(int twips)
-{
-    using Limits = std::numeric_limits<std::int16_t>;
-    return static_cast<std::int16_t>(std::clamp<int>(twips, Limits::min(), Limits::max()));
-}
-
 void StoreSize(DocRecord &record, const Form &window)
 {
-    record.Width = FieldValue(window.Width());
-    record.Height = FieldValue(window.Height());
+    record.Width = NearestIn<std::int16_t>(window.Width());
+    record.Height = NearestIn<std::int16_t>(window.Height());
 }
 
 void StorePlace(DocRecord &record, const Form &window)
 {
-    record.Left = FieldValue(window.Left());
-    record.Top = FieldValue(window.Top());
+    record.Left = NearestIn<std::int16_t>(window.Left());
+    record.Top = NearestIn<std::int16_t>(window.Top());
     StoreSize(record, window);
 }
 

@@ -66,7 +66,5 @@ void NameFile(FilesState &files, std::string_view path);
 // The window's rectangle into the record, limited to what the record's 16 bits hold.
 void StorePlace(DocRecord &record, const Form &window);
 void StoreSize(DocRecord &record, const Form &window);
-// The nearest value that a 16-bit field can hold.
-[[nodiscard]] std::int16_t FieldValue(int twips);
 
 } // namespace velluto

@@ -2,6 +2,7 @@
 
 #include "app/Catalogue.h"
 #include "app/RecentFiles.h"
+#include "app/StoredPlace.h"
 #include "app/ViewKind.h"
 #include "files/Documents.h"
 #include "files/ProgramRows.h"
@@ -104,9 +105,9 @@ void frmPcgUN::PlaceWindow(int places)
     if (record.MinWidth <= 0) { // below 0 only in a settings file that no window has written
         record.Left = 0;
         record.Top = 0;
-        record.Width = FieldValue(kListCharacters * letter.width + frame.width);
+        record.Width = NearestIn<std::int16_t>(kListCharacters * letter.width + frame.width);
         record.MinWidth = record.Width;
-        record.Height = FieldValue(listHeight + buttonRow_ + frame.height);
+        record.Height = NearestIn<std::int16_t>(listHeight + buttonRow_ + frame.height);
         record.MinHeight = record.Height;
     }
     record.State = 1;

@@ -1,0 +1,201 @@
+// Instrument files written out byte by byte, without the program's own builder, and a running program to open them in.
+// Used by the tests of the file room.
+#pragma once
+
+#include "unit/support/TestProgram.h"
+
+#include "files/Documents.h"
+#include "files/Korf.h"
+#include "files/Opening.h"
+#include "files/Saving.h"
+#include "files/WindowTitle.h"
+#include "files/frmPcgUN.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace velluto::test {
+
+struct Item {
+    std::string name; // up to 16 bytes; zeros follow
+    int slot = 0;
+    Bytes body;
+};
+
+inline void Append(Bytes &to, const Bytes &bytes)
+{
+    to.insert(to.end(), bytes.begin(), bytes.end());
+}
+
+inline void AppendText(Bytes &to, const std::string &text)
+{
+    to.insert(to.end(), text.begin(), text.end());
+}
+
+// A big-endian number of four bytes.
+inline void Append32(Bytes &to, std::size_t value)
+{
+    for (const int shift : {24, 16, 8, 0}) {
+        to.push_back(static_cast<std::uint8_t>(value >> shift));
+    }
+}
+
+inline Bytes InstrumentFile(const std::vector<Item> &items)
+{
+    Bytes file{0x01, 0x00, 0x01, 0x14, 0, 0, 0, 0, 0x02, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x0C, 0x0B, 0, 0, 0, 0, 0, 0};
+    AppendText(file, "KORF");
+    Append(file, {0x00, 0x05, 0x00, 0x00, 0x18});
+    Append32(file, 24 * items.size());
+    for (const Item &item : items) {
+        std::string name = item.name;
+        name.resize(16, '\0');
+        AppendText(file, name);
+        Append(file, {0x11, 0x22, 0x33, 0x44, static_cast<std::uint8_t>(item.slot), 0x55, 0x66, 0x77});
+    }
+    std::vector<std::size_t> offsets;
+    for (const Item &item : items) {
+        offsets.push_back(file.size());
+        Append(file, item.body);
+    }
+    Append(file, {0xFE, 0x00, 0x00, 0x18});
+    Append32(file, 4 * items.size() + 16);
+    AppendText(file, "KBEG");
+    Append32(file, 28);
+    for (const std::size_t offset : offsets) {
+        Append32(file, offset);
+    }
+    const std::size_t end = file.size();
+    AppendText(file, "KEND");
+    Append(file, {0, 0, 0, static_cast<std::uint8_t>(items.size() + 1)});
+    file[5] = static_cast<std::uint8_t>(end >> 16);
+    file[6] = static_cast<std::uint8_t>(end >> 8);
+    file[7] = static_cast<std::uint8_t>(end);
+    return file;
+}
+
+// One Program in slot 0 whose body makes the file so long, in bytes (124 or more).
+inline Bytes FileOfLength(std::size_t length)
+{
+    constexpr std::size_t kRest = 36 + 24 + 16 + 4 + 8;
+    return InstrumentFile({{"Grand Piano", 0, Bytes(length - kRest, 0xAA)}});
+}
+
+// Valid files of all shapes: ascending slots, names padded with zeros, blanks or neither, bodies of any bytes.
+inline Bytes RandomFile(std::mt19937 &random)
+{
+    const auto below = [&random](unsigned bound) { return static_cast<int>(random() % bound); };
+    std::vector<Item> items;
+    const int places = below(2) == 0 ? 64 : 128;
+    const int density = 1 + below(8);
+    for (int slot = 0; slot < places; ++slot) {
+        if (below(8) >= density) {
+            continue;
+        }
+        Item item;
+        item.slot = slot;
+        const int length = below(17);
+        for (int i = 0; i < length; ++i) {
+            item.name.push_back(static_cast<char>(below(256)));
+        }
+        if (below(2) == 0) {
+            item.name.resize(16, ' ');
+        }
+        item.body.resize(static_cast<std::size_t>(below(400)));
+        for (std::uint8_t &byte : item.body) {
+            byte = static_cast<std::uint8_t>(below(256));
+        }
+        items.push_back(item);
+    }
+    return InstrumentFile(items);
+}
+
+inline Bytes BytesOf(const FileImage &image)
+{
+    return {image.View().begin(), image.View().end()};
+}
+
+inline FileImage ImageOf(const Bytes &bytes)
+{
+    return FileImage(std::span<const std::uint8_t>(bytes));
+}
+
+inline bool Exists(const std::string &path)
+{
+    return std::filesystem::exists(path);
+}
+
+// A program that has just started, in Italian unless a test says otherwise.
+class FilesTest : public ::testing::Test {
+protected:
+    explicit FilesTest(TestProgram::Language language = TestProgram::Italian) { started_ = run.Start(language); }
+    void SetUp() override { ASSERT_TRUE(started_); }
+
+    std::string Put(const std::string &name, const Bytes &bytes)
+    {
+        WriteBytes(run.At(name), bytes);
+        return run.At(name);
+    }
+    // Chooses the file through the Open command's dialog.
+    void Open(const std::string &path, int filterIndex = 1)
+    {
+        run.face.choices.push_back({false, path, filterIndex});
+        run.Choose(app.frame.mnuPcgApri);
+    }
+    void SaveAs(const std::string &path)
+    {
+        run.face.choices.push_back({false, path, 1});
+        run.Choose(app.frame.mnuSalvaAs);
+    }
+    // The window of the slot; a test fails where there is none.
+    frmPcgUN &Window(int slot)
+    {
+        const auto &window = files.PcgWindows.at(static_cast<std::size_t>(slot));
+        if (!window) {
+            throw std::runtime_error("no window in slot " + std::to_string(slot));
+        }
+        return *window;
+    }
+    bool HasWindow(int slot) { return files.PcgWindows.at(static_cast<std::size_t>(slot)) != nullptr; }
+    DocRecord &Record(int slot) { return app.settings.PcgDocTable.at(static_cast<std::size_t>(slot)); }
+    std::string RowOf(int slot, int row) { return Window(slot).List1.Row(row); }
+    // Makes the next operations of this kind on the path fail.
+    void Fail(FileFault::Operation operation, const std::string &path, int number, int times = 1)
+    {
+        run.files.faults.push_back({operation, path, number, times});
+    }
+    // How often an operation was tried: "read /folder/name".
+    long Calls(const std::string &call) { return std::count(run.files.calls.begin(), run.files.calls.end(), call); }
+    // Titles and texts of the boxes shown so far, which are then forgotten.
+    std::vector<std::string> Boxes()
+    {
+        std::vector<std::string> told;
+        for (const ShownBox &box : run.face.boxes) {
+            told.push_back(box.title + ": " + box.text);
+        }
+        run.face.boxes.clear();
+        return told;
+    }
+    void MarkModified(Form &window) { window.Tag.Set(TagPosition::Modified, 1); }
+
+    TestProgram run;
+    Modulo1 &app = run.program.app;
+    FilesState &files = run.program.files;
+
+private:
+    bool started_ = false;
+};
+
+class EnglishFilesTest : public FilesTest {
+protected:
+    EnglishFilesTest() : FilesTest(TestProgram::English) {}
+};
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+} // namespace velluto::test
