@@ -1,0 +1,142 @@
+#include "view/ControlArray.h"
+#include "view/Form.h"
+#include "view/Gestures.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+using namespace velluto;
+
+namespace {
+
+struct Window : Form {
+    Window() : Form("Window") {}
+    int resizes = 0;
+    void Form_Resize() override { ++resizes; }
+
+    Button CommClose{*this, "CommClose"};
+    CheckBox Check1{*this, "Check1"};
+    ControlArray<OptionButton, 0, 3> Option1{*this, "Option1"};
+    ComboBox Combo1{*this, "Combo1"};
+    TextBox Text1{*this, "Text1"};
+    ListBox List1{*this, "List1"};
+};
+
+} // namespace
+
+TEST(Controls, AreFoundByNameAndNumber)
+{
+    Window window;
+    EXPECT_EQ(window.Find("CommClose"), &window.CommClose);
+    EXPECT_EQ(window.Find("Option1", 2), &window.Option1[2]);
+    EXPECT_EQ(window.Find("Option1"), nullptr);
+    EXPECT_EQ(window.Find("Option1", 3), nullptr);
+    EXPECT_EQ(window.Option1[2].FullName(), "Option1(2)");
+    EXPECT_EQ(window.CommClose.FullName(), "CommClose");
+    EXPECT_THROW(window.Option1[3], std::out_of_range);
+}
+
+TEST(Controls, AFormWithANumberShowsItInItsName)
+{
+    const Form slot("frmPcgUN", 3);
+    const Form tool("frmMsgEx");
+    EXPECT_EQ(slot.FullName(), "frmPcgUN(3)");
+    EXPECT_EQ(tool.FullName(), "frmMsgEx");
+}
+
+TEST(Controls, AWriteToACheckBoxRaisesItsClickOnlyOnAChange)
+{
+    Window window;
+    int clicks = 0;
+    window.Check1.Click = [&] { ++clicks; };
+    window.Check1.value = true;
+    window.Check1.value = true;
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(Press(window.Check1));
+    EXPECT_FALSE(window.Check1.value);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(Controls, OneOptionOfAGroupIsSetAndOnlyThatOneRaisesClick)
+{
+    Window window;
+    std::vector<int> clicks;
+    for (int i = 0; i < 3; ++i) {
+        window.Option1[i].Click = [&clicks, i] { clicks.push_back(i); };
+    }
+    window.Option1[0].value = true;
+    EXPECT_TRUE(Press(window.Option1[2]));
+    EXPECT_FALSE(window.Option1[0].value);
+    EXPECT_TRUE(window.Option1[2].value);
+    EXPECT_EQ(clicks, (std::vector<int>{0, 2}));
+}
+
+TEST(Controls, AChangeOfAComboOrATextRaisesItsEventOnce)
+{
+    Window window;
+    int clicks = 0;
+    int changes = 0;
+    window.Combo1.Click = [&] { ++clicks; };
+    window.Text1.Change = [&] { ++changes; };
+    window.Combo1.ListIndex = 4;
+    window.Combo1.ListIndex = 4;
+    window.Text1.text = std::string("words");
+    window.Text1.text = std::string("words");
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST(Controls, ADisabledOrHiddenControlCannotBePressed)
+{
+    Window window;
+    int clicks = 0;
+    window.CommClose.Click = [&] { ++clicks; };
+    EXPECT_TRUE(Press(window.CommClose));
+    window.CommClose.enabled = false;
+    EXPECT_FALSE(Press(window.CommClose));
+    window.CommClose.enabled = true;
+    window.CommClose.visible = false;
+    EXPECT_FALSE(Press(window.CommClose));
+    EXPECT_EQ(clicks, 1);
+    EXPECT_FALSE(Press(window.List1));
+}
+
+TEST(Controls, TheObserverHearsOfAChangeBeforeTheEvent)
+{
+    Window window;
+    std::vector<std::string> order;
+    window.Check1.observer = [&](Aspect) { order.emplace_back("observer"); };
+    window.Check1.Click = [&] { order.emplace_back("click"); };
+    window.Check1.value = true;
+    EXPECT_EQ(order, (std::vector<std::string>{"observer", "click"}));
+}
+
+TEST(Controls, AFormIsResizedByAChangeOfSizeOrStateOnceItIsLoaded)
+{
+    Window window;
+    window.place = Place{0, 0, 100, 100};
+    EXPECT_EQ(window.resizes, 0);
+    window.Load();
+    window.place = Place{50, 60, 100, 100};
+    EXPECT_EQ(window.resizes, 0);
+    window.SetWidth(200);
+    EXPECT_EQ(window.resizes, 1);
+    window.SetHeight(300);
+    EXPECT_EQ(window.resizes, 2);
+    window.windowState = WindowState::Minimised;
+    EXPECT_EQ(window.resizes, 3);
+    EXPECT_EQ(window.place.Get(), (Place{50, 60, 200, 300}));
+    window.Unload();
+    window.SetWidth(400);
+    EXPECT_EQ(window.resizes, 3);
+}
+
+TEST(Controls, ScaleSizeIsTheOuterSizeLessTheFrame)
+{
+    Window window;
+    window.frame = {120, 450};
+    window.place = Place{0, 0, 4000, 3000};
+    EXPECT_EQ(window.ScaleWidth(), 3880);
+    EXPECT_EQ(window.ScaleHeight(), 2550);
+}
