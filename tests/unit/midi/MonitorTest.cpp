@@ -1,0 +1,279 @@
+// The monitor: what it writes, when it is cleared, and its window.
+#include "midi/Monitor.h"
+#include "midi/frmMsgEx.h"
+#include "unit/support/MidiLink.h"
+
+#include <gtest/gtest.h>
+
+namespace velluto::test {
+namespace {
+
+struct MonitorLink : MidiLink {
+    frmMsgEx &Open()
+    {
+        mnuMsgEx_Click(midi);
+        return *midi.monitor;
+    }
+    Size Natural()
+    {
+        const Size a = face.MeasureA(Font{"courier new", 10, 400});
+        return {64 * a.width + face.ChildFrame().width, 30 * a.height + face.ChildFrame().height};
+    }
+    WindowPlacement &entry = app.settings.PlacementTable[8];
+};
+
+TEST(Monitor, BytesAreWrittenInHexadecimalWithABlankEachAndAnEmptyLine)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    MonitorReport(link.midi, "\x90\x3C\x64");
+    EXPECT_EQ(form.Text1.text.Get(), "90 3C 64 \r\n\r\n");
+}
+
+TEST(Monitor, EachReportIsAppended)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    MonitorReport(link.midi, "\xB0");
+    MonitorReport(link.midi, "\xFF\x0A");
+    EXPECT_EQ(form.Text1.text.Get(), "B0 \r\n\r\nFF 0A \r\n\r\n");
+}
+
+TEST(Monitor, AnEmptyTextClears)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    MonitorReport(link.midi, "\xB0");
+    MonitorReport(link.midi, {});
+    EXPECT_EQ(form.Text1.text.Get(), "");
+}
+
+TEST(Monitor, ASingleByte0IsTwoZerosAndNotAnEmptyText)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    MonitorReport(link.midi, std::string(1, '\0'));
+    EXPECT_EQ(form.Text1.text.Get(), "00 \r\n\r\n");
+}
+
+TEST(Monitor, OneReportShowsAtMost21666Bytes)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    MonitorReport(link.midi, std::string(21667, '\x01'));
+    EXPECT_EQ(form.Text1.text.Get().size(), 21666U * 3 + 4);
+}
+
+TEST(Monitor, ClosedNothingIsWrittenAndMonitorEnabledMayStayTrue)
+{
+    MonitorLink link;
+    link.midi.MonitorEnabled = true;
+    MonitorReport(link.midi, "\x90\x3C\x64");
+    link.OpenOneOut();
+    link.Send(0x643C90);
+    EXPECT_EQ(link.devices.sent.size(), 1U);
+    EXPECT_TRUE(link.midi.MonitorEnabled);
+}
+
+TEST(Monitor, SwitchedOffNothingIsWritten)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    link.midi.MonitorEnabled = false;
+    MonitorReport(link.midi, "\x90");
+    EXPECT_EQ(form.Text1.text.Get(), "");
+}
+
+TEST(Monitor, TheMenuEntrysStateIsTheTestForAnOpenWindow)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    link.app.frame.mnuMsgEx.enabled = true;
+    MonitorReport(link.midi, "\x90");
+    EXPECT_EQ(form.Text1.text.Get(), "");
+}
+
+TEST(Monitor, AShortMessageReplacesWhatWasThere)
+{
+    MonitorLink link;
+    link.OpenOneOut();
+    frmMsgEx &form = link.Open();
+    link.Send(0x7900B0);
+    link.Send(0x0004C0);
+    EXPECT_EQ(form.Text1.text.Get(), "C0 04 00 \r\n\r\n");
+}
+
+TEST(Monitor, AMessageThatFailsIsSeenToo)
+{
+    MonitorLink link;
+    link.OpenOneOut();
+    link.devices.outs[0].codes.send = 11;
+    frmMsgEx &form = link.Open();
+    link.Send(0x643C90);
+    EXPECT_EQ(form.Text1.text.Get(), "90 3C 64 \r\n\r\n");
+    // Disarmed, the path reports nothing any more.
+    link.Send(0x003C80);
+    EXPECT_EQ(form.Text1.text.Get(), "90 3C 64 \r\n\r\n");
+}
+
+TEST(Monitor, ANoteIsShownAlone)
+{
+    MonitorLink link;
+    link.OpenOneOut();
+    frmMsgEx &form = link.Open();
+    SendNoteOn(link.midi, 1, 60, 100);
+    EXPECT_EQ(form.Text1.text.Get(), "91 3C 64 \r\n\r\n");
+    SendNoteOff(link.midi, 1, 60, 0);
+    EXPECT_EQ(form.Text1.text.Get(), "81 3C 00 \r\n\r\n");
+}
+
+TEST(Monitor, AllNotesOffShowsASecondLineOfTwoBytes)
+{
+    MonitorLink link;
+    link.OpenOneOut();
+    frmMsgEx &form = link.Open();
+    SendNoteOn(link.midi, 1, 60, 100);
+    SendAllNotesOff(link.midi, 1);
+    EXPECT_EQ(form.Text1.text.Get(), "B1 7B 00 \r\n\r\nB1 7B \r\n\r\n");
+}
+
+TEST(MonitorWindow, TheFirstOpeningHasItsNaturalSizeAtTheTopLeft)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    const Size natural = link.Natural();
+    EXPECT_EQ(form.place.Get(), (Place{0, 0, natural.width, natural.height}));
+    EXPECT_EQ(link.entry.Width, natural.width);
+    EXPECT_EQ(link.entry.Height, natural.height);
+    EXPECT_EQ(link.entry.MinWidth, natural.width);
+    EXPECT_EQ(link.entry.MinHeight, natural.height);
+    EXPECT_EQ(link.entry.State, 1);
+    EXPECT_STREQ(form.Text1.font.name, "courier new");
+    EXPECT_EQ(form.Text1.font.size, 10);
+    EXPECT_EQ(form.Text1.font.weight, 400);
+}
+
+TEST(MonitorWindow, KeepsTheChildContract)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    EXPECT_EQ(form.caption.Get(), "MIDI messages - Velluto v 1.1");
+    EXPECT_EQ(form.Tag.prefix, std::string(1, '\x09') + std::string(19, '\0'));
+    EXPECT_TRUE(link.midi.MonitorEnabled);
+    EXPECT_FALSE(link.app.frame.mnuMsgEx.enabled);
+    EXPECT_EQ(link.app.children.ChildCount, 1);
+    EXPECT_FALSE(link.app.children.RestoringLayout);
+    EXPECT_TRUE(link.app.frame.mnuWindow.enabled);
+    EXPECT_EQ(form.Text1.accessibleName, "MIDI messages");
+}
+
+TEST(MonitorWindow, TheCaptionInItalian)
+{
+    MonitorLink link;
+    link.app.messages.LinguaBase = 0;
+    EXPECT_EQ(link.Open().caption.Get(), "Messaggi MIDI - Velluto v 1.1");
+}
+
+TEST(MonitorWindow, ALaterOpeningTakesItsStoredPlaceAndStartsEmpty)
+{
+    MonitorLink link;
+    frmMsgEx &first = link.Open();
+    const Size natural = link.Natural();
+    MonitorReport(link.midi, "\x90");
+    link.app.children.Resize(first, natural.width + 300, natural.height + 600);
+    link.app.children.Move(first, 150, 225);
+    link.app.children.Unload(first);
+    link.app.children.Sweep();
+    frmMsgEx &second = link.Open();
+    EXPECT_EQ(second.place.Get(), (Place{150, 225, natural.width + 300, natural.height + 600}));
+    EXPECT_EQ(second.Text1.text.Get(), "");
+}
+
+TEST(MonitorWindow, ClosedItGivesBackItsEntryAndStoresItsPlace)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    link.app.children.Move(form, -75, 225);
+    link.app.children.Unload(form);
+    link.app.children.Sweep();
+    EXPECT_TRUE(link.app.frame.mnuMsgEx.enabled);
+    EXPECT_EQ(link.entry.Left, -75);
+    EXPECT_EQ(link.entry.Top, 225);
+    EXPECT_EQ(link.entry.State, 0);
+    EXPECT_EQ(link.app.children.ChildCount, 0);
+    EXPECT_FALSE(link.midi.MonitorEnabled);
+    EXPECT_FALSE(link.app.frame.mnuModifica.enabled);
+    EXPECT_EQ(link.midi.monitor, nullptr);
+}
+
+TEST(MonitorWindow, ClosedWithTheFrameItsStateIs0Too)
+{
+    MonitorLink link;
+    link.Open();
+    link.app.children.ClosingAll = true;
+    link.app.children.UnloadAll();
+    link.app.children.Sweep();
+    EXPECT_EQ(link.entry.State, 0);
+}
+
+TEST(MonitorWindow, BelowItsNaturalSizeItSnapsBack)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    const Size natural = link.Natural();
+    link.app.children.Resize(form, 1000, natural.height + 900);
+    EXPECT_EQ(form.Width(), natural.width);
+    EXPECT_EQ(form.Height(), natural.height + 900);
+    EXPECT_EQ(link.entry.Width, natural.width);
+    EXPECT_EQ(link.entry.Height, natural.height + 900);
+    link.app.children.Resize(form, natural.width + 900, 1000);
+    EXPECT_EQ(form.Width(), natural.width + 900);
+    EXPECT_EQ(form.Height(), natural.height);
+}
+
+TEST(MonitorWindow, MinimisedItsStateIs2AndRestored1)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    link.app.children.Minimise(form);
+    EXPECT_EQ(link.entry.State, 2);
+    link.app.children.Restore(form);
+    EXPECT_EQ(link.entry.State, 1);
+}
+
+TEST(MonitorWindow, TheTextFillsTheInnerSizeLess400InHeight)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    EXPECT_EQ(form.Text1.place.Get(), (Place{0, 0, form.ScaleWidth(), form.ScaleHeight() - 400}));
+    link.app.children.Resize(form, form.Width() + 1500, form.Height() + 1500);
+    EXPECT_EQ(form.Text1.place.Get(), (Place{0, 0, form.ScaleWidth(), form.ScaleHeight() - 400}));
+}
+
+TEST(MonitorWindow, AWindowNoTallerThan400LeavesTheTextAsItWas)
+{
+    MonitorLink link;
+    link.entry.MinWidth = 100;
+    link.entry.MinHeight = 100;
+    link.entry.Width = 6000;
+    link.entry.Height = 3000;
+    frmMsgEx &form = link.Open();
+    const Place before = form.Text1.place;
+    link.app.children.Resize(form, 7000, 400);
+    EXPECT_EQ(form.Text1.place.Get(), before);
+    link.app.children.Resize(form, 7000, 401); // the inner height is below 400: nothing negative comes of it
+    EXPECT_EQ(form.Text1.place.Get(), (Place{0, 0, form.ScaleWidth(), 0}));
+}
+
+TEST(MonitorWindow, TheRightButtonPopsUpTheEditMenu)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    form.Form_MouseDown(MouseButton::Right);
+    Raise(form.Text1.MouseDown, MouseButton::Right);
+    Raise(form.Text1.MouseDown, MouseButton::Left);
+    EXPECT_EQ(link.face.popUps, (std::vector<MenuEntry *>(2, &link.app.frame.mnuModifica)));
+}
+
+} // namespace
+} // namespace velluto::test

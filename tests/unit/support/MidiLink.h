@@ -1,0 +1,72 @@
+// The core's record and the MIDI link over stand-ins, without the frame's handlers: what the tests of the link, of
+// recall and of the Edit menu stand on.
+#pragma once
+
+#include "midi/MIDI.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/standin/StandinClock.h"
+#include "platform/standin/StandinFace.h"
+#include "platform/standin/StandinMidi.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velluto::test {
+
+inline constexpr int kEnglish = 200;
+
+struct MidiLink {
+    PosixFiles files;
+    StandinMidi devices;
+    StandinFace face;
+    StandinClock clock;
+    Modulo1 app{Ports{files, devices, clock}, face};
+    MidiState midi{app};
+
+    MidiLink() { app.messages.LinguaBase = kEnglish; }
+
+    void AddOuts(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            devices.outs.push_back({"Out " + std::to_string(devices.outs.size()), {}, false, false, {}});
+        }
+    }
+    void AddIns(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            devices.ins.push_back({"In " + std::to_string(devices.ins.size()), {}, false, false, {}});
+        }
+    }
+    void Survey()
+    {
+        SurveyMidiDevices(midi, [this] { ++frameLoads; });
+    }
+    // One output, open; nothing sent yet.
+    void OpenOneOut()
+    {
+        AddOuts(1);
+        app.settings.MidiOutDev = 0;
+        OpenMidiOut(midi);
+    }
+    void Send(std::uint32_t message)
+    {
+        midi.ShortMsg = message;
+        SendShortMsg(midi);
+    }
+    [[nodiscard]] std::vector<std::string> BoxTexts() const
+    {
+        std::vector<std::string> texts;
+        for (const ShownBox &box : face.boxes) {
+            texts.push_back(box.text);
+        }
+        return texts;
+    }
+
+    int frameLoads = 0;
+};
+
+using Texts = std::vector<std::string>;
+using Sent = std::vector<std::uint32_t>;
+
+} // namespace velluto::test
