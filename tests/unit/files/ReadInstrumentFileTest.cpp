@@ -106,12 +106,9 @@ TEST_F(ReadInstrumentFileTest, AnEmptyPictureIsMissingLikeAnyOther)
 TEST_F(ReadInstrumentFileTest, FailuresAreToldByTheirNumbers)
 {
     const std::string path = Put("a.pcg", FileOfLength(200));
-    const std::vector<std::pair<int, std::string>> told{{56, "Errore I/O periferica"},
-                                                        {57, "Errore di lettura da disco"},
-                                                        {61, "Errore di lettura da disco"},
-                                                        {75, "File di sola lettura"},
-                                                        {76, "Impossibile trovare il percorso"},
-                                                        {51, "Errore di lettura da disco"}};
+    const std::vector<std::pair<int, std::string>> told{{56, "Errore I/O periferica"},           {57, "Errore di lettura da disco"},
+                                                        {61, "Errore di lettura da disco"},      {75, "File di sola lettura"},
+                                                        {76, "Impossibile trovare il percorso"}, {51, "Errore di lettura da disco"}};
     for (const auto operation : {FileFault::Operation::Open, FileFault::Operation::Read}) {
         for (const auto &[number, text] : told) {
             run.files.faults.clear();
@@ -216,9 +213,10 @@ TEST_F(ReadInstrumentFileTest, APathThatFitsNoRecordIsRefusedBeforeAnythingIsOpe
 
 TEST_F(ReadInstrumentFileTest, SmallDamagedFilesPassOrFailWithoutHarm)
 {
-    const Bytes good = InstrumentFile({{"A", 0, {1, 2, 3}}});
+    const Bytes good = InstrumentFile({{"A", 0, {9, 8, 7}}});
     for (std::size_t length = 1; length < good.size(); ++length) {
-        EXPECT_EQ(Read(Put("cut.pcg", Bytes(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(length)))), ReadStatus::NotAnInstrumentFile)
+        EXPECT_EQ(Read(Put("cut.pcg", Bytes(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(length)))),
+                  ReadStatus::NotAnInstrumentFile)
             << length;
     }
 }
