@@ -1,9 +1,9 @@
 #include "driver/Values.h"
 
 #include "driver/Words.h"
+#include "files/frmPcgUN.h"
 
 #include <algorithm>
-#include <limits>
 #include <type_traits>
 
 namespace velluto::driver {
@@ -85,6 +85,17 @@ Json RawRows(const Table &table)
     Json json = Json::array();
     for (std::size_t i = 1; i < table.size(); ++i) {
         json.push_back(Utf8FromWindows1252(table.at(i)));
+    }
+    return json;
+}
+
+// The names of the windows that exist, from slot 1 on; empty texts for the others.
+Json PcgWindows(Velluto &program)
+{
+    Json json = Json::array();
+    for (std::size_t slot = 1; slot < program.files.PcgWindows.size(); ++slot) {
+        const Form *window = program.files.PcgWindows.at(slot).get();
+        json.push_back(window == nullptr ? std::string{} : window->FullName());
     }
     return json;
 }
@@ -244,6 +255,7 @@ const std::vector<NamedValue> &Named()
         {"PcgOpenFlags", FlagsOfFiles<&FilesState::PcgOpenFlags>, 1},
         {"StyOpenFlags", FlagsOfFiles<&FilesState::StyOpenFlags>, 1},
         {"PrfOpenFlags", FlagsOfFiles<&FilesState::PrfOpenFlags>, 1},
+        {"PcgWindows", PcgWindows, 1},
         {"WorkPcgRecord", OfFiles<&FilesState::WorkPcgRecord>},
         {"WorkStyRecord", OfFiles<&FilesState::WorkStyRecord>},
         {"WorkPrfRecord", OfFiles<&FilesState::WorkPrfRecord>},

@@ -1,0 +1,86 @@
+// A driver session in a temporary folder of its own, for the tests of the commands.
+#pragma once
+
+#include "driver/Session.h"
+#include "unit/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace velluto::driver {
+
+// A window of every kind of control that the commands reach for.
+struct AllControls : Form {
+    explicit AllControls() : Form("frmAll")
+    {
+        list.SetRows({"one", "two", "three", "four"});
+        combo.rows = {"OFF", "LOWR"};
+        list.Click = [this] { events += "click "; };
+        list.DblClick = [this] { events += "dblclick "; };
+        list.KeyDown = [this](int key) { events += "key" + std::to_string(key) + " "; };
+        button.Click = [this] { events += "button "; };
+        check.Click = [this] { events += "check "; };
+        text.Change = [this] { events += "change "; };
+        text.DblClick = [this] { events += "textdblclick "; };
+        label.DblClick = [this] { events += "labeldblclick "; };
+        combo.Click = [this] { events += "combo "; };
+        list.MouseDown = [this](int mouseButton) { events += "mouse" + std::to_string(mouseButton) + " "; };
+    }
+    void Form_Activate() override { events += "activate "; }
+    void Form_MouseDown(int mouseButton) override { events += "formmouse" + std::to_string(mouseButton) + " "; }
+
+    std::string events;
+    ListBox list{*this, "List1", 2};
+    ComboBox combo{*this, "Combo1"};
+    Button button{*this, "CommClose"};
+    CheckBox check{*this, "CheckHoldNote"};
+    OptionButton left{*this, "Option1", 0};
+    OptionButton right{*this, "Option1", 1};
+    TextBox text{*this, "Text1"};
+    Label label{*this, "Label1"};
+    Timer timer{*this, "Timer1", 50};
+    Picture picture{*this, "Picture1"};
+};
+
+class DriverTest : public testing::Test {
+protected:
+    DriverTest() { std::filesystem::current_path(folder.Path()); }
+    ~DriverTest() override
+    {
+        if (session.Running()) {
+            session.Program().app.children.UnloadAll();
+        }
+        std::filesystem::current_path(std::filesystem::temp_directory_path());
+    }
+
+    // The answer, which must be a good one.
+    Json Ok(const std::string &line)
+    {
+        Json answer = session.Run(line);
+        EXPECT_EQ(answer.at("ok"), true) << line << ": " << OneLine(answer);
+        return answer;
+    }
+    // The error, of a command that must fail.
+    std::string Error(const std::string &line)
+    {
+        const Json answer = session.Run(line);
+        EXPECT_EQ(answer.at("ok"), false) << line << ": " << OneLine(answer);
+        EXPECT_EQ(answer.size(), 2U) << line;
+        return answer.value("error", "");
+    }
+    // A running program in English with one device each way and the window of all controls open.
+    AllControls &StartWithControls()
+    {
+        Ok("device out One");
+        Ok("device in One");
+        Ok("start en");
+        session.Program().app.children.Show(controls);
+        controls.events.clear();
+        return controls;
+    }
+
+    test::TempFolder folder;
+    AllControls controls;
+    Session session;
+};
+
+} // namespace velluto::driver
