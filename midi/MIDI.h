@@ -31,6 +31,8 @@ struct MidiInputRing {
 struct MidiState {
     explicit MidiState(Modulo1 &core);
     ~MidiState();
+    MidiState(const MidiState &) = delete;
+    MidiState &operator=(const MidiState &) = delete;
 
     Modulo1 &app;
     MidiHandle hMidiOut = 0;
