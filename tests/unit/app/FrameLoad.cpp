@@ -1,0 +1,296 @@
+#include "unit/app/IniFile.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+using namespace velluto;
+using namespace velluto::test;
+
+namespace {
+
+struct FrameLoadTest : testing::Test {
+    TestProgram run;
+    frmMain &menu = run.program.app.frame;
+    IniFile ini = IniFile::Created(2);
+
+    void StartOverFile()
+    {
+        ini.WriteTo(run);
+        ASSERT_TRUE(run.Start());
+    }
+};
+
+using Captions = std::vector<std::pair<const MenuEntry *, const char *>>;
+
+void ExpectCaptions(const Captions &captions)
+{
+    for (const auto &[entry, text] : captions) {
+        EXPECT_EQ(entry->caption.Get(), text) << entry->FullName();
+    }
+}
+
+} // namespace
+
+TEST_F(FrameLoadTest, FirstRunState)
+{
+    run.Start();
+    EXPECT_FALSE(menu.mnuChiudi.enabled);
+    EXPECT_FALSE(menu.mnuModifica.enabled);
+    EXPECT_FALSE(menu.mnuWindow.enabled);
+    EXPECT_FALSE(menu.mnuMIDIThru.enabled);
+    EXPECT_EQ(menu.windowState, WindowState::Maximised);
+    EXPECT_EQ(run.program.app.children.ChildCount, 0);
+}
+
+TEST_F(FrameLoadTest, TheFramesCaptionIsTheProgramsTitleAndName)
+{
+    run.Start(TestProgram::English);
+    EXPECT_EQ(menu.caption.Get(), "Velluto v 1.1 - Velluto");
+}
+
+TEST_F(FrameLoadTest, CaptionsInItalian)
+{
+    run.Start(TestProgram::Italian);
+    ExpectCaptions({{&menu.mnuFile, "&File"},
+                    {&menu.mnuPcgNuovo64, "Nuovo pcg (64)"},
+                    {&menu.mnuPcgNuovo128, "Nuovo pcg (128)"},
+                    {&menu.mnuStyNuovo, "Nuovo sty"},
+                    {&menu.mnuPrfNuovo, "Nuovo prf"},
+                    {&menu.mnuPcgApri, "Apri &pcg"},
+                    {&menu.mnuStyApri, "Apri &sty"},
+                    {&menu.mnuPrfApri, "Apri p&rf"},
+                    {&menu.mnuChiudi, "&Chiudi"},
+                    {&menu.mnuExit, "&Esci"},
+                    {&menu.mnuModifica, "&Modifica"},
+                    {&menu.mnuIngrandisci, "Ingrandisci"},
+                    {&menu.mnuTaglia, "Taglia"},
+                    {&menu.mnuCopia, "Copia"},
+                    {&menu.mnuIncolla, "Incolla"},
+                    {&menu.mnuView, "&Visualizza"},
+                    {&menu.mnuBanks, "BANCHI PROGRAM"},
+                    {&menu.mnuBanksSty, "BANCHI STYLE"},
+                    {&menu.mnuBanksPrf, "BANCHI PERFORMANCE"},
+                    {&menu.mnuMsgEx, "&Messaggi MIDI"},
+                    {&menu.mnuTastiera, "&Tastiera"},
+                    {&menu.mnuPreferenze, "&Preferenze"},
+                    {&menu.mnuLingua, "&Lingua"},
+                    {&menu.mnuItaliano, "Italiano"},
+                    {&menu.mnuInglese, "Inglese"},
+                    {&menu.mnuMIDIOut, "Dispositivo MIDI di uscita"},
+                    {&menu.mnuMIDIIn, "Dispositivo MIDI di ingresso"},
+                    {&menu.mnuVisBarraStato, "Visualizza Barra di Stato"},
+                    {&menu.mnuBloccoNote, "Blocco Note"},
+                    {&menu.mnuWindow, "Fi&nestra"},
+                    {&menu.mnuSovrapponi, "&Sovrapponi"},
+                    {&menu.mnuAffiancaOrizz, "Affianca Orizzontalmente"},
+                    {&menu.mnuAffiancaVert, "Affianca Verticalmente"},
+                    {&menu.mnuGuida, "Guida Utente"},
+                    {&menu.mnuInfo, "Informazioni su Velluto"}});
+}
+
+TEST_F(FrameLoadTest, CaptionsInEnglish)
+{
+    run.Start(TestProgram::English);
+    ExpectCaptions({{&menu.mnuFile, "&File"},
+                    {&menu.mnuPcgNuovo64, "New pcg (64)"},
+                    {&menu.mnuPcgNuovo128, "New pcg (128)"},
+                    {&menu.mnuPcgApri, "Open &pcg"},
+                    {&menu.mnuChiudi, "&Close"},
+                    {&menu.mnuExit, "E&xit"},
+                    {&menu.mnuModifica, "&Edit"},
+                    {&menu.mnuIngrandisci, "Maximize"},
+                    {&menu.mnuTaglia, "Cut"},
+                    {&menu.mnuView, "&View"},
+                    {&menu.mnuBanks, "BANKS PROGRAM"},
+                    {&menu.mnuBanksSty, "BANKS STYLE"},
+                    {&menu.mnuBanksPrf, "BANKS PERFORMANCE"},
+                    {&menu.mnuMsgEx, "&MIDI Messages"},
+                    {&menu.mnuTastiera, "&Keyboard"},
+                    {&menu.mnuPreferenze, "&Preferences"},
+                    {&menu.mnuItaliano, "Italian"},
+                    {&menu.mnuInglese, "English"},
+                    {&menu.mnuMIDIOut, "MIDI out device"},
+                    {&menu.mnuMIDIIn, "MIDI in device"},
+                    {&menu.mnuVisBarraStato, "Show Status Bar"},
+                    {&menu.mnuBloccoNote, "Notebook"},
+                    {&menu.mnuWindow, "&Window"},
+                    {&menu.mnuSovrapponi, "&Cascade"},
+                    {&menu.mnuGuida, "User's Guide"},
+                    {&menu.mnuInfo, "About Velluto"}});
+}
+
+TEST_F(FrameLoadTest, FixedCaptionsStayInTheirOneLanguage)
+{
+    run.Start(TestProgram::English);
+    ExpectCaptions({{&menu.mnuSalva, "Salva"},
+                    {&menu.mnuSalvaAs, "Salva come"},
+                    {&menu.mnuStampa, "Stampa"},
+                    {&menu.mnuMIDIStp[0], "OFF"},
+                    {&menu.mnuMIDIStp[2], "UP.1"},
+                    {&menu.mnuMIDIStp[14], "CONTRL"},
+                    {&menu.mnuBankA, "&A: Piano, E.Piano, Mallet/Bell, Accordion"},
+                    {&menu.mnuBankF, "&F: Drum/Perc, SFX"},
+                    {&menu.mnuPcgUser[9], "&G User 1:"},
+                    {&menu.mnuPcgUser[10], "&H User 2:"},
+                    {&menu.mnuSty[1], "&0 Style 1-8"},
+                    {&menu.mnuSty[2], "&1 Style 9-16"},
+                    {&menu.mnuStyUser[9], "&2 User 1:"},
+                    {&menu.mnuStyUser[11], "&4 User 3:"},
+                    {&menu.mnuStyUserAll, "&5 User All"},
+                    {&menu.mnuStyDirectHD19, "&6 Direct HD 1-9"},
+                    {&menu.mnuStyDirectHD[9], "9"},
+                    {&menu.mnuStyDirectHD789, "&9 Direct HD 789"},
+                    {&menu.mnuPrfUser120, "User 1-20"},
+                    {&menu.mnuPrfUser[20], "20"},
+                    {&menu.mnuPrfUserAll, "User All"},
+                    {&menu.mnuMidiPlayer, "M&IDI PLAYER"},
+                    {&menu.mnuDevMIDIIn[3], "(empty)"},
+                    {&menu.mnuMIDIThru, "MIDI Thru"},
+                    {&menu.mnuMIDISetup, "MIDI setup"},
+                    {&menu.mnuHelp, "&?"}});
+}
+
+TEST_F(FrameLoadTest, ShortcutsAreAsTold)
+{
+    EXPECT_EQ(menu.mnuPcgNuovo64.shortcut.ctrlKey, 'N');
+    EXPECT_EQ(menu.mnuPcgApri.shortcut.ctrlKey, 'A');
+    EXPECT_EQ(menu.mnuSalva.shortcut.ctrlKey, 'S');
+    EXPECT_EQ(menu.mnuStampa.shortcut.ctrlKey, 'P');
+    EXPECT_EQ(menu.mnuTaglia.shortcut.ctrlKey, 'Z');
+    EXPECT_EQ(menu.mnuCopia.shortcut.ctrlKey, 'C');
+    EXPECT_EQ(menu.mnuIncolla.shortcut.ctrlKey, 'V');
+}
+
+TEST_F(FrameLoadTest, AUserBankTiedToAFileIsEnabledAndNamesIt)
+{
+    ini.PutPath(13, "/music/second bank.pcg");
+    StartOverFile();
+    EXPECT_FALSE(menu.mnuPcgUser[9].enabled);
+    EXPECT_EQ(menu.mnuPcgUser[9].caption.Get(), "&G User 1:");
+    EXPECT_TRUE(menu.mnuPcgUser[10].enabled);
+    EXPECT_EQ(menu.mnuPcgUser[10].caption.Get(), "&H User 2: second bank.pcg");
+}
+
+TEST_F(FrameLoadTest, StyleAndPerformanceBanksNameTheirFilesToo)
+{
+    ini.PutPath(24, "/music/three.sty");        // slot 11
+    ini.PutPath(25, "/music/one.sty");          // slot 12, Direct HD 1
+    ini.PutPath(33, "C:\\music\\nine.sty");     // slot 20, Direct HD 9
+    ini.PutPath(34 + 8, "/music/user one.prf"); // slot 9
+    ini.PutPath(61, "/music/user twenty.prf");  // slot 28
+    StartOverFile();
+    ExpectCaptions({{&menu.mnuStyUser[11], "&4 User 3: three.sty"},
+                    {&menu.mnuStyDirectHD[1], "1 one.sty"},
+                    {&menu.mnuStyDirectHD[2], "2"},
+                    {&menu.mnuStyDirectHD[9], "9 nine.sty"},
+                    {&menu.mnuPrfUser[1], " 1 user one.prf"},
+                    {&menu.mnuPrfUser[2], " 2"},
+                    {&menu.mnuPrfUser[20], "20 user twenty.prf"}});
+}
+
+TEST_F(FrameLoadTest, CommandsNotOfferedYetAreDisabledWhateverTheirBanksHold)
+{
+    ini.PutPath(22, "/music/one.sty");
+    ini.PutPath(25, "/music/hd.sty");
+    ini.PutPath(42, "/music/one.prf");
+    StartOverFile();
+    std::vector<const MenuEntry *> entries{
+        &menu.mnuStyNuovo,      &menu.mnuPrfNuovo,       &menu.mnuStyApri,        &menu.mnuPrfApri,        &menu.mnuBankA,
+        &menu.mnuBankF,         &menu.mnuSty[1],         &menu.mnuSty[2],         &menu.mnuStyUser[9],     &menu.mnuStyUserAll,
+        &menu.mnuStyDirectHD19, &menu.mnuStyDirectHD[1], &menu.mnuStyDirectHD123, &menu.mnuStyDirectHD456, &menu.mnuStyDirectHD789,
+        &menu.mnuPrfUser120,    &menu.mnuPrfUser[1],     &menu.mnuPrfUserAll,     &menu.mnuTastiera,       &menu.mnuMidiPlayer,
+        &menu.mnuBloccoNote,    &menu.mnuGuida,          &menu.mnuInfo,           &menu.mnuTaglia,         &menu.mnuCopia,
+        &menu.mnuIncolla};
+    for (const MenuEntry *entry : entries) {
+        EXPECT_FALSE(entry->enabled) << entry->FullName();
+    }
+    const std::vector<const MenuEntry *> offered{&menu.mnuPcgNuovo64, &menu.mnuPcgNuovo128, &menu.mnuPcgApri,   &menu.mnuMsgEx,
+                                                 &menu.mnuMIDISetup,  &menu.mnuItaliano,    &menu.mnuExit,      &menu.mnuVisBarraStato,
+                                                 &menu.mnuMIDIOut,    &menu.mnuMIDIIn,      &menu.mnuPreferenze};
+    for (const MenuEntry *entry : offered) {
+        EXPECT_TRUE(entry->enabled) << entry->FullName();
+    }
+}
+
+TEST_F(FrameLoadTest, DeviceEntriesShowTheNamesOfTheirDevices)
+{
+    run.midi.outs.push_back({"Second out", {}, false, false, {}});
+    StartOverFile();
+    EXPECT_EQ(menu.mnuDevMIDIOut[0].caption.Get(), "Synth out");
+    EXPECT_EQ(menu.mnuDevMIDIOut[1].caption.Get(), "Second out");
+    EXPECT_TRUE(menu.mnuDevMIDIOut[1].visible);
+    EXPECT_FALSE(menu.mnuDevMIDIOut[2].visible);
+    EXPECT_EQ(menu.mnuDevMIDIIn[0].caption.Get(), "Keys in");
+    EXPECT_FALSE(menu.mnuDevMIDIIn[1].visible);
+}
+
+TEST_F(FrameLoadTest, CheckMarksFollowTheSettings)
+{
+    ini.At(1, 27) = 1;
+    StartOverFile();
+    EXPECT_FALSE(menu.mnuItaliano.checked);
+    EXPECT_TRUE(menu.mnuInglese.checked);
+    EXPECT_TRUE(menu.mnuVisBarraStato.checked);
+    EXPECT_TRUE(menu.Picture1.visible);
+    EXPECT_FALSE(run.program.midi.MonitorEnabled);
+}
+
+TEST_F(FrameLoadTest, AStatusBarSwitchedOffStaysHidden)
+{
+    ini.At(1, 27) = 0;
+    StartOverFile();
+    EXPECT_FALSE(menu.mnuVisBarraStato.checked);
+    EXPECT_FALSE(menu.Picture1.visible);
+}
+
+TEST_F(FrameLoadTest, ANormalFrameTakesItsPlaceFromEntry0)
+{
+    ini.PutWord(1, 51, 16000 + 300);
+    ini.PutWord(1, 53, 16000 - 40);
+    ini.PutWord(1, 55, 9000);
+    ini.PutWord(1, 57, 8000);
+    ini.At(1, 59) = 0;
+    StartOverFile();
+    EXPECT_EQ(menu.windowState, WindowState::Normal);
+    EXPECT_EQ(menu.place.Get(), (Place{-40, 300, 9000, 8000}));
+}
+
+TEST_F(FrameLoadTest, AMinimisedOrMaximisedFrameComesBackSoWithoutThatPlace)
+{
+    for (const auto &[stored, state] : std::vector<std::pair<int, WindowState>>{{1, WindowState::Minimised}, {2, WindowState::Maximised}}) {
+        TestProgram other;
+        IniFile file = IniFile::Created(1);
+        file.PutWord(1, 55, 9000);
+        file.At(1, 59) = static_cast<std::uint8_t>(stored);
+        file.WriteTo(other);
+        other.Start();
+        EXPECT_EQ(other.program.app.frame.windowState, state);
+        EXPECT_NE(other.program.app.frame.Width(), 9000);
+    }
+}
+
+TEST_F(FrameLoadTest, AnyOtherStateLeavesTheFrameAsItIs)
+{
+    ini.PutWord(1, 55, 9000);
+    ini.At(1, 59) = 3;
+    StartOverFile();
+    EXPECT_EQ(menu.windowState, WindowState::Normal);
+    EXPECT_NE(menu.Width(), 9000);
+}
+
+TEST_F(FrameLoadTest, TheTitleLineIsItalianInEveryLanguage)
+{
+    run.Start(TestProgram::English);
+    EXPECT_EQ(run.program.app.TitleLine, "Velluto v 1.1 - KORG PA80 real time control/file manager, versione 1.1, maggio 2005");
+    EXPECT_EQ(menu.LabelNomeAppl.caption.Get(), " " + run.program.app.TitleLine + " ");
+}
+
+TEST_F(FrameLoadTest, LoadingTwiceLoadsOnce)
+{
+    run.Start();
+    menu.mnuFile.caption = std::string("touched");
+    LoadFrame(run.program);
+    EXPECT_EQ(menu.mnuFile.caption.Get(), "touched");
+}
