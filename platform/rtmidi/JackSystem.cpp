@@ -1,0 +1,110 @@
+#include "platform/rtmidi/JackSystem.h"
+
+#include "platform/rtmidi/MidiPorts.h"
+#include "platform/rtmidi/ProductName.h"
+
+#include <memory>
+
+namespace velluto {
+
+namespace {
+
+constexpr const char *kWatcherName = "Velluto";
+
+// RtMidi's queue to a JACK port holds 16384 bytes, and a write to a full one waits for ever. A third of it may be
+// filled in one period: the queue is emptied once a period, but not at the moment at which the period is counted.
+constexpr std::size_t kQueueShare = 16384 / 3;
+constexpr std::size_t kQueueOverhead = sizeof(int); // what the queue adds to a message
+
+void Quiet(const char * /*text*/) {}
+
+} // namespace
+
+JackSystem::JackSystem()
+{
+    jack_set_error_function(&Quiet);
+    jack_set_info_function(&Quiet);
+}
+
+JackSystem::~JackSystem()
+{
+    CloseClient();
+}
+
+void JackSystem::CloseClient()
+{
+    if (client_ != nullptr) {
+        jack_client_close(client_);
+        client_ = nullptr;
+    }
+    alive_ = false;
+}
+
+// JACK's library crashes when a client of a dead server is closed after one of a new server has been opened: hence the
+// rule that nothing of the old one may be open.
+bool JackSystem::Connect()
+{
+    const std::lock_guard lock(mutex_);
+    if (alive_) {
+        return true;
+    }
+    CloseClient();
+    client_ = jack_client_open(kWatcherName, JackNoStartServer, nullptr);
+    if (client_ == nullptr) {
+        return false;
+    }
+    alive_ = true;
+    jack_on_shutdown(
+        client_,
+        [](void *self) {
+            static_cast<JackSystem *>(self)->alive_ = false;
+            static_cast<JackSystem *>(self)->changed();
+        },
+        this);
+    jack_set_port_registration_callback(
+        client_, [](jack_port_id_t, int, void *self) { static_cast<JackSystem *>(self)->changed(); }, this);
+    jack_set_process_callback(
+        client_,
+        [](jack_nframes_t, void *self) {
+            static_cast<JackSystem *>(self)->cycles_.fetch_add(1, std::memory_order_relaxed);
+            return 0;
+        },
+        this);
+    if (jack_activate(client_) != 0) {
+        CloseClient();
+    }
+    return alive_;
+}
+
+std::vector<std::string> JackSystem::Names(PortKind kind)
+{
+    const std::lock_guard lock(mutex_);
+    std::vector<std::string> names;
+    if (client_ == nullptr || !alive_) {
+        return names;
+    }
+    const unsigned long direction = kind == PortKind::Output ? JackPortIsInput : JackPortIsOutput;
+    const std::unique_ptr<const char *, decltype(&jack_free)> ports(jack_get_ports(client_, nullptr, JACK_DEFAULT_MIDI_TYPE, direction),
+                                                                    &jack_free);
+    for (std::size_t i = 0; ports && ports.get()[i] != nullptr; ++i) {
+        if (!IsOwnPort(ports.get()[i])) {
+            names.emplace_back(ports.get()[i]);
+        }
+    }
+    return names;
+}
+
+bool JackSystem::HasRoom(SendBudget &budget, std::size_t messageBytes) const
+{
+    const std::uint32_t cycle = cycles_.load(std::memory_order_relaxed);
+    if (cycle != budget.cycle) {
+        budget = {cycle, 0};
+    }
+    if (budget.bytes + messageBytes + kQueueOverhead > kQueueShare) {
+        return false;
+    }
+    budget.bytes += messageBytes + kQueueOverhead;
+    return true;
+}
+
+} // namespace velluto

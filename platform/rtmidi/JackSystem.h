@@ -1,0 +1,36 @@
+// A JACK server as a MIDI system. A client of its own lists the ports and is told when they change and when the server
+// ends; the port list of a dead server goes on showing ports that are not there.
+#pragma once
+
+#include "platform/rtmidi/MidiSystem.h"
+
+#include <jack/jack.h>
+
+#include <mutex>
+
+namespace velluto {
+
+class JackSystem : public MidiSystem {
+public:
+    JackSystem();
+    ~JackSystem() override;
+    JackSystem(const JackSystem &) = delete;
+    JackSystem &operator=(const JackSystem &) = delete;
+
+    [[nodiscard]] RtMidi::Api Api() const override { return RtMidi::UNIX_JACK; }
+    [[nodiscard]] bool Alive() const override { return alive_.load(); }
+    bool Connect() override;
+    std::vector<std::string> Names(PortKind kind) override;
+    [[nodiscard]] bool TellsChanges() const override { return true; }
+    bool HasRoom(SendBudget &budget, std::size_t messageBytes) const override;
+
+private:
+    void CloseClient();
+
+    std::mutex mutex_; // guards client_: listed by the interface thread and by the one that watches
+    jack_client_t *client_ = nullptr;
+    std::atomic<bool> alive_ = false;
+    std::atomic<std::uint32_t> cycles_ = 0; // periods that the server has run
+};
+
+} // namespace velluto

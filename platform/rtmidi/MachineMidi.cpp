@@ -1,0 +1,275 @@
+#include "platform/rtmidi/MachineMidi.h"
+
+#include "platform/rtmidi/ProductName.h"
+
+#include <algorithm>
+#include <new>
+
+namespace velluto {
+
+namespace {
+
+// Bytes of a short message with this status byte; 0 where it starts none.
+std::size_t ShortLength(std::uint8_t status)
+{
+    constexpr std::uint8_t kFirstSystem = 0xF0;
+    if (status < 0x80) {
+        return 0;
+    }
+    if (status < kFirstSystem) {
+        const bool one = (status & 0xE0) == 0xC0; // program change and channel pressure
+        return one ? 2 : 3;
+    }
+    switch (status) {
+    case 0xF1:
+    case 0xF3:
+        return 2;
+    case 0xF2:
+        return 3;
+    case 0xF0: // system exclusive is no short message
+    case 0xF4:
+    case 0xF5:
+    case 0xF7:
+    case 0xF9:
+    case 0xFD:
+        return 0;
+    default:
+        return 1;
+    }
+}
+
+template <typename Device>
+bool InRange(const std::vector<Device> &devices, int number)
+{
+    return number >= 0 && number < static_cast<int>(devices.size());
+}
+
+template <typename Open>
+Open *Find(std::vector<Open> &devices, MidiHandle handle)
+{
+    const auto found = std::ranges::find(devices, handle, &Open::handle);
+    return found == devices.end() ? nullptr : &*found;
+}
+
+template <typename Listed>
+int Caps(const std::vector<Listed> &devices, int number, MidiDeviceCaps &caps)
+{
+    caps = {};
+    if (!InRange(devices, number)) {
+        return MidiCode::kError;
+    }
+    caps = ProductName(devices[static_cast<std::size_t>(number)].name);
+    return MidiCode::kSuccess;
+}
+
+} // namespace
+
+MachineMidi::MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems) : systems_(std::move(systems)) {}
+
+MachineMidi::~MachineMidi()
+{
+    while (!openIns_.empty()) {
+        midiInClose(openIns_.back().handle);
+    }
+    while (!openOuts_.empty()) {
+        midiOutClose(openOuts_.back().handle);
+    }
+}
+
+int MachineMidi::Count(std::vector<Listed> &devices, std::vector<std::string> (MidiPorts::*list)())
+{
+    for (const auto &system : systems_) {
+        for (std::string &name : (system.get()->*list)()) {
+            const bool known =
+                std::ranges::any_of(devices, [&](const Listed &device) { return device.system == system.get() && device.name == name; });
+            if (!known) {
+                devices.push_back({system.get(), std::move(name)});
+            }
+        }
+    }
+    return static_cast<int>(devices.size());
+}
+
+int MachineMidi::midiOutGetNumDevs()
+{
+    return Count(outs_, &MidiPorts::Outputs);
+}
+
+int MachineMidi::midiInGetNumDevs()
+{
+    return Count(ins_, &MidiPorts::Inputs);
+}
+
+int MachineMidi::midiOutGetDevCapsA(int number, MidiDeviceCaps &caps)
+{
+    return Caps(outs_, number, caps);
+}
+
+int MachineMidi::midiInGetDevCapsA(int number, MidiDeviceCaps &caps)
+{
+    return Caps(ins_, number, caps);
+}
+
+// A connection to the output, with what an earlier one left sounding ended.
+int MachineMidi::Connect(int number, std::unique_ptr<OutputPort> &port)
+{
+    const Listed &device = outs_[static_cast<std::size_t>(number)];
+    const int code = device.system->OpenOutput(device.name, port);
+    if (code == MidiCode::kSuccess) {
+        const auto left = abandoned_.find(device.name);
+        if (left != abandoned_.end() && Silence(*port, left->second)) {
+            abandoned_.erase(left);
+        }
+    }
+    return code;
+}
+
+int MachineMidi::midiOutOpen(MidiHandle &handle, int number)
+{
+    handle = 0;
+    if (!InRange(outs_, number)) {
+        return MidiCode::kError;
+    }
+    if (std::ranges::find(openOuts_, number, &OpenOut::number) != openOuts_.end()) {
+        return MidiCode::kAllocated;
+    }
+    OpenOut device{.handle = 0, .number = number, .port = nullptr, .notes = {}};
+    const int code = Connect(number, device.port);
+    if (code == MidiCode::kSuccess) {
+        device.handle = ++lastHandle_;
+        handle = device.handle;
+        openOuts_.push_back(std::move(device));
+    }
+    return code;
+}
+
+int MachineMidi::midiOutClose(MidiHandle handle)
+{
+    OpenOut *device = Find(openOuts_, handle);
+    if (device == nullptr) {
+        return MidiCode::kError;
+    }
+    for (OpenIn &in : openIns_) {
+        if (in.linkedTo == device->number) {
+            Unlink(in);
+        }
+    }
+    if (!Silence(*device->port, device->notes)) {
+        abandoned_[OutName(device->number)].Add(device->notes);
+    }
+    openOuts_.erase(openOuts_.begin() + (device - openOuts_.data()));
+    return MidiCode::kSuccess;
+}
+
+int MachineMidi::midiOutShortMsg(MidiHandle handle, std::uint32_t message)
+{
+    OpenOut *device = Find(openOuts_, handle);
+    const std::array<std::uint8_t, 3> bytes{static_cast<std::uint8_t>(message), static_cast<std::uint8_t>(message >> 8),
+                                            static_cast<std::uint8_t>(message >> 16)};
+    const std::size_t length = ShortLength(bytes[0]);
+    const auto isStatus = [](std::uint8_t byte) { return byte >= 0x80; };
+    if (device == nullptr || length == 0 || std::any_of(bytes.begin() + 1, bytes.begin() + static_cast<std::ptrdiff_t>(length), isStatus)) {
+        return MidiCode::kError;
+    }
+    const std::span<const std::uint8_t> sent(bytes.data(), length);
+    const int code = device->port->Send(sent);
+    if (code == MidiCode::kSuccess) {
+        device->notes.Passed(sent);
+    }
+    return code;
+}
+
+int MachineMidi::midiInOpen(MidiHandle &handle, int number, MidiInCallback callback)
+{
+    handle = 0;
+    if (!InRange(ins_, number)) {
+        return MidiCode::kError;
+    }
+    if (std::ranges::find(openIns_, number, &OpenIn::number) != openIns_.end()) {
+        return MidiCode::kAllocated;
+    }
+    const Listed &listed = ins_[static_cast<std::size_t>(number)];
+    OpenIn device{.handle = lastHandle_ + 1, .number = number, .line = nullptr, .port = nullptr, .linkedTo = -1};
+    device.line = std::make_shared<InputLine>(device.handle, callback);
+    const int code = listed.system->OpenInput(listed.name, device.line, device.port);
+    if (code == MidiCode::kSuccess) {
+        handle = ++lastHandle_;
+        device.line->Opened();
+        openIns_.push_back(std::move(device));
+    }
+    return code;
+}
+
+int MachineMidi::midiInClose(MidiHandle handle)
+{
+    OpenIn *device = Find(openIns_, handle);
+    if (device == nullptr) {
+        return MidiCode::kError;
+    }
+    Unlink(*device);
+    device->line->Closed();
+    openIns_.erase(openIns_.begin() + (device - openIns_.data()));
+    return MidiCode::kSuccess;
+}
+
+int MachineMidi::midiInStart(MidiHandle handle)
+{
+    OpenIn *device = Find(openIns_, handle);
+    if (device == nullptr) {
+        return MidiCode::kError;
+    }
+    device->line->Start();
+    return MidiCode::kSuccess;
+}
+
+int MachineMidi::midiInStop(MidiHandle handle)
+{
+    OpenIn *device = Find(openIns_, handle);
+    if (device == nullptr) {
+        return MidiCode::kError;
+    }
+    device->line->Stop();
+    return MidiCode::kSuccess;
+}
+
+void MachineMidi::Unlink(OpenIn &in)
+{
+    if (in.linkedTo < 0) {
+        return;
+    }
+    NoteTracker left;
+    in.line->Unlink(left);
+    if (!left.Silent()) {
+        abandoned_[OutName(in.linkedTo)].Add(left);
+    }
+    in.linkedTo = -1;
+}
+
+int MachineMidi::midiConnect(MidiHandle in, MidiHandle out)
+{
+    OpenIn *from = Find(openIns_, in);
+    const OpenOut *to = Find(openOuts_, out);
+    if (from == nullptr || to == nullptr) {
+        return MidiCode::kError;
+    }
+    std::unique_ptr<OutputPort> port;
+    const int code = Connect(to->number, port);
+    if (code == MidiCode::kSuccess) {
+        Unlink(*from);
+        from->line->LinkTo(std::move(port));
+        from->linkedTo = to->number;
+    }
+    return code;
+}
+
+int MachineMidi::midiDisconnect(MidiHandle in, MidiHandle /*out*/)
+{
+    OpenIn *from = Find(openIns_, in);
+    if (from == nullptr) {
+        return MidiCode::kError;
+    }
+    Unlink(*from);
+    return MidiCode::kSuccess;
+}
+
+} // namespace velluto

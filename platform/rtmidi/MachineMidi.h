@@ -1,0 +1,79 @@
+// The machine's MIDI devices: the built-in synthesizer, where there is a SoundFont, and then the ports of the machine's
+// MIDI systems, numbered. Made once by main and handed to the program as its MidiDevices.
+#pragma once
+
+#include "platform/MidiDevices.h"
+#include "platform/rtmidi/InputLine.h"
+#include "platform/rtmidi/MidiPorts.h"
+#include "platform/rtmidi/NoteTracker.h"
+
+#include <map>
+
+namespace velluto {
+
+// One interface thread calls everything. What comes in from a platform thread is handed over in InputLine.
+class MachineMidi : public MidiDevices {
+public:
+    // Devices are numbered in the order of the systems.
+    explicit MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems);
+    ~MachineMidi() override; // closes what is open; no note that the program started rings on
+    MachineMidi(const MachineMidi &) = delete;
+    MachineMidi &operator=(const MachineMidi &) = delete;
+
+    // Counting lists the ports. A device keeps its number for the whole run: a later count puts new ports behind the
+    // known ones, and a known one that has gone cannot be opened (68).
+    int midiOutGetNumDevs() override;
+    int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) override;
+    int midiOutOpen(MidiHandle &handle, int number) override;
+    int midiOutClose(MidiHandle handle) override;
+    int midiOutShortMsg(MidiHandle handle, std::uint32_t message) override;
+
+    int midiInGetNumDevs() override;
+    int midiInGetDevCapsA(int number, MidiDeviceCaps &caps) override;
+    int midiInOpen(MidiHandle &handle, int number, MidiInCallback callback) override;
+    int midiInClose(MidiHandle handle) override;
+    int midiInStart(MidiHandle handle) override;
+    int midiInStop(MidiHandle handle) override;
+
+    // The link has a connection of its own to the output, and ends with either device.
+    int midiConnect(MidiHandle in, MidiHandle out) override;
+    int midiDisconnect(MidiHandle in, MidiHandle out) override; // a link that was never made is gone already: success
+
+private:
+    struct Listed {
+        MidiPorts *system = nullptr;
+        std::string name;
+    };
+    struct OpenOut {
+        MidiHandle handle = 0;
+        int number = 0;
+        std::unique_ptr<OutputPort> port;
+        NoteTracker notes;
+    };
+    struct OpenIn {
+        MidiHandle handle = 0;
+        int number = 0;
+        std::shared_ptr<InputLine> line;
+        std::unique_ptr<InputPort> port;
+        int linkedTo = -1; // number of the output that Thru plays
+    };
+
+    int Count(std::vector<Listed> &devices, std::vector<std::string> (MidiPorts::*list)());
+    int Connect(int number, std::unique_ptr<OutputPort> &port);
+    void Unlink(OpenIn &in);
+    [[nodiscard]] const std::string &OutName(int number) const { return outs_[static_cast<std::size_t>(number)].name; }
+
+    std::vector<std::unique_ptr<MidiPorts>> systems_;
+    std::vector<Listed> outs_;
+    std::vector<Listed> ins_;
+    std::vector<OpenOut> openOuts_;
+    std::vector<OpenIn> openIns_;
+    MidiHandle lastHandle_ = 0;
+    // What an output was left with that went away with notes on it; ended when it is opened again.
+    std::map<std::string, NoteTracker> abandoned_;
+};
+
+// The devices of this machine. A MIDI system that is not there, or no SoundFont, just has no devices.
+std::unique_ptr<MidiDevices> MakeMachineMidi();
+
+} // namespace velluto

@@ -1,0 +1,43 @@
+// One of the machine's MIDI systems behind RtMidi: whether it is there, which ports it has, when they change. RtMidi
+// itself tells neither a port that disappears nor a server that ends. Used by RtMidiPorts.
+#pragma once
+
+#include <RtMidi.h>
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace velluto {
+
+enum class PortKind { Output, Input }; // as the program sees it: an output takes what the program sends
+
+// What one connection has handed over since the system last took anything.
+struct SendBudget {
+    std::uint32_t cycle = 0;
+    std::size_t bytes = 0;
+};
+
+class MidiSystem {
+public:
+    virtual ~MidiSystem() = default;
+    [[nodiscard]] virtual RtMidi::Api Api() const = 0;
+    // Whether the system that Connect found is still the one running. Any thread.
+    [[nodiscard]] virtual bool Alive() const = 0;
+    // Finds the system; false where it is not there. Quick and silent in both cases. To be called only when nothing is
+    // open on an earlier one that died.
+    virtual bool Connect() = 0;
+    // The ports there are now, without the program's own. Any thread.
+    virtual std::vector<std::string> Names(PortKind kind) = 0;
+    // True where the system calls `changed`; otherwise whoever wants to know has to look.
+    [[nodiscard]] virtual bool TellsChanges() const = 0;
+    // False where the message would overrun the connection's queue, since the system takes nothing at the moment.
+    virtual bool HasRoom(SendBudget &budget, std::size_t messageBytes) const = 0;
+
+    // Called by a thread of the system after ports have come or gone or the system has died. Set before Connect.
+    std::function<void()> changed = []() {};
+};
+
+} // namespace velluto

@@ -1,0 +1,17 @@
+// The product name of a device as the program's capability record holds it, and the look of the program's own ports.
+#pragma once
+
+#include "platform/MidiDevices.h"
+
+#include <string_view>
+
+namespace velluto {
+
+// The port's name as UTF-8, cut to the 32 bytes of the record between two characters. A byte that is no UTF-8 and a
+// control character become '?'.
+MidiDeviceCaps ProductName(std::string_view portName);
+
+// True for a port of the program itself: "Velluto:out", "Velluto-02:in".
+bool IsOwnPort(std::string_view portName);
+
+} // namespace velluto
