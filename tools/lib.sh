@@ -8,7 +8,7 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev librtmidi-dev libj
     timgm6mb-soundfont fonts-liberation)
 
 # What the checks and tests take on top of that.
-test_packages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev jackd2 xvfb openbox xdotool x11-utils imagemagick
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev jackd2 xvfb openbox xdotool x11-utils imagemagick
     poppler-utils python3 clang clang-tidy clang-format libclang-rt-14-dev)
 
 # What shows the program where there is no display.

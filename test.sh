@@ -1,0 +1,118 @@
+#!/usr/bin/env bash
+# Installs what is missing and runs every check and test of the project.
+#
+#     ./test.sh            all of it: format, rooms, tests, clang-tidy, tests with sanitizers, a short fuzzing
+#     ./test.sh --quick    format, rooms and the tests of the dev build
+#
+# The last line says "N passed, M failed"; each check counts as one. The exit code is 0 where nothing failed.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+# shellcheck source=tools/lib.sh
+. tools/lib.sh
+
+quick=false
+case ${1-} in
+'') ;;
+--quick) quick=true ;;
+*)
+    complain "usage: ./test.sh [--quick]"
+    exit 2
+    ;;
+esac
+
+passed=0
+failed=0
+skipped=0
+seconds_fuzzed=10
+
+# check NAME COMMAND...: one check, its words shown only where it fails.
+check() {
+    local name=$1 log=build/check-$1.log started=$SECONDS
+    shift
+    if "$@" >"$log" 2>&1; then
+        passed=$((passed + 1))
+        say "$name: passed ($((SECONDS - started)) s)"
+    else
+        failed=$((failed + 1))
+        tail -n 200 "$log"
+        say "$name: FAILED ($((SECONDS - started)) s)"
+    fi
+}
+
+check_format() {
+    local files
+    mapfile -d '' -t files < <(find . -path './build*' -prune -o \( -name '*.cpp' -o -name '*.h' -o -name '*.c' \) -print0)
+    clang-format --dry-run -Werror "${files[@]}"
+}
+
+check_fuzz() {
+    build fuzz || return 1
+    local target any=false
+    for target in build/fuzz/tests/fuzz/fuzz_*; do
+        if [ ! -f "$target" ] || [ ! -x "$target" ]; then
+            continue
+        fi
+        any=true
+        local name=${target##*/} finds
+        finds=$(mktemp -d)
+        local corpus=("$finds")
+        [ ! -d "tests/fuzz/corpus/$name" ] || corpus+=("tests/fuzz/corpus/$name")
+        local status=0
+        "$target" -max_total_time="$seconds_fuzzed" -timeout=10 -rss_limit_mb=2048 -seed=1 -print_final_stats=1 \
+            -artifact_prefix="build/fuzz/$name-" "${corpus[@]}" || status=$?
+        rm -rf "$finds"
+        [ "$status" -eq 0 ] || return 1
+    done
+    $any
+}
+
+number_of() {
+    grep -m 1 -o "$1=\"[0-9]*\"" "$2" | tr -dc 0-9
+}
+
+# tests PRESET: builds it and runs its tests.
+tests() {
+    local preset=$1 folder=$PWD/build/$1 started=$SECONDS
+    if ! build "$preset"; then
+        failed=$((failed + 1))
+        say "$preset build: FAILED"
+        return 0
+    fi
+    say "$preset build: done ($((SECONDS - started)) s)"
+    started=$SECONDS
+    local results=$folder/tests.xml log=$folder/tests.log
+    rm -f "$results"
+    ctest --preset "$preset" --parallel "$(nproc)" --timeout 300 --no-tests=error --output-junit "$results" >"$log" 2>&1 || true
+    if [ ! -s "$results" ]; then
+        failed=$((failed + 1))
+        tail -n 40 "$log"
+        say "$preset tests: FAILED to run"
+        return 0
+    fi
+    local all bad left
+    all=$(number_of tests "$results")
+    bad=$(number_of failures "$results")
+    left=$(($(number_of skipped "$results") + $(number_of disabled "$results")))
+    [ "$bad" -eq 0 ] || grep -vE '^ *([0-9]+/[0-9]+ Test .* Passed |Start +[0-9]+:)' "$log" | tail -n 400
+    passed=$((passed + all - bad - left))
+    failed=$((failed + bad))
+    skipped=$((skipped + left))
+    say "$preset tests: $((all - bad - left)) passed, $bad failed, $left skipped ($((SECONDS - started)) s)"
+}
+
+install_packages "${build_packages[@]}" "${test_packages[@]}"
+mkdir -p build
+check format check_format
+check rooms tools/check-rooms
+tests dev
+if ! $quick; then
+    if [ -f build/dev/compile_commands.json ]; then
+        check tidy tools/check-tidy build/dev
+    fi
+    tests asan
+    check fuzz check_fuzz
+fi
+
+[ "$skipped" -eq 0 ] || say "$skipped skipped"
+say "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
