@@ -195,6 +195,40 @@ protected:
     EnglishFilesTest() : FilesTest(TestProgram::English) {}
 };
 
+// Program windows of all slots.
+class ProgramWindowTest : public FilesTest {
+protected:
+    std::string PutItems(const std::string &name, const std::vector<Item> &items) { return Put(name, InstrumentFile(items)); }
+    // Opens the file and ties it to the bank of that slot, then opens the bank.
+    frmPcgUN &OpenBank(int slot, const std::string &path)
+    {
+        Open(path);
+        Press(Window(1).CommUser[slot]);
+        run.Choose(app.frame.mnuPcgUser[slot]);
+        return Window(slot);
+    }
+};
+
+// Open commands.
+class OpeningTest : public FilesTest {
+protected:
+    std::string PutFile(const std::string &name) { return Put(name, FileOfLength(200)); }
+    void OpenEight()
+    {
+        for (int i = 1; i <= 8; ++i) {
+            Open(PutFile("file" + std::to_string(i) + ".pcg"));
+        }
+    }
+    std::vector<int> OpenSlots()
+    {
+        std::vector<int> slots;
+        for (const Form *form : app.children.All()) {
+            slots.push_back(form->number());
+        }
+        return slots;
+    }
+};
+
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
