@@ -148,7 +148,7 @@ std::string_view LoadResString(int id)
 {
     const bool english = id > kEnglishOffset;
     const int row = english ? id - kEnglishOffset : id;
-    const auto found = std::ranges::lower_bound(kTexts, row, {}, &CatalogueText::id);
+    const auto *const found = std::ranges::lower_bound(kTexts, row, {}, &CatalogueText::id);
     if (found == kTexts.end() || found->id != row) {
         throw std::out_of_range("no text for id " + std::to_string(id));
     }

@@ -128,8 +128,8 @@ void AttachFileMenu(Velluto &program)
     menu.mnuSalva.Click = [&files] { mnuSalva_Click(files); };
     menu.mnuSalvaAs.Click = [&files] { mnuSalvaAs_Click(files); };
     menu.mnuExit.Click = [&program] { CloseFrame(program); };
-    for (int n = menu.mnuRecentFile.first(); n <= menu.mnuRecentFile.last(); ++n) {
-        menu.mnuRecentFile[n].Click = [&files, n] { mnuRecentFile_Click(files, n); };
+    for (MenuEntry &entry : menu.mnuRecentFile) {
+        entry.Click = [&files, n = entry.index()] { mnuRecentFile_Click(files, n); };
     }
 }
 
@@ -142,8 +142,8 @@ void AttachEditMenu(Velluto &program)
         WithdrawCommandsNotOffered(files.app.frame);
     };
     menu.mnuIngrandisci.Click = [&program] { mnuIngrandisci_Click(program.app); };
-    for (int role = menu.mnuMIDIStp.first(); role <= menu.mnuMIDIStp.last(); ++role) {
-        menu.mnuMIDIStp[role].Click = [&files, role] { mnuMIDIStp_Click(files, role); };
+    for (MenuEntry &entry : menu.mnuMIDIStp) {
+        entry.Click = [&files, role = entry.index()] { mnuMIDIStp_Click(files, role); };
     }
 }
 
@@ -151,8 +151,8 @@ void AttachViewMenu(Velluto &program)
 {
     frmMain &menu = program.app.frame;
     FilesState &files = program.files;
-    for (int slot = menu.mnuPcgUser.first(); slot <= menu.mnuPcgUser.last(); ++slot) {
-        menu.mnuPcgUser[slot].Click = [&files, slot] { mnuPcgUser_Click(files, slot); };
+    for (MenuEntry &entry : menu.mnuPcgUser) {
+        entry.Click = [&files, slot = entry.index()] { mnuPcgUser_Click(files, slot); };
     }
     menu.mnuMsgEx.Click = [&program] { mnuMsgEx_Click(program.midi); };
 }
@@ -164,11 +164,11 @@ void AttachPreferences(Velluto &program)
     MidiState &midi = program.midi;
     menu.mnuItaliano.Click = [&app] { ChooseLanguage(app, app.frame.mnuItaliano, kItalian); };
     menu.mnuInglese.Click = [&app] { ChooseLanguage(app, app.frame.mnuInglese, kEnglish); };
-    for (int i = menu.mnuDevMIDIOut.first(); i <= menu.mnuDevMIDIOut.last(); ++i) {
-        menu.mnuDevMIDIOut[i].Click = [&midi, i] { mnuDevMIDIOut_Click(midi, i); };
+    for (MenuEntry &entry : menu.mnuDevMIDIOut) {
+        entry.Click = [&midi, i = entry.index()] { mnuDevMIDIOut_Click(midi, i); };
     }
-    for (int i = menu.mnuDevMIDIIn.first(); i <= menu.mnuDevMIDIIn.last(); ++i) {
-        menu.mnuDevMIDIIn[i].Click = [&midi, i] { mnuDevMIDIIn_Click(midi, i); };
+    for (MenuEntry &entry : menu.mnuDevMIDIIn) {
+        entry.Click = [&midi, i = entry.index()] { mnuDevMIDIIn_Click(midi, i); };
     }
     menu.mnuMIDIThru.Click = [&midi] { mnuMIDIThru_Click(midi); };
     menu.mnuMIDISetup.Click = [&midi] { mnuMIDISetup_Click(midi); };

@@ -9,10 +9,10 @@ namespace velluto {
 
 namespace {
 
-constexpr int kFirstProgramBank = 9; // entries of the document tables behind the menu's user banks
-constexpr int kFirstStyleBank = 9;
+// Slots behind the first entries of the menu; mnuPcgUser and mnuStyUser are numbered by their slots.
 constexpr int kFirstDirectHd = 12;
 constexpr int kFirstPerformanceBank = 9;
+constexpr int kBanksInGroup = 3;
 
 void ResetCounters(Velluto &program)
 {
@@ -76,16 +76,16 @@ const DocRecord &Slot(const Table &table, int slot)
 
 void LoadProgramBanks(frmMain &menu, const Settings &settings)
 {
-    for (int slot = kFirstProgramBank; slot < kFirstProgramBank + 2; ++slot) {
-        LoadBankEntry(menu.mnuPcgUser[slot], Slot(settings.PcgDocTable, slot));
+    for (MenuEntry &entry : menu.mnuPcgUser) {
+        LoadBankEntry(entry, Slot(settings.PcgDocTable, entry.index()));
     }
 }
 
 void LoadStyleBanks(frmMain &menu, const Settings &settings)
 {
     menu.mnuStyUserAll.enabled = false;
-    for (int slot = kFirstStyleBank; slot < kFirstDirectHd; ++slot) {
-        if (LoadBankEntry(menu.mnuStyUser[slot], Slot(settings.StyDocTable, slot))) {
+    for (MenuEntry &entry : menu.mnuStyUser) {
+        if (LoadBankEntry(entry, Slot(settings.StyDocTable, entry.index()))) {
             menu.mnuStyUserAll.enabled = true;
         }
     }
@@ -98,10 +98,11 @@ void LoadDirectHdBanks(frmMain &menu, const Settings &settings)
     for (MenuEntry *group : groups) {
         group->enabled = false;
     }
-    for (int number = menu.mnuStyDirectHD.first(); number <= menu.mnuStyDirectHD.last(); ++number) {
-        if (LoadBankEntry(menu.mnuStyDirectHD[number], Slot(settings.StyDocTable, kFirstDirectHd + number - 1))) {
+    for (MenuEntry &entry : menu.mnuStyDirectHD) {
+        const int before = entry.index() - 1;
+        if (LoadBankEntry(entry, Slot(settings.StyDocTable, kFirstDirectHd + before))) {
             menu.mnuStyDirectHD19.enabled = true;
-            groups.at(static_cast<std::size_t>((number - 1) / 3))->enabled = true;
+            groups.at(static_cast<std::size_t>(before / kBanksInGroup))->enabled = true;
         }
     }
 }
@@ -110,8 +111,8 @@ void LoadPerformanceBanks(frmMain &menu, const Settings &settings)
 {
     menu.mnuPrfUserAll.enabled = false;
     menu.mnuPrfUser120.enabled = false;
-    for (int number = menu.mnuPrfUser.first(); number <= menu.mnuPrfUser.last(); ++number) {
-        if (LoadBankEntry(menu.mnuPrfUser[number], Slot(settings.PrfDocTable, kFirstPerformanceBank + number - 1))) {
+    for (MenuEntry &entry : menu.mnuPrfUser) {
+        if (LoadBankEntry(entry, Slot(settings.PrfDocTable, kFirstPerformanceBank + entry.index() - 1))) {
             menu.mnuPrfUserAll.enabled = true;
             menu.mnuPrfUser120.enabled = true;
         }

@@ -20,9 +20,8 @@ constexpr std::string_view kBankEnding = "01.prf";
 
 } // namespace
 
-Settings::Settings()
+Settings::Settings() : KeyboardRecord(kKeyboardDefaults)
 {
-    KeyboardRecord = kKeyboardDefaults;
     ChannelRole[0] = kUserAssignedRolePrograms;
     ChannelRole[1] = kUserAssignedRoleControl;
     PlacementTable[PlacementEntry::Frame].State = kMaximised;

@@ -68,7 +68,7 @@ private:
     static std::uint64_t OffsetOf(int number) { return static_cast<std::uint64_t>(number - 1) * kSettingsRecordLength; }
 
     template <class Operation>
-    RuntimeError Run(Operation operation) const
+    [[nodiscard]] RuntimeError Run(Operation operation) const
     {
         RuntimeError error = operation();
         while (policy_ == NotReady::Repeat && error.number == FileError::kDiskNotReady) {
@@ -157,12 +157,12 @@ void BeginFirstRun(Modulo1 &app, SettingsFile &file)
     app.face.ShowModal(dialog);
     if (app.StartAborted) {
         file.Close();
-        file.Delete(app.paths.IniPath);
+        (void)file.Delete(app.paths.IniPath);
         return;
     }
     PutLanguage(general, app.settings.Lingua);
     SetLinguaBase(app);
-    file.Write(RecordNo::kGeneral, general);
+    (void)file.Write(RecordNo::kGeneral, general);
     for (RecentRecord &recent : app.settings.RecentTable) {
         recent.Flag = 0;
         recent.Kind = 0;

@@ -30,8 +30,8 @@ frmLingua::frmLingua(Modulo1 &app) : Form("frmLingua"), app_(app)
     Option1[1].place = kEnglishPlace;
     CommOK.caption = std::string("&OK");
     CommOK.place = kOkPlace;
-    for (int i = Option1.first(); i <= Option1.last(); ++i) {
-        Option1[i].Click = [this, i] { Option1_Click(i); };
+    for (OptionButton &option : Option1) {
+        option.Click = [this, i = option.index()] { Option1_Click(i); };
     }
     CommOK.Click = [this] { CommOK_Click(); };
 }

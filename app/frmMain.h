@@ -70,9 +70,23 @@ struct frmMain : Form {
     MenuEntry mnuModifica{*this, "mnuModifica", {71}};
     MenuEntry mnuIngrandisci{mnuModifica, "mnuIngrandisci", {123}};
     MenuEntry mnuSepM1{mnuModifica, "mnuSepM1", {}};
-    MenuArray<0, 15> mnuMIDIStp{mnuModifica, "mnuMIDIStp",
-                                {{{0, "OFF"}, {0, "LOWR"}, {0, "UP.1"}, {0, "UP.2"}, {0, "UP.3"}, {0, "DRUM"}, {0, "PERC"}, {0, "BASS"},
-                                  {0, "ACC1"}, {0, "ACC2"}, {0, "ACC3"}, {0, "ACC4"}, {0, "ACC5"}, {0, "GLOBAL"}, {0, "CONTRL"}}}};
+    MenuArray<0, 15> mnuMIDIStp{mnuModifica,
+                                "mnuMIDIStp",
+                                {{{0, "OFF"},
+                                  {0, "LOWR"},
+                                  {0, "UP.1"},
+                                  {0, "UP.2"},
+                                  {0, "UP.3"},
+                                  {0, "DRUM"},
+                                  {0, "PERC"},
+                                  {0, "BASS"},
+                                  {0, "ACC1"},
+                                  {0, "ACC2"},
+                                  {0, "ACC3"},
+                                  {0, "ACC4"},
+                                  {0, "ACC5"},
+                                  {0, "GLOBAL"},
+                                  {0, "CONTRL"}}}};
     MenuEntry mnuSepM{mnuModifica, "mnuSepM", {}};
     MenuEntry mnuTaglia{mnuModifica, "mnuTaglia", {73}, {'Z'}};
     MenuEntry mnuCopia{mnuModifica, "mnuCopia", {72}, {'C'}};
@@ -93,18 +107,17 @@ struct frmMain : Form {
     MenuArray<9, 3> mnuStyUser{mnuView, "mnuStyUser", {{{0, "&2 User 1:"}, {0, "&3 User 2:"}, {0, "&4 User 3:"}}}};
     MenuEntry mnuStyUserAll{mnuView, "mnuStyUserAll", {0, "&5 User All"}};
     MenuEntry mnuStyDirectHD19{mnuView, "mnuStyDirectHD19", {0, "&6 Direct HD 1-9"}};
-    MenuArray<1, 9> mnuStyDirectHD{mnuStyDirectHD19, "mnuStyDirectHD",
-                                   {{{0, "1"}, {0, "2"}, {0, "3"}, {0, "4"}, {0, "5"}, {0, "6"}, {0, "7"}, {0, "8"}, {0, "9"}}}};
+    MenuArray<1, 9> mnuStyDirectHD{
+        mnuStyDirectHD19, "mnuStyDirectHD", {{{0, "1"}, {0, "2"}, {0, "3"}, {0, "4"}, {0, "5"}, {0, "6"}, {0, "7"}, {0, "8"}, {0, "9"}}}};
     MenuEntry mnuStyDirectHD123{mnuView, "mnuStyDirectHD123", {0, "&7 Direct HD 123"}};
     MenuEntry mnuStyDirectHD456{mnuView, "mnuStyDirectHD456", {0, "&8 Direct HD 456"}};
     MenuEntry mnuStyDirectHD789{mnuView, "mnuStyDirectHD789", {0, "&9 Direct HD 789"}};
     MenuEntry mnuSepV3{mnuView, "mnuSepV3", {}};
     MenuEntry mnuBanksPrf{mnuView, "mnuBanksPrf", {68}};
     MenuEntry mnuPrfUser120{mnuView, "mnuPrfUser120", {0, "User 1-20"}};
-    MenuArray<1, 20> mnuPrfUser{mnuPrfUser120, "mnuPrfUser",
-                                {{{0, " 1"}, {0, " 2"}, {0, " 3"}, {0, " 4"}, {0, " 5"}, {0, " 6"}, {0, " 7"},
-                                  {0, " 8"}, {0, " 9"}, {0, "10"}, {0, "11"}, {0, "12"}, {0, "13"}, {0, "14"},
-                                  {0, "15"}, {0, "16"}, {0, "17"}, {0, "18"}, {0, "19"}, {0, "20"}}}};
+    MenuArray<1, 20> mnuPrfUser{mnuPrfUser120, "mnuPrfUser", {{{0, " 1"}, {0, " 2"}, {0, " 3"}, {0, " 4"}, {0, " 5"}, {0, " 6"}, {0, " 7"},
+                                                               {0, " 8"}, {0, " 9"}, {0, "10"}, {0, "11"}, {0, "12"}, {0, "13"}, {0, "14"},
+                                                               {0, "15"}, {0, "16"}, {0, "17"}, {0, "18"}, {0, "19"}, {0, "20"}}}};
     MenuEntry mnuPrfUserAll{mnuView, "mnuPrfUserAll", {0, "User All"}};
     MenuEntry mnuSepV4{mnuView, "mnuSepV4", {}};
     MenuEntry mnuMsgEx{mnuView, "mnuMsgEx", {108}};
