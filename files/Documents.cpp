@@ -5,8 +5,6 @@
 #include "files/Opening.h"
 #include "files/frmPcgUN.h"
 
-#include <algorithm>
-
 namespace velluto {
 
 namespace {
@@ -122,9 +120,12 @@ int FindKnown(FilesState &files, const DocumentType &type, std::string_view path
 
 int FindFree(const FilesState &files, const DocumentType &type)
 {
-    const auto &flags = files.*type.openFlags;
-    const auto free = std::find(flags.begin() + kFirstFileSlot, flags.end(), false);
-    return free == flags.end() ? 0 : static_cast<int>(free - flags.begin());
+    for (int slot = kFirstFileSlot; slot <= kLastFileSlot; ++slot) {
+        if (!(files.*type.openFlags)[static_cast<std::size_t>(slot)]) {
+            return slot;
+        }
+    }
+    return 0;
 }
 
 void NameFile(FilesState &files, std::string_view path)

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 
 namespace velluto {
 
@@ -126,8 +127,9 @@ std::string WindowTitle(Modulo1 &app, const WindowTag &tag)
     // A new Program file is a Program file in its own slot.
     const bool newProgram = Range{ViewKind::NewProgram64, ViewKind::NewProgram128}.Has(app.ViewKind);
     const int kind = newProgram ? ViewKind::ProgramFile : app.ViewKind;
-    const auto rule = std::ranges::find_if(kTitles, [&](const TitleRule &r) { return r.kinds.Has(kind) && r.slots.Has(app.slot); });
-    if (rule == kTitles.end()) {
+    const std::span<const TitleRule> rules(kTitles);
+    const auto rule = std::ranges::find_if(rules, [&](const TitleRule &r) { return r.kinds.Has(kind) && r.slots.Has(app.slot); });
+    if (rule == rules.end()) {
         return {};
     }
     std::string title;

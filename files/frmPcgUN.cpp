@@ -251,7 +251,7 @@ void frmPcgUN::List1_Click()
     }
 }
 
-void frmPcgUN::List1_KeyDown(int key)
+void frmPcgUN::List1_KeyDown(int key) const
 {
     if (key == Key::Delete) {
         Raise(files_.app.frame.mnuTaglia.Click); // also where the menu does not offer it

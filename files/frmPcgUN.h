@@ -29,7 +29,7 @@ private:
     void CommUser_Click(int index);
     void CommClose_Click();
     void List1_Click();
-    void List1_KeyDown(int key);
+    void List1_KeyDown(int key) const;
 
     void PlaceWindow(int places);
     void ShowButtons();
