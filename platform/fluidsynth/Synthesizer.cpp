@@ -1,11 +1,14 @@
 #include "platform/fluidsynth/Synthesizer.h"
 
 #include "platform/MidiDevices.h"
+#include "platform/rtmidi/QuietAlsa.h"
 
 #include <fluidsynth.h>
 
+#include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 namespace velluto {
 
@@ -39,6 +42,7 @@ void PrepareLibrary()
         for (int level = 0; level < LAST_LOG_LEVEL; ++level) {
             fluid_set_log_function(level, &Quiet, nullptr);
         }
+        QuietAlsa();
         static const char *drivers[] = {"pulseaudio", "alsa", "file", nullptr};
         fluid_audio_driver_register(drivers);
         return true;
@@ -188,16 +192,41 @@ private:
 
 } // namespace
 
-std::string FindSoundFont()
+namespace {
+
+// A whole SoundFont. Others are not even tried: one of the library's readers complains of them on the standard error
+// stream.
+bool IsSoundFont(const std::string &path)
 {
     std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) {
+        return false;
+    }
+    std::array<char, 12> head{}; // "RIFF", the length of what follows in four bytes, "sfbk"
+    std::ifstream file(path, std::ios::binary);
+    file.read(head.data(), head.size());
+    if (!file || std::string(head.data(), 4) != "RIFF" || std::string(head.data() + 8, 4) != "sfbk") {
+        return false;
+    }
+    std::uint64_t length = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+        length |= static_cast<std::uint64_t>(static_cast<unsigned char>(head[4 + i])) << (8 * i);
+    }
+    const std::uint64_t there = std::filesystem::file_size(path, error);
+    return !error && length + 8 <= there;
+}
+
+} // namespace
+
+std::string FindSoundFont()
+{
     if (const char *chosen = std::getenv("VELLUTO_SOUNDFONT"); chosen != nullptr) {
-        return std::filesystem::is_regular_file(chosen, error) ? chosen : "";
+        return IsSoundFont(chosen) ? chosen : "";
     }
     for (const char *place :
          {"/usr/share/sounds/sf2/default-GM.sf2", "/usr/share/sounds/sf2/TimGM6mb.sf2", "/usr/share/soundfonts/default.sf2",
           "/usr/share/soundfonts/TimGM6mb.sf2", "/usr/local/share/sounds/sf2/TimGM6mb.sf2", "/usr/local/share/soundfonts/TimGM6mb.sf2"}) {
-        if (std::filesystem::is_regular_file(place, error)) {
+        if (IsSoundFont(place)) {
             return place;
         }
     }

@@ -44,6 +44,13 @@ bool IsWellFormed(const std::string &path)
     return !path.empty() && path.find('\0') == std::string::npos;
 }
 
+// A socket refuses to be opened with the words of a device that has gone.
+bool IsSocket(const std::string &path)
+{
+    struct stat about {};
+    return ::stat(path.c_str(), &about) == 0 && S_ISSOCK(about.st_mode);
+}
+
 class PosixFile : public RandomAccessFile {
 public:
     explicit PosixFile(int descriptor) : descriptor_(descriptor) {}
@@ -113,7 +120,8 @@ RuntimeError PosixFiles::Open(const std::string &path, std::unique_ptr<RandomAcc
     // Not blocking, so that a pipe or a device of that name answers at once and is then refused.
     const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
     if (descriptor < 0) {
-        return FromErrno(errno);
+        const int code = errno;
+        return code == ENXIO && IsSocket(path) ? RuntimeError{FileError::kPathFileAccess} : FromErrno(code);
     }
     auto opened = std::make_unique<PosixFile>(descriptor);
     struct stat about {};

@@ -2,6 +2,7 @@
 
 #include "platform/rtmidi/MidiPorts.h"
 #include "platform/rtmidi/ProductName.h"
+#include "platform/rtmidi/QuietAlsa.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -42,6 +43,7 @@ bool AlsaSystem::Connect()
     if (connected_ || !HasSequencerDevice()) {
         return connected_;
     }
+    QuietAlsa();
     try {
         outputs_ = std::make_unique<RtMidiOut>(Api(), kMidiClientName);
         outputs_->setErrorCallback(&Quiet, nullptr);

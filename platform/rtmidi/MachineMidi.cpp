@@ -68,9 +68,12 @@ MachineMidi::MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems) : syst
 
 MachineMidi::~MachineMidi()
 {
-    while (!openIns_.empty()) {
-        midiInClose(openIns_.back().handle);
+    // Inputs end without their last callback: whoever would hear it may have gone before.
+    for (OpenIn &in : openIns_) {
+        Unlink(in);
+        in.line->Stop();
     }
+    openIns_.clear();
     while (!openOuts_.empty()) {
         midiOutClose(openOuts_.back().handle);
     }

@@ -1,0 +1,261 @@
+#include "platform/posix/PosixFiles.h"
+
+#include "unit/support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace velluto::test {
+namespace {
+
+class PosixFilesTest : public testing::Test {
+protected:
+    int Open(const std::string &path) { return files_.Open(path, file_).number; }
+    int Write(std::uint64_t offset, const Bytes &bytes) { return file_->Write(offset, bytes).number; }
+
+    // A file system of the test's own at the folder, gone with the process. False where the machine lets nobody mount.
+    static bool MountTmpfs(const std::string &folder, unsigned long flags, const char *options)
+    {
+        if (::unshare(CLONE_NEWNS) != 0 && ::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
+            return false;
+        }
+        return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+               ::mount("tmpfs", folder.c_str(), "tmpfs", flags, options) == 0;
+    }
+
+    TempFolder folder_;
+    PosixFiles files_;
+    std::unique_ptr<RandomAccessFile> file_;
+};
+
+// While it lives the process has an ordinary user's rights, also where the tests run as root.
+class AsOrdinaryUser {
+public:
+    AsOrdinaryUser() : before_(::geteuid())
+    {
+        constexpr uid_t kNobody = 65534;
+        done_ = before_ != 0 || ::seteuid(kNobody) == 0;
+    }
+    ~AsOrdinaryUser()
+    {
+        if (::geteuid() != before_ && ::seteuid(before_) != 0) {
+            std::abort();
+        }
+    }
+    AsOrdinaryUser(const AsOrdinaryUser &) = delete;
+    AsOrdinaryUser &operator=(const AsOrdinaryUser &) = delete;
+    [[nodiscard]] bool Done() const { return done_; }
+
+private:
+    uid_t before_;
+    bool done_ = false;
+};
+
+TEST_F(PosixFilesTest, AMissingFileIsCreatedEmpty)
+{
+    EXPECT_EQ(Open(folder_.At("new.pcg")), 0);
+    std::uint64_t length = 1;
+    EXPECT_EQ(file_->Length(length).number, 0);
+    EXPECT_EQ(length, 0U);
+    EXPECT_TRUE(std::filesystem::exists(folder_.At("new.pcg")));
+}
+
+TEST_F(PosixFilesTest, WhatIsWrittenAtAnOffsetIsReadThere)
+{
+    ASSERT_EQ(Open(folder_.At("a.ini")), 0);
+    EXPECT_EQ(Write(500, {1, 2, 3}), 0);
+    std::uint64_t length = 0;
+    file_->Length(length);
+    EXPECT_EQ(length, 503U);
+    Bytes buffer(3);
+    std::size_t got = 0;
+    EXPECT_EQ(file_->Read(500, buffer, got).number, 0);
+    EXPECT_EQ(got, 3U);
+    EXPECT_EQ(buffer, (Bytes{1, 2, 3}));
+    EXPECT_EQ(file_->Read(498, buffer, got).number, 0);
+    EXPECT_EQ(buffer, (Bytes{0, 0, 1}));
+}
+
+TEST_F(PosixFilesTest, AReadAcrossTheEndGivesWhatThereIs)
+{
+    WriteBytes(folder_.At("a"), {1, 2, 3});
+    ASSERT_EQ(Open(folder_.At("a")), 0);
+    Bytes buffer(8, 9);
+    std::size_t got = 7;
+    EXPECT_EQ(file_->Read(1, buffer, got).number, 0);
+    EXPECT_EQ(got, 2U);
+    EXPECT_EQ(file_->Read(10, buffer, got).number, 0);
+    EXPECT_EQ(got, 0U);
+}
+
+TEST_F(PosixFilesTest, OpeningKeepsTheBytesOfAFile)
+{
+    WriteBytes(folder_.At("a"), {1, 2, 3});
+    ASSERT_EQ(Open(folder_.At("a")), 0);
+    file_.reset();
+    EXPECT_EQ(ReadBytes(folder_.At("a")), (Bytes{1, 2, 3}));
+}
+
+TEST_F(PosixFilesTest, APathIsUtf8)
+{
+    EXPECT_EQ(Open(folder_.At("Città 日本.pcg")), 0);
+    EXPECT_TRUE(std::filesystem::exists(folder_.At("Città 日本.pcg")));
+}
+
+TEST_F(PosixFilesTest, AMissingFolderIsPathNotFound)
+{
+    EXPECT_EQ(Open(folder_.At("none/a.pcg")), 76);
+    EXPECT_EQ(file_, nullptr);
+}
+
+TEST_F(PosixFilesTest, AFileInPlaceOfAFolderIsPathNotFound)
+{
+    WriteBytes(folder_.At("a"), {1});
+    EXPECT_EQ(Open(folder_.At("a/b.pcg")), 76);
+}
+
+TEST_F(PosixFilesTest, ANameTooLongIsPathNotFound)
+{
+    EXPECT_EQ(Open(folder_.At(std::string(300, 'x'))), 76);
+}
+
+TEST_F(PosixFilesTest, AnEmptyPathAndAZeroByteArePathNotFound)
+{
+    EXPECT_EQ(Open(""), 76);
+    WriteBytes(folder_.At("a"), {1});
+    EXPECT_EQ(Open(folder_.At("a") + '\0' + "b"), 76);
+    EXPECT_EQ(files_.Delete(folder_.At("a") + '\0' + "b").number, 76);
+    EXPECT_TRUE(std::filesystem::exists(folder_.At("a")));
+}
+
+TEST_F(PosixFilesTest, ALoopOfLinksIsAnotherError)
+{
+    std::filesystem::create_symlink("b", folder_.At("a"));
+    std::filesystem::create_symlink("a", folder_.At("b"));
+    EXPECT_EQ(Open(folder_.At("a")), 51);
+}
+
+TEST_F(PosixFilesTest, AFolderIsPathFileAccess)
+{
+    EXPECT_EQ(Open(folder_.Path()), 75);
+}
+
+TEST_F(PosixFilesTest, APipeIsPathFileAccessAndNeverWaitsForItsOtherEnd)
+{
+    ASSERT_EQ(::mkfifo(folder_.At("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(Open(folder_.At("pipe")), 75);
+    EXPECT_EQ(file_, nullptr);
+}
+
+TEST_F(PosixFilesTest, ASocketIsPathFileAccess)
+{
+    const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string path = folder_.At("socket");
+    ASSERT_LT(path.size(), sizeof(address.sun_path));
+    std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
+    ASSERT_EQ(::bind(listener, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
+    EXPECT_EQ(Open(path), 75);
+    ::close(listener);
+}
+
+TEST_F(PosixFilesTest, ADeviceIsPathFileAccess)
+{
+    EXPECT_EQ(Open("/dev/null"), 75);
+}
+
+TEST_F(PosixFilesTest, AFolderWithoutWriteRightsIsPathFileAccess)
+{
+    std::filesystem::permissions(folder_.Path(), std::filesystem::perms(0555));
+    const AsOrdinaryUser user;
+    if (!user.Done()) {
+        GTEST_SKIP() << "rights cannot be laid down here";
+    }
+    EXPECT_EQ(Open(folder_.At("a.pcg")), 75);
+}
+
+TEST_F(PosixFilesTest, AFileWithoutWriteRightsIsPathFileAccess)
+{
+    WriteBytes(folder_.At("a.pcg"), {1});
+    std::filesystem::permissions(folder_.At("a.pcg"), std::filesystem::perms(0444));
+    std::filesystem::permissions(folder_.Path(), std::filesystem::perms(0755));
+    const AsOrdinaryUser user;
+    if (!user.Done()) {
+        GTEST_SKIP() << "rights cannot be laid down here";
+    }
+    EXPECT_EQ(Open(folder_.At("a.pcg")), 75);
+}
+
+TEST_F(PosixFilesTest, AReadOnlyFileSystemIsPathFileAccess)
+{
+    const std::string place = folder_.At("mounted");
+    std::filesystem::create_directory(place);
+    if (!MountTmpfs(place, MS_RDONLY, "size=64k")) {
+        GTEST_SKIP() << "no file system can be mounted here";
+    }
+    EXPECT_EQ(Open(place + "/a.pcg"), 75);
+}
+
+TEST_F(PosixFilesTest, AFullDiskIsDiskFull)
+{
+    const std::string place = folder_.At("mounted");
+    std::filesystem::create_directory(place);
+    if (!MountTmpfs(place, 0, "size=64k")) {
+        GTEST_SKIP() << "no file system can be mounted here";
+    }
+    ASSERT_EQ(Open(place + "/a.pcg"), 0);
+    EXPECT_EQ(Write(0, Bytes(32 << 10)), 0);
+    EXPECT_EQ(Write(32 << 10, Bytes(64 << 10)), 61);
+}
+
+TEST_F(PosixFilesTest, TheFileSizeLimitIsDiskFull)
+{
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit low{.rlim_cur = 1000, .rlim_max = before.rlim_max};
+    ASSERT_EQ(Open(folder_.At("a.pcg")), 0);
+    ASSERT_NE(std::signal(SIGXFSZ, SIG_IGN), SIG_ERR);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &low), 0);
+    const int number = Write(0, Bytes(2000));
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(number, 61);
+}
+
+TEST_F(PosixFilesTest, DeleteTakesAFileAwayAndTellsAMissingOne)
+{
+    WriteBytes(folder_.At("a"), {1});
+    EXPECT_EQ(files_.Delete(folder_.At("a")).number, 0);
+    EXPECT_FALSE(std::filesystem::exists(folder_.At("a")));
+    EXPECT_EQ(files_.Delete(folder_.At("a")).number, 53);
+}
+
+TEST_F(PosixFilesTest, DeleteLeavesAFolderAlone)
+{
+    std::filesystem::create_directory(folder_.At("a"));
+    EXPECT_EQ(files_.Delete(folder_.At("a")).number, 75);
+    EXPECT_TRUE(std::filesystem::exists(folder_.At("a")));
+}
+
+TEST_F(PosixFilesTest, TheCurrentFolderHasNoSeparatorAtItsEnd)
+{
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_.Path());
+    EXPECT_EQ(files_.CurrentFolder(), std::filesystem::canonical(folder_.Path()).string());
+    std::filesystem::current_path("/");
+    EXPECT_EQ(files_.CurrentFolder(), "/");
+    std::filesystem::current_path(before);
+}
+
+} // namespace
+} // namespace velluto::test
