@@ -9,6 +9,7 @@
 
 #include <array>
 #include <fstream>
+#include <utility>
 
 namespace velluto::driver {
 
@@ -164,10 +165,18 @@ Json Dialogs(Session &session, const Words & /*words*/)
     return told;
 }
 
-Json Printed(Session & /*session*/, const Words & /*words*/)
+Json Printed(Session &session, const Words & /*words*/)
 {
+    Json pages = Json::array();
+    for (const PrintedPage &page : std::exchange(session.printer.pages, {})) {
+        Json lines = Json::array();
+        for (const PrintedLine &line : page) {
+            lines.push_back({{"x", line.x}, {"y", line.y}, {"text", line.text}});
+        }
+        pages.push_back(std::move(lines));
+    }
     Json told = Good();
-    told["pages"] = Json::array();
+    told["pages"] = std::move(pages);
     return told;
 }
 

@@ -44,7 +44,7 @@ struct UserLeaves {
 
 Json Start(Session &session, const Words &words)
 {
-    const auto answer = std::ranges::find(kLanguageAnswers, words.front(), &LanguageAnswer::word);
+    const auto *const answer = std::ranges::find(kLanguageAnswers, words.front(), &LanguageAnswer::word);
     if (answer == kLanguageAnswers.end()) {
         throw BadCommand("usage: start none|it|en|cancel");
     }
@@ -137,13 +137,13 @@ Json ExitProgram(Session &session)
 
 int ButtonOf(std::string_view word)
 {
-    const auto found = std::ranges::find(kButtons, word, &ButtonName::word);
+    const auto *const found = std::ranges::find(kButtons, word, &ButtonName::word);
     return found == kButtons.end() ? 0 : found->button;
 }
 
 std::string_view WordOfButton(int button)
 {
-    const auto found = std::ranges::find(kButtons, button, &ButtonName::button);
+    const auto *const found = std::ranges::find(kButtons, button, &ButtonName::button);
     return found == kButtons.end() ? "" : found->word;
 }
 

@@ -48,7 +48,7 @@ StandinCodes WithCodes(StandinCodes codes, Direction direction, const Words &wor
     for (std::size_t i = from; i < words.size(); ++i) {
         const std::string_view word = words[i];
         const std::size_t equals = word.find('=');
-        const auto found = std::ranges::find(kCodes, word.substr(0, equals), &CodeName::name);
+        const auto *const found = std::ranges::find(kCodes, word.substr(0, equals), &CodeName::name);
         const bool known = found != kCodes.end() && (direction == Direction::Out ? found->ofOutputs : found->ofInputs);
         if (equals == std::string_view::npos || !known) {
             throw BadCommand("no operation of the device: " + std::string(word));
@@ -158,7 +158,7 @@ FileFault::Operation OperationOf(std::string_view word)
                                              {"write", FileFault::Operation::Write},
                                              {"delete", FileFault::Operation::Delete},
                                              {"any", FileFault::Operation::Any}}};
-    const auto found = std::ranges::find(kNames, word, &Name::name);
+    const auto *const found = std::ranges::find(kNames, word, &Name::name);
     if (found == kNames.end()) {
         throw BadCommand("no file operation: " + std::string(word));
     }

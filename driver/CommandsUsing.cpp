@@ -147,7 +147,7 @@ constexpr std::array<KeyName, 10> kKeys = {{{"Delete", Key::Delete},
 Json PressNamedKey(Session &session, const Words &words)
 {
     Control &control = Reach(session, words[0], words[1]);
-    const auto found = std::ranges::find(kKeys, words[2], &KeyName::name);
+    const auto *const found = std::ranges::find(kKeys, words[2], &KeyName::name);
     if (found == kKeys.end()) {
         throw BadCommand("unknown key " + words[2]);
     }

@@ -71,7 +71,7 @@ Velluto &Session::NewProgram()
     program_.reset();
     midi.ReleaseAll();
     face.popUps.clear();
-    program_ = std::make_unique<Velluto>(Ports{files, midi, clock}, face);
+    program_ = std::make_unique<Velluto>(Ports{files, midi, clock, printer}, face);
     return *program_;
 }
 

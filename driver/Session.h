@@ -10,6 +10,7 @@
 #include "platform/standin/StandinClock.h"
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
+#include "platform/standin/StandinPrinter.h"
 
 #include <memory>
 #include <optional>
@@ -43,6 +44,7 @@ public:
     FaultyFiles files{disk};
     StandinMidi midi;
     StandinClock clock;
+    StandinPrinter printer;
     StandinFace face;
     Timers timers;
     SequencerStage sequencer;

@@ -4,6 +4,7 @@
 #include "files/frmPcgUN.h"
 
 #include <algorithm>
+#include <array>
 #include <type_traits>
 
 namespace velluto::driver {
@@ -13,10 +14,8 @@ namespace {
 template <class T>
 Json ToJson(const T &value)
 {
-    if constexpr (std::is_same_v<T, bool>) {
+    if constexpr (std::is_arithmetic_v<T>) {
         return value;
-    } else if constexpr (std::is_integral_v<T>) {
-        return static_cast<std::int64_t>(value);
     } else {
         return ProgramText(value);
     }
@@ -30,7 +29,7 @@ Json ToJson(const FileImage &image)
 // A product name ends at its first zero character.
 Json ToJson(const MidiDeviceCaps &caps)
 {
-    const auto end = std::ranges::find(caps.name, '\0');
+    const auto *const end = std::ranges::find(caps.name, '\0');
     return ProgramText(std::string_view(caps.name.data(), static_cast<std::size_t>(end - caps.name.begin())));
 }
 
@@ -177,100 +176,96 @@ struct NamedValue {
     int first = 0; // the index of a table's first element
 };
 
-const std::vector<NamedValue> &Named()
-{
-    static const std::vector<NamedValue> kNamed = {
-        {"AppDir", OfPaths<&RunPaths::AppDir>},
-        {"IniPath", OfPaths<&RunPaths::IniPath>},
-        {"GuidaPath", OfPaths<&RunPaths::GuidaPath>},
-        {"GuidePath", OfPaths<&RunPaths::GuidePath>},
-        {"NotebookPath", OfPaths<&RunPaths::NotebookPath>},
-        {"PcgTablePath", OfPaths<&RunPaths::PcgTablePath>},
-        {"StyTablePath", OfPaths<&RunPaths::StyTablePath>},
-        {"PrfBank1Path", OfPaths<&RunPaths::PrfBank1Path>},
-        {"StartAborted", OfApp<&Modulo1::StartAborted>},
-        {"CurrentOperation", OfApp<&Modulo1::CurrentOperation>},
-        {"TitleLine", OfApp<&Modulo1::TitleLine>},
-        {"ViewKind", OfApp<&Modulo1::ViewKind>},
-        {"slot", OfApp<&Modulo1::slot>},
-        {"Lingua", OfSettings<&Settings::Lingua>},
-        {"LinguaBase", LinguaBase},
-        {"ReservedFlag17", OfSettings<&Settings::ReservedFlag17>},
-        {"PlayerPanelOpen", OfSettings<&Settings::PlayerPanelOpen>},
-        {"ThruOn", OfSettings<&Settings::ThruOn>},
-        {"PcgUserAssigned", OfSettings<&Settings::PcgUserAssigned>},
-        {"StatusBarOn", OfSettings<&Settings::StatusBarOn>},
-        {"MidiInDev", OfSettings<&Settings::MidiInDev>},
-        {"MidiOutDev", OfSettings<&Settings::MidiOutDev>},
-        {"LastChannel", OfSettings<&Settings::LastChannel>},
-        {"KeyboardRecord", TableOfSettings<&Settings::KeyboardRecord, 0>, 0},
-        {"PlacementTable", TableOfSettings<&Settings::PlacementTable, 0>, 0},
-        {"ChannelRole", TableOfSettings<&Settings::ChannelRole, 0>, 0},
-        {"PcgDocTable", TableOfSettings<&Settings::PcgDocTable, 1>, 1},
-        {"StyDocTable", TableOfSettings<&Settings::StyDocTable, 0>, 0},
-        {"PrfDocTable", TableOfSettings<&Settings::PrfDocTable, 0>, 0},
-        {"RecentTable", TableOfSettings<&Settings::RecentTable, 1>, 1},
-        {"LastDir", OfSettings<&Settings::LastDir>},
-        {"PlayerDir", OfSettings<&Settings::PlayerDir>},
-        {"PlayerName", OfSettings<&Settings::PlayerName>},
-        {"PlayerFile", OfSettings<&Settings::PlayerFile>},
-        {"ChildCount", OfChildren<&ChildWindows::ChildCount>},
-        {"RestoringLayout", OfChildren<&ChildWindows::RestoringLayout>},
-        {"ClosingAll", OfChildren<&ChildWindows::ClosingAll>},
-        {"WorkRecentRecord", OfApp<&Modulo1::WorkRecentRecord>},
-        {"hMidiOut", OfMidi<&MidiState::hMidiOut>},
-        {"hMidiIn", OfMidi<&MidiState::hMidiIn>},
-        {"MidiOutOpen", OfMidi<&MidiState::MidiOutOpen>},
-        {"MidiInOpen", OfMidi<&MidiState::MidiInOpen>},
-        {"SendArmed", OfMidi<&MidiState::SendArmed>},
-        {"ShortMsg", OfMidi<&MidiState::ShortMsg>},
-        {"MidiResult", OfMidi<&MidiState::MidiResult>},
-        {"ErrorText", OfMidi<&MidiState::ErrorText>},
-        {"NoMidiOut", OfMidi<&MidiState::NoMidiOut>},
-        {"NoMidiIn", OfMidi<&MidiState::NoMidiIn>},
-        {"MidiOutCount", OfMidi<&MidiState::MidiOutCount>},
-        {"MidiInCount", OfMidi<&MidiState::MidiInCount>},
-        {"MidiOutCaps", TableOfMidi<&MidiState::MidiOutCaps>},
-        {"MidiInCaps", TableOfMidi<&MidiState::MidiInCaps>},
-        {"MidiOutValid", TableOfMidi<&MidiState::MidiOutValid>},
-        {"MidiInValid", TableOfMidi<&MidiState::MidiInValid>},
-        {"ThruCheckedAtLoad", OfMidi<&MidiState::ThruCheckedAtLoad>},
-        {"ThruEnabledAtLoad", OfMidi<&MidiState::ThruEnabledAtLoad>},
-        {"MonitorEnabled", OfMidi<&MidiState::MonitorEnabled>},
-        {"LoadImage", OfFiles<&FilesState::LoadImage>},
-        {"BuildImage", BytesOfFiles<&FilesState::BuildImage>},
-        {"BuildPrefix", BytesOfFiles<&FilesState::BuildPrefix>},
-        {"ItemIndex", TableOfFiles<&FilesState::ItemIndex>},
-        {"BuildItemIndex", TableOfFiles<&FilesState::BuildItemIndex>},
-        {"ClipValid", OfClipboard<&ItemClipboard::ClipValid>},
-        {"ClipImage", OfClipboard<&ItemClipboard::ClipImage>},
-        {"ClipFirstRow", OfClipboard<&ItemClipboard::ClipFirstRow>},
-        {"ClipCount", OfClipboard<&ItemClipboard::ClipCount>},
-        {"ClipKind", OfClipboard<&ItemClipboard::ClipKind>},
-        {"ClipSlot", OfClipboard<&ItemClipboard::ClipSlot>},
-        {"ClipHasSts", OfClipboard<&ItemClipboard::ClipHasSts>},
-        {"CurrentPcgSlot", OfFiles<&FilesState::CurrentPcgSlot>},
-        {"CurrentStySlot", OfFiles<&FilesState::CurrentStySlot>},
-        {"CurrentPrfSlot", OfFiles<&FilesState::CurrentPrfSlot>},
-        {"PcgOpenFlags", FlagsOfFiles<&FilesState::PcgOpenFlags>, 1},
-        {"StyOpenFlags", FlagsOfFiles<&FilesState::StyOpenFlags>, 1},
-        {"PrfOpenFlags", FlagsOfFiles<&FilesState::PrfOpenFlags>, 1},
-        {"PcgWindows", PcgWindows, 1},
-        {"WorkPcgRecord", OfFiles<&FilesState::WorkPcgRecord>},
-        {"WorkStyRecord", OfFiles<&FilesState::WorkStyRecord>},
-        {"WorkPrfRecord", OfFiles<&FilesState::WorkPrfRecord>},
-        {"WorkPlacement", OfFiles<&FilesState::WorkPlacement>},
-        {"FileFolder", OfFiles<&FilesState::FileFolder>},
-        {"FileName", OfFiles<&FilesState::FileName>},
-        {"OpenChainCode", OfFiles<&FilesState::OpenChainCode>},
-        {"KnownFileFlag", OfFiles<&FilesState::KnownFileFlag>},
-        {"PcgFileSlot", OfFiles<&FilesState::PcgFileSlot>},
-        {"RecentKind", OfFiles<&FilesState::RecentKind>},
-        {"PcgTable", TableOfRecall<&FactoryTables::PcgTable>, 1},
-        {"StyTable", TableOfRecall<&FactoryTables::StyTable>, 1},
-    };
-    return kNamed;
-}
+constexpr auto kNamed = std::to_array<NamedValue>({
+    {"AppDir", OfPaths<&RunPaths::AppDir>},
+    {"IniPath", OfPaths<&RunPaths::IniPath>},
+    {"GuidaPath", OfPaths<&RunPaths::GuidaPath>},
+    {"GuidePath", OfPaths<&RunPaths::GuidePath>},
+    {"NotebookPath", OfPaths<&RunPaths::NotebookPath>},
+    {"PcgTablePath", OfPaths<&RunPaths::PcgTablePath>},
+    {"StyTablePath", OfPaths<&RunPaths::StyTablePath>},
+    {"PrfBank1Path", OfPaths<&RunPaths::PrfBank1Path>},
+    {"StartAborted", OfApp<&Modulo1::StartAborted>},
+    {"CurrentOperation", OfApp<&Modulo1::CurrentOperation>},
+    {"TitleLine", OfApp<&Modulo1::TitleLine>},
+    {"ViewKind", OfApp<&Modulo1::ViewKind>},
+    {"slot", OfApp<&Modulo1::slot>},
+    {"Lingua", OfSettings<&Settings::Lingua>},
+    {"LinguaBase", LinguaBase},
+    {"ReservedFlag17", OfSettings<&Settings::ReservedFlag17>},
+    {"PlayerPanelOpen", OfSettings<&Settings::PlayerPanelOpen>},
+    {"ThruOn", OfSettings<&Settings::ThruOn>},
+    {"PcgUserAssigned", OfSettings<&Settings::PcgUserAssigned>},
+    {"StatusBarOn", OfSettings<&Settings::StatusBarOn>},
+    {"MidiInDev", OfSettings<&Settings::MidiInDev>},
+    {"MidiOutDev", OfSettings<&Settings::MidiOutDev>},
+    {"LastChannel", OfSettings<&Settings::LastChannel>},
+    {"KeyboardRecord", TableOfSettings<&Settings::KeyboardRecord, 0>, 0},
+    {"PlacementTable", TableOfSettings<&Settings::PlacementTable, 0>, 0},
+    {"ChannelRole", TableOfSettings<&Settings::ChannelRole, 0>, 0},
+    {"PcgDocTable", TableOfSettings<&Settings::PcgDocTable, 1>, 1},
+    {"StyDocTable", TableOfSettings<&Settings::StyDocTable, 0>, 0},
+    {"PrfDocTable", TableOfSettings<&Settings::PrfDocTable, 0>, 0},
+    {"RecentTable", TableOfSettings<&Settings::RecentTable, 1>, 1},
+    {"LastDir", OfSettings<&Settings::LastDir>},
+    {"PlayerDir", OfSettings<&Settings::PlayerDir>},
+    {"PlayerName", OfSettings<&Settings::PlayerName>},
+    {"PlayerFile", OfSettings<&Settings::PlayerFile>},
+    {"ChildCount", OfChildren<&ChildWindows::ChildCount>},
+    {"RestoringLayout", OfChildren<&ChildWindows::RestoringLayout>},
+    {"ClosingAll", OfChildren<&ChildWindows::ClosingAll>},
+    {"WorkRecentRecord", OfApp<&Modulo1::WorkRecentRecord>},
+    {"hMidiOut", OfMidi<&MidiState::hMidiOut>},
+    {"hMidiIn", OfMidi<&MidiState::hMidiIn>},
+    {"MidiOutOpen", OfMidi<&MidiState::MidiOutOpen>},
+    {"MidiInOpen", OfMidi<&MidiState::MidiInOpen>},
+    {"SendArmed", OfMidi<&MidiState::SendArmed>},
+    {"ShortMsg", OfMidi<&MidiState::ShortMsg>},
+    {"MidiResult", OfMidi<&MidiState::MidiResult>},
+    {"ErrorText", OfMidi<&MidiState::ErrorText>},
+    {"NoMidiOut", OfMidi<&MidiState::NoMidiOut>},
+    {"NoMidiIn", OfMidi<&MidiState::NoMidiIn>},
+    {"MidiOutCount", OfMidi<&MidiState::MidiOutCount>},
+    {"MidiInCount", OfMidi<&MidiState::MidiInCount>},
+    {"MidiOutCaps", TableOfMidi<&MidiState::MidiOutCaps>},
+    {"MidiInCaps", TableOfMidi<&MidiState::MidiInCaps>},
+    {"MidiOutValid", TableOfMidi<&MidiState::MidiOutValid>},
+    {"MidiInValid", TableOfMidi<&MidiState::MidiInValid>},
+    {"ThruCheckedAtLoad", OfMidi<&MidiState::ThruCheckedAtLoad>},
+    {"ThruEnabledAtLoad", OfMidi<&MidiState::ThruEnabledAtLoad>},
+    {"MonitorEnabled", OfMidi<&MidiState::MonitorEnabled>},
+    {"LoadImage", OfFiles<&FilesState::LoadImage>},
+    {"BuildImage", BytesOfFiles<&FilesState::BuildImage>},
+    {"BuildPrefix", BytesOfFiles<&FilesState::BuildPrefix>},
+    {"ItemIndex", TableOfFiles<&FilesState::ItemIndex>},
+    {"BuildItemIndex", TableOfFiles<&FilesState::BuildItemIndex>},
+    {"ClipValid", OfClipboard<&ItemClipboard::ClipValid>},
+    {"ClipImage", OfClipboard<&ItemClipboard::ClipImage>},
+    {"ClipFirstRow", OfClipboard<&ItemClipboard::ClipFirstRow>},
+    {"ClipCount", OfClipboard<&ItemClipboard::ClipCount>},
+    {"ClipKind", OfClipboard<&ItemClipboard::ClipKind>},
+    {"ClipSlot", OfClipboard<&ItemClipboard::ClipSlot>},
+    {"ClipHasSts", OfClipboard<&ItemClipboard::ClipHasSts>},
+    {"CurrentPcgSlot", OfFiles<&FilesState::CurrentPcgSlot>},
+    {"CurrentStySlot", OfFiles<&FilesState::CurrentStySlot>},
+    {"CurrentPrfSlot", OfFiles<&FilesState::CurrentPrfSlot>},
+    {"PcgOpenFlags", FlagsOfFiles<&FilesState::PcgOpenFlags>, 1},
+    {"StyOpenFlags", FlagsOfFiles<&FilesState::StyOpenFlags>, 1},
+    {"PrfOpenFlags", FlagsOfFiles<&FilesState::PrfOpenFlags>, 1},
+    {"PcgWindows", PcgWindows, 1},
+    {"WorkPcgRecord", OfFiles<&FilesState::WorkPcgRecord>},
+    {"WorkStyRecord", OfFiles<&FilesState::WorkStyRecord>},
+    {"WorkPrfRecord", OfFiles<&FilesState::WorkPrfRecord>},
+    {"WorkPlacement", OfFiles<&FilesState::WorkPlacement>},
+    {"FileFolder", OfFiles<&FilesState::FileFolder>},
+    {"FileName", OfFiles<&FilesState::FileName>},
+    {"OpenChainCode", OfFiles<&FilesState::OpenChainCode>},
+    {"KnownFileFlag", OfFiles<&FilesState::KnownFileFlag>},
+    {"PcgFileSlot", OfFiles<&FilesState::PcgFileSlot>},
+    {"RecentKind", OfFiles<&FilesState::RecentKind>},
+    {"PcgTable", TableOfRecall<&FactoryTables::PcgTable>, 1},
+    {"StyTable", TableOfRecall<&FactoryTables::StyTable>, 1},
+});
 
 } // namespace
 
@@ -278,8 +273,8 @@ Json ValueOf(Velluto &program, std::string_view name)
 {
     const std::size_t bracket = std::min(name.find('('), name.size());
     const std::string_view plain = name.substr(0, bracket);
-    const auto found = std::ranges::find(Named(), plain, &NamedValue::name);
-    if (found == Named().end() || (bracket < name.size() && name.back() != ')')) {
+    const auto *const found = std::ranges::find(kNamed, plain, &NamedValue::name);
+    if (found == kNamed.end() || (bracket < name.size() && name.back() != ')')) {
         throw BadCommand("no variable " + std::string(name));
     }
     Json value = found->read(program);
@@ -297,7 +292,7 @@ Json ValueOf(Velluto &program, std::string_view name)
 std::vector<std::string_view> ValueNames()
 {
     std::vector<std::string_view> names;
-    std::ranges::transform(Named(), std::back_inserter(names), &NamedValue::name);
+    std::ranges::transform(kNamed, std::back_inserter(names), &NamedValue::name);
     return names;
 }
 

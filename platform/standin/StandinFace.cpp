@@ -30,7 +30,7 @@ FileChoice StandinFace::ShowFileDialog(const FileDialog &dialog)
     if (choices.empty()) {
         return {};
     }
-    const FileChoice choice = choices.front();
+    FileChoice choice = choices.front();
     choices.pop_front();
     return choice;
 }

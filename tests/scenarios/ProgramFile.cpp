@@ -63,8 +63,8 @@ std::vector<std::uint8_t> ProgramFile(const std::vector<ProgramItem> &items)
     const std::size_t outerLength = file.size();
     Append(file, "KEND");
     AppendNumber(file, count + 1, 4);
-    for (int i = 0; i < 4; ++i) {
-        file[static_cast<std::size_t>(4 + i)] = static_cast<std::uint8_t>(outerLength >> (24 - 8 * i));
+    for (std::size_t i = 0; i < 4; ++i) {
+        file[4 + i] = static_cast<std::uint8_t>(outerLength >> (24 - 8 * i));
     }
     return file;
 }

@@ -14,10 +14,12 @@ std::string Differs(const std::string &at, const std::string &expected, const st
 std::string ObjectDifference(const Json &expected, const Json &answer, const std::string &at)
 {
     for (const auto &[key, value] : expected.items()) {
+        std::string below = at;
+        below.append(".").append(key);
         if (!answer.contains(key)) {
-            return Differs(at + "." + key, driver::OneLine(value), "nothing");
+            return Differs(below, driver::OneLine(value), "nothing");
         }
-        if (std::string difference = Difference(value, answer.at(key), at + "." + key); !difference.empty()) {
+        if (std::string difference = Difference(value, answer.at(key), below); !difference.empty()) {
             return difference;
         }
     }

@@ -42,7 +42,9 @@ struct AllControls : Form {
 };
 
 class DriverTest : public testing::Test {
-protected:
+public:
+    DriverTest(const DriverTest &) = delete;
+    DriverTest &operator=(const DriverTest &) = delete;
     DriverTest() { std::filesystem::current_path(folder.Path()); }
     ~DriverTest() override
     {
@@ -52,6 +54,7 @@ protected:
         std::filesystem::current_path(std::filesystem::temp_directory_path());
     }
 
+protected:
     // The answer, which must be a good one.
     Json Ok(const std::string &line)
     {

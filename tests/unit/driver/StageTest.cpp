@@ -81,7 +81,7 @@ TEST_F(DriverTest, NowTakesOnlyRealDatesAndTimes)
 TEST_F(DriverTest, SeqKeepsWhatIsToldOfAPath)
 {
     Ok("seq define song.mid 400");
-    Ok("seq refuse \"bad song.mid\" 277 \"It will not open.\"");
+    Ok(R"(seq refuse "bad song.mid" 277 "It will not open.")");
     Ok("seq rate 50");
     ASSERT_EQ(session.sequencer.files.size(), 2U);
     EXPECT_EQ(session.sequencer.files[0].path, folder.At("song.mid"));
