@@ -10,6 +10,7 @@
 #include "platform/Clock.h"
 #include "platform/FileStore.h"
 #include "platform/MidiDevices.h"
+#include "platform/Printer.h"
 #include "view/ChildWindows.h"
 #include "view/Face.h"
 
@@ -22,6 +23,7 @@ struct Ports {
     FileStore &files;
     MidiDevices &midi;
     Clock &clock;
+    Printer &printer;
 };
 
 // The files beside the program, in the directory that was current at start.

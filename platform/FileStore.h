@@ -2,6 +2,8 @@
 // instrument's files and the tables go through it; the POSIX adapter, the driver's faults and the tests answer it.
 #pragma once
 
+#include "platform/RuntimeError.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -9,12 +11,6 @@
 #include <string>
 
 namespace velluto {
-
-// The run-time error of a file operation; number 0 is success.
-struct RuntimeError {
-    int number = 0;
-    [[nodiscard]] bool Failed() const { return number != 0; }
-};
 
 // The run-time error numbers that the program gives a meaning to.
 namespace FileError {

@@ -7,6 +7,7 @@
 #include "platform/standin/StandinClock.h"
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
+#include "platform/standin/StandinPrinter.h"
 
 #include <cstdint>
 #include <string>
@@ -21,7 +22,8 @@ struct MidiLink {
     StandinMidi devices;
     StandinFace face;
     StandinClock clock;
-    Modulo1 app{Ports{files, devices, clock}, face};
+    StandinPrinter printer;
+    Modulo1 app{Ports{files, devices, clock, printer}, face};
     MidiState midi{app};
 
     MidiLink() { app.messages.LinguaBase = kEnglish; }

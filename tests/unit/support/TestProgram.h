@@ -9,6 +9,7 @@
 #include "platform/standin/StandinClock.h"
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
+#include "platform/standin/StandinPrinter.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 
@@ -94,7 +95,8 @@ struct TestProgram {
     StandinMidi midi;
     StandinFace face;
     StandinClock clock;
-    Velluto program{Ports{files, midi, clock}, face};
+    StandinPrinter printer;
+    Velluto program{Ports{files, midi, clock, printer}, face};
     int languageQuestions = 0; // how often frmLingua was shown
 
     // StartUp; the word answers frmLingua where it is shown. False where no frame came up.
