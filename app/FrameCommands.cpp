@@ -6,6 +6,7 @@
 #include "app/SettingsFile.h"
 #include "app/StatusBar.h"
 #include "edit/EditMenu.h"
+#include "edit/Printing.h"
 #include "files/Opening.h"
 #include "files/Saving.h"
 #include "files/WindowTitle.h"
@@ -127,6 +128,7 @@ void AttachFileMenu(Velluto &program)
     menu.mnuChiudi.Click = [&program] { mnuChiudi_Click(program.app); };
     menu.mnuSalva.Click = [&files] { mnuSalva_Click(files); };
     menu.mnuSalvaAs.Click = [&files] { mnuSalvaAs_Click(files); };
+    menu.mnuStampa.Click = [&files] { mnuStampa_Click(files); };
     menu.mnuExit.Click = [&program] { CloseFrame(program); };
     for (MenuEntry &entry : menu.mnuRecentFile) {
         entry.Click = [&files, n = entry.index()] { mnuRecentFile_Click(files, n); };

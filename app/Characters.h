@@ -1,0 +1,17 @@
+// Texts as characters, one element each, where columns count: UTF-8 texts and the single bytes of instrument files side
+// by side. Used by the listings.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace velluto {
+
+// The characters of Windows-1252 bytes. The five bytes that have none become the control character of their number.
+[[nodiscard]] std::u32string CharactersOfBytes(std::string_view bytes);
+// The characters of UTF-8; a text that is no UTF-8 is taken as Windows-1252 bytes.
+[[nodiscard]] std::u32string CharactersOfText(std::string_view text);
+// The other way.
+[[nodiscard]] std::string Utf8Of(std::u32string_view characters);
+
+} // namespace velluto
