@@ -36,6 +36,7 @@ public:
     virtual int midiOutGetNumDevs() = 0;
     virtual int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) = 0;
     virtual int midiOutOpen(MidiHandle &handle, int number) = 0;
+    // Closing what is not open is a success, here and at the inputs: else a choice that never opened could not be left.
     virtual int midiOutClose(MidiHandle handle) = 0;
     // message: status in bits 0-7, first data byte in bits 8-15, second in bits 16-23.
     virtual int midiOutShortMsg(MidiHandle handle, std::uint32_t message) = 0;

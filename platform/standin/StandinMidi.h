@@ -42,7 +42,7 @@ class StandinMidi : public MidiDevices {
 public:
     std::vector<StandinDevice> outs;
     std::vector<StandinDevice> ins;
-    std::vector<std::uint32_t> sent; // messages that a send with code 0 handed to a device
+    std::vector<std::uint32_t> sent; // messages handed to an open device, also where it then refused them
     std::vector<std::string> calls;  // every call by name and device number: "midiOutOpen 0"
     std::vector<ThruEvent> thru;
 

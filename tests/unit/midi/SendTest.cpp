@@ -111,13 +111,14 @@ TEST(Send, AfterAFailureNothingIsSentUntilADeviceIsOpenedAgain)
     link.OpenOneOut();
     link.devices.outs[0].codes.send = 11;
     link.Send(0x643C90);
+    EXPECT_EQ(link.devices.sent, (Sent{0x643C90})); // handed over, and refused
     link.devices.outs[0].codes.send = 0;
-    link.Send(0x643C90);
-    EXPECT_TRUE(link.devices.sent.empty());
+    link.Send(0x653C90);
+    EXPECT_EQ(link.devices.sent, (Sent{0x643C90}));
     OpenMidiOut(link.midi);
     EXPECT_TRUE(link.midi.SendArmed);
-    link.Send(0x643C90);
-    EXPECT_EQ(link.devices.sent, (Sent{0x643C90}));
+    link.Send(0x663C90);
+    EXPECT_EQ(link.devices.sent, (Sent{0x643C90, 0x663C90}));
 }
 
 TEST(Send, CodesHaveAtLeastTwoDigits)
