@@ -1,6 +1,6 @@
 # What the tests of the program on a virtual display share: a stage with a display, a MIDI server and an instrument, waits
 # that have an end, and looks at the screen. Sourced; the caller has set -euo pipefail.
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034
 # shellcheck source=tools/lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/lib.sh"
 
@@ -72,12 +72,13 @@ window_manager_is_up() {
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
 }
 
-# start_jack: a MIDI server of its own, with no sound behind it.
+# start_jack: a MIDI server of its own, with no sound behind it. Always of the same name: JACK keeps a list of eight servers for
+# the whole machine, and takes a killed one off it only for another of its name.
 start_jack() {
-    export JACK_DEFAULT_SERVER=velluto-gui-$$ JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
+    export JACK_DEFAULT_SERVER=velluto-gui JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
     jackd -n "$JACK_DEFAULT_SERVER" --no-realtime -d dummy -r 48000 -p 256 >"$stage/jackd.log" 2>&1 &
     started_pids+=($!)
-    jack_wait -w -t "$patience" >/dev/null 2>&1 || fail "jackd did not start"
+    jack_wait -w -t "$patience" >/dev/null 2>&1 || fail "jackd did not start: $(tail -n 5 "$stage/jackd.log")"
 }
 
 # start_instrument PROGRAM NAME: a client that writes what it hears into $stage/heard.
@@ -133,6 +134,13 @@ click() {
     xdotool mousemove "$1" "$2" click 1
 }
 
+# drag FROM-X FROM-Y TO-X TO-Y
+drag() {
+    xdotool mousemove "$1" "$2" mousedown 1
+    xdotool mousemove $((($1 + $3) / 2)) $((($2 + $4) / 2)) mousemove "$3" "$4"
+    xdotool mouseup 1
+}
+
 # The screen without its last line, where the clock is.
 take() {
     import -window root -crop "${screen_width}x$((screen_height - 40))+0+0" +repage -depth 8 "$1"
@@ -172,4 +180,64 @@ changing() {
 changed_box() {
     convert "$1" "$2" -compose difference -composite -colorspace gray -threshold 1% -format '%@\n' info: |
         sed -E 's/([0-9]+)x([0-9]+)\+([0-9]+)\+([0-9]+)/\3 \4 \1 \2/'
+}
+
+# The steps of a new user.
+
+# From the language question to the frame, in English.
+start_in_english() {
+    start_program "$1"
+    await_window "Velluto v 1.1"
+    changing press Down # from Italiano to English
+    press Return
+    await_window "Velluto v 1.1 - Velluto"
+}
+
+# open_file PATH: by the File menu's shortcut and the dialog.
+open_file() {
+    take "$stage/empty.ppm"
+    press ctrl+a
+    await_window "Velluto v 1.1- Open File"
+    xdotool type --delay 10 "$1"
+    press Return
+    await_window "Velluto v 1.1 - Velluto"
+    wait_until "the file's window" screen_differs "$stage/empty.ppm"
+    settle
+}
+
+# Where the fifth row of the list is: what changes as the selection moves on from the fourth. The keyboard is in the list of
+# a file's window, from which nothing is sent. Sets row_x and row_y.
+find_fifth_row() {
+    local left top width height
+    changing press Home
+    for _ in 2 3 4; do
+        changing press Down
+    done
+    cp "$stage/now.ppm" "$stage/fourth.ppm"
+    changing press Down
+    read -r left top width height < <(changed_box "$stage/fourth.ppm" "$stage/now.ppm")
+    [ "$((width > 100 && height > 20))" -eq 1 ] || fail "no rows seen at $left $top $width $height"
+    row_x=$((left + width / 2)) row_y=$((top + height * 3 / 4))
+}
+
+# Presses the button "User 1": the left one of the two between which the focus moves.
+press_user1() {
+    local left top width height
+    changing press Tab
+    cp "$stage/now.ppm" "$stage/user1.ppm"
+    changing press Tab
+    read -r left top width height < <(changed_box "$stage/user1.ppm" "$stage/now.ppm")
+    [ "$width" -gt 100 ] || fail "no buttons seen at $left $top $width $height"
+    changing click $((left + width / 5)) $((top + height / 2))
+}
+
+# Chooses the last MIDI output, which is the instrument: the built-in synthesizer and the machine's own ports come before it.
+choose_last_output() {
+    changing press alt+p
+    changing press Down
+    changing press Right
+    changing press Up # from the first round to the last
+    press Return
+    wait_until "the way to $1" is_connected "$1"
+    settle
 }
