@@ -29,7 +29,8 @@ Lines EmptyRows()
 // A body of so many bytes.
 Bytes Body(std::size_t length, std::uint8_t byte = 0xAA)
 {
-    return Bytes(length, byte);
+    Bytes body(length, byte);
+    return body;
 }
 
 class StyleListingTest : public PrintingTest {
@@ -42,7 +43,7 @@ protected:
         return link.Listing(window);
     }
     // The line of the 0-based row.
-    std::string RowOf(const Bytes &image, int row) { return ListingOf(image).at(static_cast<std::size_t>(2 + row)); }
+    std::string RowOf(const Bytes &image, int row) { return ListingOf(image).at(2 + static_cast<std::size_t>(row)); }
 };
 
 TEST_F(StyleListingTest, StylesWithoutStsAreListedAsTheWindowShowsThem)
