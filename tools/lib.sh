@@ -43,6 +43,7 @@ install_packages() {
     mapfile -t missing < <(missing_packages "$@")
     [ "${#missing[@]}" -gt 0 ] || return 0
     case " ${missing[*]} " in
+    *" libjack-jackd2-dev "*) ;;
     *" librtmidi-dev "*) missing+=(libjack-jackd2-dev) ;;
     esac
 
