@@ -188,10 +188,28 @@ void ChildWindow::NoteGeometry()
             children_.Resize(*form_, width, height);
         }
     }
-    // The form may have given itself another size than the hand did.
-    if (form_ != nullptr && ToPixels(Size{form_->Width(), form_->Height()}) != now.size()) {
-        ApplyPlace();
+    KeepOppositeEdge(before, now);
+}
+
+// The form may have given itself another size than the hand did. An edge that was drawn too far inwards stops there,
+// and the opposite edge stays where it was.
+void ChildWindow::KeepOppositeEdge(const QRect &before, const QRect &now)
+{
+    if (form_ == nullptr) {
+        return;
     }
+    const QSize size = ToPixels(Size{form_->Width(), form_->Height()});
+    if (size == now.size()) {
+        return;
+    }
+    const bool fromLeft = now.left() != before.left() && now.right() == before.right();
+    const bool fromTop = now.top() != before.top() && now.bottom() == before.bottom();
+    if (fromLeft || fromTop) {
+        const int left = fromLeft ? ToTwips(before.right() + 1 - size.width()) : form_->Left();
+        const int top = fromTop ? ToTwips(before.bottom() + 1 - size.height()) : form_->Top();
+        children_.Move(*form_, left, top);
+    }
+    ApplyPlace();
 }
 
 void ChildWindow::moveEvent(QMoveEvent *event)

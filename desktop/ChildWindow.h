@@ -30,6 +30,7 @@ private:
     void ApplyPlace();
     void ApplyState();
     void NoteGeometry();
+    void KeepOppositeEdge(const QRect &before, const QRect &now);
     void NoteState(Qt::WindowStates states);
     [[nodiscard]] bool IsNormal() const { return !isMinimized() && !isMaximized(); }
     // Where the form's place is drawn, before scrolling: moved into view where nothing of its title could be seen.

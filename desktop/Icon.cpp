@@ -19,9 +19,8 @@ constexpr std::array<double, 4> kWhiteKeys = {8.0, 20.0, 32.0, 44.0};
 constexpr std::array<double, 3> kBlackKeys = {16.5, 28.5, 40.5};
 constexpr std::array<int, 4> kSizes = {16, 32, 48, 128};
 
-void DrawIcon(QPainter &painter)
+void DrawProgramIcon(QPainter &painter)
 {
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     QLinearGradient velvet(0, 0, 0, kDrawing);
     velvet.setColorAt(0, QColor(0x9e, 0x2a, 0x4d));
@@ -47,14 +46,32 @@ void DrawIcon(QPainter &painter)
     painter.drawPath(wave);
 }
 
+// A yellow triangle with an exclamation mark.
+void DrawWarning(QPainter &painter)
+{
+    QPen edge(QColor(0xc9, 0x8a, 0x12), 3);
+    edge.setJoinStyle(Qt::RoundJoin);
+    painter.setPen(edge);
+    painter.setBrush(QColor(0xff, 0xc9, 0x3c));
+    painter.drawPolygon(QPolygonF({QPointF(32, 7), QPointF(59, 55), QPointF(5, 55)}));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x3a, 0x28, 0x05));
+    painter.drawRoundedRect(QRectF(29.5, 22, 5, 18), 2.5, 2.5);
+    painter.drawEllipse(QPointF(32, 47), 3, 3);
+}
+
+using Drawing = void (*)(QPainter &);
+
 class Engine : public QIconEngine {
 public:
+    explicit Engine(Drawing drawing) : drawing_(drawing) {}
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
     {
         painter->save();
         painter->translate(rect.topLeft());
         painter->scale(rect.width() / kDrawing, rect.height() / kDrawing);
-        DrawIcon(*painter);
+        painter->setRenderHint(QPainter::Antialiasing);
+        drawing_(*painter);
         painter->restore();
     }
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
@@ -73,14 +90,22 @@ public:
         }
         return sizes;
     }
-    [[nodiscard]] QIconEngine *clone() const override { return new Engine; }
+    [[nodiscard]] QIconEngine *clone() const override { return new Engine(drawing_); }
+
+private:
+    Drawing drawing_;
 };
 
 } // namespace
 
 QIcon ProgramIcon()
 {
-    return QIcon(new Engine);
+    return QIcon(new Engine(DrawProgramIcon));
+}
+
+QIcon WarningIcon()
+{
+    return QIcon(new Engine(DrawWarning));
 }
 
 } // namespace velluto

@@ -1,10 +1,13 @@
-// The program's icon, drawn here as velluto.svg draws it: crisp at every size, and no image file to load.
+// Icons drawn in code: crisp at every size, and no image file to load.
 #pragma once
 
 #include <QIcon>
 
 namespace velluto {
 
+// The program's own, as velluto.svg draws it.
 [[nodiscard]] QIcon ProgramIcon();
+// For message boxes.
+[[nodiscard]] QIcon WarningIcon();
 
 } // namespace velluto

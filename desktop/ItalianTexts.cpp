@@ -83,6 +83,7 @@ constexpr std::array kTexts = std::to_array<Pair>({
     {"Show &hidden files", "Mostra i file n&ascosti"},
     {"Sidebar", "Barra laterale"},
     {"Size", "Dimensione"},
+    {"Status bar", "Barra di stato"},
     {"Type", "Tipo"},
 });
 

@@ -71,6 +71,29 @@ QPalette MakePalette(const Colours &colours)
     return palette;
 }
 
+bool IsDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+// Fusion draws the edge of a box or an option darker than the window, which in a dark theme nobody sees.
+void DrawIndicatorEdge(QPainter &painter, const QStyleOption &option, bool round)
+{
+    QColor edge = option.palette.color(QPalette::WindowText);
+    edge.setAlphaF(option.state.testFlag(QStyle::State_Enabled) ? 0.5F : 0.2F);
+    const QRectF rect = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, round);
+    painter.setPen(QPen(edge, 1));
+    painter.setBrush(Qt::NoBrush);
+    if (round) {
+        painter.drawEllipse(rect);
+    } else {
+        painter.drawRect(rect);
+    }
+    painter.restore();
+}
+
 void DrawMenuMark(QPainter &painter, const QStyleOption &option)
 {
     const bool pointedAt = option.state.testFlag(QStyle::State_Selected);
@@ -98,6 +121,11 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption *option, Q
         }
         return;
     }
+    if ((element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox) && IsDark(option->palette)) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        DrawIndicatorEdge(*painter, *option, element == PE_IndicatorRadioButton);
+        return;
+    }
     if (element == PE_PanelMenu) {
         painter->fillRect(option->rect, option->palette.color(QPalette::Mid));
         painter->fillRect(option->rect.adjusted(1, 1, -1, -1), option->palette.color(QPalette::Window));
@@ -115,6 +143,10 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex 
     const auto *bar = qstyleoption_cast<const QStyleOptionTitleBar *>(option);
     if (control == CC_TitleBar && bar != nullptr) {
         DrawTitleBar(*painter, *bar, *proxy(), widget);
+        return;
+    }
+    if (control == CC_MdiControls) {
+        DrawMenuBarButtons(*painter, *option, *proxy(), widget);
         return;
     }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
@@ -143,6 +175,11 @@ int Look::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *w
         return 0;
     }
     return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+QIcon Look::standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const
+{
+    return icon == SP_MessageBoxWarning ? WarningIcon() : QProxyStyle::standardIcon(icon, option, widget);
 }
 
 void SetUpLook()

@@ -15,6 +15,7 @@ public:
                             const QWidget *widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget, QStyleHintReturn *data) const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const override;
 };
 
 // Sets style and icon of the application. The colours are the system's, unless the environment variable VELLUTO_THEME says "dark" or

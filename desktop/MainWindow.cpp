@@ -126,7 +126,7 @@ void MainWindow::MakeStatusBar()
 {
     statusBar_ = new StatusStrip(this);
     statusBar_->setObjectName(QStringLiteral("Picture1"));
-    statusBar_->setAccessibleName(QStringLiteral("Status bar"));
+    statusBar_->setAccessibleName(QCoreApplication::translate("StatusStrip", "Status bar"));
     const auto follow = [this](Aspect /*aspect*/) {
         statusBar_->setVisible(frame_.Picture1.visible);
         statusBar_->setFixedHeight(std::max(ToPixels(frame_.Picture1.place.Get().height), 1));

@@ -63,18 +63,27 @@ void DrawRestore(QPainter &painter, const QPointF &c)
 
 using Glyph = void (*)(QPainter &, const QPointF &);
 
-void DrawButton(QPainter &painter, const QStyleOptionTitleBar &bar, const QRect &place, QStyle::SubControl button, Glyph glyph)
+struct ButtonState {
+    bool pointedAt = false;
+    bool pressed = false;
+};
+
+ButtonState StateOf(const QStyleOptionComplex &option, QStyle::SubControl button)
 {
-    const bool here = (bar.activeSubControls & button) != 0U;
-    const bool pressed = here && bar.state.testFlag(QStyle::State_Sunken);
-    if (here && (pressed || bar.state.testFlag(QStyle::State_MouseOver))) {
-        QColor lit = InkOf(bar);
-        lit.setAlphaF(pressed ? 0.35F : 0.2F);
+    const bool here = (option.activeSubControls & button) != 0U;
+    return {here && option.state.testFlag(QStyle::State_MouseOver), here && option.state.testFlag(QStyle::State_Sunken)};
+}
+
+void DrawButton(QPainter &painter, const QRect &place, const ButtonState &state, const QColor &ink, Glyph glyph)
+{
+    if (state.pointedAt || state.pressed) {
+        QColor lit = ink;
+        lit.setAlphaF(state.pressed ? 0.35F : 0.2F);
         painter.setPen(Qt::NoPen);
         painter.setBrush(lit);
         painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     }
-    QPen pen(InkOf(bar), kPen);
+    QPen pen(ink, kPen);
     pen.setCapStyle(Qt::RoundCap);
     pen.setJoinStyle(Qt::MiterJoin);
     painter.setPen(pen);
@@ -102,12 +111,31 @@ void DrawButtons(QPainter &painter, const QStyleOptionTitleBar &bar, const QStyl
     for (const Drawn &drawn : buttons) {
         const QRect place = style.subControlRect(QStyle::CC_TitleBar, &bar, drawn.button, widget);
         if (drawn.wanted && place.isValid() && (bar.subControls & drawn.button) != 0U) {
-            DrawButton(painter, bar, place, drawn.button, drawn.glyph);
+            DrawButton(painter, place, StateOf(bar, drawn.button), InkOf(bar), drawn.glyph);
         }
     }
 }
 
 } // namespace
+
+void DrawMenuBarButtons(QPainter &painter, const QStyleOptionComplex &option, const QStyle &style, const QWidget *widget)
+{
+    struct Drawn {
+        QStyle::SubControl button;
+        Glyph glyph;
+    };
+    const std::array<Drawn, 3> buttons = {
+        {{QStyle::SC_MdiMinButton, DrawMinimise}, {QStyle::SC_MdiNormalButton, DrawRestore}, {QStyle::SC_MdiCloseButton, DrawClose}}};
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const Drawn &drawn : buttons) {
+        if ((option.subControls & drawn.button) != 0U) {
+            const QRect place = style.subControlRect(QStyle::CC_MdiControls, &option, drawn.button, widget);
+            DrawButton(painter, place, StateOf(option, drawn.button), option.palette.color(QPalette::WindowText), drawn.glyph);
+        }
+    }
+    painter.restore();
+}
 
 void DrawWindowFrame(QPainter &painter, const QStyleOption &option)
 {
@@ -128,7 +156,8 @@ void DrawTitleBar(QPainter &painter, const QStyleOptionTitleBar &bar, const QSty
         side.moveCenter(icon.center());
         bar.icon.paint(&painter, side);
     }
-    const QRect text = style.subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, widget).adjusted(kIconGap, 0, 0, 0);
+    const QRect text =
+        style.subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, widget).adjusted(kIconGap, 0, -kIconGap, 0);
     painter.setPen(InkOf(bar));
     painter.drawText(text, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(bar.text, Qt::ElideRight, text.width()));

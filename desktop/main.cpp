@@ -1,6 +1,7 @@
 // The desktop program: gives the program this machine's answers and lets Qt run it.
 #include "app/FrameCommands.h"
 #include "app/Velluto.h"
+#include "desktop/EndSignals.h"
 #include "desktop/Look.h"
 #include "desktop/QtClock.h"
 #include "desktop/QtFace.h"
@@ -25,6 +26,7 @@ int Run()
     face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [&program] { return CloseFrame(program); }});
     clock.Follow(program.app.messages.LinguaBase);
     printer.Follow(program.app);
+    const EndSignals endSignals;
     int result = 0;
     if (StartUp(program)) {
         do {
