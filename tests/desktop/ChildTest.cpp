@@ -70,6 +70,15 @@ TEST_F(ChildTest, ResizedBelowItsNaturalSizeItSnapsBack)
     EXPECT_EQ(Window(form).size(), QSize(600, 420));
 }
 
+TEST_F(ChildTest, DrawnTooFarInFromTheLeftItsRightEdgeStays)
+{
+    form.smallest = Size{9000, 6000};
+    Show(form);
+    Window(form).setGeometry(QRect(120, 40, 500, 400)); // its left edge, a hundred pixels to the right
+    EXPECT_EQ(Window(form).geometry(), QRect(20, 40, 600, 400));
+    EXPECT_EQ(form.place, (Place{300, 600, 9000, 6000}));
+}
+
 TEST_F(ChildTest, APlaceOffEveryScreenIsShownInViewAndStaysStored)
 {
     form.place = Place{-30000, 29000, 9000, 6000};
