@@ -77,6 +77,7 @@ void ChildWindow::Detach()
         form_->observer = nullptr;
         form_ = nullptr;
         surface_->Detach();
+        disconnect(this, &QMdiSubWindow::windowStateChanged, this, nullptr);
     }
 }
 
@@ -222,6 +223,9 @@ void ChildWindow::resizeEvent(QResizeEvent *event)
 {
     QMdiSubWindow::resizeEvent(event);
     NoteGeometry();
+    if (form_ != nullptr && isMaximized()) {
+        form_->maximisedInside = Size{ToTwips(width()), ToTwips(height())};
+    }
     // A maximised window follows the frame; its form lays itself out for the room there is.
     if (form_ != nullptr && !applying_ && isMaximized() && form_->windowState == WindowState::Maximised) {
         const EventGate::Pass pass(gate_);

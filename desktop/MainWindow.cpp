@@ -119,7 +119,8 @@ void MainWindow::Release()
     for (ChildWindow *window : windows_) {
         window->Detach();
     }
-    arranging_ = true;
+    // Qt tells of windows coming and going until the last of them is gone.
+    disconnect(area_, nullptr, this, nullptr);
 }
 
 void MainWindow::MakeStatusBar()

@@ -36,10 +36,12 @@ public:
     void SetWidth(int width);
     void SetHeight(int height);
 
-    // Inner size: the outer size less the window's frame. The face sets frame before the form loads.
+    // Inner size: the outer size less the window's frame. The face sets frame before the form loads, and maximisedInside
+    // while it draws the form maximised, where place tells of the normal window only.
     Size frame;
-    [[nodiscard]] int ScaleWidth() const { return Width() - frame.width; }
-    [[nodiscard]] int ScaleHeight() const { return Height() - frame.height; }
+    Size maximisedInside;
+    [[nodiscard]] int ScaleWidth() const { return FillsFrame() ? maximisedInside.width : Width() - frame.width; }
+    [[nodiscard]] int ScaleHeight() const { return FillsFrame() ? maximisedInside.height : Height() - frame.height; }
 
     [[nodiscard]] const std::vector<Control *> &controls() const { return controls_; }
     [[nodiscard]] Control *Find(std::string_view name, int index = Control::kNoIndex) const;
@@ -65,6 +67,7 @@ public:
 
 private:
     friend class Control;
+    [[nodiscard]] bool FillsFrame() const { return windowState == WindowState::Maximised && maximisedInside != Size{}; }
     std::string name_;
     int number_;
     std::vector<Control *> controls_;

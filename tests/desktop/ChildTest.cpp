@@ -122,6 +122,10 @@ TEST_F(ChildTest, AMaximisedWindowFollowsTheFrame)
     Settle();
     EXPECT_GE(form.resized, 1);
     EXPECT_EQ(form.place, (Place{300, 600, 9000, 6000}));
+    EXPECT_EQ(form.ScaleWidth(), face.Workspace().width);
+    EXPECT_EQ(form.ScaleHeight(), face.Workspace().height);
+    app.children.Restore(form);
+    EXPECT_EQ(form.ScaleWidth(), 9000 - face.ChildFrame().width);
 }
 
 TEST_F(ChildTest, TheCloseButtonAsksTheFormFirst)
