@@ -1,0 +1,31 @@
+// Holds what each benchmark of a run took and prints it as one table: a time beside the time it may take, or a ratio to
+// a yardstick measured in the same run beside the ratio it may have.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace velluto::bench {
+
+struct Limit {
+    std::string what;      // the words of the row
+    std::string measured;  // name of a benchmark
+    std::string yardstick; // name of the benchmark it is divided by; empty where the limit is a time
+    double most = 0;       // ratio, or microseconds
+};
+
+class RatioReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run> &runs) override;
+    // Prints the table; false where one of them is over its limit.
+    [[nodiscard]] bool PrintTable(const std::vector<Limit> &limits) const;
+
+private:
+    // Microseconds by benchmark: the median where there is one.
+    std::map<std::string, double> taken_;
+};
+
+} // namespace velluto::bench

@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Runs all benchmarks and prints what they measured beside their limits. Not part of test.sh: a machine that has other things
+# to do is no yardstick.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+# shellcheck source=tools/lib.sh
+. tools/lib.sh
+install_packages "${build_packages[@]}" "${test_packages[@]}"
+build bench bench_core
+status=0
+build/bench/bench/bench_core --benchmark_repetitions=9 --benchmark_report_aggregates_only=true \
+    --benchmark_enable_random_interleaving=true || status=1
+bench/startup.sh || status=1
+exit "$status"
