@@ -16,6 +16,7 @@ public:
     std::vector<std::string> Names(PortKind kind) override;
     [[nodiscard]] bool TellsChanges() const override { return false; }
     bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
+    void Settle(const std::string & /*portName*/) override {} // ALSA connects at once
 
 private:
     std::mutex mutex_;                   // the two objects are asked by the interface thread and by the one that watches

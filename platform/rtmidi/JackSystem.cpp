@@ -3,7 +3,9 @@
 #include "platform/rtmidi/MidiPorts.h"
 #include "platform/rtmidi/ProductName.h"
 
+#include <chrono>
 #include <memory>
+#include <thread>
 
 namespace velluto {
 
@@ -15,6 +17,11 @@ constexpr const char *kWatcherName = "Velluto";
 // filled in one period: the queue is emptied once a period, but not at the moment at which the period is counted.
 constexpr std::size_t kQueueShare = 16384 / 3;
 constexpr std::size_t kQueueOverhead = sizeof(int); // what the queue adds to a message
+
+// A connection counts from one of the next periods on; what is sent before that is lost.
+constexpr std::uint32_t kPeriodsToSettle = 3;
+constexpr std::chrono::milliseconds kLongestSettling(250);
+constexpr std::chrono::microseconds kSettlingLook(500);
 
 void Quiet(const char * /*text*/) {}
 
@@ -105,6 +112,21 @@ bool JackSystem::HasRoom(SendBudget &budget, std::size_t messageBytes) const
     }
     budget.bytes += messageBytes + kQueueOverhead;
     return true;
+}
+
+void JackSystem::Settle(const std::string &portName)
+{
+    {
+        const std::lock_guard lock(mutex_);
+        if (client_ != nullptr && alive_) {
+            jack_port_connected(jack_port_by_name(client_, portName.c_str())); // waits while a change is pending
+        }
+    }
+    const std::uint32_t begin = cycles_.load(std::memory_order_relaxed);
+    const auto end = std::chrono::steady_clock::now() + kLongestSettling;
+    while (alive_ && cycles_.load(std::memory_order_relaxed) - begin < kPeriodsToSettle && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kSettlingLook);
+    }
 }
 
 } // namespace velluto

@@ -23,6 +23,7 @@ public:
     std::vector<std::string> Names(PortKind kind) override;
     [[nodiscard]] bool TellsChanges() const override { return true; }
     bool HasRoom(SendBudget &budget, std::size_t messageBytes) const override;
+    void Settle(const std::string &portName) override;
 
 private:
     void CloseClient();

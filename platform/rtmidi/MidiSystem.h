@@ -36,6 +36,9 @@ public:
     // False where the message would overrun the connection's queue, since the system takes nothing at the moment.
     virtual bool HasRoom(SendBudget &budget, std::size_t messageBytes) const = 0;
 
+    // Waits, briefly, until a connection just made to the port passes what is sent on it.
+    virtual void Settle(const std::string &portName) = 0;
+
     // Called by a thread of the system after ports have come or gone or the system has died. Set before Connect.
     std::function<void()> changed = []() {};
 };

@@ -217,6 +217,7 @@ int RtMidiPorts::OpenOutput(const std::string &name, std::unique_ptr<OutputPort>
             EndElsewhere(retirement_, std::move(connection));
             return code;
         }
+        system_->Settle(name);
         port = std::make_unique<RtOutput>(*this, name, std::move(connection));
         return code;
     });

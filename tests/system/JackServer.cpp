@@ -1,0 +1,158 @@
+#include "JackServer.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <stdexcept>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace velluto::test {
+
+namespace {
+
+constexpr const char *kServerName = "velluto-test";
+// Long, since what a client does too late for a period is lost, and a busy machine lets a client wait.
+constexpr const char *kPeriodFrames = "1024";
+
+} // namespace
+
+bool Eventually(const std::function<bool()> &condition, std::chrono::milliseconds limit)
+{
+    constexpr std::chrono::milliseconds kLookEvery(2);
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(kLookEvery);
+    }
+    return true;
+}
+
+Process::Process(const std::vector<std::string> &words)
+{
+    int toChild[2];
+    int fromChild[2];
+    if (::pipe2(toChild, O_CLOEXEC) != 0 || ::pipe2(fromChild, O_CLOEXEC) != 0) {
+        throw std::runtime_error("no pipe");
+    }
+    std::vector<char *> arguments;
+    for (const std::string &word : words) {
+        arguments.push_back(const_cast<char *>(word.c_str()));
+    }
+    arguments.push_back(nullptr);
+    pid_ = ::fork();
+    if (pid_ == 0) {
+        ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        ::dup2(toChild[0], STDIN_FILENO);
+        ::dup2(fromChild[1], STDOUT_FILENO);
+        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        ::dup2(nowhere, STDERR_FILENO);
+        ::execv(arguments[0], arguments.data());
+        ::_exit(127);
+    }
+    ::close(toChild[0]);
+    ::close(fromChild[1]);
+    input_ = toChild[1];
+    output_ = fromChild[0];
+    ::fcntl(output_, F_SETFL, O_NONBLOCK);
+}
+
+Process::~Process()
+{
+    ::close(input_); // the clients end with their input
+    End(0);
+    ::close(output_);
+}
+
+void Process::Write(const std::string &line)
+{
+    const std::string text = line + "\n";
+    if (::write(input_, text.data(), text.size()) != static_cast<ssize_t>(text.size())) {
+        throw std::runtime_error("the process takes no line");
+    }
+}
+
+void Process::Read()
+{
+    char buffer[4096];
+    for (ssize_t got = 0; (got = ::read(output_, buffer, sizeof(buffer))) > 0;) {
+        rest_.append(buffer, static_cast<std::size_t>(got));
+    }
+    for (std::size_t end = 0; (end = rest_.find('\n')) != std::string::npos;) {
+        const std::string line = rest_.substr(0, end);
+        rest_.erase(0, end + 1);
+        if (line == "ready") {
+            ready_ = true;
+        } else {
+            lines_.push_back(line);
+        }
+    }
+}
+
+const std::vector<std::string> &Process::Lines()
+{
+    Read();
+    return lines_;
+}
+
+bool Process::WaitUntilReady()
+{
+    return Eventually([this]() {
+        Read();
+        return ready_;
+    });
+}
+
+void Process::Signal(int number) const
+{
+    ::kill(pid_, number);
+}
+
+void Process::End(int signal)
+{
+    if (pid_ > 0) {
+        ::kill(pid_, signal);
+        if (!Eventually([this]() { return ::waitpid(pid_, nullptr, WNOHANG) == pid_; })) {
+            ::kill(pid_, SIGKILL);
+            ::waitpid(pid_, nullptr, 0);
+        }
+        pid_ = -1;
+    }
+}
+
+JackServer::JackServer()
+{
+    ::setenv("JACK_DEFAULT_SERVER", kServerName, 1);
+    ::setenv("JACK_NO_AUDIO_RESERVATION", "1", 1);
+    ::setenv("JACK_NO_START_SERVER", "1", 1);
+}
+
+JackServer::~JackServer()
+{
+    if (process_) {
+        process_->Signal(SIGCONT); // a test that failed may have left it standing
+        process_->End(SIGTERM);
+    }
+}
+
+void JackServer::Start()
+{
+    process_ = std::make_unique<Process>(
+        std::vector<std::string>{JACKD, "-n", kServerName, "--no-realtime", "-d", "dummy", "-r", "48000", "-p", kPeriodFrames});
+    const std::string look = std::string(JACK_WAIT) + " -c 2>/dev/null | grep -q '^running'";
+    if (!Eventually([&]() { return std::system(look.c_str()) == 0; })) { // NOLINT: before any thread
+        throw std::runtime_error("the JACK server does not start");
+    }
+}
+
+void JackServer::End(int signal)
+{
+    process_->End(signal);
+    process_.reset();
+}
+
+} // namespace velluto::test
