@@ -15,7 +15,7 @@ fi
 install_packages "${needed[@]}"
 build release velluto
 
-program=$PWD/build/release/desktop/velluto
+program=$PWD/build/release/velluto
 data_home=${XDG_DATA_HOME-}
 case $data_home in
 /*) ;;

@@ -56,9 +56,9 @@ check_fuzz() {
         local name=${target##*/} finds
         finds=$(mktemp -d)
         local corpus=("$finds")
-        [ ! -d "tests/fuzz/corpus/$name" ] || corpus+=("tests/fuzz/corpus/$name")
+        [ "$name" != fuzz_program_file ] || corpus+=(data/samples)
         local status=0
-        "$target" -max_total_time="$seconds_fuzzed" -timeout=10 -rss_limit_mb=2048 -seed=1 -print_final_stats=1 \
+        "$target" -max_total_time="$seconds_fuzzed" -timeout=10 -len_control=0 -max_len=45000 -seed=1 \
             -artifact_prefix="build/fuzz/$name-" "${corpus[@]}" || status=$?
         rm -rf "$finds"
         [ "$status" -eq 0 ] || return 1

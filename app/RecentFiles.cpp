@@ -1,10 +1,10 @@
 #include "app/RecentFiles.h"
 
+#include "app/Characters.h"
 #include "app/Paths.h"
 #include "app/StoredPlace.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace velluto {
 
@@ -12,83 +12,54 @@ namespace {
 
 constexpr std::size_t kWholeCaption = 35; // characters of a path that need no shortening
 constexpr std::size_t kTail = 28;         // characters that may follow the dots
-constexpr std::string_view kDots = "...";
-
-// A path as its characters, so that a letter of several bytes counts once. A byte that belongs to no character counts
-// as one.
-std::vector<std::string_view> Characters(std::string_view utf8)
-{
-    std::vector<std::string_view> characters;
-    std::size_t at = 0;
-    while (at < utf8.size()) {
-        std::size_t end = at + 1;
-        while (end < utf8.size() && (static_cast<unsigned char>(utf8[end]) & 0xC0U) == 0x80U) {
-            ++end;
-        }
-        characters.push_back(utf8.substr(at, end - at));
-        at = end;
-    }
-    return characters;
-}
-
-using Text = std::vector<std::string_view>;
-
-std::string Join(const Text &text, std::size_t from, std::size_t count)
-{
-    std::string joined;
-    for (std::size_t i = from; i < std::min(text.size(), from + count); ++i) {
-        joined += text[i];
-    }
-    return joined;
-}
+constexpr std::u32string_view kDots = U"...";
 
 // How a path is divided: what stands before the dots, which characters separate, and which separator is written.
 struct PathForm {
     std::size_t rootLength;
-    std::string_view separators;
-    std::string_view written;
+    std::u32string_view separators;
+    char32_t written;
 };
 
 // A path in drive form, such as old settings files hold, keeps its own rules on every platform.
 PathForm FormOf(std::string_view path)
 {
     if (kPathSeparator == '/' && !path.empty() && path.front() == kPathSeparator) {
-        return {1, "/\\", "/"};
+        return {1, U"/\\", U'/'};
     }
-    return {3, "\\", "\\"};
+    return {3, U"\\", U'\\'};
 }
 
-std::string Shortened(std::string_view path)
+// Counted in characters, so that a letter of several bytes counts once; a path that is no UTF-8 has one in each byte.
+std::u32string Shortened(std::string_view path)
 {
-    const Text text = Characters(path);
+    const std::u32string text = CharactersOfText(path);
     if (text.size() <= kWholeCaption) {
-        return std::string(path);
+        return text;
     }
     const PathForm form = FormOf(path);
-    const auto separates = [&form](std::string_view c) { return form.separators.find(c) != std::string_view::npos; };
+    const auto separates = [&form](char32_t c) { return form.separators.find(c) != std::u32string_view::npos; };
     // The separator of the root is not counted, but it is met on the walk.
     const auto counted = std::count_if(text.begin() + static_cast<std::ptrdiff_t>(form.rootLength), text.end(), separates);
     if (counted == 0) {
-        return Join(text, 0, kWholeCaption).append(kDots);
+        return text.substr(0, kWholeCaption).append(kDots);
     }
-    const std::string head = Join(text, 0, form.rootLength).append(kDots).append(form.written);
+    const std::u32string head = text.substr(0, form.rootLength).append(kDots) + form.written;
     std::ptrdiff_t met = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (!separates(text[i])) {
             continue;
         }
-        const std::size_t rest = text.size() - (i + 1);
-        if (rest <= kTail) {
-            return head + Join(text, i + 1, rest);
+        if (text.size() - (i + 1) <= kTail) {
+            return head + text.substr(i + 1);
         }
         if (met == counted) {
             break;
         }
         ++met;
     }
-    const auto last = std::find_if(text.rbegin(), text.rend(), separates);
-    const auto afterLast = static_cast<std::size_t>(text.rend() - last);
-    return head + Join(text, afterLast, kTail).append(kDots);
+    const auto last = text.find_last_of(form.separators);
+    return head + text.substr(last + 1, kTail).append(kDots);
 }
 
 RecentRecord &Entry(Modulo1 &app, int n)
@@ -142,7 +113,7 @@ void AddRecent(Modulo1 &app, std::string_view path, std::uint8_t kind)
 
 std::string RecentCaption(const Modulo1 &app, int n)
 {
-    return (n < 10 ? "  &" : "&") + std::to_string(n) + "  " + Shortened(app.WorkRecentRecord.Path.Trimmed());
+    return (n < 10 ? "  &" : "&") + std::to_string(n) + "  " + Utf8Of(Shortened(app.WorkRecentRecord.Path.Trimmed()));
 }
 
 void RefreshRecentMenu(Modulo1 &app)

@@ -4,6 +4,7 @@
 #include "app/StoredPlace.h"
 #include "app/frmLingua.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace velluto {
@@ -229,7 +230,9 @@ RuntimeError WriteAllRecords(Modulo1 &app, SettingsFile &file)
         PutGeneral(general, settings, app.frame.mnuVisBarraStato.checked);
         return file.Write(RecordNo::kGeneral, general);
     });
-    then([&] { return WriteText(file, RecordNo::kLastDir, kLastDirLength, settings.LastDir); });
+    // A folder that does not fit would come back as another one: none is kept.
+    const bool fits = settings.LastDir.size() <= kLastDirLength;
+    then([&] { return WriteText(file, RecordNo::kLastDir, kLastDirLength, fits ? settings.LastDir : std::string()); });
     then([&] { return WriteTable(file, RecordNo::kPrograms, kProgramEntries, settings.PcgDocTable, DocumentBytes); });
     then([&] { return WriteTable(file, RecordNo::kStyles, kStyleEntries, settings.StyDocTable, DocumentBytes); });
     then([&] { return WriteTable(file, RecordNo::kPerformances, kPerformanceEntries, settings.PrfDocTable, DocumentBytes); });
@@ -255,6 +258,8 @@ void ReadSettings(Modulo1 &app)
     }
     TakeGeneral(general, app.settings);
     SetLinguaBase(app);
+    // The file does not hold the entries of the new Program files; their role is that of a first run only.
+    std::fill(app.settings.PcgDocTable.begin() + kProgramEntries + 1, app.settings.PcgDocTable.end(), DocRecord());
     // A failure leaves what has been read.
     (void)ReadFurtherRecords(file, app.settings);
 }

@@ -177,7 +177,7 @@ void LayItem(PrintLine &line, const FilesState &files, int entry, ItemColumns co
 {
     line.Lay(columns.name, CharactersOfBytes(EntryName(files.clipboard.ClipImage.View(), entry)));
     if (entry < Korf::kMostItems) {
-        const std::string size = Plain(files.ItemIndex[static_cast<std::size_t>(Korf::kMostItems + entry)]);
+        const std::string size = Plain(files.ItemIndex[Korf::kMostItems + static_cast<std::size_t>(entry)]);
         const std::size_t blanks = kSizeWidth - std::min(kSizeWidth, size.size());
         line.Lay(columns.size, CharactersOfText(std::string(blanks, ' ') + size));
     }

@@ -66,6 +66,8 @@ Verdict JudgeSaveAs(const Messages &messages, RuntimeError error)
     case FileError::kDiskNotReady:
         messages.ShowMessage(MessageNo::DiskNotReady, kProgramTitle, {});
         return Verdict::Repeat;
+    case FileError::kCancelled:
+        return Verdict::GiveUp;
     default:
         messages.ShowMessage(MessageNo::DiskWriteError, kProgramTitle, {});
         return Verdict::GiveUp;

@@ -130,6 +130,7 @@ public:
 
     int columns = 1;   // the list flows in this many snaking columns
     bool multiSelect = true; // extended selection
+    int rowsPerColumn = 0;   // as a face draws it; 0: the rows spread evenly over the columns
     Encoding encoding = Encoding::Windows1252;
     Font font;
 

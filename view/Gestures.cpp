@@ -20,7 +20,7 @@ bool HasCtrl(Modifier modifier)
 int RowReachedBy(const ListBox &list, int key)
 {
     const int count = list.ListCount();
-    const int perColumn = (count + list.columns - 1) / std::max(list.columns, 1);
+    const int perColumn = list.rowsPerColumn > 0 ? list.rowsPerColumn : (count + list.columns - 1) / std::max(list.columns, 1);
     const int from = std::max(list.ListIndex(), 0);
     const bool none = list.ListIndex() < 0;
     switch (key) {

@@ -1,6 +1,7 @@
 #include "platform/posix/PosixFiles.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
@@ -112,6 +113,12 @@ private:
 
 } // namespace
 
+PosixFiles::PosixFiles()
+{
+    // A write beyond the limit on file sizes is to fail with its error and not to end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
 RuntimeError PosixFiles::Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
 {
     if (!IsWellFormed(path)) {
@@ -140,7 +147,9 @@ RuntimeError PosixFiles::Delete(const std::string &path)
     if (!IsWellFormed(path)) {
         return {FileError::kPathNotFound};
     }
-    if (::unlink(path.c_str()) == 0) {
+    // Open follows a link, so Delete does too: it is the file that goes, and a save through a link reaches its target.
+    const std::unique_ptr<char, decltype(&std::free)> target(::realpath(path.c_str(), nullptr), &std::free);
+    if (::unlink(target ? target.get() : path.c_str()) == 0) {
         return {};
     }
     return errno == ENOENT ? RuntimeError{FileError::kFileNotFound} : FromErrno(errno);

@@ -7,6 +7,7 @@ namespace velluto {
 
 class PosixFiles : public FileStore {
 public:
+    PosixFiles();
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError Delete(const std::string &path) override;
     std::string CurrentFolder() override;

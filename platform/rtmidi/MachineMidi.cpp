@@ -150,7 +150,7 @@ int MachineMidi::midiOutClose(MidiHandle handle)
 {
     OpenOut *device = Find(openOuts_, handle);
     if (device == nullptr) {
-        return MidiCode::kError;
+        return MidiCode::kSuccess;
     }
     for (OpenIn &in : openIns_) {
         if (in.linkedTo == device->number) {
@@ -207,7 +207,7 @@ int MachineMidi::midiInClose(MidiHandle handle)
 {
     OpenIn *device = Find(openIns_, handle);
     if (device == nullptr) {
-        return MidiCode::kError;
+        return MidiCode::kSuccess;
     }
     Unlink(*device);
     device->line->Closed();

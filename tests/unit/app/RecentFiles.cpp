@@ -87,6 +87,18 @@ TEST_F(RecentTest, ALetterOfSeveralBytesCountsOnce)
 }
 #endif
 
+TEST_F(RecentTest, APathOfSingleBytesCountsEachOfThem)
+{
+    // As old settings files hold it: Windows-1252, 36 characters.
+    std::string path = "C:\\";
+    for (int i = 0; i < 5; ++i) {
+        path += "n\xB0";
+    }
+    path += std::string(19, 'a') + ".pcg";
+    ASSERT_EQ(path.size(), 36U);
+    EXPECT_EQ(Caption(path), "  &1  C:\\n\u00B0n\u00B0n\u00B0n\u00B0n\u00B0" + std::string(19, 'a') + ".pc...");
+}
+
 TEST_F(RecentTest, RowsBelow10AreIndentedByTwoBlanks)
 {
     EXPECT_EQ(Caption("/a.pcg", 9), "  &9  /a.pcg");

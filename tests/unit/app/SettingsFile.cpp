@@ -126,6 +126,13 @@ TEST_F(SettingsFileTest, TheRolesOfAFirstRunLastUntilItsEnd)
     EXPECT_EQ(next.program.app.settings.PrfDocTable[9].Path.Trimmed(), next.At("Velluto-Bank01.prf"));
 }
 
+TEST_F(SettingsFileTest, TheSlotsOfNewProgramFilesHaveARoleInAFirstRunOnly)
+{
+    Start();
+    EXPECT_EQ(settings.PcgDocTable[11].Role, 0);
+    EXPECT_EQ(settings.PcgDocTable[12].Role, 0);
+}
+
 TEST_F(SettingsFileTest, ADocumentAtMinus20000IsStoredAsZero)
 {
     Start();
@@ -148,6 +155,13 @@ TEST_F(SettingsFileTest, TheTextsAreBlankPadded)
     EXPECT_EQ(after.Record(3), Padded("/music", 500));
     EXPECT_EQ(after.Record(78), Padded("/midi", 500));
     EXPECT_EQ(after.Record(80), Padded("song.mid", 500));
+}
+
+TEST_F(SettingsFileTest, AFolderThatDoesNotFitIsNotKeptInPart)
+{
+    Start();
+    settings.LastDir = "/" + std::string(234, 'x');
+    EXPECT_EQ(ExitAndRead().Record(3), std::string(500, ' '));
 }
 
 TEST_F(SettingsFileTest, Record79IsNotClearedBeforeItIsWritten)

@@ -121,6 +121,20 @@ TEST_F(DriverTest, PrintedTellsNoPagesWhereNothingWasPrinted)
     EXPECT_EQ(Ok("printed"), (Json{{"ok", true}, {"pages", Json::array()}}));
 }
 
+TEST_F(DriverTest, PrintedTellsEachPageOnce)
+{
+    StartWithControls();
+    session.printer.CurrentX(453);
+    session.printer.CurrentY(1134);
+    session.printer.Print(std::string_view("Caf\xC3\xA9\0", 6));
+    session.printer.Print("");
+    session.printer.EndDoc();
+    const Json answer = Ok("printed");
+    EXPECT_EQ(OneLine(answer), "{\"ok\":true,\"pages\":[[{\"x\":453,\"y\":1134,\"text\":\"Caf\xC3\xA9\\u0000\"},"
+                               "{\"x\":0,\"y\":1384,\"text\":\"\"}]]}");
+    EXPECT_EQ(Ok("printed"), (Json{{"ok", true}, {"pages", Json::array()}}));
+}
+
 TEST_F(DriverTest, ValueReadsEveryVariableItKnows)
 {
     StartWithControls();

@@ -44,6 +44,14 @@ TEST_F(ReadInstrumentFileTest, AMissingFileIsMissingAndLeavesNoFile)
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(ReadInstrumentFileTest, ALinkToAMissingFileStaysAndLeavesNoFile)
+{
+    std::filesystem::create_symlink("none.pcg", run.At("link.pcg"));
+    EXPECT_EQ(Read(run.At("link.pcg")), ReadStatus::Missing);
+    EXPECT_TRUE(std::filesystem::is_symlink(run.At("link.pcg")));
+    EXPECT_FALSE(Exists(run.At("none.pcg")));
+}
+
 TEST_F(ReadInstrumentFileTest, FilesOfExactBlockLengthsAreReadWhole)
 {
     for (const std::size_t length : {9999U, 10000U, 10001U, 20000U, 20001U, 1000000U}) {

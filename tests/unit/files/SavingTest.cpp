@@ -52,6 +52,17 @@ TEST_F(SavingTest, ImagesAroundTheBlockLengthAreWrittenWhole)
     }
 }
 
+TEST_F(SavingTest, ASaveThroughALinkReachesItsTarget)
+{
+    Put("real.pcg", FileOfLength(200));
+    std::filesystem::create_symlink("real.pcg", run.At("link.pcg"));
+    Open(run.At("link.pcg"));
+    app.children.Active()->Tag.image = ImageOf(FileOfLength(300));
+    EXPECT_EQ(SaveDocument(files, app.children.Active()->Tag), 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(run.At("link.pcg")));
+    EXPECT_EQ(ReadBytes(run.At("real.pcg")), FileOfLength(300));
+}
+
 TEST_F(SavingTest, TheOldFileIsDeletedFirst)
 {
     frmPcgUN &window = OpenEdited("a.pcg", FileOfLength(300));
@@ -343,6 +354,17 @@ TEST_F(SavingTest, AnyOtherFailureOfSaveAsIsAWritingError)
     std::filesystem::create_directory(run.At("folder.pcg"));
     SaveAs(run.At("folder.pcg"));
     EXPECT_THAT(Boxes(), ElementsAre("Velluto v 1.1: Errore di scrittura su disco"));
+}
+
+TEST_F(SavingTest, TheNumberOfACancelEndsSaveAsWithoutAWord)
+{
+    frmPcgUN &window = OpenEdited("a.pcg", FileOfLength(300));
+    const std::string path = run.At("b.pcg");
+    Fail(FileFault::Operation::Write, path, 32755);
+    run.face.choices.push_back({false, path, 1});
+    EXPECT_EQ(SaveDocumentAs(files, window.Tag), 1);
+    EXPECT_THAT(Boxes(), IsEmpty());
+    EXPECT_EQ(window.Tag.At(TagPosition::Modified), 1);
 }
 
 TEST_F(SavingTest, ANameThatFitsNoRecordIsRefusedBeforeAnythingIsWritten)

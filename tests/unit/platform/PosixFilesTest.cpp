@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <sched.h>
@@ -225,7 +224,6 @@ TEST_F(PosixFilesTest, TheFileSizeLimitIsDiskFull)
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
     const rlimit low{.rlim_cur = 1000, .rlim_max = before.rlim_max};
     ASSERT_EQ(Open(folder_.At("a.pcg")), 0);
-    ASSERT_NE(std::signal(SIGXFSZ, SIG_IGN), SIG_ERR);
     ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &low), 0);
     const int number = Write(0, Bytes(2000));
     ::setrlimit(RLIMIT_FSIZE, &before);
@@ -238,6 +236,15 @@ TEST_F(PosixFilesTest, DeleteTakesAFileAwayAndTellsAMissingOne)
     EXPECT_EQ(files_.Delete(folder_.At("a")).number, 0);
     EXPECT_FALSE(std::filesystem::exists(folder_.At("a")));
     EXPECT_EQ(files_.Delete(folder_.At("a")).number, 53);
+}
+
+TEST_F(PosixFilesTest, DeleteFollowsALinkAsOpenDoes)
+{
+    WriteBytes(folder_.At("file"), {1});
+    std::filesystem::create_symlink("file", folder_.At("link"));
+    EXPECT_EQ(files_.Delete(folder_.At("link")).number, 0);
+    EXPECT_FALSE(std::filesystem::exists(folder_.At("file")));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder_.At("link")));
 }
 
 TEST_F(PosixFilesTest, DeleteLeavesAFolderAlone)

@@ -1,0 +1,53 @@
+#include "desktop/FormSurface.h"
+
+#include "desktop/Keys.h"
+
+#include <QContextMenuEvent>
+
+namespace velluto {
+
+FormSurface::FormSurface(Form &form, EventGate &gate, QWidget *parent) : QWidget(parent), form_(&form), gate_(gate)
+{
+    QWidget *before = nullptr;
+    for (Control *control : form.controls()) {
+        std::unique_ptr<Binder> binder = MakeBinder(*control, this, gate);
+        if (!binder) {
+            continue;
+        }
+        binder->Start();
+        // The Tab key follows the order in which the form declares its controls.
+        if (binder->TakesFocus()) {
+            if (before != nullptr) {
+                setTabOrder(before, binder->widget());
+            }
+            before = binder->widget();
+        }
+        binders_.push_back(std::move(binder));
+    }
+}
+
+void FormSurface::Detach()
+{
+    form_ = nullptr;
+    binders_.clear();
+}
+
+void FormSurface::mousePressEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (form_ != nullptr) {
+        const EventGate::Pass pass(gate_);
+        form_->Form_MouseDown(ButtonCode(event->button()));
+    }
+}
+
+void FormSurface::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->accept();
+    if (form_ != nullptr && event->reason() == QContextMenuEvent::Keyboard) {
+        const EventGate::Pass pass(gate_);
+        form_->Form_MouseDown(MouseButton::Right);
+    }
+}
+
+} // namespace velluto

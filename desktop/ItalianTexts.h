@@ -1,0 +1,16 @@
+// The Italian words for what Qt itself writes: buttons of boxes, the file dialog, title bar menus, editing menus. The
+// program's own texts come from its catalogue.
+#pragma once
+
+#include <QTranslator>
+
+namespace velluto {
+
+class ItalianTexts : public QTranslator {
+public:
+    using QTranslator::QTranslator;
+    [[nodiscard]] QString translate(const char *context, const char *source, const char *disambiguation, int n) const override;
+    [[nodiscard]] bool isEmpty() const override { return false; }
+};
+
+} // namespace velluto

@@ -1,0 +1,314 @@
+#include "desktop/ListView.h"
+
+#include "desktop/Fonts.h"
+#include "desktop/Keys.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velluto {
+
+namespace {
+
+// Between two columns the background shows, so that selected rows of neighbouring columns stay apart.
+constexpr int kColumnGap = 2;
+
+bool IsListKey(int code)
+{
+    return (code >= Key::PageUp && code <= Key::Down) || code == Key::Delete;
+}
+
+} // namespace
+
+ListView::ListView(ListBox &list, EventGate &gate, QWidget *parent)
+    : QListView(parent), list_(&list), gate_(gate), model_(new ListModel(list, this))
+{
+    setModel(model_);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(list.multiSelect ? ExtendedSelection : SingleSelection);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFont(ToQFont(list.font));
+    rowHeight_ = RowHeight(font());
+    baseline_ = RowBaseline(font());
+    SelectionChanged();
+}
+
+void ListView::Detach()
+{
+    model_->Detach();
+    list_ = nullptr;
+    dragging_ = false;
+}
+
+void ListView::RowsChanged()
+{
+    model_->Refresh();
+    updateGeometries();
+    SelectionChanged();
+}
+
+void ListView::SelectionChanged()
+{
+    if (list_ == nullptr) {
+        return;
+    }
+    QItemSelection selection;
+    for (int row = 0; row < list_->ListCount(); ++row) {
+        const int first = row;
+        while (list_->Selected(row)) {
+            ++row;
+        }
+        if (row > first) {
+            selection.select(model_->index(first), model_->index(row - 1));
+        }
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    CurrentChanged();
+}
+
+void ListView::CurrentChanged()
+{
+    if (list_ != nullptr) {
+        selectionModel()->setCurrentIndex(model_->index(list_->ListIndex()), QItemSelectionModel::NoUpdate);
+        viewport()->update();
+    }
+}
+
+// ---- where rows lie
+
+void ListView::doItemsLayout()
+{
+    QAbstractItemView::doItemsLayout();
+    updateGeometries();
+}
+
+void ListView::resizeEvent(QResizeEvent *event)
+{
+    QAbstractItemView::resizeEvent(event);
+    updateGeometries();
+}
+
+void ListView::updateGeometries()
+{
+    if (list_ == nullptr) {
+        return;
+    }
+    const int columns = std::max(list_->columns, 1);
+    const int rows = list_->ListCount();
+    const auto columnsFor = [rows](int perColumn) { return (rows + perColumn - 1) / perColumn; };
+    const int whole = contentsRect().height();
+    const int perColumnWithoutBar = std::max(whole / rowHeight_, 1);
+    const bool bar = columnsFor(perColumnWithoutBar) > columns;
+    const Qt::ScrollBarPolicy policy = bar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+    if (horizontalScrollBarPolicy() != policy) {
+        setHorizontalScrollBarPolicy(policy);
+    }
+    const int height = viewport()->height();
+    rowsPerColumn_ = std::max(height / rowHeight_, 1);
+    columnWidth_ = std::max(viewport()->width() / columns, 1);
+    // What is left over of the height is shared above and below, but the rows of a tall list begin at its top.
+    topInset_ = std::clamp((height - rowsPerColumn_ * rowHeight_) / 2, 0, rowHeight_ / 2);
+    list_->rowsPerColumn = rowsPerColumn_;
+    const int width = columnsFor(rowsPerColumn_) * columnWidth_;
+    horizontalScrollBar()->setSingleStep(columnWidth_);
+    horizontalScrollBar()->setPageStep(columns * columnWidth_);
+    horizontalScrollBar()->setRange(0, bar ? std::max(width - columns * columnWidth_, 0) : 0);
+}
+
+int ListView::horizontalOffset() const
+{
+    return horizontalScrollBar()->value();
+}
+
+QRect ListView::RowRect(int row) const
+{
+    const int column = row / rowsPerColumn_;
+    return {column * columnWidth_ - horizontalOffset(), topInset_ + row % rowsPerColumn_ * rowHeight_, columnWidth_ - kColumnGap,
+            rowHeight_};
+}
+
+QRect ListView::visualRect(const QModelIndex &index) const
+{
+    return index.isValid() ? RowRect(index.row()) : QRect();
+}
+
+int ListView::RowAt(const QPoint &point) const
+{
+    if (list_ == nullptr || point.x() < 0 || point.y() < topInset_ || point.y() >= topInset_ + rowsPerColumn_ * rowHeight_) {
+        return -1;
+    }
+    const int row = (point.x() + horizontalOffset()) / columnWidth_ * rowsPerColumn_ + (point.y() - topInset_) / rowHeight_;
+    return row < list_->ListCount() ? row : -1;
+}
+
+int ListView::RowNearest(const QPoint &point) const
+{
+    const QPoint inside(std::clamp(point.x(), 0, std::max(viewport()->width() - 1, 0)),
+                        std::clamp(point.y(), topInset_, topInset_ + rowsPerColumn_ * rowHeight_ - 1));
+    const int row = RowAt(inside);
+    return row >= 0 ? row : list_->ListCount() - 1;
+}
+
+QModelIndex ListView::indexAt(const QPoint &point) const
+{
+    const int row = RowAt(point);
+    return row >= 0 ? model_->index(row) : QModelIndex();
+}
+
+void ListView::scrollTo(const QModelIndex &index, ScrollHint /*hint*/)
+{
+    if (!index.isValid()) {
+        return;
+    }
+    const QRect rect = RowRect(index.row());
+    QScrollBar *bar = horizontalScrollBar();
+    if (rect.left() < 0) {
+        bar->setValue(bar->value() + rect.left());
+    } else if (rect.right() >= viewport()->width()) {
+        bar->setValue(bar->value() + rect.right() - viewport()->width() + 1);
+    }
+    viewport()->update();
+}
+
+// ---- drawing
+
+void ListView::paintEvent(QPaintEvent *event)
+{
+    if (list_ == nullptr) {
+        return;
+    }
+    QPainter painter(viewport());
+    painter.setFont(font());
+    const int first = std::max((event->rect().left() + horizontalOffset()) / columnWidth_ * rowsPerColumn_, 0);
+    const int last = std::min(((event->rect().right() + horizontalOffset()) / columnWidth_ + 1) * rowsPerColumn_, list_->ListCount());
+    for (int row = first; row < last; ++row) {
+        DrawRow(painter, row);
+    }
+}
+
+void ListView::DrawRow(QPainter &painter, int row) const
+{
+    const QRect rect = RowRect(row);
+    const bool selected = list_->Selected(row);
+    QPalette::ColorGroup group = hasFocus() ? QPalette::Active : QPalette::Inactive;
+    if (!isEnabled()) {
+        group = QPalette::Disabled;
+    }
+    if (selected) {
+        painter.fillRect(rect, palette().color(group, QPalette::Highlight));
+    }
+    const QColor ink = palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text);
+    painter.setPen(ink);
+    painter.setClipRect(rect);
+    painter.drawText(QPoint(rect.left(), rect.top() + baseline_), model_->Text(row));
+    // Where no row is current the keyboard starts from the first.
+    if (hasFocus() && row == std::max(list_->ListIndex(), 0)) {
+        QColor mark = ink;
+        mark.setAlphaF(selected ? 0.8F : 0.55F);
+        painter.setPen(QPen(mark, 1, Qt::DotLine));
+        painter.drawRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+    painter.setClipping(false);
+}
+
+// ---- hands
+
+void ListView::PressRow(const QMouseEvent &event, bool second)
+{
+    const EventGate::Pass pass(gate_);
+    const int row = RowAt(event.position().toPoint());
+    Raise(list_->MouseDown, ButtonCode(event.button()));
+    // The handler may have closed the window.
+    if (list_ == nullptr || event.button() != Qt::LeftButton) {
+        return;
+    }
+    const Modifier modifier = ToModifier(event.modifiers());
+    dragging_ = row >= 0;
+    if (second && modifier == Modifier::None) {
+        ListGesture::DoubleClickRow(*list_, row);
+    } else {
+        ListGesture::ClickRow(*list_, row, modifier);
+    }
+}
+
+void ListView::mousePressEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (list_ != nullptr) {
+        PressRow(*event, false);
+    }
+}
+
+void ListView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (list_ != nullptr) {
+        PressRow(*event, true);
+    }
+}
+
+void ListView::mouseMoveEvent(QMouseEvent *event)
+{
+    dragging_ = dragging_ && event->buttons().testFlag(Qt::LeftButton);
+    if (list_ != nullptr && dragging_ && list_->ListCount() > 0) {
+        const EventGate::Pass pass(gate_);
+        ListGesture::DragTo(*list_, RowNearest(event->position().toPoint()));
+    }
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent * /*event*/)
+{
+    dragging_ = false;
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->accept();
+    // The mouse has told of itself at the press; the keyboard's menu key stands for it.
+    if (list_ != nullptr && event->reason() == QContextMenuEvent::Keyboard) {
+        const EventGate::Pass pass(gate_);
+        Raise(list_->MouseDown, MouseButton::Right);
+    }
+}
+
+void ListView::keyPressEvent(QKeyEvent *event)
+{
+    const int code = KeyCode(*event);
+    event->setAccepted(IsListKey(code));
+    if (list_ != nullptr && code != 0) {
+        const EventGate::Pass pass(gate_);
+        PressKey(*list_, code, ToModifier(event->modifiers()));
+    }
+}
+
+void ListView::wheelEvent(QWheelEvent *event)
+{
+    if (horizontalScrollBar()->maximum() == 0) {
+        event->ignore();
+        return;
+    }
+    const QPoint turned = event->angleDelta();
+    const int steps = turned.y() != 0 ? turned.y() : turned.x();
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - (steps > 0 ? columnWidth_ : -columnWidth_));
+    event->accept();
+}
+
+void ListView::focusInEvent(QFocusEvent *event)
+{
+    // Qt would make the first row current here.
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void ListView::focusOutEvent(QFocusEvent *event)
+{
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
+}
+
+} // namespace velluto

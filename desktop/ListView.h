@@ -1,0 +1,64 @@
+// The list that flows in snaking columns: top to bottom, then on to the right, as many columns as the control says in
+// the width it has. It draws the selection that the control holds and hands every press and key to the program's own
+// list rules; Qt's selection only follows, so that a screen reader sees the same.
+#pragma once
+
+#include "desktop/EventGate.h"
+#include "desktop/ListModel.h"
+#include "view/Gestures.h"
+
+#include <QListView>
+
+namespace velluto {
+
+class ListView : public QListView {
+public:
+    ListView(ListBox &list, EventGate &gate, QWidget *parent);
+
+    void RowsChanged();
+    void SelectionChanged();
+    void CurrentChanged();
+    // The control is about to go: the view draws nothing and hears nothing from then on.
+    void Detach();
+
+    // The row at a point of the viewport, or -1.
+    [[nodiscard]] int RowAt(const QPoint &point) const;
+    [[nodiscard]] QRect visualRect(const QModelIndex &index) const override;
+    [[nodiscard]] QModelIndex indexAt(const QPoint &point) const override;
+    void scrollTo(const QModelIndex &index, ScrollHint hint) override;
+    void doItemsLayout() override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void updateGeometries() override;
+    [[nodiscard]] int horizontalOffset() const override;
+    [[nodiscard]] int verticalOffset() const override { return 0; }
+
+private:
+    [[nodiscard]] QRect RowRect(int row) const;
+    [[nodiscard]] int RowNearest(const QPoint &point) const;
+    void DrawRow(QPainter &painter, int row) const;
+    void PressRow(const QMouseEvent &event, bool second);
+
+    ListBox *list_;
+    EventGate &gate_;
+    ListModel *model_;
+    int rowHeight_ = 1;
+    int baseline_ = 1;
+    int rowsPerColumn_ = 1;
+    int columnWidth_ = 1;
+    int topInset_ = 0;
+    bool dragging_ = false;
+};
+
+} // namespace velluto

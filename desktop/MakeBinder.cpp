@@ -1,0 +1,57 @@
+// Which kind of control is drawn by which widget.
+#include "desktop/Binder.h"
+#include "desktop/ElidedLabel.h"
+#include "desktop/SimpleBinders.h"
+#include "desktop/TextBinder.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace velluto {
+
+namespace {
+
+std::unique_ptr<Binder> MakeTextBinder(TextBox &box, QWidget *parent, EventGate &gate)
+{
+    if (box.multiLine) {
+        return std::make_unique<MultiLineBinder>(box, gate, new QPlainTextEdit(parent));
+    }
+    return std::make_unique<LineBinder>(box, gate, new QLineEdit(parent));
+}
+
+} // namespace
+
+std::unique_ptr<Binder> MakeBinder(Control &control, QWidget *parent, EventGate &gate)
+{
+    if (dynamic_cast<Button *>(&control) != nullptr) {
+        return std::make_unique<ButtonBinder>(control, gate, new QPushButton(parent));
+    }
+    if (dynamic_cast<CheckBox *>(&control) != nullptr) {
+        return std::make_unique<ButtonBinder>(control, gate, new QCheckBox(parent));
+    }
+    if (dynamic_cast<OptionButton *>(&control) != nullptr) {
+        return std::make_unique<ButtonBinder>(control, gate, new QRadioButton(parent));
+    }
+    if (auto *label = dynamic_cast<Label *>(&control)) {
+        return std::make_unique<LabelBinder>(*label, gate, new ElidedLabel(parent));
+    }
+    if (auto *list = dynamic_cast<ListBox *>(&control)) {
+        return std::make_unique<ListBinder>(*list, gate, new ListView(*list, gate, parent));
+    }
+    if (auto *combo = dynamic_cast<ComboBox *>(&control)) {
+        return std::make_unique<ComboBinder>(*combo, gate, new QComboBox(parent));
+    }
+    if (auto *text = dynamic_cast<TextBox *>(&control)) {
+        return MakeTextBinder(*text, parent, gate);
+    }
+    if (auto *picture = dynamic_cast<Picture *>(&control)) {
+        return std::make_unique<PictureBinder>(*picture, gate, new QFrame(parent));
+    }
+    if (auto *timer = dynamic_cast<Timer *>(&control)) {
+        return std::make_unique<TimerBinder>(*timer, gate);
+    }
+    return nullptr;
+}
+
+} // namespace velluto

@@ -1,0 +1,140 @@
+#include "desktop/SimpleBinders.h"
+
+#include "desktop/Keys.h"
+#include "desktop/Words.h"
+
+#include <QMouseEvent>
+
+namespace velluto {
+
+namespace {
+
+// Presses of the mouse that a control wants to hear of. The widget goes on with them as ever.
+void TellMousePress(Control &control, EventGate &gate, const QEvent &event)
+{
+    if (event.type() == QEvent::MouseButtonPress && control.MouseDown) {
+        const EventGate::Pass pass(gate);
+        control.MouseDown(ButtonCode(static_cast<const QMouseEvent &>(event).button()));
+    }
+}
+
+} // namespace
+
+ButtonBinder::ButtonBinder(Control &control, EventGate &gate, QAbstractButton *button)
+    : Binder(control, gate, button), pressed_(control), button_(button)
+{
+    button->setAttribute(Qt::WA_NoMousePropagation);
+    QObject::connect(button, &QAbstractButton::clicked, receiver(), [&control, &gate] {
+        const EventGate::Pass pass(gate);
+        Press(control);
+    });
+}
+
+bool ButtonBinder::IsOn() const
+{
+    if (const auto *box = dynamic_cast<const CheckBox *>(&pressed_)) {
+        return box->value;
+    }
+    const auto *option = dynamic_cast<const OptionButton *>(&pressed_);
+    return option != nullptr && option->value;
+}
+
+void ButtonBinder::Show(Aspect aspect)
+{
+    if (aspect == Aspect::Caption) {
+        button_->setText(WithAccessKey(pressed_.caption.Get()));
+    } else if (aspect == Aspect::Checked && button_->isCheckable()) {
+        button_->setChecked(IsOn());
+    }
+}
+
+LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(label, gate, drawn), drawn_(drawn)
+{
+    drawn->setTextFormat(Qt::PlainText);
+    events_ = new WidgetEvents(drawn, [&label, &gate](QEvent &event) {
+        TellMousePress(label, gate, event);
+        if (event.type() == QEvent::MouseButtonDblClick && label.DblClick) {
+            const EventGate::Pass pass(gate);
+            label.DblClick();
+        }
+        return event.type() == QEvent::MouseButtonPress && label.MouseDown;
+    });
+}
+
+void LabelBinder::Show(Aspect aspect)
+{
+    if (aspect == Aspect::Caption) {
+        drawn_->setText(WithAccessKey(control().caption.Get()));
+    }
+}
+
+PictureBinder::PictureBinder(Picture &picture, EventGate &gate, QFrame *box) : Binder(picture, gate, box)
+{
+    box->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
+    box->lower();
+}
+
+ComboBinder::ComboBinder(ComboBox &combo, EventGate &gate, QComboBox *drawn) : Binder(combo, gate, drawn), combo_(combo), drawn_(drawn)
+{
+    for (const std::string &row : combo.rows) {
+        drawn->addItem(FromUtf8(row));
+    }
+    drawn->setMaxVisibleItems(drawn->count());
+    drawn->setFocusPolicy(Qt::StrongFocus);
+    drawn->setAttribute(Qt::WA_NoMousePropagation);
+    QObject::connect(drawn, &QComboBox::activated, receiver(), [&combo, &gate](int row) {
+        const EventGate::Pass pass(gate);
+        combo.ListIndex = row;
+    });
+    events_ = new WidgetEvents(drawn, [&combo, &gate, drawn](QEvent &event) {
+        TellMousePress(combo, gate, event);
+        if (event.type() == QEvent::MouseButtonPress) {
+            return static_cast<const QMouseEvent &>(event).button() != Qt::LeftButton;
+        }
+        // A wheel turned in passing changes nothing.
+        return event.type() == QEvent::Wheel && !drawn->hasFocus();
+    });
+}
+
+void ComboBinder::Show(Aspect aspect)
+{
+    if (aspect == Aspect::Current) {
+        drawn_->setCurrentIndex(combo_.ListIndex);
+    }
+}
+
+void ListBinder::Show(Aspect aspect)
+{
+    if (aspect == Aspect::Rows) {
+        view_->RowsChanged();
+    } else if (aspect == Aspect::Selection) {
+        view_->SelectionChanged();
+    } else if (aspect == Aspect::Current) {
+        view_->CurrentChanged();
+    }
+}
+
+TimerBinder::TimerBinder(Timer &timer, EventGate &gate) : Binder(timer, gate, nullptr), timer_(timer)
+{
+    clock_.setInterval(timer.interval);
+    QObject::connect(&clock_, &QTimer::timeout, receiver(), [&timer, &gate] {
+        if (!gate.Busy()) {
+            const EventGate::Pass pass(gate);
+            Raise(timer.Tick);
+        }
+    });
+}
+
+void TimerBinder::Show(Aspect aspect)
+{
+    if (aspect != Aspect::Enabled) {
+        return;
+    }
+    if (timer_.enabled) {
+        clock_.start();
+    } else {
+        clock_.stop();
+    }
+}
+
+} // namespace velluto

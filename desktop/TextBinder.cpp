@@ -1,0 +1,185 @@
+#include "desktop/TextBinder.h"
+
+#include "desktop/Fonts.h"
+#include "desktop/Keys.h"
+#include "desktop/Words.h"
+
+#include <QContextMenuEvent>
+#include <QMetaObject>
+#include <QPointer>
+#include <QSignalBlocker>
+
+namespace velluto {
+
+namespace {
+
+bool IsEditingShortcut(const QKeyEvent &event)
+{
+    if (event.modifiers() != Qt::ControlModifier) {
+        return false;
+    }
+    return event.key() == Qt::Key_C || event.key() == Qt::Key_V || event.key() == Qt::Key_Z || event.key() == Qt::Key_A ||
+           event.key() == Qt::Key_X;
+}
+
+} // namespace
+
+TextBinder::TextBinder(TextBox &box, EventGate &gate, QWidget *edit, QWidget *area) : Binder(box, gate, edit), box_(box)
+{
+    edit->setFont(ToQFont(box.font));
+    edit->setAttribute(Qt::WA_NoMousePropagation);
+    keys_ = new WidgetEvents(edit, [this](QEvent &event) { return LookAtKeys(event); });
+    mouse_ = new WidgetEvents(area, [this](QEvent &event) { return LookAtMouse(event); });
+}
+
+TextBinder::~TextBinder()
+{
+    keys_->Stop();
+    mouse_->Stop();
+}
+
+void TextBinder::TakeText(const QString &text, int position)
+{
+    const EventGate::Pass pass(gate());
+    const QPointer<QObject> alive(receiver());
+    const std::string typed = FromEditorText(text);
+    const int caret = FromEditorPosition(text, position);
+    taking_ = true;
+    // The caret first: whoever hears of the new text may ask where it was typed.
+    box_.caret = caret;
+    box_.text = typed;
+    // A handler may have closed the window, or made another text of it.
+    if (alive.isNull()) {
+        return;
+    }
+    taking_ = false;
+    if (box_.text.Get() != typed) {
+        Show(Aspect::Text);
+    }
+    if (box_.caret != caret) {
+        Show(Aspect::Caret);
+    }
+}
+
+void TextBinder::TakeCaret(const QString &text, int position)
+{
+    const EventGate::Pass pass(gate());
+    taking_ = true;
+    box_.caret = FromEditorPosition(text, position);
+    taking_ = false;
+}
+
+bool TextBinder::LookAtKeys(QEvent &event)
+{
+    if (event.type() == QEvent::ShortcutOverride && IsEditingShortcut(static_cast<QKeyEvent &>(event))) {
+        event.accept();
+        return true;
+    }
+    if (event.type() == QEvent::KeyPress) {
+        const auto &key = static_cast<QKeyEvent &>(event);
+        const int code = KeyCode(key);
+        if (code != 0) {
+            const EventGate::Pass pass(gate());
+            PressKey(box_, code, ToModifier(key.modifiers()));
+        }
+    }
+    return false;
+}
+
+bool TextBinder::LookAtMouse(QEvent &event)
+{
+    // The handler may close the window and this binder with it: nothing of it is touched after a call.
+    EventGate &through = gate();
+    if (event.type() == QEvent::MouseButtonPress && box_.MouseDown) {
+        const int button = ButtonCode(static_cast<QMouseEvent &>(event).button());
+        const EventGate::Pass pass(through);
+        box_.MouseDown(button);
+        return button == MouseButton::Right;
+    }
+    if (event.type() == QEvent::ContextMenu && box_.MouseDown) {
+        if (static_cast<QContextMenuEvent &>(event).reason() == QContextMenuEvent::Keyboard) {
+            const EventGate::Pass pass(through);
+            box_.MouseDown(MouseButton::Right);
+        }
+        return true;
+    }
+    if (event.type() == QEvent::MouseButtonDblClick && box_.DblClick) {
+        // The caret is where the first press has put it; Qt's own answer would select a word and move it.
+        const EventGate::Pass pass(through);
+        box_.DblClick();
+        return true;
+    }
+    return false;
+}
+
+LineBinder::LineBinder(TextBox &box, EventGate &gate, QLineEdit *edit) : TextBinder(box, gate, edit, edit), edit_(edit)
+{
+    edit->setReadOnly(box.readOnly);
+    QObject::connect(edit, &QLineEdit::textEdited, receiver(), [this] { TakeText(edit_->text(), edit_->cursorPosition()); });
+    QObject::connect(edit, &QLineEdit::cursorPositionChanged, receiver(), [this] { TakeCaret(edit_->text(), edit_->cursorPosition()); });
+}
+
+void LineBinder::Show(Aspect aspect)
+{
+    if (IsTaking()) {
+        return;
+    }
+    const QSignalBlocker quiet(edit_);
+    if (aspect == Aspect::Text) {
+        const QString text = FromUtf8(box().text.Get());
+        if (edit_->text() != text) {
+            edit_->setText(text);
+        }
+    } else if (aspect == Aspect::Caret) {
+        edit_->setCursorPosition(ToEditorPosition(box().text.Get(), box().caret));
+    }
+}
+
+MultiLineBinder::MultiLineBinder(TextBox &box, EventGate &gate, QPlainTextEdit *edit)
+    : TextBinder(box, gate, edit, edit->viewport()), edit_(edit)
+{
+    edit->setReadOnly(box.readOnly);
+    edit->setTabChangesFocus(true);
+    QObject::connect(edit, &QPlainTextEdit::textChanged, receiver(),
+                     [this] { TakeText(edit_->toPlainText(), edit_->textCursor().position()); });
+    QObject::connect(edit, &QPlainTextEdit::cursorPositionChanged, receiver(),
+                     [this] { TakeCaret(edit_->toPlainText(), edit_->textCursor().position()); });
+}
+
+void MultiLineBinder::Show(Aspect aspect)
+{
+    if (IsTaking()) {
+        return;
+    }
+    if (aspect == Aspect::Text && box().readOnly) {
+        // A text that only the program writes is often written several times over within one event. It is drawn once,
+        // when the event is over, and holds up nobody.
+        if (!stale_) {
+            stale_ = true;
+            QMetaObject::invokeMethod(
+                receiver(), [this] { ShowText(); }, Qt::QueuedConnection);
+        }
+    } else if (aspect == Aspect::Text) {
+        ShowText();
+    } else if (aspect == Aspect::Caret && !stale_) {
+        const QSignalBlocker quiet(edit_);
+        QTextCursor cursor = edit_->textCursor();
+        const int position = ToEditorPosition(box().text.Get(), box().caret);
+        if (cursor.position() != position) {
+            cursor.setPosition(std::min(position, edit_->document()->characterCount() - 1));
+            edit_->setTextCursor(cursor);
+        }
+    }
+}
+
+void MultiLineBinder::ShowText()
+{
+    stale_ = false;
+    const QString text = ToEditorText(box().text.Get());
+    if (edit_->toPlainText() != text) {
+        const QSignalBlocker quiet(edit_);
+        edit_->setPlainText(text);
+    }
+}
+
+} // namespace velluto

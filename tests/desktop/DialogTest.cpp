@@ -1,0 +1,249 @@
+// Message boxes, the file dialog, the language question.
+#include "desktop/Desk.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace velluto::test {
+
+namespace {
+
+class DialogTest : public Desk {
+protected:
+    // The text of the box that comes up, answered by the button.
+    struct Seen {
+        QString title;
+        QString text;
+        QStringList buttons;
+        QMessageBox::Icon icon = QMessageBox::NoIcon;
+    };
+    Seen seen;
+    void Answer(QMessageBox::StandardButton button)
+    {
+        WhenModal([this, button](QWidget &modal) {
+            auto &box = dynamic_cast<QMessageBox &>(modal);
+            seen = {box.windowTitle(), box.text(), {}, box.icon()};
+            for (const QMessageBox::StandardButton each : {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}) {
+                if (box.button(each) != nullptr) {
+                    seen.buttons.append(box.button(each)->text());
+                }
+            }
+            if (button == QMessageBox::NoButton) {
+                QTest::keyClick(&box, Qt::Key_Escape);
+            } else {
+                QTest::mouseClick(box.button(button), Qt::LeftButton);
+            }
+        });
+    }
+};
+
+TEST_F(DialogTest, ANoticeHasItsTitleTheExclamationIconAndOneButton)
+{
+    Start();
+    Answer(QMessageBox::Ok);
+    EXPECT_EQ(face.MessageBox("Opening a.pcg", "Error <b>5</b> & more", Box::kNotice), Box::kOk);
+    EXPECT_EQ(seen.title, QStringLiteral("Opening a.pcg"));
+    EXPECT_EQ(seen.text, QStringLiteral("Error <b>5</b> & more"));
+    EXPECT_EQ(seen.icon, QMessageBox::Warning);
+    EXPECT_EQ(seen.buttons.size(), 1);
+}
+
+TEST_F(DialogTest, TheSaveQuestionHasThreeButtonsWithTheirNumbers)
+{
+    Start();
+    Answer(QMessageBox::Yes);
+    EXPECT_EQ(face.MessageBox("File Program - a.pcg (1)", "The file has changed\r\nSave changes ?", Box::kYesNoCancel), 6);
+    EXPECT_EQ(seen.text, QStringLiteral("The file has changed\nSave changes ?"));
+    EXPECT_EQ(seen.buttons, (QStringList{QStringLiteral("&Yes"), QStringLiteral("&No"), QStringLiteral("Cancel")}));
+    Answer(QMessageBox::No);
+    EXPECT_EQ(face.MessageBox("t", "q", Box::kYesNoCancel), 7);
+    Answer(QMessageBox::Cancel);
+    EXPECT_EQ(face.MessageBox("t", "q", Box::kYesNoCancel), 2);
+}
+
+TEST_F(DialogTest, EscapeCancelsTheQuestionAndConfirmsTheNotice)
+{
+    Start();
+    Answer(QMessageBox::NoButton);
+    EXPECT_EQ(face.MessageBox("t", "q", Box::kYesNoCancel), 2);
+    Answer(QMessageBox::NoButton);
+    EXPECT_EQ(face.MessageBox("t", "q", Box::kNotice), 1);
+}
+
+TEST_F(DialogTest, AnItalianRunHasItalianButtons)
+{
+    language = TestProgram::Italian;
+    Start();
+    Answer(QMessageBox::Cancel);
+    EXPECT_EQ(face.MessageBox("t", "q", Box::kYesNoCancel), 2);
+    EXPECT_EQ(seen.buttons, (QStringList{QString::fromUtf8("&Sì"), QStringLiteral("&No"), QStringLiteral("Annulla")}));
+}
+
+TEST_F(DialogTest, AWindowClosedWhileItsHandlerWaitsInABoxLivesUntilTheHandlerEnds)
+{
+    Start();
+    auto owned = std::make_unique<StubForm>();
+    StubForm *form = owned.get();
+    app.children.Show(*form);
+    bool stillThere = false;
+    form->Push.Click = [this, form, &owned, &stillThere] {
+        app.children.Unload(*form);
+        app.children.Bury(std::move(owned));
+        Answer(QMessageBox::Ok);
+        face.MessageBox("t", "q", Box::kNotice);
+        stillThere = form->Push.enabled; // read after the box's own event loop
+    };
+    QTest::mouseClick(&Widget<QPushButton>(*form, "Push"), Qt::LeftButton);
+    EXPECT_TRUE(stillThere);
+    Settle();
+}
+
+FileDialog OpenDialog(const std::string &folder)
+{
+    FileDialog dialog;
+    dialog.title = "Velluto v 1.1- Open File";
+    dialog.folder = folder;
+    dialog.filter = "Program (*.pcg)|*.pcg|Style (*.sty)|*.sty|Performance (*.prf)|*.prf|All files (*.*)|*.*|";
+    dialog.filterIndex = 2;
+    return dialog;
+}
+
+// Types the name as the user does and confirms.
+void TypeName(QWidget &modal, const QString &name)
+{
+    auto *line = modal.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    line->setText(name);
+    dynamic_cast<QDialog &>(modal).show();
+    QTest::keyClick(line, Qt::Key_Return);
+}
+
+TEST_F(DialogTest, TheOpenDialogBeginsAsAskedAndGivesPathAndFilter)
+{
+    Start();
+    WriteBytes(folder->At("a.sty"), {1});
+    QString title;
+    QString directory;
+    QString filter;
+    WhenModal([&](QWidget &modal) {
+        auto &dialog = dynamic_cast<QFileDialog &>(modal);
+        title = dialog.windowTitle();
+        directory = dialog.directory().path();
+        filter = dialog.selectedNameFilter();
+        TypeName(modal, QStringLiteral("a.sty"));
+    });
+    const FileChoice choice = face.ShowFileDialog(OpenDialog(folder->Path()));
+    EXPECT_EQ(title, QStringLiteral("Velluto v 1.1- Open File"));
+    EXPECT_EQ(directory, FromUtf8(folder->Path()));
+    EXPECT_EQ(filter, QStringLiteral("Style (*.sty)"));
+    EXPECT_FALSE(choice.cancelled);
+    EXPECT_EQ(choice.path, folder->At("a.sty"));
+    EXPECT_EQ(choice.filterIndex, 2);
+}
+
+TEST_F(DialogTest, AFileThatIsNotThereCanBeNamedAndTheProgramSaysSo)
+{
+    Start();
+    WhenModal([](QWidget &modal) { TypeName(modal, QStringLiteral("missing.pcg")); });
+    const FileChoice choice = face.ShowFileDialog(OpenDialog(folder->Path()));
+    EXPECT_FALSE(choice.cancelled);
+    EXPECT_EQ(choice.path, folder->At("missing.pcg"));
+}
+
+TEST_F(DialogTest, ACancelledDialogSaysSo)
+{
+    Start();
+    WhenModal([](QWidget &modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+    EXPECT_TRUE(face.ShowFileDialog(OpenDialog(folder->Path())).cancelled);
+}
+
+FileDialog SaveDialogOf(const std::string &folder)
+{
+    FileDialog dialog = OpenDialog(folder);
+    dialog.mode = FileDialog::Mode::Save;
+    dialog.filterIndex = 1;
+    dialog.proposed = "Untitled.pcg";
+    dialog.extension = "pcg";
+    return dialog;
+}
+
+TEST_F(DialogTest, TheSaveDialogProposesItsNameAndAddsTheExtension)
+{
+    Start();
+    QString proposed;
+    WhenModal([&proposed](QWidget &modal) {
+        proposed = modal.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text();
+        TypeName(modal, QStringLiteral("mine"));
+    });
+    const FileChoice choice = face.ShowFileDialog(SaveDialogOf(folder->Path()));
+    EXPECT_EQ(proposed, QStringLiteral("Untitled.pcg"));
+    EXPECT_EQ(choice.path, folder->At("mine.pcg"));
+    EXPECT_EQ(choice.filterIndex, 1);
+}
+
+TEST_F(DialogTest, SavingOverAFileAsksFirst)
+{
+    Start();
+    WriteBytes(folder->At("mine.pcg"), {1, 2, 3});
+    bool asked = false;
+    WhenModal([&asked](QWidget &modal) {
+        WhenModal([&asked](QWidget &question) {
+            auto &box = dynamic_cast<QMessageBox &>(question);
+            asked = true;
+            QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+            QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+        });
+        TypeName(modal, QStringLiteral("mine.pcg"));
+    });
+    EXPECT_TRUE(face.ShowFileDialog(SaveDialogOf(folder->Path())).cancelled);
+    EXPECT_TRUE(asked);
+}
+
+TEST_F(DialogTest, AFolderThatIsNotThereIsToldInTheLanguageOfTheRun)
+{
+    Start();
+    QString told;
+    WhenModal([&told](QWidget &modal) {
+        WhenModal([&told](QWidget &notice) {
+            told = dynamic_cast<QMessageBox &>(notice).text();
+            QTest::keyClick(&notice, Qt::Key_Escape);
+            QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+        });
+        TypeName(modal, QStringLiteral("/no/such/folder/mine.pcg"));
+    });
+    EXPECT_TRUE(face.ShowFileDialog(SaveDialogOf(folder->Path())).cancelled);
+    EXPECT_EQ(told, QStringLiteral("Path not found"));
+}
+
+TEST_F(DialogTest, TheFirstRunAsksForTheLanguage)
+{
+    Attach();
+    QString title;
+    bool italianFirst = false;
+    WhenModal([&](QWidget &modal) {
+        title = modal.windowTitle();
+        italianFirst = modal.findChild<QRadioButton *>(QStringLiteral("Option1(0)"))->isChecked();
+        QTest::mouseClick(modal.findChild<QRadioButton *>(QStringLiteral("Option1(1)")), Qt::LeftButton, {}, QPoint(8, 10));
+        QTest::mouseClick(modal.findChild<QPushButton *>(QStringLiteral("CommOK")), Qt::LeftButton);
+    });
+    EXPECT_TRUE(StartUp(program));
+    EXPECT_EQ(title, QStringLiteral("Velluto v 1.1"));
+    EXPECT_TRUE(italianFirst);
+    EXPECT_EQ(app.messages.LinguaBase, 200);
+    EXPECT_TRUE(Frame().isMaximized());
+}
+
+TEST_F(DialogTest, AFirstRunThatIsNotAnsweredEnds)
+{
+    Attach();
+    WhenModal([](QWidget &modal) { modal.close(); });
+    EXPECT_FALSE(StartUp(program));
+    EXPECT_TRUE(app.StartAborted);
+    EXPECT_EQ(face.Window(), nullptr);
+}
+
+} // namespace
+
+} // namespace velluto::test

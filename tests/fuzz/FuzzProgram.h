@@ -1,0 +1,173 @@
+// A whole program with stand-ins for the machine and files that exist in memory only, and a hand on it that does what
+// the fuzzer's bytes say. Used by every fuzz target that needs more than one room.
+#pragma once
+
+#include "app/FrameCommands.h"
+#include "app/Velluto.h"
+#include "platform/standin/StandinClock.h"
+#include "platform/standin/StandinFace.h"
+#include "platform/standin/StandinMidi.h"
+#include "platform/standin/StandinPrinter.h"
+#include "view/Gestures.h"
+#include "view/MenuEntry.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <fuzzer/FuzzedDataProvider.h>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velluto::fuzz {
+
+using Bytes = std::vector<std::uint8_t>;
+
+class MemoryFile : public RandomAccessFile {
+public:
+    explicit MemoryFile(Bytes &bytes) : bytes_(bytes) {}
+    RuntimeError Length(std::uint64_t &length) override
+    {
+        length = bytes_.size();
+        return {};
+    }
+    RuntimeError Read(std::uint64_t offset, std::span<std::uint8_t> buffer, std::size_t &got) override
+    {
+        got = offset < bytes_.size() ? std::min<std::size_t>(buffer.size(), bytes_.size() - offset) : 0;
+        std::copy_n(bytes_.data() + (got > 0 ? offset : 0), got, buffer.data());
+        return {};
+    }
+    RuntimeError Write(std::uint64_t offset, std::span<const std::uint8_t> bytes) override
+    {
+        if (offset + bytes.size() > bytes_.size()) {
+            bytes_.resize(offset + bytes.size());
+        }
+        std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset));
+        return {};
+    }
+
+private:
+    Bytes &bytes_;
+};
+
+class MemoryFiles : public FileStore {
+public:
+    std::map<std::string, Bytes> files;
+
+    RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override
+    {
+        file = std::make_unique<MemoryFile>(files[path]);
+        return {};
+    }
+    RuntimeError Delete(const std::string &path) override { return {files.erase(path) == 1 ? 0 : FileError::kFileNotFound}; }
+    std::string CurrentFolder() override { return "/home"; }
+};
+
+struct FuzzProgram {
+    FuzzProgram()
+    {
+        midi.outs.push_back({"Synth out", {}, false, false, {}});
+        midi.ins.push_back({"Keys in", {}, false, false, {}});
+    }
+
+    MemoryFiles files;
+    StandinMidi midi;
+    StandinFace face;
+    StandinClock clock;
+    StandinPrinter printer;
+    Velluto program{Ports{files, midi, clock, printer}, face};
+
+    bool Start()
+    {
+        face.onModal = [](Form &form) { Press(*form.Find("CommOK")); };
+        return StartUp(program);
+    }
+    [[nodiscard]] bool Runs() const { return face.frame != nullptr; }
+    void Choose(MenuEntry &entry)
+    {
+        ChooseMenu(entry);
+        program.app.children.Sweep();
+    }
+    void Open(const std::string &path)
+    {
+        face.choices.push_back({false, path, 1});
+        Choose(program.app.frame.mnuPcgApri);
+    }
+    // One thing that a person can do, whatever is there to be done.
+    void Act(FuzzedDataProvider &bytes);
+
+private:
+    void ActOnMenu(FuzzedDataProvider &bytes);
+    void ActOnChild(FuzzedDataProvider &bytes, Form &child);
+    static void ActOnControl(FuzzedDataProvider &bytes, Control &control);
+};
+
+inline void FuzzProgram::ActOnMenu(FuzzedDataProvider &bytes)
+{
+    const std::vector<Control *> &all = program.app.frame.controls();
+    auto *entry = dynamic_cast<MenuEntry *>(all[bytes.ConsumeIntegralInRange<std::size_t>(0, all.size() - 1)]);
+    if (entry != nullptr) {
+        Choose(*entry);
+    }
+}
+
+inline void FuzzProgram::ActOnControl(FuzzedDataProvider &bytes, Control &control)
+{
+    auto *list = dynamic_cast<ListBox *>(&control);
+    if (list == nullptr) {
+        Press(control);
+    } else if (bytes.ConsumeBool()) {
+        PressKey(*list, bytes.PickValueInArray({Key::Delete, Key::Home, Key::End, Key::PageDown, Key::Down, Key::Right}),
+                 bytes.PickValueInArray({Modifier::None, Modifier::Ctrl, Modifier::Shift}));
+    } else if (list->ListCount() > 0) {
+        ListGesture::ClickRow(*list, bytes.ConsumeIntegralInRange(0, list->ListCount() - 1),
+                              bytes.PickValueInArray({Modifier::None, Modifier::Ctrl, Modifier::Shift}));
+    }
+}
+
+inline void FuzzProgram::ActOnChild(FuzzedDataProvider &bytes, Form &child)
+{
+    ChildWindows &children = program.app.children;
+    switch (bytes.ConsumeIntegralInRange(0, 7)) {
+    case 0:
+        children.Unload(child);
+        break;
+    case 1:
+        children.Resize(child, bytes.ConsumeIntegral<std::int16_t>(), bytes.ConsumeIntegral<std::int16_t>());
+        break;
+    case 2:
+        children.Move(child, bytes.ConsumeIntegral<std::int16_t>(), bytes.ConsumeIntegral<std::int16_t>());
+        break;
+    case 3:
+        children.Minimise(child);
+        break;
+    default:
+        if (!child.controls().empty()) {
+            ActOnControl(bytes, *child.controls()[bytes.ConsumeIntegralInRange<std::size_t>(0, child.controls().size() - 1)]);
+        }
+    }
+    children.Sweep();
+}
+
+inline void FuzzProgram::Act(FuzzedDataProvider &bytes)
+{
+    const std::vector<Form *> &children = program.app.children.All();
+    switch (bytes.ConsumeIntegralInRange(0, 5)) {
+    case 0:
+        ActOnMenu(bytes);
+        break;
+    case 1:
+        face.answers.push_back(bytes.PickValueInArray({Box::kYes, Box::kNo, Box::kCancel, Box::kOk}));
+        break;
+    case 2:
+        face.choices.push_back(
+            {false, bytes.PickValueInArray({"/home/a.pcg", "/home/b.pcg", "/else/c.PCG", "/d.txt"}), bytes.ConsumeIntegralInRange(0, 5)});
+        break;
+    default:
+        if (!children.empty()) {
+            ActOnChild(bytes, *children[bytes.ConsumeIntegralInRange<std::size_t>(0, children.size() - 1)]);
+        }
+    }
+}
+
+} // namespace velluto::fuzz

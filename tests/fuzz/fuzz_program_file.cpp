@@ -1,0 +1,58 @@
+// Any bytes as a Program file: opened, tied to a bank, clicked through, saved under another name. What is saved without
+// an edit is what was opened, byte for byte.
+#include "fuzz/FuzzProgram.h"
+
+#include "files/frmPcgUN.h"
+
+#include <cstdlib>
+
+using namespace velluto;
+using namespace velluto::fuzz;
+
+namespace {
+
+constexpr int kFirstFileSlot = 1;
+constexpr int kUser1 = 9;
+
+void ClickEveryRow(Form &form)
+{
+    auto *list = dynamic_cast<ListBox *>(form.Find("List1"));
+    for (int row = 0; list != nullptr && row < list->ListCount(); ++row) {
+        ListGesture::ClickRow(*list, row, Modifier::None);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    FuzzProgram run;
+    const Bytes given(data, data + size);
+    run.files.files["/home/a.pcg"] = given;
+    if (!run.Start()) {
+        return 0;
+    }
+    run.Choose(run.program.app.frame.mnuDevMIDIOut[0]);
+    run.Open("/home/a.pcg");
+    if (const auto &window = run.program.files.PcgWindows[kFirstFileSlot]; window && window->IsLoaded()) {
+        ClickEveryRow(*window);
+        Press(window->CommUser[kUser1]);
+        run.Choose(run.program.app.frame.mnuPcgUser[kUser1]);
+        if (const auto &bank = run.program.files.PcgWindows[kUser1]; bank && bank->IsLoaded()) {
+            ClickEveryRow(*bank);
+        }
+        run.program.app.children.Activate(*window);
+        run.face.choices.push_back({false, "/home/b.pcg", 1});
+        run.Choose(run.program.app.frame.mnuSalvaAs);
+        if (run.files.files["/home/b.pcg"] != given) {
+            std::abort();
+        }
+    }
+    for (const std::uint32_t message : run.midi.sent) {
+        if ((message & 0x808000U) != 0) { // a data byte above 127
+            std::abort();
+        }
+    }
+    CloseFrame(run.program);
+    return 0;
+}

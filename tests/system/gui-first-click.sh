@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# A new user's first minutes, with real keys and a real mouse: choose the language, open a file, tie it to bank User 1, choose
+# the MIDI device, open the bank, click its fifth row. The instrument hears three messages and nothing else.
+#
+#     gui-first-click.sh PROGRAM INSTRUMENT PICTURES
+set -euo pipefail
+program=$(realpath "$1")
+instrument=$(realpath "$2")
+pictures=$(realpath "$3")
+here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
+# shellcheck source=tests/system/gui-lib.sh
+. "$here/gui-lib.sh"
+
+set_stage first-click "$pictures"
+start_jack
+start_instrument "$instrument" Instrument
+seed "$here/../../data" "$stage/home"
+start_in_english "$program"
+open_file samples/Full-64.pcg
+find_fifth_row
+press_user1
+choose_last_output Instrument:midi_in
+
+changing press alt+v
+changing press g # "G User 1:"
+click "$row_x" "$row_y"
+wait_until "three messages" heard_lines 3
+
+changing press alt+f
+press x
+wait_until "the end of the program" program_has_gone
+status=0
+wait "$program_pid" || status=$?
+[ "$status" -eq 0 ] || fail "the program ended with $status"
+
+want=$'B0 00 79\nB0 20 40\nC0 04'
+[ "$(heard)" = "$want" ] || fail "the instrument heard: $(heard)"
+[ "$(stat -c %s "$stage/home/Velluto.ini")" -eq 40000 ] || fail "the settings are not 80 records of 500 bytes"
+say "The instrument heard B0 00 79, B0 20 40, C0 04"
