@@ -5,6 +5,7 @@
 #include "unit/files/InstrumentFiles.h"
 
 #include "app/ViewKind.h"
+#include "edit/EditMenu.h"
 #include "files/frmPrfUN.h"
 #include "files/frmPrfUserAll.h"
 #include "files/frmStyUN.h"
@@ -117,6 +118,20 @@ protected:
         }
         return names;
     }
+};
+
+// Windows of Style files.
+class StyleWindowTest : public BankFilesTest {
+protected:
+    using BankFilesTest::BankFilesTest;
+    // Opens the bank of that slot, tied to the file, from the View menu.
+    frmStyUN &OpenBank(int slot, const std::string &path)
+    {
+        TieSty(slot, path);
+        run.Choose(slot <= 11 ? app.frame.mnuStyUser[slot] : app.frame.mnuStyDirectHD[slot - 11]);
+        return Sty(slot);
+    }
+    static std::string Row(frmStyUN &window, int row) { return window.List1.Row(row); }
 };
 
 } // namespace velluto::test
