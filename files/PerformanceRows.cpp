@@ -8,7 +8,8 @@ namespace {
 
 std::string NoName()
 {
-    return std::string(Korf::kNameLength, ' ');
+    std::string blanks(Korf::kNameLength, ' ');
+    return blanks;
 }
 
 std::string NameAt(ImageView image, int entry)

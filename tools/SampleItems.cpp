@@ -225,6 +225,7 @@ std::vector<Item> PerformanceItems(const PerformanceSample &sample)
 std::vector<Sample> MakeSamples()
 {
     std::vector<Sample> all;
+    all.reserve(kPrograms.size() + kStyles.size() + kPerformances.size());
     for (const ProgramSample &sample : kPrograms) {
         all.push_back({sample.file, ProgramItems(sample)});
     }
