@@ -7,6 +7,7 @@
 #include "app/StatusBar.h"
 #include "edit/EditMenu.h"
 #include "edit/Printing.h"
+#include "files/Banks.h"
 #include "files/Opening.h"
 #include "files/Saving.h"
 #include "files/WindowTitle.h"
@@ -124,7 +125,11 @@ void AttachFileMenu(Velluto &program)
     menu.mnuFile.Drop = [&program] { mnuFile_Drop(program); };
     menu.mnuPcgNuovo64.Click = [&files] { mnuPcgNuovo64_Click(files); };
     menu.mnuPcgNuovo128.Click = [&files] { mnuPcgNuovo128_Click(files); };
+    menu.mnuStyNuovo.Click = [&files] { mnuStyNuovo_Click(files); };
+    menu.mnuPrfNuovo.Click = [&files] { mnuPrfNuovo_Click(files); };
     menu.mnuPcgApri.Click = [&files] { mnuPcgApri_Click(files); };
+    menu.mnuStyApri.Click = [&files] { mnuStyApri_Click(files); };
+    menu.mnuPrfApri.Click = [&files] { mnuPrfApri_Click(files); };
     menu.mnuChiudi.Click = [&program] { mnuChiudi_Click(program.app); };
     menu.mnuSalva.Click = [&files] { mnuSalva_Click(files); };
     menu.mnuSalvaAs.Click = [&files] { mnuSalvaAs_Click(files); };
@@ -156,6 +161,20 @@ void AttachViewMenu(Velluto &program)
     for (MenuEntry &entry : menu.mnuPcgUser) {
         entry.Click = [&files, slot = entry.index()] { mnuPcgUser_Click(files, slot); };
     }
+    for (MenuEntry &entry : menu.mnuStyUser) {
+        entry.Click = [&files, slot = entry.index()] { mnuStyUser_Click(files, slot); };
+    }
+    for (MenuEntry &entry : menu.mnuStyDirectHD) {
+        entry.Click = [&files, number = entry.index()] { mnuStyDirectHD_Click(files, number); };
+    }
+    for (MenuEntry &entry : menu.mnuPrfUser) {
+        entry.Click = [&files, number = entry.index()] { mnuPrfUser_Click(files, number); };
+    }
+    menu.mnuStyUserAll.Click = [&files] { mnuStyUserAll_Click(files); };
+    menu.mnuStyDirectHD123.Click = [&files] { mnuStyDirectHD123_Click(files); };
+    menu.mnuStyDirectHD456.Click = [&files] { mnuStyDirectHD456_Click(files); };
+    menu.mnuStyDirectHD789.Click = [&files] { mnuStyDirectHD789_Click(files); };
+    menu.mnuPrfUserAll.Click = [&files] { mnuPrfUserAll_Click(files); };
     menu.mnuMsgEx.Click = [&program] { mnuMsgEx_Click(program.midi); };
 }
 

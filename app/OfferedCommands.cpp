@@ -10,21 +10,10 @@ namespace {
 
 // By name, every number of it. Taking a row out offers the command.
 constexpr std::array kNotOfferedYet{
-    std::string_view("mnuStyNuovo"),       std::string_view("mnuPrfNuovo"),
-    std::string_view("mnuStyApri"),        std::string_view("mnuPrfApri"),
-    std::string_view("mnuTaglia"),         std::string_view("mnuCopia"),
-    std::string_view("mnuIncolla"),        std::string_view("mnuBankA"),
-    std::string_view("mnuBankB"),          std::string_view("mnuBankC"),
-    std::string_view("mnuBankD"),          std::string_view("mnuBankE"),
-    std::string_view("mnuBankF"),          std::string_view("mnuSty"),
-    std::string_view("mnuStyUser"),        std::string_view("mnuStyUserAll"),
-    std::string_view("mnuStyDirectHD19"),  std::string_view("mnuStyDirectHD"),
-    std::string_view("mnuStyDirectHD123"), std::string_view("mnuStyDirectHD456"),
-    std::string_view("mnuStyDirectHD789"), std::string_view("mnuPrfUser120"),
-    std::string_view("mnuPrfUser"),        std::string_view("mnuPrfUserAll"),
-    std::string_view("mnuTastiera"),       std::string_view("mnuMidiPlayer"),
-    std::string_view("mnuBloccoNote"),     std::string_view("mnuGuida"),
-    std::string_view("mnuInfo"),
+    std::string_view("mnuTaglia"),     std::string_view("mnuCopia"), std::string_view("mnuIncolla"),  std::string_view("mnuBankA"),
+    std::string_view("mnuBankB"),      std::string_view("mnuBankC"), std::string_view("mnuBankD"),    std::string_view("mnuBankE"),
+    std::string_view("mnuBankF"),      std::string_view("mnuSty"),   std::string_view("mnuTastiera"), std::string_view("mnuMidiPlayer"),
+    std::string_view("mnuBloccoNote"), std::string_view("mnuGuida"), std::string_view("mnuInfo"),
 };
 
 } // namespace

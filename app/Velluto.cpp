@@ -7,6 +7,7 @@ namespace velluto {
 Velluto::Velluto(Ports ports, Face &face) : app(ports, face), midi(app), files(app), recall(app, midi, files)
 {
     files.services.SelectOnInstrument = [this](Form &window, int row) { SelectOnInstrument(recall, window, row); };
+    files.services.SelectFromOverview = [this](Form &window, int list) { SelectFromOverview(recall, window, list); };
     AttachHandlers(*this);
 }
 

@@ -210,8 +210,9 @@ void SelectFromOverview(RecallState &recall, Form &window, int list)
     if (recall.clearingOtherLists) {
         return;
     }
-    const bool performances = window.Tag.Kind() == ViewKind::PerformanceOverview;
     const NumberedLists<kPrfOverviewLists> lists(window, "List1"); // the Style overviews have the first three of them
+    // Told by the lists, not by the Tag, which a window whose load has stopped lacks.
+    const bool performances = lists.At(kPrfOverviewLists) != nullptr;
     const ListBox *clicked = lists.At(list);
     // The comparison is with a whole row, which no row as built equals.
     if (clicked == nullptr || RightTrimmed(clicked->Row(clicked->ListIndex())) == (performances ? "1" : "3")) {

@@ -2,6 +2,9 @@
 
 #include "driver/Words.h"
 #include "files/frmPcgUN.h"
+#include "files/frmPrfUN.h"
+#include "files/frmStyUN.h"
+#include "files/frmStyUserAll.h"
 
 #include <algorithm>
 #include <array>
@@ -88,12 +91,14 @@ Json RawRows(const Table &table)
     return json;
 }
 
-// The names of the windows that exist, from slot 1 on; empty texts for the others.
-Json PcgWindows(Velluto &program)
+// The names of the windows that exist in a table, from the given place on; empty texts for the others.
+template <auto Member, std::size_t First>
+Json WindowsOfFiles(Velluto &program)
 {
+    const auto &windows = program.files.*Member;
     Json json = Json::array();
-    for (std::size_t slot = 1; slot < program.files.PcgWindows.size(); ++slot) {
-        const Form *window = program.files.PcgWindows.at(slot).get();
+    for (std::size_t i = First; i < windows.size(); ++i) {
+        const Form *window = windows.at(i).get();
         json.push_back(window == nullptr ? std::string{} : window->FullName());
     }
     return json;
@@ -252,7 +257,11 @@ constexpr auto kNamed = std::to_array<NamedValue>({
     {"PcgOpenFlags", FlagsOfFiles<&FilesState::PcgOpenFlags>, 1},
     {"StyOpenFlags", FlagsOfFiles<&FilesState::StyOpenFlags>, 1},
     {"PrfOpenFlags", FlagsOfFiles<&FilesState::PrfOpenFlags>, 1},
-    {"PcgWindows", PcgWindows, 1},
+    {"PcgWindows", WindowsOfFiles<&FilesState::PcgWindows, 1>, 1},
+    {"StyWindows", WindowsOfFiles<&FilesState::StyWindows, 0>, 0},
+    {"PrfWindows", WindowsOfFiles<&FilesState::PrfWindows, 0>, 0},
+    {"StyUserAllWindows", WindowsOfFiles<&FilesState::StyUserAllWindows, 0>, ViewKind::StyleOverview},
+    {"RowBuffer", BytesOfFiles<&FilesState::RowBuffer>},
     {"WorkPcgRecord", OfFiles<&FilesState::WorkPcgRecord>},
     {"WorkStyRecord", OfFiles<&FilesState::WorkStyRecord>},
     {"WorkPrfRecord", OfFiles<&FilesState::WorkPrfRecord>},

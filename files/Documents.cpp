@@ -4,6 +4,8 @@
 #include "app/ViewKind.h"
 #include "files/Opening.h"
 #include "files/frmPcgUN.h"
+#include "files/frmPrfUN.h"
+#include "files/frmStyUN.h"
 
 namespace velluto {
 
@@ -29,8 +31,11 @@ constexpr std::array<DocumentType, 3> kDocumentTypes{{
      .filterIndex = 1,
      .chainCode = ChooseOutcome::Program,
      .extension = "PCG",
+     .firstNewKind = ViewKind::NewProgram64,
+     .lastNewKind = ViewKind::NewProgram128,
      .remembersKnown = true,
      .flagBeforeShow = false,
+     .freesSlot = true,
      .table = PcgTable,
      .work = &FilesState::WorkPcgRecord,
      .current = &FilesState::CurrentPcgSlot,
@@ -41,26 +46,32 @@ constexpr std::array<DocumentType, 3> kDocumentTypes{{
      .filterIndex = 2,
      .chainCode = ChooseOutcome::Style,
      .extension = "STY",
+     .firstNewKind = ViewKind::NewStyle,
+     .lastNewKind = ViewKind::NewStyle,
      .remembersKnown = false,
      .flagBeforeShow = true,
+     .freesSlot = false,
      .table = StyTable,
      .work = &FilesState::WorkStyRecord,
      .current = &FilesState::CurrentStySlot,
      .openFlags = &FilesState::StyOpenFlags,
      .openCommand = &frmMain::mnuStyApri,
-     .show = nullptr},
+     .show = ShowStyWindow},
     {.kind = ViewKind::PerformanceFile,
      .filterIndex = 3,
      .chainCode = ChooseOutcome::Performance,
      .extension = "PRF",
+     .firstNewKind = ViewKind::NewPerformance,
+     .lastNewKind = ViewKind::NewPerformance,
      .remembersKnown = false,
      .flagBeforeShow = true,
+     .freesSlot = true,
      .table = PrfTable,
      .work = &FilesState::WorkPrfRecord,
      .current = &FilesState::CurrentPrfSlot,
      .openFlags = &FilesState::PrfOpenFlags,
      .openCommand = &frmMain::mnuPrfApri,
-     .show = nullptr},
+     .show = ShowPrfWindow},
 }};
 
 } // namespace

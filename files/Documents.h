@@ -18,7 +18,17 @@ inline constexpr int kFirstPcgUserSlot = 9;
 inline constexpr int kLastPcgUserSlot = 10;
 inline constexpr int kNewPcg64Slot = 11;
 inline constexpr int kNewPcg128Slot = 12;
-inline constexpr int kLastPcgSlot = 12;
+// The slots of Style files beyond the first eight: the new file, User 1 to 3, Direct HD 1 to 9.
+inline constexpr int kNewStySlot = 0;
+inline constexpr int kFirstStyUserSlot = 9;
+inline constexpr int kLastStyUserSlot = 11;
+inline constexpr int kFirstDirectHdSlot = 12;
+inline constexpr int kLastDirectHdSlot = 20;
+inline constexpr int kDirectHdInGroup = 3; // banks under one entry such as "Direct HD 123"
+// Those of Performance files: the new file, User 1 to 20.
+inline constexpr int kNewPrfSlot = 0;
+inline constexpr int kFirstPrfUserSlot = 9;
+inline constexpr int kLastPrfUserSlot = 28;
 
 [[nodiscard]] constexpr bool IsFileSlot(int slot)
 {
@@ -30,15 +40,18 @@ struct DocumentType {
     int filterIndex;            // its row in the dialogs' filter
     int chainCode;              // ChooseFile's outcome for it, and what hands a file over to its Open command
     std::string_view extension; // upper case
-    bool remembersKnown;        // Open tells through KnownFileFlag whether the slot knew the file
-    bool flagBeforeShow;        // the open flag is set before the window is shown, not after
+    int firstNewKind;           // ViewKinds of its new files
+    int lastNewKind;
+    bool remembersKnown; // Open tells through KnownFileFlag whether the slot knew the file
+    bool flagBeforeShow; // the open flag is set before the window is shown, not after
+    bool freesSlot;      // a window that closes clears its open flag; where not, every slot serves once in a run
 
     std::span<DocRecord> (*table)(Settings &settings); // by slot
     DocRecord FilesState::*work;
     int FilesState::*current;
     std::array<bool, kLastFileSlot + 1> FilesState::*openFlags;
     MenuEntry frmMain::*openCommand;
-    void (*show)(FilesState &files, int slot); // nullptr where the type has no window yet
+    void (*show)(FilesState &files, int slot);
 };
 
 [[nodiscard]] const DocumentType &ProgramType();

@@ -1,6 +1,10 @@
 #include "files/Files.h"
 
 #include "files/frmPcgUN.h"
+#include "files/frmPrfUN.h"
+#include "files/frmPrfUserAll.h"
+#include "files/frmStyUN.h"
+#include "files/frmStyUserAll.h"
 
 namespace velluto {
 

@@ -13,6 +13,16 @@
 namespace velluto {
 
 class frmPcgUN;
+class frmPrfUN;
+class frmPrfUserAll;
+class frmStyUN;
+class frmStyUserAll;
+
+// The rows of a Style window or of one list of an overview while they are composed: 16 rows of 28 characters. An item's
+// slot decides where its row stands; what would stand behind the sixteenth is lost.
+inline constexpr int kStyleRowLength = 28;
+inline constexpr int kStyleRows = 16;
+inline constexpr int kRowBufferLength = kStyleRowLength * kStyleRows;
 
 // Elements 0 to 127: 1-based position of item 1 to 128 in the image; 128 to 255: its length in bytes.
 using ItemTable = std::array<std::int32_t, 256>;
@@ -32,6 +42,8 @@ struct ItemClipboard {
 struct ViewServices {
     // A click on a row of a list window that passed the window's own test: resolves the channel and recalls.
     std::function<void(Form &window, int row)> SelectOnInstrument;
+    // A click in list number `list` (from 1) of an overview: leaves the selection in that list alone, then recalls.
+    std::function<void(Form &window, int list)> SelectFromOverview;
 };
 
 struct FilesState {
@@ -44,6 +56,7 @@ struct FilesState {
     FileImage LoadImage;    // result of the last ReadInstrumentFile
     std::string BuildImage; // what an edit is assembling
     std::string BuildPrefix;
+    std::string RowBuffer = std::string(kRowBufferLength, ' ');
     ItemTable ItemIndex{};
     ItemTable BuildItemIndex{};
     ItemClipboard clipboard;
@@ -67,7 +80,11 @@ struct FilesState {
     int PcgFileSlot = 0;
     int RecentKind = 0;
 
-    std::array<std::unique_ptr<frmPcgUN>, 13> PcgWindows; // 1 to 12
+    std::array<std::unique_ptr<frmPcgUN>, 13> PcgWindows;            // 1 to 12
+    std::array<std::unique_ptr<frmStyUN>, 21> StyWindows;            // 0 to 20
+    std::array<std::unique_ptr<frmPrfUN>, 29> PrfWindows;            // 0 to 28
+    std::array<std::unique_ptr<frmStyUserAll>, 4> StyUserAllWindows; // ViewKind 25 to 28
+    std::unique_ptr<frmPrfUserAll> PrfUserAllWindow;
 };
 
 } // namespace velluto

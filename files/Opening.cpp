@@ -5,7 +5,6 @@
 #include "app/ViewKind.h"
 #include "files/Documents.h"
 #include "files/ErrorTrap.h"
-#include "files/frmPcgUN.h"
 
 #include <algorithm>
 
@@ -117,9 +116,6 @@ bool ChosenForThisCommand(FilesState &files, const DocumentType &type)
 
 void OpenCommand(FilesState &files, const DocumentType &type)
 {
-    if (type.show == nullptr) {
-        return; // not offered yet; the code of a hand-over goes with the next drop of the File menu
-    }
     int &current = files.*type.current;
     current = FindFree(files, type);
     if (current == 0) {
@@ -131,12 +127,12 @@ void OpenCommand(FilesState &files, const DocumentType &type)
 }
 
 // Loads the new file's window in its own slot, which can have one window only: the entry is off until that has gone.
-void NewPcg(FilesState &files, MenuEntry &entry, int slot, int kind)
+void NewCommand(FilesState &files, const DocumentType &type, MenuEntry &entry, int slot, int kind)
 {
     entry.enabled = false;
-    files.CurrentPcgSlot = slot;
+    files.*type.current = slot;
     files.app.ViewKind = kind;
-    ShowPcgWindow(files, slot);
+    type.show(files, slot);
 }
 
 } // namespace
@@ -195,27 +191,22 @@ void mnuPrfApri_Click(FilesState &files)
 
 void mnuPcgNuovo64_Click(FilesState &files)
 {
-    NewPcg(files, files.app.frame.mnuPcgNuovo64, kNewPcg64Slot, ViewKind::NewProgram64);
+    NewCommand(files, ProgramType(), files.app.frame.mnuPcgNuovo64, kNewPcg64Slot, ViewKind::NewProgram64);
 }
 
 void mnuPcgNuovo128_Click(FilesState &files)
 {
-    NewPcg(files, files.app.frame.mnuPcgNuovo128, kNewPcg128Slot, ViewKind::NewProgram128);
+    NewCommand(files, ProgramType(), files.app.frame.mnuPcgNuovo128, kNewPcg128Slot, ViewKind::NewProgram128);
 }
 
-void mnuPcgUser_Click(FilesState &files, int index)
+void mnuStyNuovo_Click(FilesState &files)
 {
-    if (index < kFirstPcgUserSlot || index > kLastPcgUserSlot) {
-        return;
-    }
-    files.CurrentPcgSlot = index;
-    TakeSlot(files, ProgramType(), index);
-    // A file that has gone is told to nobody: the click has no effect.
-    if (ReadInstrumentFile(files, files.WorkPcgRecord.Path.Trimmed()) != ReadStatus::Good) {
-        return;
-    }
-    ShowPcgWindow(files, index);
-    files.app.frame.mnuPcgUser[index].enabled = false;
+    NewCommand(files, StyleType(), files.app.frame.mnuStyNuovo, kNewStySlot, ViewKind::NewStyle);
+}
+
+void mnuPrfNuovo_Click(FilesState &files)
+{
+    NewCommand(files, PerformanceType(), files.app.frame.mnuPrfNuovo, kNewPrfSlot, ViewKind::NewPerformance);
 }
 
 void mnuRecentFile_Click(FilesState &files, int index)
@@ -230,7 +221,7 @@ void mnuRecentFile_Click(FilesState &files, int index)
     app.settings.LastDir = files.FileFolder;
 
     const DocumentType *type = TypeOfExtension(files.FilePath);
-    if (type == nullptr || type->show == nullptr || !(app.frame.*(type->openCommand)).enabled) {
+    if (type == nullptr || !(app.frame.*(type->openCommand)).enabled) {
         return;
     }
     if (FindOpen(files, *type, files.FilePath)) {

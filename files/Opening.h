@@ -1,5 +1,5 @@
-// Bringing a file into a window: the read of the whole file, the Open commands, the banks of the View menu, the recent
-// entries. Paths are UTF-8; slots count from 1.
+// Bringing a file into a window: the read of the whole file, the New and Open commands, the recent entries.
+// Paths are UTF-8; slots count from 1.
 #pragma once
 
 #include "files/Files.h"
@@ -51,10 +51,11 @@ int FindFreePrfSlot(const FilesState &files);
 // Commands of the menus.
 void mnuPcgNuovo64_Click(FilesState &files);
 void mnuPcgNuovo128_Click(FilesState &files);
+void mnuStyNuovo_Click(FilesState &files);
+void mnuPrfNuovo_Click(FilesState &files);
 void mnuPcgApri_Click(FilesState &files);
 void mnuStyApri_Click(FilesState &files);
 void mnuPrfApri_Click(FilesState &files);
-void mnuPcgUser_Click(FilesState &files, int index);    // 9 or 10
 void mnuRecentFile_Click(FilesState &files, int index); // 1 to 16
 
 } // namespace velluto

@@ -1,29 +1,16 @@
 #include "files/ProgramRows.h"
 
 #include "app/FixedText.h"
-
-#include <algorithm>
+#include "files/RowText.h"
 
 namespace velluto {
 
 namespace {
 
-constexpr std::size_t kUntouchedEnd = 4; // characters at the end of a row that keep their zeros
-
 // A blank, the row number with three digits, a blank.
 std::string RowHead(int number)
 {
-    const std::string digits = std::to_string(number);
-    return " " + std::string(3 - std::min<std::size_t>(digits.size(), 3), '0') + digits + " ";
-}
-
-// Makes blanks of the zeros that pad a name, from the fourth character before the end of the row backwards up to the
-// first other character. The last four keep theirs: in a list that does no harm.
-void BlankPadding(std::string &row)
-{
-    for (std::size_t length = row.size(); length > kUntouchedEnd && row[length - kUntouchedEnd - 1] == '\0'; --length) {
-        row[length - kUntouchedEnd - 1] = ' ';
-    }
+    return " " + WithLeadingZeros(number, 3) + " ";
 }
 
 } // namespace

@@ -1,10 +1,11 @@
-// Makes the Program files of data/samples: valid containers with invented names and made-up bodies. It shares no code
-// with the program on purpose, so that the samples check the program's reading and not only themselves.
+// Makes the files of data/samples: valid containers of Programs, Styles and Performances with invented names and made-up
+// bodies. It shares no code with the program on purpose, so that the samples check the program's reading and not only
+// themselves.
 //
 //     make-samples FOLDER            writes the files there
 //     make-samples --check FOLDER    says which files there differ from what it would write
-//
-// The same numbers come out on every machine: the engine is the standard's, and only its raw output is used.
+#include "SampleItems.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -12,131 +13,14 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace {
 
-constexpr std::size_t kNameLength = 16;
-constexpr std::uint64_t kShortestBody = 100;
-constexpr std::uint64_t kLongestBody = 800;
-
-// Names are a colour of ours and a voice of ours; none is taken from an instrument.
-constexpr std::array<std::string_view, 16> kColours = {"Amber", "Basalt",  "Cinder", "Dune",    "Ember",  "Fennel", "Gable",   "Hazel",
-                                                       "Ivory", "Juniper", "Kelp",   "Lantern", "Meadow", "Nettle", "Opaline", "Pebble"};
-constexpr std::array<std::string_view, 8> kVoices = {"Keys", "Reeds", "Chimes", "Choir", "Bow", "Horns", "Pluck", "Drone"};
-
-// Windows-1252 bytes beyond ASCII, as an owner's own names have them.
-constexpr std::array<std::string_view, 6> kAccentedNames = {"Caf\xE9 Musette",
-                                                            "Sch\xF6ner Klang",
-                                                            "Ni\xF1o Flauta",
-                                                            "Perch\xE9 No \x80",
-                                                            "\x93Quoted\x94",
-                                                            "Na\xEFve \x8C"
-                                                            "uvre"};
-
-enum class Padding { Blanks, Zeros, Mixed };
-enum class Filling { Full, Sparse, Empty };
-
-struct Sample {
-    std::string_view file;
-    unsigned places; // 64 or 128
-    Filling filling;
-    Padding padding;
-    bool accented; // some names hold Windows-1252 bytes
-};
-
-constexpr std::array<Sample, 6> kSamples = {{
-    {"Full-64.pcg", 64, Filling::Full, Padding::Zeros, false},
-    {"Sparse-64.pcg", 64, Filling::Sparse, Padding::Blanks, false},
-    {"Full-128.pcg", 128, Filling::Full, Padding::Blanks, false},
-    {"Sparse-128.pcg", 128, Filling::Sparse, Padding::Zeros, false},
-    {"Accents-64.pcg", 64, Filling::Sparse, Padding::Mixed, true},
-    {"Empty.pcg", 64, Filling::Empty, Padding::Zeros, false},
-}};
-
-using Bytes = std::vector<std::uint8_t>;
-
-struct Item {
-    std::string name; // kNameLength bytes, padded
-    std::uint8_t place = 0;
-    std::array<std::uint8_t, 7> kept{}; // four bytes before the place and three behind it, which nobody reads
-    Bytes body;
-};
-
-// One stream of numbers for each file, seeded by its name: a new sample leaves the others as they are.
-class Numbers {
-public:
-    explicit Numbers(std::string_view file)
-    {
-        constexpr std::uint64_t kBasis = 14695981039346656037U;
-        constexpr std::uint64_t kPrime = 1099511628211U;
-        std::uint64_t seed = kBasis;
-        for (const char c : file) {
-            seed = (seed ^ static_cast<unsigned char>(c)) * kPrime;
-        }
-        engine_.seed(seed);
-    }
-    std::uint64_t Below(std::uint64_t limit) { return engine_() % limit; }
-    std::uint8_t Byte() { return static_cast<std::uint8_t>(Below(256)); }
-
-private:
-    std::mt19937_64 engine_; // NOLINT(cert-msc51-cpp): the same bytes each time are the point
-};
-
-std::string ItemName(const Sample &sample, unsigned place, std::size_t order)
-{
-    if (sample.accented && order < kAccentedNames.size()) {
-        return std::string(kAccentedNames[order]);
-    }
-    // Steps that share no factor with the tables' sizes, so that 128 places get 128 names.
-    const std::string_view colour = kColours[(place * 5U) % kColours.size()];
-    const std::string_view voice = kVoices[(place / kColours.size() * 3U + place) % kVoices.size()];
-    return std::string(colour) + ' ' + std::string(voice);
-}
-
-std::string Padded(std::string name, Padding padding, std::size_t order)
-{
-    const bool blanks = padding == Padding::Blanks || (padding == Padding::Mixed && order % 2 == 0);
-    name.resize(kNameLength, blanks ? ' ' : '\0');
-    return name;
-}
-
-// About one place in four, and always the fifth and the last: the last one says how many places there are.
-bool Occupied(const Sample &sample, unsigned place, Numbers &numbers)
-{
-    constexpr unsigned kFifth = 4;
-    switch (sample.filling) {
-    case Filling::Full:
-        return true;
-    case Filling::Sparse:
-        return numbers.Below(4) == 0 || place == kFifth || place + 1 == sample.places;
-    case Filling::Empty:
-        break;
-    }
-    return false;
-}
-
-std::vector<Item> MakeItems(const Sample &sample)
-{
-    Numbers numbers(sample.file);
-    std::vector<Item> items;
-    for (unsigned place = 0; place < sample.places; ++place) {
-        if (!Occupied(sample, place, numbers)) {
-            continue;
-        }
-        Item item;
-        item.name = Padded(ItemName(sample, place, items.size()), sample.padding, items.size());
-        item.place = static_cast<std::uint8_t>(place);
-        std::generate(item.kept.begin(), item.kept.end(), [&numbers] { return numbers.Byte(); });
-        item.body.resize(kShortestBody + numbers.Below(kLongestBody - kShortestBody + 1));
-        std::generate(item.body.begin(), item.body.end(), [&numbers] { return numbers.Byte(); });
-        items.push_back(std::move(item));
-    }
-    return items;
-}
+using samples::Bytes;
+using samples::Item;
 
 void AppendNumber(Bytes &bytes, std::uint64_t value)
 {
@@ -222,9 +106,9 @@ bool SameAs(const std::filesystem::path &path, const Bytes &bytes)
 int Run(const std::filesystem::path &folder, bool check)
 {
     int wrong = 0;
-    for (const Sample &sample : kSamples) {
+    for (const samples::Sample &sample : samples::MakeSamples()) {
         const std::filesystem::path path = folder / sample.file;
-        const Bytes bytes = MakeFile(MakeItems(sample));
+        const Bytes bytes = MakeFile(sample.items);
         if (check && !SameAs(path, bytes)) {
             std::cerr << path.string() << ": not what make-samples writes\n";
             ++wrong;

@@ -116,7 +116,7 @@ void Expect(bool so, const std::string &otherwise)
 void UseProps(const Words &words)
 {
     const std::string what = words.size() > 1 ? words[0] : "";
-    if (what == "pcg" && words.size() > 2) {
+    if ((what == "pcg" || what == "sty" || what == "prf") && words.size() > 2) {
         MakeProgramFile(words);
     } else if (what == "file") {
         WriteFile(words[1], HexBytes(words, 2));

@@ -9,6 +9,7 @@ namespace velluto::scenarios {
 // not so.
 //   pcg NAME SLOT:ITEM...     a Program file with these items, in this order ("_" in an item stands for a blank)
 //   pcg NAME full PLACES      a Program file with an item in every place
+//   sty ..., prf ...          the same for files of Styles and Performances; their bodies are 40, 41, 42 ... bytes long
 //   file NAME HEX...          a file of these bytes; without any an empty one
 //   patch NAME OFFSET HEX...  writes these bytes over those at the 0-based offset
 //   folder NAME, copy FROM TO, remove NAME

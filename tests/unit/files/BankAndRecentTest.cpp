@@ -162,12 +162,21 @@ TEST_F(RecentFileTest, WithoutAFreeSlotNothingHappens)
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
-TEST_F(RecentFileTest, TypesWithoutAWindowAndEmptyEntriesDoNothing)
+TEST_F(RecentFileTest, StylesAndPerformancesOpenFromTheirEntries)
 {
-    for (const char *name : {"a.sty", "a.prf"}) {
-        app.settings.RecentTable[1].Path.Set(PutFile(name));
-        mnuRecentFile_Click(files, 1);
-    }
+    app.settings.RecentTable[1].Path.Set(PutFile("a.sty"));
+    mnuRecentFile_Click(files, 1);
+    app.settings.RecentTable[1].Path.Set(PutFile("a.PRF"));
+    mnuRecentFile_Click(files, 1);
+    ASSERT_EQ(app.children.All().size(), 2U);
+    EXPECT_EQ(app.children.All()[0]->FullName(), "frmStyUN(1)");
+    EXPECT_EQ(app.children.All()[1]->FullName(), "frmPrfUN(1)");
+    EXPECT_TRUE(files.StyOpenFlags[1]);
+    EXPECT_TRUE(files.PrfOpenFlags[1]);
+}
+
+TEST_F(RecentFileTest, EmptyEntriesAndNumbersBeyondTheTableDoNothing)
+{
     mnuRecentFile_Click(files, 2);
     mnuRecentFile_Click(files, 0);
     mnuRecentFile_Click(files, 17);

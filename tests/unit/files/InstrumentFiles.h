@@ -4,6 +4,7 @@
 
 #include "unit/support/TestProgram.h"
 
+#include "files/Banks.h"
 #include "files/Documents.h"
 #include "files/Korf.h"
 #include "files/Opening.h"

@@ -126,26 +126,20 @@ TEST_F(OpeningTest, AWriteProtectedFileIsToldAsReadOnly)
     EXPECT_THAT(Boxes(), ElementsAre("Apertura di a.pcg: File di sola lettura"));
 }
 
-TEST_F(OpeningTest, AStyleOrPerformanceChosenHereIsHandedOverAndMovesLastDir)
+TEST_F(OpeningTest, AStyleOrPerformanceChosenHereOpensAsItsOwnTypeAndMovesLastDir)
 {
     std::filesystem::create_directory(run.At("sub"));
     Open(PutFile("sub/a.prf"));
     EXPECT_EQ(app.settings.LastDir, run.At("sub"));
-    EXPECT_EQ(files.OpenChainCode, 6);
+    EXPECT_EQ(files.OpenChainCode, 0);
     Open(PutFile("a.sty"));
     EXPECT_EQ(app.settings.LastDir, run.folder->Path());
-    EXPECT_EQ(files.OpenChainCode, 5);
-    EXPECT_THAT(OpenSlots(), IsEmpty()) << "their windows are not offered";
+    EXPECT_EQ(files.OpenChainCode, 0);
+    ASSERT_EQ(app.children.All().size(), 2U);
+    EXPECT_EQ(app.children.All()[0]->FullName(), "frmPrfUN(1)");
+    EXPECT_EQ(app.children.All()[1]->FullName(), "frmStyUN(1)");
+    EXPECT_EQ(run.face.dialogs.size(), 2U) << "the other command shows no dialog of its own";
     EXPECT_THAT(Boxes(), IsEmpty());
-}
-
-TEST_F(OpeningTest, ACancelAfterAHandOverThatStoppedHandsNothingOver)
-{
-    Open(PutFile("a.prf"));
-    files.OpenChainCode = 6;
-    mnuPcgApri_Click(files);
-    EXPECT_EQ(run.face.dialogs.size(), 2U);
-    EXPECT_THAT(OpenSlots(), IsEmpty());
 }
 
 TEST_F(OpeningTest, WithItsOwnChainCodeTheCommandSkipsTheDialog)

@@ -1,0 +1,44 @@
+#include "files/ChildLayout.h"
+
+#include <algorithm>
+
+namespace velluto {
+
+namespace {
+
+constexpr int kTwipsPerPixel = 15; // at 96 dots an inch: whole pixels there, so that equal widths look equal
+
+} // namespace
+
+Size InnerSize(const Modulo1 &app, const Form &window)
+{
+    const bool maximised = window.windowState == WindowState::Maximised;
+    const Size inner = maximised ? app.face.Workspace() : Size{window.ScaleWidth(), window.ScaleHeight()};
+    return {std::max(inner.width, 0), std::max(inner.height, 0)};
+}
+
+void KeepNoSmaller(Modulo1 &app, Form &window, Size least)
+{
+    app.children.RestoringLayout = true;
+    const int width = std::max({window.Width(), least.width, window.frame.width});
+    const int height = std::max({window.Height(), least.height, window.frame.height});
+    window.place = Place{window.Left(), window.Top(), width, height};
+    app.children.RestoringLayout = false;
+}
+
+void PopUpEditMenu(Modulo1 &app, int button)
+{
+    if (button == MouseButton::Right && DropMenu(app.frame.mnuModifica)) {
+        app.face.PopUpMenu(app.frame.mnuModifica);
+    }
+}
+
+ButtonColumns ColumnsIn(int room, int count, int widest, int gap)
+{
+    const int gaps = (count - 1) * gap;
+    const int share = (room - gaps) / count / kTwipsPerPixel * kTwipsPerPixel;
+    const int width = std::clamp(share, 0, widest);
+    return {(room - gaps - count * width) / 2, width, gap};
+}
+
+} // namespace velluto

@@ -1,0 +1,222 @@
+#include "files/DocumentForm.h"
+
+#include "app/Catalogue.h"
+#include "app/RecentFiles.h"
+#include "app/StoredPlace.h"
+#include "files/ChildLayout.h"
+#include "files/WindowTitle.h"
+
+#include <algorithm>
+
+namespace velluto {
+
+DocumentForm::DocumentForm(std::string name, FilesState &files, const DocumentType &type, int slot)
+    : Form(std::move(name), slot), files_(files), type_(type), slot_(slot)
+{
+    List1.Click = [this] { List1_Click(); };
+    List1.KeyDown = [this](int key) { List1_KeyDown(key); };
+    List1.MouseDown = [this](int button) { Form_MouseDown(button); };
+}
+
+void DocumentForm::AddBankButton(Button &button, int bankSlot, std::string bankName)
+{
+    button.accessibleName = bankName;
+    button.visible = IsFileWindow();
+    button.Click = [this, bankSlot] { TieTo(bankSlot); };
+    banks_.push_back({&button, bankSlot, std::move(bankName)});
+}
+
+void DocumentForm::AddCloseButton(Button &button, bool visible)
+{
+    button.visible = visible;
+    button.Click = [this] { CommClose_Click(); };
+    close_ = &button;
+}
+
+void DocumentForm::Form_Load()
+{
+    Modulo1 &app = files_.app;
+    app.children.RestoringLayout = true;
+    const int kind = app.ViewKind;
+    PlaceWindow();
+    close_->caption = app.messages.Text(TextId::Close);
+    close_->accessibleName = close_->caption.Get();
+    std::erase(close_->accessibleName, '&');
+    RefreshToolTips();
+    LayOut();
+
+    DocRecord &record = Work();
+    WindowTag tag;
+    tag.prefix = TagPrefix();
+    tag.Set(TagPosition::Slot, slot_);
+    if (kind >= type_.firstNewKind && kind <= type_.lastNewKind) {
+        tag.Set(TagPosition::Untitled, 1);
+        record.Path.Set(NewName()); // in the working record only
+        tag.SetPath(record.Path.All());
+        ShowNew(tag);
+    } else {
+        tag.image = files_.LoadImage;
+        tag.SetPath(record.Path.All());
+        ShowFile(tag);
+        tag.Set(TagPosition::State, record.State);
+        tag.Set(TagPosition::Role, record.Role);
+        tag.Set(TagPosition::RecentKind, record.Tag7);
+    }
+    tag.Set(TagPosition::Kind, KindOnceLoaded(kind));
+    Tag = tag;
+    caption = WindowTitle(app, Tag);
+    app.children.RestoringLayout = false;
+    ++app.children.ChildCount;
+}
+
+// The window's rectangle from its record, or its natural size where it was never placed.
+void DocumentForm::PlaceWindow()
+{
+    const Size natural = NaturalSize();
+    TakeSlot(files_, type_, slot_);
+    CheckPlace();
+    DocRecord &record = Work();
+    if (record.MinWidth <= 0) { // below 0 only in a settings file that no window has written
+        record.Left = 0;
+        record.Top = 0;
+        record.Width = NearestIn<std::int16_t>(natural.width);
+        record.MinWidth = record.Width;
+        record.Height = NearestIn<std::int16_t>(natural.height);
+        record.MinHeight = record.Height;
+    }
+    record.State = 1;
+    record.Tag7 = static_cast<std::uint8_t>(files_.RecentKind);
+    place = Place{record.Left, record.Top, record.Width, record.Height};
+    StoreSlot(files_, type_, slot_);
+}
+
+// The list above, the buttons below it.
+void DocumentForm::LayOut()
+{
+    const Size inner = InnerSize(files_.app, *this);
+    const int listHeight = std::max(inner.height - ButtonsHeight(), 0);
+    List1.place = Place{0, 0, inner.width, listHeight};
+    LayOutButtons(inner.width, listHeight);
+}
+
+void DocumentForm::Form_Activate()
+{
+    RefreshWindowMenu(files_.app);
+}
+
+void DocumentForm::Form_Resize()
+{
+    Modulo1 &app = files_.app;
+    if (app.children.RestoringLayout) {
+        return;
+    }
+    TakeSlot(files_, type_, slot_);
+    DocRecord &record = Work();
+    if (windowState == WindowState::Normal) {
+        KeepNoSmaller(app, *this, {record.MinWidth, record.MinHeight});
+    }
+    LayOut();
+    StoreSize(record, *this);
+    if (windowState != WindowState::Maximised) {
+        record.State = windowState == WindowState::Minimised ? 2 : 1;
+    }
+    StoreSlot(files_, type_, slot_);
+}
+
+bool DocumentForm::IsCopySource() const
+{
+    return files_.clipboard.ClipSlot == slot_ && files_.clipboard.ClipKind == Tag.Kind();
+}
+
+void DocumentForm::Form_Unload()
+{
+    Modulo1 &app = files_.app;
+    app.ViewKind = Tag.Kind();
+    files_.*type_.current = Tag.Slot();
+    if (IsCopySource()) {
+        files_.clipboard.ClipValid = 0;
+    }
+    TakeSlot(files_, type_, slot_);
+    Work().State = 0;
+    StorePlace(Work(), *this);
+    StoreSlot(files_, type_, slot_);
+    if (IsFileWindow()) {
+        if (type_.freesSlot) {
+            (files_.*type_.openFlags)[static_cast<std::size_t>(slot_)] = false;
+        }
+        (app.frame.*type_.openCommand).enabled = true;
+        UpdateRecentPlacement(app);
+    } else {
+        OwnCommand().enabled = true;
+    }
+    --app.children.ChildCount;
+    RefreshAfterClose(app);
+    app.children.Bury(TakeOut());
+}
+
+void DocumentForm::Form_MouseDown(int button)
+{
+    PopUpEditMenu(files_.app, button);
+}
+
+void DocumentForm::List1_Click()
+{
+    const int row = List1.ListIndex();
+    const bool selects = SelectsRow(RightTrimmed(List1.Row(row)).size());
+    RefreshWindowMenu(files_.app); // either way
+    if (row >= 0 && selects && files_.services.SelectOnInstrument) {
+        files_.services.SelectOnInstrument(*this, row);
+    }
+}
+
+void DocumentForm::List1_KeyDown(int key) const
+{
+    if (key == Key::Delete) {
+        Raise(files_.app.frame.mnuTaglia.Click); // also where the menu does not offer it
+    }
+}
+
+void DocumentForm::CommClose_Click()
+{
+    files_.app.children.Unload(*this);
+}
+
+void DocumentForm::TakeBank(int bankSlot)
+{
+    TakeSlot(files_, type_, bankSlot);
+    if (Work().State != 1) {
+        return;
+    }
+    for (Form *form : files_.app.children.All()) {
+        const auto *document = dynamic_cast<DocumentForm *>(form);
+        if (document != nullptr && &document->type_ == &type_ && document->slot_ == bankSlot) {
+            files_.app.children.Unload(*form);
+            TakeSlot(files_, type_, bankSlot);
+            return;
+        }
+    }
+}
+
+void DocumentForm::StoreBank(int bankSlot, MenuEntry &entry, const std::string &words)
+{
+    StoreSlot(files_, type_, bankSlot);
+    entry.caption = words;
+    entry.enabled = true;
+    for (Form *form : files_.app.children.All()) {
+        auto *document = dynamic_cast<DocumentForm *>(form);
+        if (document != nullptr && &document->type_ == &type_) {
+            document->RefreshToolTips();
+        }
+    }
+}
+
+// Each button of a bank tells which bank it means and which file is tied to it now.
+void DocumentForm::RefreshToolTips()
+{
+    for (const BankButton &bank : banks_) {
+        const std::string path = type_.table(files_.app.settings)[static_cast<std::size_t>(bank.slot)].Path.Trimmed();
+        bank.button->toolTip = path.empty() ? bank.name : bank.name + ": " + path;
+    }
+}
+
+} // namespace velluto

@@ -1,0 +1,71 @@
+// What the two overviews share: lists side by side with a label above each, read once from the files that their banks
+// are tied to. They keep no image, and a load that meets a file it cannot read ends there.
+#pragma once
+
+#include "files/Documents.h"
+#include "files/Korf.h"
+#include "view/Form.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velluto {
+
+class OverviewForm : public Form {
+public:
+    void Form_Load() final;
+    void Form_Unload() final;
+    void Form_Activate() final;
+    void Form_Resize() final;
+    void Form_MouseDown(int button) final;
+
+protected:
+    // How the lists stand, and how far apart. Twips.
+    struct Grid {
+        int columns = 1;
+        int rows = 1;
+        Size list; // natural size of one
+        int label = 0;
+        int gap = 0;
+    };
+
+    // kind is the window's ViewKind, firstSlot the slot of its first list's bank.
+    OverviewForm(std::string name, int number, FilesState &files, const DocumentType &type, int kind, int firstSlot);
+
+    // Adds the next list; banks follow each other in the order of their slots.
+    void AddList(ListBox &list, Label &label);
+
+    [[nodiscard]] FilesState &Files() const { return files_; }
+    [[nodiscard]] int Kind() const { return kind_; }
+
+private:
+    [[nodiscard]] virtual Grid NaturalGrid() const = 0;
+    // The rows of one list from the file's image.
+    [[nodiscard]] virtual std::vector<std::string> RowsFor(ImageView image) = 0;
+    [[nodiscard]] virtual bool CentresLabels() const = 0;
+    // The command of the menu that shows this window.
+    [[nodiscard]] virtual MenuEntry &OwnCommand() = 0;
+    // Takes the window out of the program's table.
+    [[nodiscard]] virtual std::unique_ptr<Form> TakeOut() = 0;
+
+    struct Column {
+        ListBox *list;
+        Label *label;
+    };
+    void PlaceWindow();
+    void LayOut();
+    void PlaceLabel(const Column &column) const;
+    [[nodiscard]] bool ReadBanks();
+    void ShowFileName(const Column &column, const std::string &path);
+    [[nodiscard]] WindowPlacement &Entry() const;
+
+    FilesState &files_;
+    const DocumentType &type_;
+    int kind_;
+    int firstSlot_;
+    std::vector<Column> columns_;
+    Grid grid_;
+};
+
+} // namespace velluto

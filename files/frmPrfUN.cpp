@@ -1,0 +1,134 @@
+#include "files/frmPrfUN.h"
+
+#include "files/ChildLayout.h"
+#include "files/PerformanceRows.h"
+#include "files/Saving.h"
+
+namespace velluto {
+
+namespace {
+
+// The list's natural size. Its rows have 20 characters at most; twice that gives the buttons below it room.
+constexpr int kListCharacters = 40;
+constexpr int kListHalfLines = 17; // eight lines and a half
+
+// Twips.
+constexpr int kButtonRow = 390;
+constexpr int kButtonHeight = 345;
+constexpr int kButtonMargin = 30;
+constexpr int kButtonGap = 30;
+constexpr int kWidestButton = 1260;
+constexpr int kButtonsInRow = 10;
+
+constexpr int kBankOffset = 8;         // from a bank's number to its slot
+constexpr std::size_t kIgnoredRow = 3; // length of a trimmed row that a click ignores: a row of a file without items
+
+} // namespace
+
+frmPrfUN::frmPrfUN(FilesState &files, int slot) : DocumentForm("frmPrfUN", files, PerformanceType(), slot)
+{
+    List1.accessibleName = "Performance";
+    for (Button &button : CommUser) {
+        const std::string number = std::to_string(button.index());
+        button.caption = "U" + number;
+        AddBankButton(button, button.index() + kBankOffset, "User " + number);
+    }
+    AddCloseButton(CommClose, !IsFileWindow());
+}
+
+Size frmPrfUN::NaturalSize()
+{
+    const Size letter = App().face.MeasureA(List1.font);
+    return {kListCharacters * letter.width + frame.width, kListHalfLines * letter.height / 2 + ButtonsHeight() + frame.height};
+}
+
+int frmPrfUN::ButtonsHeight() const
+{
+    return IsFileWindow() ? 2 * kButtonRow : kButtonRow;
+}
+
+// A file's banks in two rows of ten; elsewhere one button in the middle.
+void frmPrfUN::LayOutButtons(int width, int top)
+{
+    const ButtonColumns columns = ColumnsIn(width - 2 * kButtonMargin, IsFileWindow() ? kButtonsInRow : 1, kWidestButton, kButtonGap);
+    const auto put = [&](Button &button, int column, int row) {
+        const int under = (kButtonRow - kButtonHeight) / 2 + row * kButtonRow;
+        button.place = Place{kButtonMargin + columns.LeftOf(column), top + under, columns.width, kButtonHeight};
+    };
+    if (!IsFileWindow()) {
+        put(CommClose, 0, 0);
+        return;
+    }
+    for (Button &button : CommUser) {
+        put(button, (button.index() - 1) % kButtonsInRow, (button.index() - 1) / kButtonsInRow);
+    }
+}
+
+std::string frmPrfUN::NewName() const
+{
+    return "Senza titolo.prf"; // in both languages
+}
+
+void frmPrfUN::ShowNew(WindowTag & /*tag*/)
+{
+    List1.SetRows(NewPerformanceRows());
+}
+
+void frmPrfUN::ShowFile(WindowTag &tag)
+{
+    List1.SetRows(PerformanceRows(tag.image.View()));
+}
+
+bool frmPrfUN::Form_QueryUnload()
+{
+    Modulo1 &app = App();
+    app.ViewKind = Tag.Kind();
+    app.CurrentOperation = "File " + FileNameOf(Tag.Path()) + " (" + std::to_string(app.slot) + ")";
+    return MayClose(Files(), *this, TagPosition::Modified); // the one view where No takes the mark of the change away
+}
+
+MenuEntry &frmPrfUN::OwnCommand()
+{
+    frmMain &menu = App().frame;
+    return Slot() == kNewPrfSlot ? menu.mnuPrfNuovo : menu.mnuPrfUser[Slot() - kBankOffset];
+}
+
+std::unique_ptr<Form> frmPrfUN::TakeOut()
+{
+    return std::move(Files().PrfWindows[static_cast<std::size_t>(Slot())]);
+}
+
+// Whether the slot is one that selects is left to recall.
+bool frmPrfUN::SelectsRow(std::size_t trimmedLength) const
+{
+    return trimmedLength != kIgnoredRow;
+}
+
+void frmPrfUN::TieTo(int bankSlot)
+{
+    CommUser_Click(bankSlot - kBankOffset);
+}
+
+// Ties this file to a user bank, which takes over this window's whole record, its rectangle too.
+void frmPrfUN::CommUser_Click(int index)
+{
+    const int bankSlot = index + kBankOffset;
+    TakeBank(bankSlot);
+    Files().CurrentPrfSlot = Tag.Slot();
+    TakeSlot(Files(), Type(), Files().CurrentPrfSlot);
+    const std::string path = Tag.Path();
+    Work().Path.Set(path);
+    Work().Role = static_cast<std::uint8_t>(Tag.At(TagPosition::Role));
+    Work().State = 0;
+    frmMain &menu = App().frame;
+    StoreBank(bankSlot, menu.mnuPrfUser[index], std::to_string(index) + " " + FileNameOf(path));
+    menu.mnuPrfUser120.enabled = true;
+    menu.mnuPrfUserAll.enabled = true;
+}
+
+void ShowPrfWindow(FilesState &files, int slot)
+{
+    ShowDocument(files, files.PrfWindows, slot);
+}
+
+} // namespace velluto

@@ -1,0 +1,58 @@
+#include "files/frmPrfUserAll.h"
+
+#include "app/ViewKind.h"
+#include "files/PerformanceRows.h"
+
+namespace velluto {
+
+namespace {
+
+constexpr int kColumns = 5;
+constexpr int kRows = 4;
+
+// Twips. A list was drawn that large with letters of kDrawnWith, and grows and shrinks with the letters there are.
+constexpr Size kDrawnList{2600, 2100};
+constexpr Size kDrawnWith{135, 240};
+constexpr int kGap = 250; // between two lists; a label fills the one above its list
+
+} // namespace
+
+frmPrfUserAll::frmPrfUserAll(FilesState &files)
+    : OverviewForm("frmPrfUserAll", kNoNumber, files, PerformanceType(), ViewKind::PerformanceOverview, kFirstPrfUserSlot)
+{
+    for (ListBox &list : List1) {
+        AddList(list, Label1[list.index()]);
+    }
+}
+
+OverviewForm::Grid frmPrfUserAll::NaturalGrid() const
+{
+    const Size letter = Files().app.face.MeasureA(Font{});
+    const Size list{kDrawnList.width * letter.width / kDrawnWith.width, kDrawnList.height * letter.height / kDrawnWith.height};
+    return {kColumns, kRows, list, kGap, kGap};
+}
+
+std::vector<std::string> frmPrfUserAll::RowsFor(ImageView image)
+{
+    return PerformanceOverviewRows(image);
+}
+
+MenuEntry &frmPrfUserAll::OwnCommand()
+{
+    return Files().app.frame.mnuPrfUserAll;
+}
+
+std::unique_ptr<Form> frmPrfUserAll::TakeOut()
+{
+    return std::move(Files().PrfUserAllWindow);
+}
+
+void ShowPrfUserAllWindow(FilesState &files)
+{
+    if (!files.PrfUserAllWindow) {
+        files.PrfUserAllWindow = std::make_unique<frmPrfUserAll>(files);
+    }
+    files.app.children.Show(*files.PrfUserAllWindow);
+}
+
+} // namespace velluto

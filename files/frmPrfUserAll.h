@@ -1,0 +1,28 @@
+// The overview of the twenty Performance user banks, in four rows of five lists. Nothing can be edited here; a click on
+// a row plays it on the instrument.
+#pragma once
+
+#include "files/OverviewForm.h"
+#include "view/ControlArray.h"
+
+namespace velluto {
+
+class frmPrfUserAll : public OverviewForm {
+public:
+    explicit frmPrfUserAll(FilesState &files);
+
+    ControlArray<Label, 1, 20> Label1{*this, "Label1"};
+    ControlArray<ListBox, 1, 20> List1{*this, "List1"};
+
+private:
+    [[nodiscard]] Grid NaturalGrid() const override;
+    [[nodiscard]] std::vector<std::string> RowsFor(ImageView image) override;
+    [[nodiscard]] bool CentresLabels() const override { return false; }
+    [[nodiscard]] MenuEntry &OwnCommand() override;
+    [[nodiscard]] std::unique_ptr<Form> TakeOut() override;
+};
+
+// Brings the overview up, made afresh where there is none.
+void ShowPrfUserAllWindow(FilesState &files);
+
+} // namespace velluto
