@@ -214,8 +214,8 @@ void SelectFromOverview(RecallState &recall, Form &window, int list)
     // Told by the lists, not by the Tag, which a window whose load has stopped lacks.
     const bool performances = lists.At(kPrfOverviewLists) != nullptr;
     const ListBox *clicked = lists.At(list);
-    // The comparison is with a whole row, which no row as built equals.
-    if (clicked == nullptr || RightTrimmed(clicked->Row(clicked->ListIndex())) == (performances ? "1" : "3")) {
+    // The whole row is compared, with its blanks: no row as built is ignored, an empty first place neither.
+    if (clicked == nullptr || clicked->Row(clicked->ListIndex()) == (performances ? "1" : "3")) {
         return;
     }
     recall.clearingOtherLists = true;

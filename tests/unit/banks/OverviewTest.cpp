@@ -104,7 +104,7 @@ TEST(Overview, ARowEqualToTheWindowsNumberIsIgnored)
 {
     OverviewLink link;
     StyleOverview styles(25);
-    styles.List1[1].SetRow(0, "3  ");
+    styles.List1[1].SetRow(0, "3");
     styles.Pick(1, 0);
     SelectFromOverview(link.recall, styles, 1);
     EXPECT_EQ(link.devices.sent, Sent{});
@@ -116,6 +116,18 @@ TEST(Overview, ARowEqualToTheWindowsNumberIsIgnored)
     performances.List1[1].SetRow(0, "3");
     SelectFromOverview(link.recall, performances, 1);
     EXPECT_EQ(link.devices.sent, RecallLink::Messages(0, 1, 0, 0));
+}
+
+TEST(Overview, AnEmptyFirstPlaceRecallsLikeAnyOtherAndClearsTheOtherLists)
+{
+    OverviewLink link;
+    PerformanceOverview performances(24);
+    performances.Pick(2, 7);
+    performances.List1[1].SetRow(0, "1 " + std::string(16, ' '));
+    performances.Pick(1, 0);
+    SelectFromOverview(link.recall, performances, 1);
+    EXPECT_EQ(link.devices.sent, RecallLink::Messages(0, 1, 0, 0));
+    EXPECT_FALSE(performances.List1[2].Selected(7));
 }
 
 TEST(Overview, OfTheTwoOnlyThePerformancesArmTheMonitorWithoutAChannel)
