@@ -33,7 +33,7 @@ PathForm FormOf(std::string_view path)
 // Counted in characters, so that a letter of several bytes counts once; a path that is no UTF-8 has one in each byte.
 std::u32string Shortened(std::string_view path)
 {
-    const std::u32string text = CharactersOfText(path);
+    std::u32string text = CharactersOfText(path);
     if (text.size() <= kWholeCaption) {
         return text;
     }

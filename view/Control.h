@@ -128,7 +128,7 @@ public:
     enum class Encoding { Windows1252, Utf8 };
     ListBox(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
 
-    int columns = 1;   // the list flows in this many snaking columns
+    int columns = 1;         // the list flows in this many snaking columns
     bool multiSelect = true; // extended selection
     int rowsPerColumn = 0;   // as a face draws it; 0: the rows spread evenly over the columns
     Encoding encoding = Encoding::Windows1252;
@@ -193,7 +193,9 @@ protected:
 // Fires while the form is open and enabled is true. The face owns the clock that drives it.
 class Timer : public Control {
 public:
-    Timer(Form &form, std::string name, int intervalMs, int index = kNoIndex) : Control(form, std::move(name), index), interval(intervalMs) {}
+    Timer(Form &form, std::string name, int intervalMs, int index = kNoIndex) : Control(form, std::move(name), index), interval(intervalMs)
+    {
+    }
     int interval; // milliseconds
     Handler Tick;
 };

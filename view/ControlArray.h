@@ -22,7 +22,8 @@ public:
 
 private:
     template <std::size_t... I>
-    ControlArray(Form &form, const char *name, std::index_sequence<I...> /*numbers*/) : controls_{C(form, name, First + static_cast<int>(I))...}
+    ControlArray(Form &form, const char *name, std::index_sequence<I...> /*numbers*/)
+        : controls_{C(form, name, First + static_cast<int>(I))...}
     {
     }
     std::array<C, Count> controls_;

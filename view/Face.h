@@ -47,9 +47,9 @@ public:
     virtual void CloseModal(Form &form) = 0;
     virtual void PopUpMenu(MenuEntry &menu) = 0; // its state has been computed
 
-    virtual Size MeasureA(const Font &font) = 0; // width and row height of "A", twips
-    virtual Size ChildFrame() = 0;               // what a child window's frame adds to its inner size, twips
-    virtual Size Workspace() = 0;                // the inside of the frame where children live, twips
+    virtual Size MeasureA(const Font &font) = 0;         // width and row height of "A", twips
+    virtual Size ChildFrame() = 0;                       // what a child window's frame adds to its inner size, twips
+    virtual Size Workspace() = 0;                        // the inside of the frame where children live, twips
     virtual int LabelWidth(const std::string &text) = 0; // width of a text in the status bar's font, twips
 
     // Following the windows. A form is told shown before it is activated, and closed before it is destroyed.

@@ -8,8 +8,8 @@ namespace velluto {
 
 // A caption as the menu tree tells it: a text of the catalogue by its id, a fixed text, or both.
 struct MenuCaption {
-    int id = 0;                   // Italian id in the catalogue, 0 for none
-    std::string_view fixed = {};  // stands behind the catalogue's text
+    int id = 0;                  // Italian id in the catalogue, 0 for none
+    std::string_view fixed = {}; // stands behind the catalogue's text
 };
 
 struct Shortcut {

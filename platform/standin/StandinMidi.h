@@ -29,7 +29,8 @@ struct StandinDevice {
     MidiInCallback callback;
 };
 
-// What Thru was asked to do and what it handed on. Numbers are device numbers, also of devices closed since; -1 for a handle that never was one.
+// What Thru was asked to do and what it handed on. Numbers are device numbers, also of devices closed since; -1 for a handle that never was
+// one.
 struct ThruEvent {
     enum class Kind { Connect, Disconnect, Start, Stop, Message };
     Kind kind = Kind::Connect;

@@ -12,7 +12,8 @@ long allocations = 0;
 
 } // namespace
 
-void *operator new(std::size_t size)
+// Not inlined: the compiler would see free() take back what an operator new gave out.
+[[gnu::noinline]] void *operator new(std::size_t size)
 {
     ++allocations;
     if (void *block = std::malloc(size == 0 ? 1 : size)) {
@@ -21,12 +22,12 @@ void *operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
-void operator delete(void *block) noexcept
+[[gnu::noinline]] void operator delete(void *block) noexcept
 {
     std::free(block);
 }
 
-void operator delete(void *block, std::size_t /*size*/) noexcept
+[[gnu::noinline]] void operator delete(void *block, std::size_t /*size*/) noexcept
 {
     std::free(block);
 }
