@@ -30,7 +30,7 @@ bool IsDocument(int kind)
     return kind == ViewKind::ProgramFile || (kind >= ViewKind::NewProgram64 && kind <= ViewKind::NewPerformance);
 }
 
-void mnuFile_Drop(Velluto &program)
+void mnuFile_Click(Velluto &program)
 {
     Modulo1 &app = program.app;
     frmMain &menu = app.frame;
@@ -122,7 +122,7 @@ void AttachFileMenu(Velluto &program)
 {
     frmMain &menu = program.app.frame;
     FilesState &files = program.files;
-    menu.mnuFile.Drop = [&program] { mnuFile_Drop(program); };
+    menu.mnuFile.Drop = [&program] { mnuFile_Click(program); };
     menu.mnuPcgNuovo64.Click = [&files] { mnuPcgNuovo64_Click(files); };
     menu.mnuPcgNuovo128.Click = [&files] { mnuPcgNuovo128_Click(files); };
     menu.mnuStyNuovo.Click = [&files] { mnuStyNuovo_Click(files); };

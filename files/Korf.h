@@ -16,15 +16,15 @@ using ImageView = std::span<const std::uint8_t>;
 // Offsets in the file and lengths, in bytes, 0-based. All numbers in the file are big-endian.
 namespace Korf {
 inline constexpr int kOuterLength = 4;      // 4 bytes, the top one always 0: the offset of "KEND"
-inline constexpr int kIdentityChunk = 8;    // the chunk that names the format
+inline constexpr int kIdentityChunk = 8;    // FileIdentityChunk: names the format
 inline constexpr int kMark = 23;            // "KORF"
-inline constexpr int kDirectoryChunk = 28;  // the chunk that holds the entries
+inline constexpr int kDirectoryChunk = 28;  // ItemDirectoryChunk: holds the entries
 inline constexpr int kDirectoryLength = 34; // 2 bytes: 24 for each item
-inline constexpr int kHeadLength = 36;      // the entries follow
+inline constexpr int kHeadLength = 36;      // the entries follow, one DirectoryEntry for each item
 inline constexpr int kEntryLength = 24;
 inline constexpr int kNameLength = 16; // at the beginning of an entry
 inline constexpr int kEntrySlot = 20;  // in an entry: the item's 0-based place in its bank
-inline constexpr int kIndexHead = 16;  // from the index chunk's type to its first file offset
+inline constexpr int kIndexHead = 16;  // from the type of the IndexChunk to its first file offset
 inline constexpr int kIndexWord = 4;   // one file offset
 inline constexpr int kIndexTail = 8;   // "KEND" and the count
 inline constexpr int kMostItems = 128; // what an ItemTable has room for
