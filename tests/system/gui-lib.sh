@@ -72,10 +72,16 @@ window_manager_is_up() {
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
 }
 
-# start_jack: a MIDI server of its own, with no sound behind it. Always of the same name: JACK keeps a list of eight servers for
-# the whole machine, and takes a killed one off it only for another of its name.
+# start_jack: a MIDI server of its own, with no sound behind it. Always of one of the same few names: JACK keeps a list of eight
+# servers for the whole machine, and takes a killed one off it only for another of its name.
 start_jack() {
-    export JACK_DEFAULT_SERVER=velluto-gui JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
+    export JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
+    local number
+    for number in 1 2 3; do
+        export JACK_DEFAULT_SERVER=velluto-gui-$number
+        [ "$(jack_wait -c 2>/dev/null | tail -n 1)" != running ] || continue
+        break
+    done
     jackd -n "$JACK_DEFAULT_SERVER" --no-realtime -d dummy -r 48000 -p 256 >"$stage/jackd.log" 2>&1 &
     started_pids+=($!)
     jack_wait -w -t "$patience" >/dev/null 2>&1 || fail "jackd did not start: $(tail -n 5 "$stage/jackd.log")"
