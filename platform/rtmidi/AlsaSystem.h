@@ -17,6 +17,7 @@ public:
     [[nodiscard]] bool TellsChanges() const override { return false; }
     bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
     void Settle(const std::string & /*portName*/) override {} // ALSA connects at once
+    void LetPass() override {}                                // and delivers at once
 
 private:
     std::mutex mutex_;                   // the two objects are asked by the interface thread and by the one that watches

@@ -18,7 +18,8 @@ constexpr const char *kWatcherName = "Velluto";
 constexpr std::size_t kQueueShare = 16384 / 3;
 constexpr std::size_t kQueueOverhead = sizeof(int); // what the queue adds to a message
 
-// A connection counts from one of the next periods on; what is sent before that is lost.
+// A connection counts from one of the next periods on, and what is sent before that is lost; what is handed over is sent in
+// the next period and received in the same or in the one after.
 constexpr std::uint32_t kPeriodsToSettle = 3;
 constexpr std::chrono::milliseconds kLongestSettling(250);
 constexpr std::chrono::microseconds kSettlingLook(500);
@@ -68,8 +69,18 @@ bool JackSystem::Connect()
             static_cast<JackSystem *>(self)->changed();
         },
         this);
+    // A port whose client leaves is told of while it is still listed, and gone without another word when the graph changes.
     jack_set_port_registration_callback(
         client_, [](jack_port_id_t, int, void *self) { static_cast<JackSystem *>(self)->changed(); }, this);
+    jack_set_client_registration_callback(
+        client_, [](const char *, int, void *self) { static_cast<JackSystem *>(self)->changed(); }, this);
+    jack_set_graph_order_callback(
+        client_,
+        [](void *self) {
+            static_cast<JackSystem *>(self)->changed();
+            return 0;
+        },
+        this);
     jack_set_process_callback(
         client_,
         [](jack_nframes_t, void *self) {
@@ -122,6 +133,11 @@ void JackSystem::Settle(const std::string &portName)
             jack_port_connected(jack_port_by_name(client_, portName.c_str())); // waits while a change is pending
         }
     }
+    LetPass();
+}
+
+void JackSystem::LetPass()
+{
     const std::uint32_t begin = cycles_.load(std::memory_order_relaxed);
     const auto end = std::chrono::steady_clock::now() + kLongestSettling;
     while (alive_ && cycles_.load(std::memory_order_relaxed) - begin < kPeriodsToSettle && std::chrono::steady_clock::now() < end) {

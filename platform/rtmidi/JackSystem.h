@@ -24,6 +24,7 @@ public:
     [[nodiscard]] bool TellsChanges() const override { return true; }
     bool HasRoom(SendBudget &budget, std::size_t messageBytes) const override;
     void Settle(const std::string &portName) override;
+    void LetPass() override;
 
 private:
     void CloseClient();

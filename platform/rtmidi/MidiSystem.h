@@ -38,6 +38,9 @@ public:
 
     // Waits, briefly, until a connection just made to the port passes what is sent on it.
     virtual void Settle(const std::string &portName) = 0;
+    // Waits, briefly, until what was handed over before has reached the other side. A connection that ends takes with it
+    // what is still on its way.
+    virtual void LetPass() = 0;
 
     // Called by a thread of the system after ports have come or gone or the system has died. Set before Connect.
     std::function<void()> changed = []() {};

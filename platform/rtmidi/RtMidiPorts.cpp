@@ -14,6 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kLookPeriod = 50ms;       // how often a system is looked at that gives no word
+constexpr int kLooksAfterWord = 10;      // word may come before the port list shows what it tells
 constexpr auto kWaitForTheDead = 1500ms; // RtMidi takes a second to leave a dead server
 constexpr auto kWaitAtEnd = 3000ms;
 
@@ -66,12 +67,23 @@ struct Connection {
 using OutConnection = Connection<RtMidiOut>;
 using InConnection = Connection<RtMidiIn>;
 
-// Ends an object of RtMidi where nobody waits for it.
+// Ends an object where nobody waits for it.
 template <typename C>
-void EndElsewhere(Retirement &retirement, std::unique_ptr<C> connection)
+void EndElsewhere(Retirement &retirement, std::unique_ptr<C> object)
+{
+    if (object) {
+        retirement.Retire([shared = std::shared_ptr<C>(std::move(object))]() mutable { shared.reset(); });
+    }
+}
+
+// The same for a connection on which something may be on its way: the notes that its close has ended.
+void EndWhenPassed(RtMidiPorts &owner, std::unique_ptr<OutConnection> connection)
 {
     if (connection) {
-        retirement.Retire([shared = std::shared_ptr<C>(std::move(connection))]() mutable { shared.reset(); });
+        owner.Retired().Retire([&system = owner.System(), shared = std::shared_ptr<OutConnection>(std::move(connection))]() mutable {
+            system.LetPass();
+            shared.reset();
+        });
     }
 }
 
@@ -112,7 +124,7 @@ public:
             const std::lock_guard lock(lock_);
             leaving = std::move(connection_);
         }
-        EndElsewhere(owner_.Retired(), std::move(leaving));
+        EndWhenPassed(owner_, std::move(leaving));
     }
 
 private:
@@ -287,15 +299,17 @@ void RtMidiPorts::Unwatch(WatchedPort &port)
 void RtMidiPorts::Run()
 {
     const bool told = system_->TellsChanges();
+    int looks = 0; // at a system that gives word: how many more
     Signal &signal = *signal_;
     std::unique_lock lock(signal.mutex);
     while (!signal.ending) {
         const auto roused = [&signal]() { return signal.ending || signal.changed; };
-        if (told || !signal.watching) {
+        if (!signal.watching || (told && looks == 0)) {
             signal.rouse.wait(lock, roused);
         } else {
             signal.rouse.wait_for(lock, kLookPeriod, roused);
         }
+        looks = signal.changed ? kLooksAfterWord : std::max(looks - 1, 0);
         signal.changed = false;
         lock.unlock();
         CheckPorts();

@@ -20,9 +20,9 @@ class DevicesTest : public testing::Test {
 protected:
     DevicesTest() { ::setenv("VELLUTO_SOUNDFONT", "", 1); } // without the synthesizer every device is a port
 
-    void StartAll()
+    void StartAll(JackServer::Temper temper = JackServer::Temper::Patient)
     {
-        server_.Start();
+        server_.Start(temper);
         StartInstrument();
         keys_ = std::make_unique<Process>(std::vector<std::string>{JACK_KEYS, "keys"});
         ASSERT_TRUE(keys_->WaitUntilReady());
@@ -198,22 +198,22 @@ TEST_F(DevicesTest, ThruPassesMessagesFromOneClientToAnother)
 
 TEST_F(DevicesTest, AKeyboardThatGoesAwayLeavesNoNoteOfThru)
 {
-    StartAll();
+    StartAll(JackServer::Temper::Hasty);
     const MidiHandle in = OpenKeys();
     midi_->midiConnect(in, OpenInstrument());
     midi_->midiInStart(in);
     keys_->Write("90 3C 64");
     ASSERT_TRUE(Arrives({"90 3C 64"}));
-    keys_->End(SIGKILL);
+    keys_->Leave();
     EXPECT_TRUE(Arrives({"90 3C 64", "80 3C 40"}));
 }
 
 TEST_F(DevicesTest, AnInstrumentThatGoesAwayGives68AndComesBackUnderItsNumber)
 {
-    StartAll();
+    StartAll(JackServer::Temper::Hasty);
     MidiHandle out = OpenInstrument();
     const int number = NumberOf(Outs(), "pa80:midi_in");
-    instrument_->End(SIGTERM);
+    instrument_->Leave();
     EXPECT_EQ(FirstRefusal(out), 68);
     EXPECT_EQ(CloseOutPromptly(out), 0);
     EXPECT_EQ(midi_->midiOutOpen(out, number), 68);
@@ -228,7 +228,7 @@ class ServerEndTest : public DevicesTest, public testing::WithParamInterface<int
 
 TEST_P(ServerEndTest, ASendIsRefusedWith68AndTheDeviceOpensAgainAfterARestart)
 {
-    StartAll();
+    StartAll(JackServer::Temper::Hasty);
     MidiHandle out = OpenInstrument();
     const MidiHandle in = OpenKeys();
     ASSERT_EQ(midi_->midiConnect(in, out), 0);
@@ -243,7 +243,7 @@ TEST_P(ServerEndTest, ASendIsRefusedWith68AndTheDeviceOpensAgainAfterARestart)
     // The input is still open from the server that died.
     instrument_->End(SIGKILL);
     keys_->End(SIGKILL);
-    server_.Start();
+    server_.Start(JackServer::Temper::Patient);
     StartInstrument();
     ASSERT_EQ(midi_->midiOutOpen(out, number), 0);
     EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), 0);
@@ -257,7 +257,7 @@ INSTANTIATE_TEST_SUITE_P(HoweverItEnds, ServerEndTest, testing::Values(SIGTERM, 
 
 TEST_F(DevicesTest, AServerThatStandsStillNeverHoldsTheSender)
 {
-    StartAll();
+    StartAll(JackServer::Temper::Hasty);
     const MidiHandle out = OpenInstrument();
     server_.Signal(SIGSTOP);
     int code = 0;

@@ -3,7 +3,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <stdexcept>
+#include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <thread>
@@ -14,8 +16,8 @@ namespace velluto::test {
 namespace {
 
 constexpr const char *kServerName = "velluto-test";
-// Long, since what a client does too late for a period is lost, and a busy machine lets a client wait.
-constexpr const char *kPeriodFrames = "1024";
+constexpr const char *kPatientPeriod = "256"; // frames
+constexpr const char *kHastyPeriod = "1024";
 
 } // namespace
 
@@ -63,9 +65,17 @@ Process::Process(const std::vector<std::string> &words)
 
 Process::~Process()
 {
-    ::close(input_); // the clients end with their input
-    End(0);
+    Leave();
     ::close(output_);
+}
+
+void Process::Leave()
+{
+    if (input_ >= 0) {
+        ::close(input_);
+        input_ = -1;
+    }
+    End(0);
 }
 
 void Process::Write(const std::string &line)
@@ -129,6 +139,9 @@ JackServer::JackServer()
     ::setenv("JACK_DEFAULT_SERVER", kServerName, 1);
     ::setenv("JACK_NO_AUDIO_RESERVATION", "1", 1);
     ::setenv("JACK_NO_START_SERVER", "1", 1);
+    const std::filesystem::path name = std::filesystem::temp_directory_path() / (std::string(kServerName) + ".lock");
+    lock_ = ::open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    ::flock(lock_, LOCK_EX);
 }
 
 JackServer::~JackServer()
@@ -137,12 +150,17 @@ JackServer::~JackServer()
         process_->Signal(SIGCONT); // a test that failed may have left it standing
         process_->End(SIGTERM);
     }
+    ::close(lock_);
 }
 
-void JackServer::Start()
+void JackServer::Start(Temper temper)
 {
-    process_ = std::make_unique<Process>(
-        std::vector<std::string>{JACKD, "-n", kServerName, "--no-realtime", "-d", "dummy", "-r", "48000", "-p", kPeriodFrames});
+    std::vector<std::string> words{JACKD, "-n", kServerName, "--no-realtime"};
+    if (temper == Temper::Patient) {
+        words.emplace_back("-S");
+    }
+    words.insert(words.end(), {"-d", "dummy", "-r", "48000", "-p", temper == Temper::Patient ? kPatientPeriod : kHastyPeriod});
+    process_ = std::make_unique<Process>(words);
     const std::string look = std::string(JACK_WAIT) + " -c 2>/dev/null | grep -q '^running'";
     if (!Eventually([&]() { return std::system(look.c_str()) == 0; })) { // NOLINT: before any thread
         throw std::runtime_error("the JACK server does not start");

@@ -27,6 +27,7 @@ public:
     const std::vector<std::string> &Lines();
     bool WaitUntilReady(); // until it has written "ready"
     void Signal(int number) const;
+    void Leave();         // ends it by the end of its input
     void End(int signal); // and waits for its end
 
 private:
@@ -44,15 +45,20 @@ private:
 // room for eight names on a machine, and a server that was killed gives its own up only to the next one of that name.
 class JackServer {
 public:
+    // A patient server waits for a client that is late, so that a busy machine loses no message; but it stands still when a
+    // connected client leaves. A hasty one goes on, in periods so long that a message is hardly ever late.
+    enum class Temper { Patient, Hasty };
+
     JackServer();
     ~JackServer(); // ends it in an orderly way
     JackServer(const JackServer &) = delete;
     JackServer &operator=(const JackServer &) = delete;
-    void Start(); // and waits until clients are taken
+    void Start(Temper temper); // and waits until clients are taken
     void End(int signal);
     void Signal(int number) const { process_->Signal(number); }
 
 private:
+    int lock_ = -1; // held while this lives: only one test on the machine has a server of this name
     std::unique_ptr<Process> process_;
 };
 
