@@ -10,8 +10,6 @@ namespace velluto::test {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Not;
 
 constexpr std::uint32_t kNoteOn = 0x643C90;
