@@ -39,11 +39,12 @@ struct PrintLink : MidiLink {
         }
     };
 
-    // Prints the window and answers the one page.
+    // Prints the window and answers the one page. The window is closed again: it may go before the next one comes.
     PrintedPage Page(Form &window)
     {
         app.children.Show(window);
         mnuStampa_Click(files);
+        app.children.Unload(window);
         if (printer.pages.size() != 1) {
             ADD_FAILURE() << printer.pages.size() << " pages";
             return {};
