@@ -48,7 +48,7 @@ Process::Process(const std::vector<std::string> &words)
     arguments.push_back(nullptr);
     pid_ = ::fork();
     if (pid_ == 0) {
-        ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         ::dup2(toChild[0], STDIN_FILENO);
         ::dup2(fromChild[1], STDOUT_FILENO);
         const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
@@ -117,9 +117,19 @@ bool Process::WaitUntilReady()
     });
 }
 
+bool Process::Runs()
+{
+    if (pid_ > 0 && ::waitpid(pid_, nullptr, WNOHANG) == pid_) {
+        pid_ = -1;
+    }
+    return pid_ > 0;
+}
+
 void Process::Signal(int number) const
 {
-    ::kill(pid_, number);
+    if (pid_ > 0) {
+        ::kill(pid_, number);
+    }
 }
 
 void Process::End(int signal)
@@ -160,11 +170,17 @@ void JackServer::Start(Temper temper)
         words.emplace_back("-S");
     }
     words.insert(words.end(), {"-d", "dummy", "-r", "48000", "-p", temper == Temper::Patient ? kPatientPeriod : kHastyPeriod});
-    process_ = std::make_unique<Process>(words);
     const std::string look = std::string(JACK_WAIT) + " -c 2>/dev/null | grep -q '^running'";
-    if (!Eventually([&]() { return std::system(look.c_str()) == 0; })) { // NOLINT: before any thread
-        throw std::runtime_error("the JACK server does not start");
+    const auto running = [&]() { return std::system(look.c_str()) == 0; }; // NOLINT: before any thread
+    // The name of a server that was killed is free again only when the system has buried that one.
+    const auto starts = [&]() {
+        process_ = std::make_unique<Process>(words);
+        return Eventually([&]() { return running() || !process_->Runs(); }) && process_->Runs();
+    };
+    if (Eventually(starts, std::chrono::seconds(15))) {
+        return;
     }
+    throw std::runtime_error("the JACK server does not start");
 }
 
 void JackServer::End(int signal)

@@ -25,6 +25,7 @@ public:
     void Write(const std::string &line);
     // What it has written so far, without the "ready".
     const std::vector<std::string> &Lines();
+    bool Runs();           // it has not ended by itself
     bool WaitUntilReady(); // until it has written "ready"
     void Signal(int number) const;
     void Leave();         // ends it by the end of its input
