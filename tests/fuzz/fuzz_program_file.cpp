@@ -11,7 +11,6 @@ using namespace velluto::fuzz;
 
 namespace {
 
-constexpr int kFirstFileSlot = 1;
 constexpr int kUser1 = 9;
 
 void ClickEveryRow(Form &form)
