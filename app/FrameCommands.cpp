@@ -5,7 +5,10 @@
 #include "app/OfferedCommands.h"
 #include "app/SettingsFile.h"
 #include "app/StatusBar.h"
+#include "edit/Copy.h"
+#include "edit/Cut.h"
 #include "edit/EditMenu.h"
+#include "edit/Paste.h"
 #include "edit/Printing.h"
 #include "files/Banks.h"
 #include "files/Opening.h"
@@ -144,11 +147,11 @@ void AttachEditMenu(Velluto &program)
 {
     frmMain &menu = program.app.frame;
     FilesState &files = program.files;
-    menu.mnuModifica.Drop = [&files] {
-        mnuModifica_Click(files);
-        WithdrawCommandsNotOffered(files.app.frame);
-    };
+    menu.mnuModifica.Drop = [&files] { mnuModifica_Click(files); };
     menu.mnuIngrandisci.Click = [&program] { mnuIngrandisci_Click(program.app); };
+    menu.mnuTaglia.Click = [&files] { mnuTaglia_Click(files); };
+    menu.mnuCopia.Click = [&files] { mnuCopia_Click(files); };
+    menu.mnuIncolla.Click = [&files] { mnuIncolla_Click(files); };
     for (MenuEntry &entry : menu.mnuMIDIStp) {
         entry.Click = [&files, role = entry.index()] { mnuMIDIStp_Click(files, role); };
     }

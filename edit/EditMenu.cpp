@@ -1,5 +1,6 @@
 #include "edit/EditMenu.h"
 
+#include "edit/ItemWindow.h"
 #include "files/WindowRole.h"
 
 #include <algorithm>
@@ -57,6 +58,86 @@ void OfferNaturalSize(FilesState &files, const Form &window)
     }
 }
 
+// The first run of selected rows, 0-based; nothing where no row is selected.
+struct SelectedRun {
+    int first;
+    int last;
+};
+
+std::optional<SelectedRun> FindSelectedRun(const ItemRows &rows)
+{
+    int first = 0;
+    while (first < rows.rules.rows && !rows.IsSelected(first)) {
+        ++first;
+    }
+    if (first == rows.rules.rows) {
+        return std::nullopt;
+    }
+    int last = first;
+    while (last + 1 < rows.rules.rows && rows.IsSelected(last + 1)) {
+        ++last;
+    }
+    return SelectedRun{first, last};
+}
+
+// May what the clipboard holds go to a window of this kind and state? A value that is no file window's is not tested.
+bool FitsClipboard(const ItemClipboard &clipboard, const WindowTag &tag)
+{
+    const int kind = tag.Kind();
+    const bool styles = kind == ViewKind::StyleFile || kind == ViewKind::NewStyle;
+    const bool sameSts = tag.At(TagPosition::HasSts) == clipboard.ClipHasSts;
+    switch (clipboard.ClipKind) {
+    case ViewKind::ProgramFile:
+    case ViewKind::NewProgram64:
+    case ViewKind::NewProgram128:
+        return kind == ViewKind::ProgramFile || kind == ViewKind::NewProgram64 || kind == ViewKind::NewProgram128;
+    case ViewKind::StyleFile:
+        // A new Style file that nothing was pasted into yet takes Styles with STS and without.
+        return styles && (sameSts || (kind == ViewKind::NewStyle && tag.At(TagPosition::PasteFixed) != 1));
+    case ViewKind::NewStyle:
+        return styles && sameSts;
+    case ViewKind::PerformanceFile:
+    case ViewKind::NewPerformance:
+        return kind == ViewKind::PerformanceFile || kind == ViewKind::NewPerformance;
+    default:
+        return true;
+    }
+}
+
+// A run without an empty row can be copied and cut, one without an item can be pasted to. The first user bank of each type
+// can only be copied from: it stands in slot 9.
+void OfferItems(FilesState &files, Form &window)
+{
+    constexpr int kFirstUserBankSlot = 9;
+    const std::optional<RowRules> rules = RowRulesOf(window.Tag);
+    const ListBox *list = ListOf(window);
+    const int kind = window.Tag.Kind();
+    const bool styles = kind == ViewKind::StyleFile || kind == ViewKind::NewStyle;
+    if (!rules || list == nullptr || (styles && window.Tag.At(TagPosition::ListShows) == 0)) {
+        return; // STS are never moved by themselves
+    }
+    const ItemRows rows{*list, *rules};
+    const std::optional<SelectedRun> run = FindSelectedRun(rows);
+    if (!run) {
+        return;
+    }
+    bool hasEmpty = false;
+    bool hasItem = false;
+    for (int row = run->first; row <= run->last; ++row) {
+        hasEmpty = hasEmpty || rows.IsEmpty(row);
+        hasItem = hasItem || rows.IsOccupied(row);
+    }
+    frmMain &frame = files.app.frame;
+    const bool editable = window.Tag.Slot() != kFirstUserBankSlot;
+    if (!hasEmpty) {
+        frame.mnuCopia.enabled = true;
+        frame.mnuTaglia.enabled = editable;
+    }
+    if (files.clipboard.ClipValid != 0 && FitsClipboard(files.clipboard, window.Tag) && !hasItem) {
+        frame.mnuIncolla.enabled = editable;
+    }
+}
+
 void WithdrawRoles(frmMain &frame)
 {
     for (MenuEntry &entry : frame.mnuMIDIStp) {
@@ -87,7 +168,7 @@ void OfferRoles(FilesState &files, const Form &window)
 void mnuModifica_Click(FilesState &files)
 {
     frmMain &frame = files.app.frame;
-    const Form *window = files.app.children.Active();
+    Form *window = files.app.children.Active();
     frame.mnuIngrandisci.enabled = false;
     frame.mnuCopia.enabled = false;
     frame.mnuIncolla.enabled = false;
@@ -103,6 +184,7 @@ void mnuModifica_Click(FilesState &files)
     if (files.app.ViewKind == kKindLeftAlone) {
         return;
     }
+    OfferItems(files, *window);
     OfferNaturalSize(files, *window);
     WithdrawRoles(frame);
     OfferRoles(files, *window);

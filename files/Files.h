@@ -26,6 +26,8 @@ inline constexpr int kRowBufferLength = kStyleRowLength * kStyleRows;
 
 // Elements 0 to 127: 1-based position of item 1 to 128 in the image; 128 to 255: its length in bytes.
 using ItemTable = std::array<std::int32_t, 256>;
+// The same for the 32 items of a Style file.
+using SavedItemTable = std::array<std::int32_t, 64>;
 
 // What a Copy or Cut left for Paste.
 struct ItemClipboard {
@@ -53,12 +55,14 @@ struct FilesState {
     Modulo1 &app;
     ViewServices services;
 
-    FileImage LoadImage;    // result of the last ReadInstrumentFile
-    std::string BuildImage; // what an edit is assembling
+    FileImage LoadImage;  // result of the last ReadInstrumentFile
+    FileImage BuildImage; // what the last edit assembled
     std::string BuildPrefix;
     std::string RowBuffer = std::string(kRowBufferLength, ' ');
     ItemTable ItemIndex{};
     ItemTable BuildItemIndex{};
+    SavedItemTable SavedItemIndex{}; // the target's ItemIndex while Paste indexes the clipboard's image
+    int CutCount = 0;                // rows that the last Cut found; one that finds none goes by it
     ItemClipboard clipboard;
 
     int CurrentPcgSlot = 0;

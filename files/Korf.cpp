@@ -119,17 +119,9 @@ std::string EntryName(ImageView image, int entry)
 
 void IndexItems(ImageView image, ItemTable &table)
 {
-    const int n = CountItems(image);
     const std::int32_t end = Number24(image, kOuterLength + 2) + 1; // 1-based position of "KEND"
-    std::int64_t word = std::int64_t{end} - kIndexWord * n;
-    for (int i = 1; i <= std::min(n, kMostItems); ++i, word += kIndexWord) {
-        const auto at = static_cast<std::size_t>(i - 1);
-        const std::int32_t position = Number24(image, word + 1) + 1;
-        table[at] = position;
-        // The last item reaches to the index chunk, every other one to the next.
-        const std::int32_t next = i == n ? end - kIndexHead - kIndexWord * n : Number24(image, word + kIndexWord + 1) + 1;
-        table[at + kMostItems] = next - position;
-    }
+    IndexItems(
+        CountItems(image), end, [image](std::int64_t position) { return ByteAt(image, position); }, table);
 }
 
 bool HasInstrumentMarks(ImageView head)
@@ -167,19 +159,23 @@ void BuildEmptyImage(std::string &image)
 
 void BuildDirectory(std::string &image, const ItemTable &table, int count)
 {
-    const std::int64_t items = std::max(count, 0);
-    PutNumber16(image, kDirectoryLength, items * kEntryLength);
+    image += BuildIndex(image, static_cast<std::int64_t>(image.size()), table, count);
+}
 
-    const auto index = static_cast<std::int64_t>(image.size());
-    const std::int64_t length = kIndexWord * items + kIndexHead;
-    image.append(static_cast<std::size_t>(length + kIndexTail), '\0');
-    PutIndexFrame(image, index, length);
+std::string BuildIndex(std::string &head, std::int64_t length, const ItemTable &table, int count)
+{
+    const std::int64_t items = std::max(count, 0);
+    const std::int64_t payload = kIndexWord * items + kIndexHead;
+    std::string index(static_cast<std::size_t>(payload + kIndexTail), '\0');
+    PutIndexFrame(index, 0, payload);
     const std::int64_t known = std::min<std::int64_t>(items, static_cast<std::int64_t>(table.size()));
     for (std::int64_t i = 0; i < known; ++i) {
-        PutNumber24(image, index + kIndexHead + kIndexWord * i, table[static_cast<std::size_t>(i)] - 1);
+        PutNumber24(index, kIndexHead + kIndexWord * i, table[static_cast<std::size_t>(i)] - 1);
     }
-    PutNumber24(image, kOuterLength, index + length);
-    PutByte(image, index + length + kIndexTail - 1, items + 1);
+    PutByte(index, payload + kIndexTail - 1, items + 1);
+    PutNumber16(head, kDirectoryLength, items * kEntryLength);
+    PutNumber24(head, kOuterLength, length + payload);
+    return index;
 }
 
 } // namespace velluto

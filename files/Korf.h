@@ -4,6 +4,7 @@
 
 #include "files/Files.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -45,6 +46,24 @@ inline constexpr int kMostItems = 128; // what an ItemTable has room for
 // claims, negative ones too; Piece makes them safe.
 void IndexItems(ImageView image, ItemTable &table);
 
+// The same for an image that is not one block: n items, the 1-based position of "KEND", and byteAt(position) for the bytes
+// of the index.
+template <class ByteAt>
+void IndexItems(int n, std::int32_t end, ByteAt byteAt, ItemTable &table)
+{
+    const auto fileOffset = [&](std::int64_t word) { // its top byte is never read
+        return byteAt(word + 1) * 65536 + byteAt(word + 2) * 256 + byteAt(word + 3);
+    };
+    std::int64_t word = std::int64_t{end} - Korf::kIndexWord * n;
+    for (int i = 1; i <= std::min(n, Korf::kMostItems); ++i, word += Korf::kIndexWord) {
+        const std::int32_t position = fileOffset(word) + 1;
+        // The last item reaches to the index chunk, every other one to the next.
+        const std::int32_t next = i == n ? end - Korf::kIndexHead - Korf::kIndexWord * n : fileOffset(word + Korf::kIndexWord) + 1;
+        table[static_cast<std::size_t>(i - 1)] = position;
+        table[static_cast<std::size_t>(i - 1 + Korf::kMostItems)] = next - position;
+    }
+}
+
 // Is this the head of an instrument's file: the mark and the two fixed patterns. The byte at offset 16 and the outer
 // length are not looked at.
 [[nodiscard]] bool HasInstrumentMarks(ImageView head);
@@ -58,5 +77,8 @@ void BuildEmptyImage(std::string &image);
 // Finishes an image that holds head, count entries and all bodies: appends the index and writes the lengths. The first
 // count elements of the table are the 1-based positions of the bodies.
 void BuildDirectory(std::string &image, const ItemTable &table, int count);
+// The same for an image whose bodies stand elsewhere: head is what there is of it up to the bodies, length counts all bytes
+// so far. Writes the lengths into the head and returns the index, which ends the image.
+[[nodiscard]] std::string BuildIndex(std::string &head, std::int64_t length, const ItemTable &table, int count);
 
 } // namespace velluto

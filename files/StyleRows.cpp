@@ -3,6 +3,7 @@
 #include "files/RowText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velluto {
 
@@ -23,10 +24,9 @@ std::int32_t ItemLength(const ItemTable &table, int item)
     return item >= 1 && item <= Korf::kMostItems ? table[static_cast<std::size_t>(Korf::kMostItems + item - 1)] : 0;
 }
 
-// The 16 characters of the 0-based entry's name, with blanks for zeros behind the first `kept` characters.
-std::string NameWithBlanks(ImageView image, int entry, int kept)
+// The 16 characters of a name, with blanks for zeros behind the first `kept` characters.
+std::string NameWithBlanks(std::string name, int kept)
 {
-    std::string name = EntryName(image, entry);
     name.resize(Korf::kNameLength, ' ');
     std::replace(name.begin() + kept, name.end(), '\0', ' ');
     return name;
@@ -49,7 +49,7 @@ int RowStart(int slot)
 void PutItem(std::string &rowBuffer, int slot, ImageView image, int entry, const ItemTable &table)
 {
     if (slot >= 0) {
-        const std::string text = NameWithBlanks(image, entry, kKeptZeros) + PaddedSize(ItemLength(table, entry + 1));
+        const std::string text = StyleText(EntryName(image, entry), ItemLength(table, entry + 1));
         PutInRowBuffer(rowBuffer, RowStart(slot) + kNameColumn - 1, text);
     }
 }
@@ -79,6 +79,11 @@ std::vector<std::string> NewStyleRows()
         rows.push_back(RowNumber(number) + " " + std::string(Korf::kNameLength, ' '));
     }
     return rows;
+}
+
+std::string StyleText(std::string name, std::int32_t size)
+{
+    return NameWithBlanks(std::move(name), kKeptZeros) + PaddedSize(size);
 }
 
 void PutRowNumbers(std::string &rowBuffer)
@@ -143,7 +148,8 @@ void PutOverviewRows(std::string &rowBuffer, ImageView image, const ItemTable &t
     rowBuffer.assign(kRowBufferLength, ' ');
     WalkHalf(image, [&](int entry, int slot) {
         if (slot >= 0) {
-            const std::string row = RowNumber(slot + 1) + " " + NameWithBlanks(image, entry, 0) + PaddedSize(ItemLength(table, entry + 1));
+            const std::string name = NameWithBlanks(EntryName(image, entry), 0);
+            const std::string row = RowNumber(slot + 1) + " " + name + PaddedSize(ItemLength(table, entry + 1));
             PutInRowBuffer(rowBuffer, RowStart(slot), row);
         }
     });

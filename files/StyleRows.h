@@ -13,6 +13,9 @@ namespace velluto {
 // Rows of a new file.
 [[nodiscard]] std::vector<std::string> NewStyleRows();
 
+// What stands behind the number: the name, with blanks for zeros behind its first four characters, and the size.
+[[nodiscard]] std::string StyleText(std::string name, std::int32_t size);
+
 // Clears RowBuffer and writes the numbers of the sixteen rows.
 void PutRowNumbers(std::string &rowBuffer);
 // Writes text at the 1-based position. What lies before or behind the buffer is lost.

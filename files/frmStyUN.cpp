@@ -103,9 +103,10 @@ void frmStyUN::ShowNew(WindowTag &tag)
 {
     tag.Set(TagPosition::ListShows, kShowsStyles);
     List1.SetRows(NewStyleRows());
-    std::string &image = Files().BuildImage;
+    std::string image;
     BuildEmptyImage(image);
-    tag.image = FileImage({reinterpret_cast<const std::uint8_t *>(image.data()), image.size()});
+    Files().BuildImage = FileImage({reinterpret_cast<const std::uint8_t *>(image.data()), image.size()});
+    tag.image = Files().BuildImage;
 }
 
 void frmStyUN::ShowFile(WindowTag &tag)

@@ -1,0 +1,93 @@
+#include "edit/Cut.h"
+
+#include "edit/CutSteps.h"
+#include "edit/ItemWindow.h"
+#include "view/Form.h"
+
+namespace velluto {
+
+namespace {
+
+bool IsStyles(int kind)
+{
+    return kind == ViewKind::StyleFile || kind == ViewKind::NewStyle;
+}
+
+// The 1-based first selected row with an item; rules.rows + 1 for none.
+int FirstSelectedItem(const ItemRows &rows)
+{
+    int r = 1;
+    while (r <= rows.rules.rows && !(rows.IsOccupied(r - 1) && rows.IsSelected(r - 1))) {
+        ++r;
+    }
+    return r;
+}
+
+int CountRun(const ItemRows &rows, int first)
+{
+    int count = 0;
+    for (int r = first; r <= rows.rules.rows && !rows.IsEmpty(r - 1) && rows.IsSelected(r - 1); ++r) {
+        ++count;
+    }
+    return count;
+}
+
+void FillClipboard(FilesState &files, const WindowTag &tag, int first)
+{
+    ItemClipboard &clipboard = files.clipboard;
+    clipboard.ClipImage = tag.image;
+    clipboard.ClipFirstRow = first;
+    clipboard.ClipCount = files.CutCount;
+    clipboard.ClipSlot = tag.Slot();
+    clipboard.ClipKind = tag.Kind();
+    // ClipHasSts stays that of the last Copy, on purpose: the Edit menu compares it.
+    clipboard.ClipValid = 1;
+}
+
+void BlankRows(ListBox &list, const RowRules &rules, int first, int count)
+{
+    constexpr std::size_t kBlanks = 16;
+    for (int r = first; r < first + count; ++r) {
+        list.SetRow(r - 1, list.Row(r - 1).substr(0, rules.emptyLength + 1) + std::string(kBlanks, ' '));
+    }
+}
+
+} // namespace
+
+void mnuTaglia_Click(FilesState &files)
+{
+    Form *window = files.app.children.Active();
+    ListBox *list = window != nullptr ? ListOf(*window) : nullptr;
+    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(window->Tag) : std::nullopt;
+    if (!rules || window->Tag.image.empty()) {
+        return;
+    }
+    WindowTag &tag = window->Tag;
+    const ItemRows rows{*list, *rules};
+    const int first = FirstSelectedItem(rows);
+    if (first <= rules->rows) {
+        files.CutCount = CountRun(rows, first); // where nothing is selected the count of the Cut before stays
+    }
+
+    Assembly assembly{files, std::nullopt};
+    const bool followed = assembly.Follow([&] {
+        if (IsStyles(tag.Kind())) {
+            CutStyles(assembly, tag.image, first);
+        } else {
+            CutItems(assembly, ImagePieces(tag.image), first);
+        }
+    });
+    if (!followed) {
+        return;
+    }
+    FillClipboard(files, tag, first);
+    BlankRows(*list, *rules, first, files.CutCount);
+    tag.Set(TagPosition::Modified, 1);
+    if (tag.Kind() == ViewKind::NewStyle && CountItems(files.BuildImage.View()) == 0) {
+        tag.Set(TagPosition::PasteFixed, 0);
+    }
+    files.BuildPrefix = tag.prefix;
+    tag.image = files.BuildImage;
+}
+
+} // namespace velluto

@@ -1,0 +1,34 @@
+// A file window as the editing commands see it: how many rows its kind has and which of them hold an item.
+#pragma once
+
+#include "files/Files.h"
+
+#include <cstddef>
+#include <optional>
+
+namespace velluto {
+
+struct RowRules {
+    int rows;                // of the window
+    int copied;              // rows that Copy looks at
+    std::size_t emptyLength; // of a row without an item, trailing blanks not counted
+};
+
+// Nothing for a window that holds no items of a file.
+[[nodiscard]] std::optional<RowRules> RowRulesOf(const WindowTag &tag);
+// The window's list, nullptr where it has none.
+[[nodiscard]] ListBox *ListOf(Form &window);
+
+// Rows are 0-based; one past the end of the list reads as empty text.
+struct ItemRows {
+    const ListBox &list;
+    RowRules rules;
+
+    [[nodiscard]] std::size_t Length(int row) const; // trailing blanks not counted
+    [[nodiscard]] bool IsOccupied(int row) const { return Length(row) > rules.emptyLength; }
+    // Exactly as long as a row without an item: a shorter one is neither this nor occupied.
+    [[nodiscard]] bool IsEmpty(int row) const { return Length(row) == rules.emptyLength; }
+    [[nodiscard]] bool IsSelected(int row) const { return list.Selected(row); }
+};
+
+} // namespace velluto
