@@ -6,9 +6,12 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
 install_packages "${build_packages[@]}" "${test_packages[@]}"
-build bench bench_core
+programs=(bench_core bench_edit)
+build bench "${programs[@]}"
 status=0
-build/bench/bench/bench_core --benchmark_repetitions=9 --benchmark_report_aggregates_only=true \
-    --benchmark_enable_random_interleaving=true || status=1
+for program in "${programs[@]}"; do
+    "build/bench/bench/$program" --benchmark_repetitions=9 --benchmark_report_aggregates_only=true \
+        --benchmark_enable_random_interleaving=true || status=1
+done
 bench/startup.sh || status=1
 exit "$status"

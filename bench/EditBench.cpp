@@ -1,0 +1,258 @@
+// Cut and Paste of large Style files beside one copy of the file that they make: time, and the memory they take at their
+// worst. The whole program runs, with a window for each file.
+#include "RatioReporter.h"
+#include "edit/Copy.h"
+#include "edit/Cut.h"
+#include "edit/EditMenu.h"
+#include "edit/Paste.h"
+#include "files/Korf.h"
+#include "files/Opening.h"
+#include "files/frmStyUN.h"
+#include "unit/support/TestProgram.h"
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// Bytes that the program holds from its heap now, and the most it has held.
+std::size_t held = 0;
+std::size_t mostHeld = 0;
+
+void *Take(std::size_t size)
+{
+    void *block = std::malloc(size);
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    held += malloc_usable_size(block);
+    mostHeld = std::max(mostHeld, held);
+    return block;
+}
+
+void GiveBack(void *block) noexcept
+{
+    held -= block != nullptr ? malloc_usable_size(block) : 0;
+    std::free(block);
+}
+
+} // namespace
+
+void *operator new(std::size_t size)
+{
+    return Take(size);
+}
+void operator delete(void *block) noexcept
+{
+    GiveBack(block);
+}
+void operator delete(void *block, std::size_t /*size*/) noexcept
+{
+    GiveBack(block);
+}
+
+namespace velluto::bench {
+namespace {
+
+constexpr std::size_t kFileLength = 15U << 20;
+constexpr int kStyles = 16;
+constexpr int kOwnStyles = 2; // a target needs two Styles with STS to be a grouped one; the other fourteen come in
+
+// Styles with the 0-based slots from first on, then as many STS, with bodies that make so many bytes together.
+test::Bytes Grouped(int first, int count, std::size_t bytes)
+{
+    std::string image;
+    BuildHeader(image);
+    for (int i = 0; i < 2 * count; ++i) {
+        std::string entry(Korf::kEntryLength, '\0');
+        const std::string name = (i < count ? "Style " : "STS ") + std::to_string(first + i % count);
+        entry.replace(0, name.size(), name);
+        entry[Korf::kEntrySlot] = static_cast<char>(first + i % count);
+        image += entry;
+    }
+    ItemTable table{};
+    for (std::size_t i = 0; i < 2 * static_cast<std::size_t>(count); ++i) {
+        table[i] = static_cast<std::int32_t>(image.size() + 1);
+        image.append(bytes / (2 * static_cast<std::size_t>(count)), static_cast<char>(i + 1));
+    }
+    BuildDirectory(image, table, 2 * count);
+    return {image.begin(), image.end()};
+}
+
+// A file of sixteen Styles to take from, and one of two Styles to paste the other fourteen into.
+struct Stage {
+    Stage()
+    {
+        run.Start(test::TestProgram::English);
+        source = Open("source.sty", Grouped(0, kStyles, kFileLength));
+        target = Open("target.sty", Grouped(0, kOwnStyles, kFileLength / kStyles * kOwnStyles));
+        full = source->Tag;
+        fullRows = source->List1.Rows();
+        few = target->Tag;
+        fewRows = target->List1.Rows();
+    }
+    frmStyUN *Open(const char *name, const test::Bytes &bytes)
+    {
+        test::WriteBytes(run.At(name), bytes);
+        run.face.choices.push_back({false, run.At(name), 2});
+        mnuStyApri_Click(Files());
+        return dynamic_cast<frmStyUN *>(run.program.app.children.Active());
+    }
+    FilesState &Files() { return run.program.files; }
+    void Bring(frmStyUN &window, const WindowTag &tag, const std::vector<std::string> &rows, int from, int count)
+    {
+        window.Tag = tag;
+        window.List1.SetRows(rows);
+        for (int row = from; row < from + count; ++row) {
+            window.List1.Select(row, true);
+        }
+        run.program.app.children.Activate(window);
+    }
+    void CopyFourteen()
+    {
+        Bring(*source, full, fullRows, kOwnStyles, kStyles - kOwnStyles);
+        mnuCopia_Click(Files());
+    }
+    void BringTarget() { Bring(*target, few, fewRows, kOwnStyles, kStyles - kOwnStyles); }
+
+    test::TestProgram run;
+    frmStyUN *source;
+    frmStyUN *target;
+    WindowTag full;
+    WindowTag few;
+    std::vector<std::string> fullRows;
+    std::vector<std::string> fewRows;
+};
+
+Stage &TheStage()
+{
+    static Stage stage;
+    return stage;
+}
+
+// The yardstick: the result copied once into a block of its own.
+void CopyOnce(benchmark::State &state)
+{
+    const FileImage image = TheStage().full.image;
+    for (auto _ : state) {
+        const auto copy = std::make_unique_for_overwrite<std::uint8_t[]>(image.size());
+        std::memcpy(copy.get(), image.View().data(), image.size());
+        benchmark::DoNotOptimize(copy.get());
+    }
+}
+
+void PasteFourteen(benchmark::State &state)
+{
+    Stage &stage = TheStage();
+    stage.CopyFourteen();
+    for (auto _ : state) {
+        state.PauseTiming();
+        stage.BringTarget();
+        stage.Files().BuildImage = {};
+        state.ResumeTiming();
+        mnuIncolla_Click(stage.Files());
+    }
+    if (CountItems(stage.target->Tag.image.View()) != 2 * kStyles) {
+        state.SkipWithError("the Styles did not come in");
+    }
+}
+
+template <int Count>
+void CutStylesOf(benchmark::State &state)
+{
+    Stage &stage = TheStage();
+    for (auto _ : state) {
+        state.PauseTiming();
+        stage.Bring(*stage.source, stage.full, stage.fullRows, 0, Count);
+        stage.Files().BuildImage = {};
+        state.ResumeTiming();
+        mnuTaglia_Click(stage.Files());
+    }
+    if (CountItems(stage.source->Tag.image.View()) != 2 * (kStyles - Count)) {
+        state.SkipWithError("the Styles were not cut");
+    }
+}
+void CutOne(benchmark::State &state)
+{
+    CutStylesOf<1>(state);
+}
+void CutSixteen(benchmark::State &state)
+{
+    CutStylesOf<kStyles>(state);
+}
+
+void DropEditMenu(benchmark::State &state)
+{
+    Stage &stage = TheStage();
+    stage.CopyFourteen();
+    for (auto _ : state) {
+        mnuModifica_Click(stage.Files());
+    }
+    if (!stage.run.program.app.frame.mnuCopia.enabled) {
+        state.SkipWithError("Copy was not offered");
+    }
+}
+
+BENCHMARK(CopyOnce)->Unit(benchmark::kMillisecond);
+BENCHMARK(PasteFourteen)->Unit(benchmark::kMillisecond);
+BENCHMARK(CutOne)->Unit(benchmark::kMillisecond);
+BENCHMARK(CutSixteen)->Unit(benchmark::kMicrosecond);
+BENCHMARK(DropEditMenu)->Unit(benchmark::kMicrosecond);
+
+const std::vector<Limit> kLimits = {
+    {"Paste of fourteen Styles that makes 15 MiB, beside a copy", "PasteFourteen", "CopyOnce", 3},
+    {"Cut of one Style from 15 MiB, beside a copy", "CutOne", "CopyOnce", 3},
+    {"Cut of sixteen Styles from 15 MiB, beside a copy", "CutSixteen", "CopyOnce", 3},
+    {"Edit menu on a Style file of 15 MiB", "DropEditMenu", "", 20},
+};
+
+// The most that a command held, what was there before included, beside the file of 15 MiB. The clipboard's image and the
+// window's are counted.
+template <class Command>
+double MemoryOf(Command command)
+{
+    mostHeld = held;
+    command();
+    return static_cast<double>(mostHeld) / static_cast<double>(kFileLength);
+}
+
+bool PrintMemory()
+{
+    constexpr double kMost = 3;
+    Stage &stage = TheStage();
+    stage.Files().LoadImage = {};
+    stage.CopyFourteen();
+    stage.BringTarget();
+    stage.Files().BuildImage = {};
+    const double paste = MemoryOf([&] { mnuIncolla_Click(stage.Files()); });
+    stage.Files().BuildImage = {};
+    stage.target->Tag = stage.few;
+    stage.Bring(*stage.source, stage.full, stage.fullRows, 0, kStyles);
+    const double cut = MemoryOf([&] { mnuTaglia_Click(stage.Files()); });
+    std::printf("%-58s %6.2f times %4.2f times%s\n", "Memory of the Paste at its worst, beside the file", paste, kMost,
+                paste <= kMost ? "" : "  OVER");
+    std::printf("%-58s %6.2f times %4.2f times%s\n", "Memory of the Cut at its worst, beside the file", cut, kMost,
+                cut <= kMost ? "" : "  OVER");
+    return paste <= kMost && cut <= kMost;
+}
+
+} // namespace
+} // namespace velluto::bench
+
+int main(int argc, char **argv)
+{
+    benchmark::Initialize(&argc, argv);
+    velluto::bench::RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    const bool fast = reporter.PrintTable(velluto::bench::kLimits);
+    return velluto::bench::PrintMemory() && fast ? 0 : 1;
+}
