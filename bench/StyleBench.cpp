@@ -1,0 +1,114 @@
+// Large Style files: opening and listing one, switching it to its STS and back, and the overview of three of them.
+#include "Stage.h"
+#include "files/Banks.h"
+#include "files/Documents.h"
+#include "files/frmStyUN.h"
+#include "files/frmStyUserAll.h"
+
+#include <benchmark/benchmark.h>
+
+namespace velluto::bench {
+namespace {
+
+constexpr int kStyles = 16;
+constexpr std::size_t kBank = kFirstStyUserSlot;
+
+// Sixteen Styles, then their sixteen STS.
+test::Bytes GroupedFile()
+{
+    std::vector<int> slots;
+    for (int entry = 0; entry < 2 * kStyles; ++entry) {
+        slots.push_back(entry % kStyles);
+    }
+    return LargeFile(slots);
+}
+
+// Three files, tied to the banks User 1 to 3.
+struct StyleStage : Stage {
+    StyleStage()
+    {
+        const test::Bytes bytes = GroupedFile();
+        for (std::size_t slot = kBank; slot <= kLastStyUserSlot; ++slot) {
+            paths.push_back(Put("large" + std::to_string(slot) + ".sty", bytes));
+            run.program.app.settings.StyDocTable[slot].Path.Set(paths.back());
+        }
+    }
+    void Close(Form &window)
+    {
+        run.program.app.children.Unload(window);
+        run.program.app.children.Sweep();
+    }
+    std::vector<std::string> paths;
+};
+
+StyleStage &TheStage()
+{
+    static StyleStage stage;
+    return stage;
+}
+
+void PlainReadOfStyle(benchmark::State &state)
+{
+    const std::string &path = TheStage().paths.front();
+    for (auto _ : state) {
+        ReadPlainly(path);
+    }
+}
+
+// From the command to the window with its rows, and its close, as the plain read gives its memory back too.
+void OpenStyle(benchmark::State &state)
+{
+    StyleStage &stage = TheStage();
+    for (auto _ : state) {
+        mnuStyUser_Click(stage.files, kFirstStyUserSlot);
+        if (RightTrimmed(stage.files.StyWindows[kBank]->List1.Row(kStyles - 1)).empty()) {
+            state.SkipWithError("the last Style is not listed");
+            break;
+        }
+        stage.Close(*stage.files.StyWindows[kBank]);
+    }
+}
+
+void SwitchSts(benchmark::State &state)
+{
+    StyleStage &stage = TheStage();
+    mnuStyUser_Click(stage.files, kFirstStyUserSlot);
+    frmStyUN &window = *stage.files.StyWindows[kBank];
+    for (auto _ : state) {
+        Press(window.CommSTS);
+        Press(window.CommSTS);
+        benchmark::DoNotOptimize(window.List1.ListCount());
+    }
+    stage.Close(window);
+}
+
+void PlainReadOfThree(benchmark::State &state)
+{
+    for (auto _ : state) {
+        for (const std::string &path : TheStage().paths) {
+            ReadPlainly(path);
+        }
+    }
+}
+
+void OpenStyleOverview(benchmark::State &state)
+{
+    StyleStage &stage = TheStage();
+    for (auto _ : state) {
+        mnuStyUserAll_Click(stage.files);
+        if (stage.files.StyUserAllWindows[0]->List1[3].ListCount() != kStyles) {
+            state.SkipWithError("the third file is not listed");
+            break;
+        }
+        stage.Close(*stage.files.StyUserAllWindows[0]);
+    }
+}
+
+BENCHMARK(PlainReadOfStyle)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenStyle)->Unit(benchmark::kMillisecond);
+BENCHMARK(SwitchSts)->Unit(benchmark::kMicrosecond);
+BENCHMARK(PlainReadOfThree)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenStyleOverview)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace velluto::bench
