@@ -11,6 +11,7 @@
 #include "platform/FileStore.h"
 #include "platform/MidiDevices.h"
 #include "platform/Printer.h"
+#include "platform/Sequencer.h"
 #include "view/ChildWindows.h"
 #include "view/Face.h"
 
@@ -24,6 +25,7 @@ struct Ports {
     MidiDevices &midi;
     Clock &clock;
     Printer &printer;
+    Sequencer &sequencer;
 };
 
 // The files beside the program, in the directory that was current at start.

@@ -43,6 +43,17 @@ void QtFace::Detach()
     program_.reset();
 }
 
+void QtFace::Post(std::function<void()> call)
+{
+    QMetaObject::invokeMethod(
+        &posted_,
+        [this, run = std::move(call)] {
+            const EventGate::Pass pass(gate_);
+            run();
+        },
+        Qt::QueuedConnection);
+}
+
 // The language is known once the settings have been read.
 void QtFace::TakeLanguage()
 {

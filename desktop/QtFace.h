@@ -32,6 +32,9 @@ public:
     void Attach(DrawnProgram program);
     void Detach();
     [[nodiscard]] MainWindow *Window() const { return window_.get(); }
+    // Runs the call later from the event loop, as an event of the program. Any thread may ask; calls keep their order, and
+    // what is still waiting when the face goes is dropped.
+    void Post(std::function<void()> call);
 
     int MessageBox(const std::string &title, const std::string &text, int style) override;
     FileChoice ShowFileDialog(const FileDialog &dialog) override;
@@ -53,6 +56,7 @@ private:
     void TakeLanguage();
 
     EventGate gate_;
+    QObject posted_; // what Post has still to run dies with it
     std::unique_ptr<DrawnProgram> program_;
     std::unique_ptr<MainWindow> window_;
     std::vector<FormDialog *> dialogs_; // the modal forms under way

@@ -8,6 +8,7 @@
 #include "desktop/QtPrinter.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/rtmidi/MachineMidi.h"
+#include "platform/rtmidi/MachineSequencer.h"
 
 #include <QApplication>
 
@@ -22,7 +23,8 @@ int Run()
     QtClock clock;
     QtFace face;
     QtPrinter printer(face);
-    Velluto program({files, *midi, clock, printer}, face);
+    MachineSequencer sequencer([&face](std::function<void()> call) { face.Post(std::move(call)); });
+    Velluto program({files, *midi, clock, printer, sequencer}, face);
     face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [&program] { return CloseFrame(program); }});
     clock.Follow(program.app.messages.LinguaBase);
     printer.Follow(program.app);

@@ -71,7 +71,7 @@ Velluto &Session::NewProgram()
     program_.reset();
     midi.ReleaseAll();
     face.popUps.clear();
-    program_ = std::make_unique<Velluto>(Ports{files, midi, clock, printer}, face);
+    program_ = std::make_unique<Velluto>(Ports{files, midi, clock, printer, player}, face);
     return *program_;
 }
 

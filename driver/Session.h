@@ -11,6 +11,7 @@
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
+#include "platform/standin/StandinSequencer.h"
 
 #include <memory>
 #include <optional>
@@ -45,6 +46,7 @@ public:
     StandinMidi midi;
     StandinClock clock;
     StandinPrinter printer;
+    StandinSequencer player;
     StandinFace face;
     Timers timers;
     SequencerStage sequencer;

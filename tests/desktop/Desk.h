@@ -171,8 +171,9 @@ protected:
     StandinMidi midi;
     StandinClock clock;
     StandinPrinter printer;
+    StandinSequencer sequencer;
     QtFace face;
-    Velluto program{Ports{machine, midi, clock, printer}, face};
+    Velluto program{Ports{machine, midi, clock, printer, sequencer}, face};
     Modulo1 &app = program.app;
     TestProgram::Language language = TestProgram::English;
 

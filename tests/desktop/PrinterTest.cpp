@@ -82,7 +82,8 @@ protected:
     StandinClock clock;
     StandinFace face;
     QtPrinter printer{face};
-    Velluto program{Ports{machine, midi, clock, printer}, face};
+    StandinSequencer sequencer;
+    Velluto program{Ports{machine, midi, clock, printer, sequencer}, face};
 };
 
 TEST_F(PrinterTest, ALineOf84CharactersFitsOnThePaperAndReadsBack)

@@ -8,6 +8,7 @@
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
+#include "platform/standin/StandinSequencer.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 
@@ -75,7 +76,8 @@ struct FuzzProgram {
     StandinFace face;
     StandinClock clock;
     StandinPrinter printer;
-    Velluto program{Ports{files, midi, clock, printer}, face};
+    StandinSequencer sequencer;
+    Velluto program{Ports{files, midi, clock, printer, sequencer}, face};
 
     bool Start()
     {

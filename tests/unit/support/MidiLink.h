@@ -8,6 +8,7 @@
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
+#include "platform/standin/StandinSequencer.h"
 
 #include <cstdint>
 #include <string>
@@ -23,7 +24,8 @@ struct MidiLink {
     StandinFace face;
     StandinClock clock;
     StandinPrinter printer;
-    Modulo1 app{Ports{files, devices, clock, printer}, face};
+    StandinSequencer sequencer;
+    Modulo1 app{Ports{files, devices, clock, printer, sequencer}, face};
     MidiState midi{app};
 
     MidiLink() { app.messages.LinguaBase = kEnglish; }

@@ -10,6 +10,7 @@
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
+#include "platform/standin/StandinSequencer.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 
@@ -96,7 +97,8 @@ struct TestProgram {
     StandinFace face;
     StandinClock clock;
     StandinPrinter printer;
-    Velluto program{Ports{files, midi, clock, printer}, face};
+    StandinSequencer sequencer;
+    Velluto program{Ports{files, midi, clock, printer, sequencer}, face};
     int languageQuestions = 0; // how often frmLingua was shown
 
     // StartUp; the word answers frmLingua where it is shown. False where no frame came up.
