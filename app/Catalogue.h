@@ -28,6 +28,7 @@ inline constexpr int ChangeLanguage = 84;
 inline constexpr int NewFile = 88;
 inline constexpr int MidiMessages = 91;
 inline constexpr int TileHorizontal = 94;
+inline constexpr int Keyboard = 106;
 inline constexpr int Opening = 111;
 inline constexpr int OpeningMidiOut = 113;
 inline constexpr int ClosingMidiOut = 114;

@@ -179,6 +179,7 @@ void AttachViewMenu(Velluto &program)
     menu.mnuStyDirectHD789.Click = [&files] { mnuStyDirectHD789_Click(files); };
     menu.mnuPrfUserAll.Click = [&files] { mnuPrfUserAll_Click(files); };
     menu.mnuMsgEx.Click = [&program] { mnuMsgEx_Click(program.midi); };
+    menu.mnuTastiera.Click = [&program] { mnuTastiera_Click(program.keyboard); };
 }
 
 void AttachPreferences(Velluto &program)

@@ -55,6 +55,7 @@ struct RecentRecord {
 // Entries of PlacementTable, counted from 0.
 namespace PlacementEntry {
 inline constexpr int Frame = 0;
+inline constexpr int Keyboard = 7;
 inline constexpr int Monitor = 8;
 inline constexpr int ChannelSetup = 28;
 } // namespace PlacementEntry

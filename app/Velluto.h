@@ -5,6 +5,7 @@
 #include "app/Modulo1.h"
 #include "banks/Recall.h"
 #include "files/Files.h"
+#include "keyboard/KeyboardState.h"
 #include "midi/MIDI.h"
 
 namespace velluto {
@@ -17,6 +18,7 @@ struct Velluto {
     MidiState midi;
     FilesState files;
     RecallState recall;
+    KeyboardState keyboard;
 };
 
 // The entry routine: paths, settings, device survey, frame. False where the program ends without a window.

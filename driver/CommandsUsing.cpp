@@ -77,6 +77,9 @@ Json PopUp(Session &session, const Words &words)
     const std::size_t before = session.face.popUps.size();
     if (control != nullptr) {
         Raise(control->MouseDown, MouseButton::Right);
+        if (const auto *key = dynamic_cast<PianoKey *>(control)) {
+            Raise(key->MouseUp, MouseButton::Right);
+        }
     } else {
         window.Form_MouseDown(MouseButton::Right);
     }
@@ -202,9 +205,22 @@ Json PutCaret(Session &session, const Words &words)
     return Good();
 }
 
+// The place on a slider that VALUE names, checked before anything is touched.
+int PlaceOn(const ScrollBar &bar, const std::string &word)
+{
+    return ToNumber(word, "the value", std::min(bar.min.Get(), bar.max.Get()), std::max(bar.min.Get(), bar.max.Get()));
+}
+
 Json SetValue(Session &session, const Words &words)
 {
-    auto &combo = As<ComboBox>(Reach(session, words[0], words[1]), "a combo box, a slider or a scroll bar");
+    Control &control = Reach(session, words[0], words[1]);
+    if (auto *bar = dynamic_cast<ScrollBar *>(&control)) {
+        const int value = PlaceOn(*bar, words[2]);
+        Touch(session, words[0]);
+        ScrollGesture::MoveTo(*bar, value);
+        return Good();
+    }
+    auto &combo = As<ComboBox>(control, "a combo box, a slider or a scroll bar");
     const int row = ToNumber(words[2], "the row", 0, static_cast<int>(combo.rows.size()) - 1);
     Touch(session, words[0]);
     combo.ListIndex = row;
@@ -213,15 +229,46 @@ Json SetValue(Session &session, const Words &words)
 
 Json Drag(Session &session, const Words &words)
 {
-    RefuseKind(Reach(session, words[0], words[1]), "a slider or a scroll bar");
+    auto &bar = As<ScrollBar>(Reach(session, words[0], words[1]), "a slider or a scroll bar");
+    const int value = PlaceOn(bar, words[2]);
+    Touch(session, words[0]);
+    ScrollGesture::DragTo(bar, value);
+    return Good();
+}
+
+enum class PointerEvent { Down, Up, Move };
+
+void PointAt(Control &control, PointerEvent event, int y)
+{
+    const auto *key = dynamic_cast<PianoKey *>(&control);
+    const auto *frame = dynamic_cast<Frame *>(&control);
+    if (event == PointerEvent::Down) {
+        Raise(control.MouseDown, MouseButton::Left);
+    } else if (event == PointerEvent::Up && key != nullptr) {
+        Raise(key->MouseUp, MouseButton::Left);
+    } else if (event == PointerEvent::Move && key != nullptr) {
+        Raise(key->MouseMove, y);
+    } else if (event == PointerEvent::Move && frame != nullptr) {
+        Raise(frame->MouseMove);
+    }
 }
 
 Json MovePointer(Session &session, const Words &words)
 {
-    if (words[2] != "down" && words[2] != "up" && words[2] != "move") {
+    constexpr std::array kEvents = {std::string_view("down"), std::string_view("up"), std::string_view("move")};
+    const auto *const event = std::ranges::find(kEvents, words[2]);
+    if (event == kEvents.end()) {
         throw BadCommand("usage: pointer WINDOW CONTROL down|up|move [Y]");
     }
-    RefuseKind(Reach(session, words[0], words[1]), "a piano key or a frame");
+    constexpr int kFarAway = 1 << 15; // twips, above or below any control
+    const int y = words.size() > 3 ? ToNumber(words[3], "Y", -kFarAway, kFarAway) : 0;
+    Control &control = Reach(session, words[0], words[1]);
+    if (dynamic_cast<PianoKey *>(&control) == nullptr && dynamic_cast<Frame *>(&control) == nullptr) {
+        RefuseKind(control, "a piano key or a frame");
+    }
+    Touch(session, words[0]);
+    PointAt(control, static_cast<PointerEvent>(event - kEvents.begin()), y);
+    return Good();
 }
 
 Json Activate(Session &session, const Words &words)

@@ -47,6 +47,19 @@ void PutCombo(Json &json, const ComboBox &combo)
     json["current"] = combo.ListIndex.Get();
 }
 
+void PutScrollBar(Json &json, const ScrollBar &bar)
+{
+    json["value"] = bar.value.Get();
+    json["min"] = bar.min.Get();
+    json["max"] = bar.max.Get();
+}
+
+void PutKey(Json &json, const PianoKey &key)
+{
+    json["color"] = key.color.Get();
+    json["checked"] = key.dot.Get();
+}
+
 } // namespace
 
 Json DescribeControl(const Control &control)
@@ -69,6 +82,10 @@ Json DescribeControl(const Control &control)
     } else if (const auto *text = dynamic_cast<const TextBox *>(&control)) {
         json["text"] = ProgramText(text->text.Get());
         json["caret"] = text->caret.Get();
+    } else if (const auto *bar = dynamic_cast<const ScrollBar *>(&control)) {
+        PutScrollBar(json, *bar);
+    } else if (const auto *key = dynamic_cast<const PianoKey *>(&control)) {
+        PutKey(json, *key);
     } else if (dynamic_cast<const Picture *>(&control) == nullptr) {
         PutCaption(json, control);
     }

@@ -5,6 +5,7 @@
 #include "files/frmPrfUN.h"
 #include "files/frmStyUN.h"
 #include "files/frmStyUserAll.h"
+#include "keyboard/frmTastiera.h"
 
 #include <algorithm>
 #include <array>
@@ -170,6 +171,30 @@ Json TableOfRecall(Velluto &program)
 {
     return RawRows(program.recall.tables.*Member);
 }
+// The keyboard's notes live as long as its window.
+const NoteState &Notes(Velluto &program)
+{
+    if (program.keyboard.window == nullptr) {
+        throw BadCommand("the keyboard is not open");
+    }
+    return program.keyboard.window->notes;
+}
+template <auto Member>
+Json OfNotes(Velluto &program)
+{
+    return ToJson(Notes(program).*Member);
+}
+// Flags are counted as 0 and 1.
+template <bool NoteState::*Member>
+Json FlagOfNotes(Velluto &program)
+{
+    return Notes(program).*Member ? 1 : 0;
+}
+template <auto Member>
+Json TableOfNotes(Velluto &program)
+{
+    return FromElement((Notes(program).*Member).Bytes(), 0);
+}
 Json LinguaBase(Velluto &program)
 {
     return ToJson(program.app.messages.LinguaBase);
@@ -239,6 +264,13 @@ constexpr auto kNamed = std::to_array<NamedValue>({
     {"ThruCheckedAtLoad", OfMidi<&MidiState::ThruCheckedAtLoad>},
     {"ThruEnabledAtLoad", OfMidi<&MidiState::ThruEnabledAtLoad>},
     {"MonitorEnabled", OfMidi<&MidiState::MonitorEnabled>},
+    {"BaseNote", OfNotes<&NoteState::BaseNote>},
+    {"KeyIndex", OfNotes<&NoteState::KeyIndex>},
+    {"CurrentNote", OfNotes<&NoteState::CurrentNote>},
+    {"HeldNotes", TableOfNotes<&NoteState::HeldNotes>, 0},
+    {"ChordNotes", TableOfNotes<&NoteState::ChordNotes>, 0},
+    {"ChordArmed", FlagOfNotes<&NoteState::ChordArmed>},
+    {"ClickGuard", FlagOfNotes<&NoteState::ClickGuard>},
     {"LoadImage", OfFiles<&FilesState::LoadImage>},
     {"BuildImage", OfFiles<&FilesState::BuildImage>},
     {"BuildPrefix", BytesOfFiles<&FilesState::BuildPrefix>},

@@ -21,13 +21,6 @@ char ByteOf(std::uint32_t value)
     return static_cast<char>(value & 255U);
 }
 
-void ReportShortMsg(MidiState &midi)
-{
-    const std::array<char, 3> bytes{ByteOf(midi.ShortMsg), ByteOf(midi.ShortMsg / kSecondByte), ByteOf(midi.ShortMsg / kThirdByte)};
-    MonitorReport(midi, {});
-    MonitorReport(midi, {bytes.data(), bytes.size()});
-}
-
 void SendNote(MidiState &midi, std::uint32_t status, int channel, int note, int velocity)
 {
     if (!midi.MidiOutOpen) {

@@ -4,6 +4,7 @@
 #include "midi/frmMsgEx.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace velluto {
@@ -46,6 +47,14 @@ void MonitorReport(MidiState &midi, std::string_view bytes)
     }
     text += kLineEnd;
     display.text = std::move(text);
+}
+
+void ReportShortMsg(MidiState &midi)
+{
+    const auto byte = [&midi](unsigned number) { return static_cast<char>(midi.ShortMsg >> 8U * number & 255U); };
+    const std::array<char, 3> bytes{byte(0), byte(1), byte(2)};
+    MonitorReport(midi, {});
+    MonitorReport(midi, {bytes.data(), bytes.size()});
 }
 
 } // namespace velluto

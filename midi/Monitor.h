@@ -9,5 +9,7 @@ struct MidiState;
 
 // Appends the bytes as one line and an empty line; an empty text clears the monitor. Does nothing without a window.
 void MonitorReport(MidiState &midi, std::string_view bytes);
+// The three bytes of ShortMsg in place of what was there.
+void ReportShortMsg(MidiState &midi);
 
 } // namespace velluto

@@ -59,6 +59,13 @@ void ComboBox::RaiseEvent(Aspect aspect)
     }
 }
 
+void ScrollBar::RaiseEvent(Aspect aspect)
+{
+    if (aspect == Aspect::Value) {
+        Raise(held_ ? Scroll : Change);
+    }
+}
+
 void TextBox::RaiseEvent(Aspect aspect)
 {
     if (aspect == Aspect::Text) {

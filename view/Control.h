@@ -36,6 +36,7 @@ inline constexpr int Right = 2;
 using Handler = std::function<void()>;
 using KeyHandler = std::function<void(int key)>;
 using MouseHandler = std::function<void(int button)>;
+using PointerHandler = std::function<void(int y)>; // y in twips below the upper edge of the control
 
 // Calls a handler where there is one.
 template <class F, class... Args>
@@ -92,6 +93,13 @@ public:
 class Picture : public Control {
 public:
     Picture(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+};
+
+// A bordered box around other controls that hears the pointer pass over it.
+class Frame : public Control {
+public:
+    Frame(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    Handler MouseMove;
 };
 
 class Button : public Control {
@@ -172,6 +180,39 @@ public:
 
 protected:
     void RaiseEvent(Aspect aspect) override;
+};
+
+// A slider. min is the value at its top or left end, max the one at the other end; either may be the larger number. A
+// write to value raises Change, or Scroll while a hand holds the slider; letting it go raises Change.
+class ScrollBar : public Control {
+public:
+    ScrollBar(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    bool vertical = false;
+    int smallChange = 1;
+    int largeChange = 10;
+    Property<int> min{*this, Aspect::Range};
+    Property<int> max{*this, Aspect::Range};
+    Property<int> value{*this, Aspect::Value};
+    Handler Change;
+    Handler Scroll;
+
+protected:
+    void RaiseEvent(Aspect aspect) override;
+
+private:
+    friend class ScrollGesture;
+    bool held_ = false; // a hand has moved it and not let go yet
+};
+
+// One key of a piano. The faces draw the keys of a form as one keyboard.
+class PianoKey : public Control {
+public:
+    PianoKey(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    bool black = false;
+    Property<int> color{*this, Aspect::Color}; // 0xRRGGBB
+    Property<bool> dot{*this, Aspect::Checked};
+    MouseHandler MouseUp;
+    PointerHandler MouseMove;
 };
 
 class TextBox : public Control {

@@ -57,6 +57,7 @@ public:
     virtual void Form_LostFocus() {}
     virtual void Form_Resize() {}
     virtual void Form_MouseDown(int /*button*/) {}
+    virtual void Form_MouseMove() {} // over the form itself, not over its controls
 
     void Changed(Aspect aspect) override;
     // Runs Form_Load if the form is not loaded.

@@ -45,6 +45,11 @@ int RowReachedBy(const ListBox &list, int key)
     }
 }
 
+int InRange(const ScrollBar &bar, int value)
+{
+    return std::clamp(value, std::min(bar.min.Get(), bar.max.Get()), std::max(bar.min.Get(), bar.max.Get()));
+}
+
 } // namespace
 
 void ListGesture::ClickRow(ListBox &list, int row, Modifier modifier)
@@ -91,6 +96,34 @@ void ListGesture::DragTo(ListBox &list, int row)
     }
     list.Changed(Aspect::Selection);
     list.SetListIndex(row);
+}
+
+void ScrollGesture::MoveTo(ScrollBar &bar, int value)
+{
+    const int wanted = InRange(bar, value);
+    if (wanted == bar.value) {
+        LetGo(bar);
+    } else {
+        bar.held_ = false;
+        bar.value = wanted;
+    }
+}
+
+void ScrollGesture::DragTo(ScrollBar &bar, int value)
+{
+    const int wanted = InRange(bar, value);
+    if (wanted != bar.value) {
+        bar.held_ = true;
+        bar.value = wanted;
+    }
+}
+
+void ScrollGesture::LetGo(ScrollBar &bar)
+{
+    if (bar.held_) {
+        bar.held_ = false;
+        Raise(bar.Change);
+    }
 }
 
 bool PressKey(Control &control, int key, Modifier modifier)

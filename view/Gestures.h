@@ -1,4 +1,5 @@
-// What a person does to a control, told once for every face: a click on a list row with its modifiers, a key, a press.
+// What a person does to a control, told once for every face: a click on a list row with its modifiers, a slider
+// moved, a key, a press.
 #pragma once
 
 #include "view/Control.h"
@@ -16,6 +17,16 @@ public:
     static void DoubleClickRow(ListBox &list, int row);
     // The mouse drawn over the rows with the button held: the range from the anchor, no event.
     static void DragTo(ListBox &list, int row);
+};
+
+class ScrollGesture {
+public:
+    // Steps, or moves the slider and lets it go: Change, where the value differs or a hand held the slider.
+    static void MoveTo(ScrollBar &bar, int value);
+    // The slider drawn along and still held: Scroll, where the value differs.
+    static void DragTo(ScrollBar &bar, int value);
+    // The hand leaves a slider that it has moved: Change.
+    static void LetGo(ScrollBar &bar);
 };
 
 // Raises KeyDown of a list or a text box, then moves through the list where the key does: a plain key clicks the row it

@@ -23,6 +23,16 @@ struct AllControls : Form {
         text.DblClick = [this] { events += "textdblclick "; };
         label.DblClick = [this] { events += "labeldblclick "; };
         combo.Click = [this] { events += "combo "; };
+        bar.min = 20;
+        bar.value = 10;
+        bar.Change = [this] { events += "change" + std::to_string(bar.value) + " "; };
+        bar.Scroll = [this] { events += "scroll" + std::to_string(bar.value) + " "; };
+        pianoKey.color = 0x00FF00;
+        pianoKey.MouseDown = [this](int mouseButton) { events += "keydown" + std::to_string(mouseButton) + " "; };
+        pianoKey.MouseUp = [this](int mouseButton) { events += "keyup" + std::to_string(mouseButton) + " "; };
+        pianoKey.MouseMove = [this](int y) { events += "keymove" + std::to_string(y) + " "; };
+        box.caption = std::string("Keys");
+        box.MouseMove = [this] { events += "framemove "; };
         list.MouseDown = [this](int mouseButton) { events += "mouse" + std::to_string(mouseButton) + " "; };
     }
     void Form_Activate() override { events += "activate "; }
@@ -39,6 +49,9 @@ struct AllControls : Form {
     Label label{*this, "Label1"};
     Timer timer{*this, "Timer1", 50};
     Picture picture{*this, "Picture1"};
+    ScrollBar bar{*this, "VScroll", 6};
+    PianoKey pianoKey{*this, "Key", 0};
+    Frame box{*this, "Frame1"};
 };
 
 class DriverTest : public testing::Test {

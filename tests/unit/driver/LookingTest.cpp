@@ -138,6 +138,7 @@ TEST_F(DriverTest, PrintedTellsEachPageOnce)
 TEST_F(DriverTest, ValueReadsEveryVariableItKnows)
 {
     StartWithControls();
+    Ok("menu mnuTastiera");
     for (const std::string_view name : ValueNames()) {
         EXPECT_FALSE(Ok("value " + std::string(name)).at("value").is_null()) << name;
     }
@@ -153,6 +154,38 @@ TEST_F(DriverTest, ValueGivesNumbersTextsTruthsAndLists)
     EXPECT_EQ(Ok("value ClipValid").at("value"), 0);
     EXPECT_EQ(Ok("value MidiOutCaps").at("value"), Json::parse(R"(["One","","","","","","",""])"));
     EXPECT_EQ(Error("value MarksActive"), "no variable MarksActive");
+}
+
+TEST_F(DriverTest, TheKeyboardsNotesLiveAsLongAsItsWindow)
+{
+    StartWithControls();
+    EXPECT_EQ(Error("value HeldNotes"), "the keyboard is not open");
+    Ok("menu mnuTastiera");
+    Ok("press frmTastiera CheckHoldNote");
+    Ok("pointer frmTastiera Key(0) down");
+    EXPECT_EQ(Ok("value HeldNotes").at("value").size(), 97U);
+    EXPECT_EQ(Ok("value HeldNotes(24)").at("value"), 1); // note 36
+    EXPECT_EQ(Ok("value BaseNote").at("value"), 36);
+    Ok("press frmTastiera CommHoldChord");
+    EXPECT_EQ(Ok("value ChordArmed").at("value"), 1);
+    EXPECT_EQ(Ok("value ChordNotes(24)").at("value"), 1);
+    Ok("close frmTastiera");
+    EXPECT_EQ(Error("value CurrentNote"), "the keyboard is not open");
+}
+
+TEST_F(DriverTest, ShowTellsOfSlidersAndKeys)
+{
+    StartWithControls();
+    const Json all = Ok("show frmAll").at("controls");
+    const Json bar = all.at("VScroll(6)");
+    EXPECT_EQ(bar.at("value"), 10);
+    EXPECT_EQ(bar.at("min"), 20);
+    EXPECT_EQ(bar.at("max"), 0);
+    EXPECT_FALSE(bar.contains("caption"));
+    const Json key = all.at("Key(0)");
+    EXPECT_EQ(key.at("color"), 0x00FF00);
+    EXPECT_EQ(key.at("checked"), false);
+    EXPECT_EQ(all.at("Frame1").at("caption"), "Keys");
 }
 
 TEST_F(DriverTest, ValueGivesATableFromItsFirstIndexOn)

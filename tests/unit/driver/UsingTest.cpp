@@ -168,13 +168,48 @@ TEST_F(DriverTest, SetChoosesAComboRow)
     Error("set frmAll List1(2) 0");
 }
 
-TEST_F(DriverTest, DragAndPointerSayHonestlyWhatIsMissing)
+TEST_F(DriverTest, SetMovesASliderAndLetsItGo)
 {
     StartWithControls();
+    Ok("set frmAll VScroll(6) 15");
+    EXPECT_EQ(controls.bar.value, 15);
+    Ok("set frmAll VScroll(6) 15");
+    EXPECT_EQ(controls.events, "change15 ");
+    Error("set frmAll VScroll(6) 21");
+    Error("set frmAll VScroll(6) -1");
+    EXPECT_EQ(controls.bar.value, 15);
+}
+
+TEST_F(DriverTest, DragKeepsASliderHeldUntilItIsSet)
+{
+    StartWithControls();
+    Ok("drag frmAll VScroll(6) 11");
+    Ok("drag frmAll VScroll(6) 12");
+    EXPECT_EQ(controls.events, "scroll11 scroll12 ");
+    Ok("set frmAll VScroll(6) 12");
+    Ok("set frmAll VScroll(6) 12");
+    EXPECT_EQ(controls.events, "scroll11 scroll12 change12 ");
     EXPECT_EQ(Error("drag frmAll Combo1 1"), "Combo1 is not a slider or a scroll bar");
+    EXPECT_EQ(Error("set frmAll Label1 1"), "Label1 is not a combo box, a slider or a scroll bar");
+}
+
+TEST_F(DriverTest, ThePointerReachesKeysAndFrames)
+{
+    StartWithControls();
+    Ok("pointer frmAll Key(0) down");
+    Ok("pointer frmAll Key(0) move");
+    Ok("pointer frmAll Key(0) move 936");
+    Ok("pointer frmAll Key(0) up");
+    Ok("pointer frmAll Frame1 move");
+    Ok("pointer frmAll Frame1 down 20");
+    EXPECT_EQ(controls.events, "keydown1 keymove0 keymove936 keyup1 framemove ");
+    controls.events.clear();
+    Ok("popup frmAll Key(0)");
+    EXPECT_EQ(controls.events, "keydown2 keyup2 ");
     EXPECT_EQ(Error("pointer frmAll Label1 down"), "Label1 is not a piano key or a frame");
-    EXPECT_EQ(Error("pointer frmAll Key(0) down"), "frmAll has no control Key(0)");
-    EXPECT_EQ(Error("pointer frmAll Label1 sideways"), "usage: pointer WINDOW CONTROL down|up|move [Y]");
+    EXPECT_EQ(Error("pointer frmAll Key(1) down"), "frmAll has no control Key(1)");
+    EXPECT_EQ(Error("pointer frmAll Key(0) sideways"), "usage: pointer WINDOW CONTROL down|up|move [Y]");
+    Error("pointer frmAll Key(0) move deep");
 }
 
 TEST_F(DriverTest, WindowsCanBeMovedAndChangeTheirState)

@@ -140,3 +140,86 @@ TEST(Controls, ScaleSizeIsTheOuterSizeLessTheFrame)
     EXPECT_EQ(window.ScaleWidth(), 3880);
     EXPECT_EQ(window.ScaleHeight(), 2550);
 }
+
+namespace {
+
+struct Sliders : Form {
+    Sliders() : Form("Sliders")
+    {
+        bar.min = 127;
+        bar.value = 64;
+        bar.Change = [this] { heard += "change" + std::to_string(bar.value) + " "; };
+        bar.Scroll = [this] { heard += "scroll" + std::to_string(bar.value) + " "; };
+    }
+    std::string heard;
+    ScrollBar bar{*this, "VScroll", 0};
+};
+
+} // namespace
+
+TEST(ScrollBars, AWriteRaisesChangeInsideTheWriteAndOnlyWhereTheValueDiffers)
+{
+    Sliders form;
+    int seen = -1;
+    form.bar.Change = [&] { seen = form.bar.value; };
+    form.bar.value = 64;
+    EXPECT_EQ(seen, -1);
+    form.bar.value = 65;
+    EXPECT_EQ(seen, 65);
+}
+
+TEST(ScrollBars, DrawnAlongTheyScrollAndLetGoTheyChange)
+{
+    Sliders form;
+    ScrollGesture::DragTo(form.bar, 65);
+    ScrollGesture::DragTo(form.bar, 66);
+    ScrollGesture::DragTo(form.bar, 66);
+    EXPECT_EQ(form.heard, "scroll65 scroll66 ");
+    ScrollGesture::LetGo(form.bar);
+    ScrollGesture::LetGo(form.bar);
+    EXPECT_EQ(form.heard, "scroll65 scroll66 change66 ");
+}
+
+TEST(ScrollBars, TakenHoldOfAndNotMovedTheySayNothing)
+{
+    Sliders form;
+    ScrollGesture::DragTo(form.bar, 64);
+    ScrollGesture::LetGo(form.bar);
+    EXPECT_EQ(form.heard, "");
+}
+
+TEST(ScrollBars, SetElsewhereWhileHeldTheyChangeOnce)
+{
+    Sliders form;
+    ScrollGesture::DragTo(form.bar, 70);
+    ScrollGesture::MoveTo(form.bar, 80);
+    ScrollGesture::LetGo(form.bar);
+    EXPECT_EQ(form.heard, "scroll70 change80 ");
+}
+
+TEST(ScrollBars, StayWithinTheirEndsWhicheverIsTheLarger)
+{
+    Sliders form;
+    ScrollGesture::MoveTo(form.bar, 200);
+    EXPECT_EQ(form.bar.value, 127);
+    ScrollGesture::DragTo(form.bar, -5);
+    EXPECT_EQ(form.bar.value, 0);
+    form.bar.min = 0;
+    form.bar.max = 3;
+    ScrollGesture::MoveTo(form.bar, 9);
+    EXPECT_EQ(form.bar.value, 3);
+}
+
+TEST(PianoKeys, TellTheirFaceOfColourAndDot)
+{
+    struct OneKey : Form {
+        OneKey() : Form("OneKey") {}
+        PianoKey key{*this, "Key", 0};
+    } form;
+    std::vector<Aspect> told;
+    form.key.observer = [&](Aspect aspect) { told.push_back(aspect); };
+    form.key.color = 0xFFFFFF;
+    form.key.dot = true;
+    form.key.dot = true;
+    EXPECT_EQ(told, (std::vector<Aspect>{Aspect::Color, Aspect::Checked}));
+}

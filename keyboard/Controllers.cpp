@@ -1,0 +1,120 @@
+#include "keyboard/Controllers.h"
+
+#include "midi/Monitor.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace velluto {
+
+namespace {
+
+constexpr std::uint32_t kControlChange = 0xB0;
+constexpr std::uint32_t kPitchBend = 0xE0;
+constexpr std::uint32_t kBendFineByte = 127; // fixed: the middle, 64, lies just above the centre on purpose
+constexpr std::uint32_t kNoMessage = 0;
+constexpr int kHighest = 127;
+constexpr int kMiddle = 64;
+
+// Offsets in the KeyboardRecord.
+constexpr int kFirstSliderByte = 4;
+
+struct Slider {
+    const char *title;
+    int shownLess;           // what the readout and the marks show is the value less this
+    std::uint32_t status;    // kNoMessage: the slider composes none
+    std::uint32_t firstData; // controller, or the bend's low byte
+    int firstRun;            // value of a first run
+};
+
+constexpr std::array<Slider, kSliderCount> kSliders{{{"Volume", 0, kControlChange, 7, 100},
+                                                     {"Pan", kMiddle, kControlChange, 10, 64},
+                                                     {"Vel On", 0, kNoMessage, 0, 64},
+                                                     {"Vel Off", 0, kNoMessage, 0, 64},
+                                                     {"Att Time", 0, kControlChange, 73, 0},
+                                                     {"Rel Time", 0, kControlChange, 72, 0},
+                                                     {"Bend", kMiddle, kPitchBend, kBendFineByte, 64},
+                                                     {"PMod", 0, kControlChange, 1, 0},
+                                                     {"COMod", 0, kControlChange, 2, 0},
+                                                     {"Reverb", 0, kControlChange, 91, 0},
+                                                     {"Chorus", 0, kControlChange, 93, 0}}};
+
+// Label2 behind the titles: the ends and the middle of the pan.
+constexpr int kPanRight = 11;
+constexpr int kPanLeft = 12;
+constexpr int kPanCentre = 13;
+
+const Slider &RowOf(int slider)
+{
+    return kSliders.at(static_cast<std::size_t>(slider));
+}
+
+} // namespace
+
+void SetUpSliders(frmTastiera &form)
+{
+    for (ScrollBar &bar : form.VScroll) {
+        const int i = bar.index();
+        bar.vertical = true;
+        bar.min = kHighest;
+        bar.max = 0;
+        bar.accessibleName = RowOf(i).title;
+        form.Label2[i].caption = std::string(RowOf(i).title);
+        form.Label3[i].caption = std::to_string(bar.value - RowOf(i).shownLess);
+        form.Label4[i].caption = std::to_string(kHighest - RowOf(i).shownLess);
+        form.Label5[i].caption = std::to_string(-RowOf(i).shownLess);
+    }
+    form.Label2[kPanRight].caption = std::string("R");
+    form.Label2[kPanLeft].caption = std::string("L");
+    form.Label2[kPanCentre].caption = std::string("C");
+}
+
+void SetSliderTips(frmTastiera &form)
+{
+    const std::string hint = form.midi.app.messages.LinguaBase == 0 ? "Doppio clic: " : "Double-click: ";
+    for (int i = 0; i < kSliderCount; ++i) {
+        form.Label2[i].toolTip = hint + std::to_string(RowOf(i).firstRun - RowOf(i).shownLess);
+    }
+}
+
+void VScroll_Change(frmTastiera &form, int slider)
+{
+    const Slider &row = RowOf(slider);
+    MidiState &midi = form.midi;
+    const int value = form.VScroll[slider].value;
+    form.Label3[slider].caption = std::to_string(value - row.shownLess);
+    if (row.status != kNoMessage) {
+        midi.ShortMsg = row.status | row.firstData << 8U | static_cast<std::uint32_t>(value) << 16U;
+    }
+    midi.ShortMsg |= static_cast<std::uint32_t>(form.Combo1.ListIndex.Get());
+    SendShortMsg(midi);
+    midi.app.settings.KeyboardRecord.at(static_cast<std::size_t>(slider + kFirstSliderByte)) = static_cast<std::uint8_t>(value);
+    midi.MonitorEnabled = true;
+    ReportShortMsg(midi);
+}
+
+void Label2_DblClick(frmTastiera &form, int slider)
+{
+    form.VScroll[slider].value = RowOf(slider).firstRun;
+}
+
+void ShowSplitPoint(frmTastiera &form)
+{
+    constexpr std::array<std::string_view, kNotesPerOctave> kNames{" C", " C", " D", " D", " E", " F", " F", " G", " G", " A", " A", " B"};
+    constexpr int kLowest = 36;
+    constexpr int kLowestOctave = 2;
+    const int note = form.VScroll1.value;
+    int octave = (note - kLowest) / kNotesPerOctave;
+    if (octave % kNotesPerOctave == 0 && octave > 0) {
+        --octave;
+    }
+    std::string text(kNames.at(static_cast<std::size_t>(note % kNotesPerOctave)));
+    text += std::to_string(octave + kLowestOctave);
+    if (IsBlackKey(note)) {
+        text += '#';
+    }
+    form.Text3.text = std::move(text);
+}
+
+} // namespace velluto

@@ -1,0 +1,117 @@
+#include "keyboard/KeyboardLayout.h"
+
+#include <array>
+
+namespace velluto {
+
+namespace {
+
+// Twips. The heights of the keys are in KeyModel.
+constexpr int kMargin = 120;
+constexpr int kWhiteWidth = 240;
+constexpr int kBlackWidth = 150;
+constexpr int kWhiteKeys = 36;
+constexpr int kWhitesPerOctave = 7;
+constexpr int kFrameRim = 75;
+constexpr int kFrameWidth = kWhiteKeys * kWhiteWidth + 2 * kFrameRim;
+constexpr int kFrameHeight = kWhiteKeyHeight + 2 * kFrameRim;
+
+constexpr int kFirstRow = 150;
+constexpr int kSecondRow = 690;
+constexpr int kRowHeight = 375;
+constexpr int kCaptionHeight = 255;
+constexpr int kCaptionsTop = 1260;
+constexpr int kFrameTop = kCaptionsTop + kCaptionHeight + 15;
+constexpr int kInnerHeight = kFrameTop + kFrameHeight + kMargin;
+
+constexpr int kWideButton = 1500;
+constexpr int kColumn2 = 2700;
+constexpr int kColumn3 = 4200;
+constexpr int kColumn4 = kMargin + kFrameWidth - 2 * kWideButton - kMargin;
+constexpr int kColumn5 = kMargin + kFrameWidth - kWideButton;
+
+constexpr int kSlidersLeft = kMargin + kFrameWidth + 180;
+constexpr int kSliderPitch = 780;
+constexpr int kSliderWidth = 360;
+constexpr int kSliderText = 240; // height of a title, a mark or a readout
+constexpr int kInnerWidth = kSlidersLeft + kSliderCount * kSliderPitch + kMargin / 2;
+
+constexpr int kPanSlider = 1;
+constexpr int kPanRight = 11;
+constexpr int kPanLeft = 12;
+constexpr int kPanCentre = 13;
+constexpr int kPanLetter = 165;
+
+// White keys to the left of the key's left edge or of its middle, within an octave.
+constexpr std::array<int, kNotesPerOctave> kWhitesBefore{0, 1, 1, 2, 2, 3, 4, 4, 5, 5, 6, 6};
+
+int KeyLeft(int key)
+{
+    const int whites = key / kNotesPerOctave * kWhitesPerOctave + kWhitesBefore.at(static_cast<std::size_t>(key % kNotesPerOctave));
+    const int left = kMargin + kFrameRim + whites * kWhiteWidth;
+    return IsBlackKey(key) ? left - kBlackWidth / 2 : left;
+}
+
+void LayOutKeys(frmTastiera &form)
+{
+    form.Frame1.place = Place{kMargin, kFrameTop, kFrameWidth, kFrameHeight};
+    for (PianoKey &key : form.Key) {
+        const bool black = IsBlackKey(key.index());
+        key.place = Place{KeyLeft(key.index()), kFrameTop + kFrameRim, black ? kBlackWidth : kWhiteWidth,
+                          black ? kBlackKeyHeight : kWhiteKeyHeight};
+    }
+    constexpr int kOctaveLabels = 6;
+    for (int octave = 0; octave < kOctaveLabels; ++octave) {
+        form.Label1[octave].place = Place{KeyLeft(octave * kNotesPerOctave), kCaptionsTop, 2 * kWhiteWidth, kCaptionHeight};
+    }
+}
+
+void LayOutRows(frmTastiera &form)
+{
+    constexpr int kComboLeft = 1500;
+    constexpr int kComboWidth = 900;
+    form.Label1[6].place = Place{kMargin, kFirstRow, kComboLeft - kMargin, kRowHeight};
+    form.Combo1.place = Place{kComboLeft, kFirstRow, kComboWidth, kRowHeight};
+    form.CheckClickKey.place = Place{kColumn2, kFirstRow, kColumn3 - kColumn2, kRowHeight};
+    form.CheckHoldNote.place = Place{kColumn3, kFirstRow, kColumn4 - kColumn3, kRowHeight};
+    form.CommHoldChord.place = Place{kColumn4, kFirstRow, kWideButton, kRowHeight};
+    form.CommAllNoteOff.place = Place{kColumn5, kFirstRow, kWideButton, kRowHeight};
+    form.HScroll1.place = Place{kMargin, kSecondRow, kComboLeft + kComboWidth - kMargin, kRowHeight};
+    form.Label1[7].place = Place{kColumn2, kSecondRow, kColumn3 - kColumn2, kRowHeight};
+    form.Text1.place = Place{kColumn3, kSecondRow, kColumn4 - kColumn3 - kMargin, kRowHeight};
+    form.CommClose.place = Place{kColumn5, kSecondRow, kWideButton, kRowHeight};
+}
+
+void LayOutSliders(frmTastiera &form)
+{
+    constexpr int kTitleTop = kMargin;
+    constexpr int kValueTop = kTitleTop + kSliderText;
+    constexpr int kTopMark = kValueTop + kSliderText + 30;
+    constexpr int kBarTop = kTopMark + kSliderText;
+    constexpr int kBottomMark = kInnerHeight - kMargin - kSliderText;
+    constexpr int kBarHeight = kBottomMark - kBarTop;
+    for (int i = 0; i < kSliderCount; ++i) {
+        const int left = kSlidersLeft + i * kSliderPitch;
+        form.Label2[i].place = Place{left, kTitleTop, kSliderPitch, kSliderText};
+        form.Label3[i].place = Place{left, kValueTop, kSliderPitch, kSliderText};
+        form.Label4[i].place = Place{left, kTopMark, kSliderPitch, kSliderText};
+        form.VScroll[i].place = Place{left + (kSliderPitch - kSliderWidth) / 2, kBarTop, kSliderWidth, kBarHeight};
+        form.Label5[i].place = Place{left, kBottomMark, kSliderPitch, kSliderText};
+    }
+    const int axis = kSlidersLeft + (kPanSlider + 1) * kSliderPitch - kPanLetter;
+    form.Label2[kPanRight].place = Place{axis, kBarTop, kPanLetter, kSliderText};
+    form.Label2[kPanCentre].place = Place{axis, kBarTop + (kBarHeight - kSliderText) / 2, kPanLetter, kSliderText};
+    form.Label2[kPanLeft].place = Place{axis, kBottomMark - kSliderText, kPanLetter, kSliderText};
+}
+
+} // namespace
+
+Size LayOutKeyboard(frmTastiera &form)
+{
+    LayOutKeys(form);
+    LayOutRows(form);
+    LayOutSliders(form);
+    return {kInnerWidth, kInnerHeight};
+}
+
+} // namespace velluto

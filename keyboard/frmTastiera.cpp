@@ -1,0 +1,259 @@
+#include "keyboard/frmTastiera.h"
+
+#include "app/Catalogue.h"
+#include "app/StoredPlace.h"
+#include "keyboard/Controllers.h"
+#include "keyboard/KeyboardLayout.h"
+#include "keyboard/Modes.h"
+#include "keyboard/Notes.h"
+#include "keyboard/Pointer.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace velluto {
+
+namespace {
+
+constexpr int kChannels = 16;
+constexpr int kHighestShift = 3; // octaves
+constexpr int kHighestSplit = 96;
+constexpr int kLowestSplit = 36;
+constexpr int kHighestValue = 127;
+constexpr std::uint8_t kWindowOpen = 1;
+constexpr std::uint8_t kWindowMinimised = 2;
+
+// Bytes of the KeyboardRecord.
+constexpr std::size_t kChannelByte = 0;
+constexpr std::size_t kClickKeyByte = 1;
+constexpr std::size_t kHoldNoteByte = 2;
+constexpr std::size_t kShiftByte = 3;
+constexpr std::size_t kFirstSliderByte = 4;
+constexpr std::size_t kSplitByte = 15; // kept in memory only, and read by nobody
+
+// A caption as it is spoken.
+std::string WithoutAccessMark(std::string text)
+{
+    std::erase(text, '&');
+    return text;
+}
+
+} // namespace
+
+frmTastiera::frmTastiera(KeyboardState &keyboard) : Form("frmTastiera"), midi(keyboard.midi), keyboard_(keyboard), app_(keyboard.midi.app)
+{
+    for (int channel = 1; channel <= kChannels; ++channel) {
+        Combo1.rows.push_back((channel < 10 ? "  " : " ") + std::to_string(channel));
+    }
+    HScroll1.max = kHighestShift;
+    VScroll1.vertical = true;
+    VScroll1.min = kHighestSplit;
+    VScroll1.max = kLowestSplit;
+    VScroll1.value = kLowestSplit;
+    Text1.readOnly = true;
+    Text3.readOnly = true;
+    Label1[0].caption = std::string("C3");
+    Label1[6].caption = std::string("MIDI Channel");
+    Label1[7].caption = std::string("Note (Number)");
+    Label1[8].caption = std::string("Split Point");
+    CheckClickKey.caption = std::string("Click Key");
+    CheckHoldNote.caption = std::string("Hold Note");
+    CommHoldChord.caption = std::string("Hold Chord");
+    CommAllNoteOff.caption = std::string("All Notes Off");
+    CommArrPlay.caption = std::string("&ARR PLAY");
+    CommSongPlay.caption = std::string("&SONG PLAY");
+    for (Control *hidden : std::initializer_list<Control *>{&Picture2, &VScroll1, &Text3, &Label1[8], &CommArrPlay, &CommSongPlay}) {
+        hidden->visible = false;
+    }
+    Combo1.accessibleName = Label1[6].caption;
+    Text1.accessibleName = Label1[7].caption;
+    for (Control *split : std::initializer_list<Control *>{&Picture2, &VScroll1, &Text3}) {
+        split->accessibleName = Label1[8].caption;
+    }
+    SetUpSliders(*this);
+    ConnectKeys();
+    ConnectControls();
+    ConnectSliders();
+}
+
+void frmTastiera::ConnectKeys()
+{
+    for (PianoKey &key : Key) {
+        const int i = key.index();
+        key.black = IsBlackKey(i);
+        key.color = PlainColor(i);
+        key.MouseDown = [this, i](int /*button*/) { Key_MouseDown(*this, i); };
+        key.MouseUp = [this, i](int /*button*/) { Key_MouseUp(*this, i); };
+        key.MouseMove = [this, i](int y) { Key_MouseMove(*this, i, y); };
+    }
+    Frame1.MouseMove = [this] { Background_MouseMove(*this); };
+}
+
+void frmTastiera::ConnectControls()
+{
+    Combo1.Click = [this] { app_.settings.KeyboardRecord.at(kChannelByte) = NearestIn<std::uint8_t>(Combo1.ListIndex); };
+    HScroll1.Change = [this] { HScroll1_Change(*this); };
+    CheckClickKey.Click = [this] { CheckClickKey_Click(*this); };
+    CheckHoldNote.Click = [this] { CheckHoldNote_Click(*this); };
+    CommHoldChord.Click = [this] { CommHoldChord_Click(*this); };
+    CommAllNoteOff.Click = [this] { CommAllNoteOff_Click(*this); };
+    CommClose.Click = [this] { app_.children.Unload(*this); };
+}
+
+void frmTastiera::ConnectSliders()
+{
+    for (ScrollBar &bar : VScroll) {
+        const int i = bar.index();
+        bar.Change = [this, i] { VScroll_Change(*this, i); };
+        bar.Scroll = [this, i] { VScroll_Change(*this, i); };
+        Label2[i].DblClick = [this, i] { Label2_DblClick(*this, i); };
+    }
+    VScroll1.Change = [this] { ShowSplitPoint(*this); };
+}
+
+// The settings file is not checked as it is read: a byte that no control can show gives the nearest that it can.
+void frmTastiera::TakeRecord()
+{
+    const auto byte = [this](std::size_t at) { return static_cast<int>(app_.settings.KeyboardRecord.at(at)); };
+    HScroll1.value = std::min(byte(kShiftByte), kHighestShift);
+    notes.BaseNote = HScroll1.value * kNotesPerOctave + kLowestNote;
+    Combo1.ListIndex = std::min(byte(kChannelByte), kChannels - 1);
+    CheckClickKey.value = byte(kClickKeyByte) != 0;
+    CheckHoldNote.value = byte(kHoldNoteByte) != 0;
+    for (ScrollBar &bar : VScroll) {
+        const int i = bar.index();
+        // A value other than the form's own 0 is thus told twice.
+        bar.value = std::min(byte(kFirstSliderByte + static_cast<std::size_t>(i)), kHighestValue);
+        VScroll_Change(*this, i);
+    }
+}
+
+void frmTastiera::TakePlace()
+{
+    const Size inner = LayOutKeyboard(*this);
+    natural_ = Size{inner.width + frame.width, inner.height + frame.height};
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Keyboard);
+    if (entry.MinWidth == 0) {
+        entry.Top = 0;
+        entry.Left = 0;
+        entry.Width = NearestIn<std::uint16_t>(natural_.width);
+        entry.Height = NearestIn<std::uint16_t>(natural_.height);
+        entry.MinWidth = entry.Width;
+        entry.MinHeight = entry.Height;
+    }
+    place = Place{entry.Left, entry.Top, natural_.width, natural_.height};
+    entry.State = kWindowOpen;
+}
+
+void frmTastiera::TakeLanguage()
+{
+    const std::string title = app_.messages.Text(TextId::Keyboard);
+    caption = std::string(kProgramTitle) + " - " + title;
+    Frame1.accessibleName = WithoutAccessMark(title);
+    CommClose.caption = app_.messages.Text(TextId::Close);
+    const std::string octave = app_.messages.LinguaBase == 0 ? "Ottava" : "Octave";
+    HScroll1.accessibleName = octave;
+    HScroll1.toolTip = octave;
+    SetSliderTips(*this);
+}
+
+void frmTastiera::Form_Load()
+{
+    app_.children.RestoringLayout = true;
+    TakePlace();
+    Tag = ToolTag(ViewKind::Keyboard);
+    TakeLanguage();
+    midi.MonitorEnabled = true;
+    TakeRecord();
+    ShowSplitPoint(*this);
+    ClearHeldNotes(*this);
+    ClearChord(*this);
+    notes.ClickGuard = false;
+    notes.CurrentNote = kNoNote;
+    UpdateOctaveLabels(*this);
+    Text1.text = std::string();
+    if (!CheckClickKey.value) {
+        CheckHoldNote.enabled = false;
+        CommHoldChord.enabled = false;
+    }
+    CountIn();
+    app_.children.RestoringLayout = false;
+}
+
+void frmTastiera::CountIn()
+{
+    app_.frame.mnuTastiera.enabled = false;
+    ++app_.children.ChildCount;
+    countedIn_ = true;
+}
+
+void frmTastiera::CountOut()
+{
+    app_.frame.mnuTastiera.enabled = true;
+    StorePosition(app_.settings.PlacementTable.at(PlacementEntry::Keyboard), *this);
+    --app_.children.ChildCount;
+    countedIn_ = false;
+    RefreshAfterClose(app_);
+}
+
+bool frmTastiera::Form_QueryUnload()
+{
+    CommAllNoteOff_Click(*this);
+    std::array<std::uint8_t, 16> &record = app_.settings.KeyboardRecord;
+    record.at(kChannelByte) = NearestIn<std::uint8_t>(Combo1.ListIndex);
+    record.at(kClickKeyByte) = CheckClickKey.value ? 1 : 0;
+    record.at(kHoldNoteByte) = CheckHoldNote.value ? 1 : 0;
+    record.at(kShiftByte) = NearestIn<std::uint8_t>(HScroll1.value);
+    record.at(kSplitByte) = NearestIn<std::uint8_t>(VScroll1.value);
+    if (countedIn_) {
+        CountOut();
+    }
+    return true;
+}
+
+void frmTastiera::Form_Unload()
+{
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Keyboard);
+    StorePosition(entry, *this);
+    entry.State = 0;
+    app_.children.Bury(std::move(keyboard_.window));
+}
+
+void frmTastiera::Form_Activate()
+{
+    // The end of the program was called off after this window had been asked: it counts again.
+    if (!countedIn_) {
+        CountIn();
+    }
+    RefreshWindowMenu(app_);
+}
+
+// The window has one size.
+void frmTastiera::Form_Resize()
+{
+    if (app_.children.RestoringLayout) {
+        return;
+    }
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Keyboard);
+    if (windowState == WindowState::Normal) {
+        entry.State = kWindowOpen;
+        place = Place{Left(), Top(), natural_.width, natural_.height};
+    } else if (windowState == WindowState::Minimised) {
+        entry.State = kWindowMinimised;
+    }
+}
+
+void frmTastiera::Form_MouseDown(int button)
+{
+    if (button == MouseButton::Right && DropMenu(app_.frame.mnuModifica)) {
+        app_.face.PopUpMenu(app_.frame.mnuModifica);
+    }
+}
+
+void frmTastiera::Form_MouseMove()
+{
+    Background_MouseMove(*this);
+}
+
+} // namespace velluto

@@ -1,0 +1,336 @@
+// The pointer in the four modes.
+#include "unit/support/KeyboardLink.h"
+
+#include <gtest/gtest.h>
+
+namespace velluto::test {
+namespace {
+
+// ---- Press: Click Key on, Hold Note off
+
+TEST(PressMode, PressPlaysAndReleaseEnds)
+{
+    KeyboardLink link;
+    link.Open();
+    link.Down(24);
+    EXPECT_EQ(link.Taken(), (Sent{On(60)}));
+    link.Up(24);
+    EXPECT_EQ(link.Taken(), (Sent{Off(60)}));
+    EXPECT_EQ(link.Held(), Ints{});
+}
+
+TEST(PressMode, AnyMouseButtonPlays)
+{
+    KeyboardLink link;
+    link.Open();
+    link.Form().Key[0].MouseDown(MouseButton::Right);
+    EXPECT_EQ(link.Taken(), (Sent{On(36)}));
+    link.Form().Key[0].MouseUp(MouseButton::Right);
+    EXPECT_EQ(link.Taken(), (Sent{Off(36)}));
+}
+
+TEST(PressMode, MovingMeansNothing)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.Open();
+    link.Down(24);
+    link.Taken();
+    link.Move(24, 1400);
+    link.Move(25);
+    form.Frame1.MouseMove();
+    form.Form_MouseMove();
+    EXPECT_EQ(link.Taken(), Sent{});
+    EXPECT_EQ(form.notes.CurrentNote, 60);
+}
+
+TEST(PressMode, ReleaseEndsTheReleasedKeyWhateverSounds)
+{
+    KeyboardLink link;
+    link.Open();
+    link.Up(10);
+    EXPECT_EQ(link.Taken(), (Sent{Off(46)}));
+}
+
+TEST(PressMode, APressTurnsTheMonitorOn)
+{
+    KeyboardLink link;
+    link.Open();
+    link.midi.MonitorEnabled = false;
+    link.Down(0);
+    EXPECT_TRUE(link.midi.MonitorEnabled);
+}
+
+TEST(PressMode, ThePlacesOfTheTopAndTheBottomNoteAreReached)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.Open();
+    form.HScroll1.value = 3;
+    link.Click(60);
+    EXPECT_EQ(link.Taken(), (Sent{On(108), Off(108)}));
+    form.HScroll1.value = 0;
+    link.Click(0);
+    EXPECT_EQ(link.Taken(), (Sent{On(12), Off(12)}));
+}
+
+// ---- Latch: both on
+
+TEST(LatchMode, PressLatchesAndReleaseSaysNothing)
+{
+    KeyboardLink link;
+    link.OpenLatch();
+    link.Click(24);
+    EXPECT_EQ(link.Taken(), (Sent{On(60)}));
+    EXPECT_EQ(link.Held(), (Ints{60}));
+    EXPECT_EQ(link.Dots(), (Ints{24}));
+}
+
+TEST(LatchMode, ASecondPressReleasesThatKeyOnly)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.OpenLatch();
+    link.Click(24);
+    link.Click(28);
+    link.Taken();
+    link.Click(24);
+    EXPECT_EQ(link.Taken(), (Sent{Off(60)}));
+    EXPECT_EQ(link.Held(), (Ints{64}));
+    EXPECT_EQ(link.Dots(), (Ints{28}));
+    EXPECT_EQ(form.notes.CurrentNote, 200);
+    EXPECT_FALSE(form.notes.ChordArmed);
+}
+
+TEST(LatchMode, TheTopAndTheBottomOfTheSpanCanBeLatched)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.OpenLatch();
+    form.HScroll1.value = 3;
+    link.Click(60);
+    form.HScroll1.value = 0;
+    link.Click(0);
+    EXPECT_EQ(link.Held(), (Ints{12, 108}));
+}
+
+TEST(LatchMode, MovingMeansNothing)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.OpenLatch();
+    link.Click(24);
+    link.Taken();
+    link.Move(25);
+    form.Frame1.MouseMove();
+    EXPECT_EQ(link.Taken(), Sent{});
+}
+
+// ---- Glide: both off
+
+TEST(GlideMode, APressAndAReleaseHaveNoMeaning)
+{
+    KeyboardLink link;
+    link.OpenGlide();
+    link.midi.MonitorEnabled = false;
+    link.Click(24);
+    EXPECT_EQ(link.Taken(), Sent{});
+    EXPECT_EQ(link.Dots(), Ints{});
+    EXPECT_TRUE(link.midi.MonitorEnabled);
+}
+
+TEST(GlideMode, ASweepOverTenKeysGivesTenPairsInOrder)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.OpenGlide();
+    for (int key = 0; key < 10; ++key) {
+        link.Move(key, 300);
+        link.Move(key, 310);
+    }
+    form.Frame1.MouseMove();
+    EXPECT_EQ(link.Taken(), (Sent{On(36), Off(36), On(37), Off(37), On(38), Off(38), On(39), Off(39), On(40), Off(40),
+                                  On(41), Off(41), On(42), Off(42), On(43), Off(43), On(44), Off(44), On(45), Off(45)}));
+    EXPECT_EQ(link.Dots(), Ints{});
+}
+
+TEST(GlideMode, TheLowerStripOfAWhiteKeyBeginsAt1368)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.OpenGlide();
+    form.VScroll[3].value = 20;
+    link.Taken();
+    link.Move(0, 0);
+    link.Move(0, 1367);
+    EXPECT_EQ(link.Taken(), (Sent{On(36)}));
+    link.Move(0, 1368);
+    EXPECT_EQ(link.Taken(), (Sent{Off(36, 64)})); // not the slider's velocity
+    EXPECT_EQ(form.notes.CurrentNote, 200);
+    EXPECT_EQ(link.Dots(), Ints{});
+    EXPECT_EQ(form.Text1.text.Get(), "C/Do (36)"); // and the name stays
+}
+
+TEST(GlideMode, TheLowerStripOfABlackKeyBeginsAt936)
+{
+    KeyboardLink link;
+    link.OpenGlide();
+    link.Move(1, 935);
+    link.Move(1, 935);
+    EXPECT_EQ(link.Taken(), (Sent{On(37)}));
+    link.Move(1, 936);
+    EXPECT_EQ(link.Taken(), (Sent{Off(37)}));
+}
+
+TEST(GlideMode, AKeyEnteredInItsStripSounds)
+{
+    KeyboardLink link;
+    link.OpenGlide();
+    link.Move(0, 1400);
+    EXPECT_EQ(link.Taken(), (Sent{On(36)}));
+}
+
+TEST(GlideMode, APointerThatStaysInTheStripSoundsTheKeyAtEveryOtherMove)
+{
+    KeyboardLink link;
+    link.OpenGlide();
+    for (int move = 0; move < 5; ++move) {
+        link.Move(0, 1380);
+    }
+    EXPECT_EQ(link.Taken(), (Sent{On(36), Off(36), On(36), Off(36), On(36)}));
+}
+
+TEST(GlideMode, LeavingToTheFrameOrTheWindowEndsTheNoteOnce)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.OpenGlide();
+    link.Move(24);
+    form.Frame1.MouseMove();
+    form.Frame1.MouseMove();
+    EXPECT_EQ(link.Taken(), (Sent{On(60), Off(60)}));
+    link.Move(24);
+    form.Form_MouseMove();
+    form.Form_MouseMove();
+    EXPECT_EQ(link.Taken(), (Sent{On(60), Off(60)}));
+    EXPECT_EQ(form.Text1.text.Get(), "");
+}
+
+TEST(GlideMode, WithTheHoldBoxOnTheFrameEndsNothing)
+{
+    KeyboardLink link;
+    link.record[1] = 0;
+    link.record[2] = 1; // as no hand can leave it, but a file can
+    frmTastiera &form = link.Open();
+    EXPECT_TRUE(form.CheckHoldNote.value);
+    EXPECT_FALSE(form.CheckHoldNote.enabled);
+    link.Move(24);
+    form.Frame1.MouseMove();
+    EXPECT_EQ(link.Taken(), (Sent{On(60)}));
+}
+
+// ---- Chord
+
+struct ChordLink : KeyboardLink {
+    // The notes latched by their keys on the octave of the first run, and frozen.
+    void Freeze(const Ints &chordNotes)
+    {
+        OpenLatch();
+        for (const int note : chordNotes) {
+            Click(note - 36);
+        }
+        Push(Form().CommHoldChord);
+        Taken();
+    }
+};
+
+TEST(ChordMode, FreezingSendsNothingAndDisablesTheButton)
+{
+    ChordLink link;
+    link.OpenLatch();
+    link.Click(24);
+    link.Click(28);
+    link.Taken();
+    EXPECT_TRUE(link.Push(link.Form().CommHoldChord));
+    EXPECT_EQ(link.Taken(), Sent{});
+    EXPECT_TRUE(link.Form().notes.ChordArmed);
+    EXPECT_FALSE(link.Form().CommHoldChord.enabled);
+    EXPECT_EQ(link.Chord(), (Ints{60, 64}));
+    EXPECT_EQ(link.Dots(), (Ints{24, 28}));
+}
+
+TEST(ChordMode, WithNothingLatchedThereIsNothingToFreeze)
+{
+    ChordLink link;
+    link.OpenLatch();
+    EXPECT_TRUE(link.Push(link.Form().CommHoldChord));
+    EXPECT_FALSE(link.Form().notes.ChordArmed);
+    EXPECT_TRUE(link.Form().CommHoldChord.enabled);
+    EXPECT_EQ(link.Taken(), Sent{});
+}
+
+TEST(ChordMode, TheLowestNoteLandsOnThePressedKey)
+{
+    ChordLink link;
+    link.Freeze({60, 64, 67});
+    link.Down(26); // note 62
+    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(62), On(66), On(69)}));
+    EXPECT_EQ(link.Held(), (Ints{62, 66, 69}));
+    EXPECT_EQ(link.Dots(), (Ints{26, 30, 33}));
+    EXPECT_EQ(link.Form().notes.CurrentNote, 69);
+    EXPECT_EQ(link.Form().Text1.text.Get(), "A/La (69)");
+}
+
+TEST(ChordMode, WhatFallsAbove108IsLeftOutForThatPressOnly)
+{
+    ChordLink link;
+    link.Freeze({60, 64, 67});
+    link.Form().HScroll1.value = 3; // key 0 is note 48
+    link.Taken();
+    link.Down(52); // note 100
+    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(100), On(104), On(107)}));
+    link.Down(60); // note 108
+    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(108)}));
+    EXPECT_EQ(link.Chord(), (Ints{60, 64, 67}));
+    link.Down(12); // note 60
+    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(60), On(64), On(67)}));
+}
+
+TEST(ChordMode, NotesOffScreenSoundWithoutADot)
+{
+    ChordLink link;
+    link.Freeze({60, 64});
+    link.Down(60); // note 96, and 100 off screen
+    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(96), On(100)}));
+    EXPECT_EQ(link.Dots(), (Ints{60}));
+    EXPECT_EQ(link.Held(), (Ints{96, 100}));
+}
+
+TEST(ChordMode, ReleaseIsSilent)
+{
+    ChordLink link;
+    link.Freeze({60, 64});
+    link.Click(0);
+    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(36), On(40)}));
+    EXPECT_EQ(link.Dots(), (Ints{0, 4}));
+}
+
+TEST(ChordMode, AllNotesOffEndsItAndKeepsTheOldChordUnused)
+{
+    ChordLink link;
+    link.Freeze({60, 64});
+    link.Push(link.Form().CommAllNoteOff);
+    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_FALSE(link.Form().notes.ChordArmed);
+    EXPECT_TRUE(link.Form().CommHoldChord.enabled);
+    EXPECT_EQ(link.Held(), Ints{});
+    EXPECT_EQ(link.Chord(), (Ints{60, 64}));
+    link.Click(30);
+    EXPECT_EQ(link.Taken(), (Sent{On(66)}));
+    link.Push(link.Form().CommHoldChord);
+    EXPECT_EQ(link.Chord(), (Ints{66}));
+}
+
+TEST(ChordMode, APressTurnsTheMonitorOn)
+{
+    ChordLink link;
+    link.Freeze({60});
+    link.midi.MonitorEnabled = false;
+    link.Down(0);
+    EXPECT_TRUE(link.midi.MonitorEnabled);
+}
+
+} // namespace
+} // namespace velluto::test

@@ -1,0 +1,105 @@
+// The keyboard's window over stand-ins: one open output, the settings of a first run, English. Messages are told as
+// they leave.
+#pragma once
+
+#include "keyboard/Notes.h"
+#include "keyboard/frmTastiera.h"
+#include "unit/support/MidiLink.h"
+#include "view/Gestures.h"
+
+namespace velluto::test {
+
+// Messages as the device reads them; channel 0-based.
+[[nodiscard]] inline std::uint32_t Message(std::uint32_t status, std::uint32_t first, std::uint32_t second)
+{
+    return status | first << 8U | second << 16U;
+}
+[[nodiscard]] inline std::uint32_t On(std::uint32_t note, std::uint32_t velocity = 64, std::uint32_t channel = 0)
+{
+    return Message(0x90 | channel, note, velocity);
+}
+[[nodiscard]] inline std::uint32_t Off(std::uint32_t note, std::uint32_t velocity = 64, std::uint32_t channel = 0)
+{
+    return Message(0x80 | channel, note, velocity);
+}
+[[nodiscard]] inline std::uint32_t AllOff(std::uint32_t channel = 0)
+{
+    return Message(0xB0 | channel, 123, 0);
+}
+
+struct KeyboardLink : MidiLink {
+    KeyboardState keyboard{midi};
+    std::array<std::uint8_t, 16> &record = app.settings.KeyboardRecord;
+    WindowPlacement &entry = app.settings.PlacementTable[7];
+
+    KeyboardLink() { OpenOneOut(); }
+
+    // What opening sends is forgotten.
+    frmTastiera &Open()
+    {
+        mnuTastiera_Click(keyboard);
+        devices.sent.clear();
+        return *keyboard.window;
+    }
+    frmTastiera &Form() { return *keyboard.window; }
+    void Close()
+    {
+        app.children.Unload(*keyboard.window);
+        app.children.Sweep();
+    }
+    frmTastiera &OpenGlide()
+    {
+        record[1] = 0;
+        return Open();
+    }
+    frmTastiera &OpenLatch()
+    {
+        record[2] = 1;
+        return Open();
+    }
+    void Down(int key) { Form().Key[key].MouseDown(MouseButton::Left); }
+    void Up(int key) { Form().Key[key].MouseUp(MouseButton::Left); }
+    void Move(int key, int y = 0) { Form().Key[key].MouseMove(y); }
+    void Click(int key)
+    {
+        Down(key);
+        Up(key);
+    }
+    // As a person: a disabled control stays as it is.
+    bool Push(Control &control) { return Press(control); }
+
+    // What was sent since the last call.
+    Sent Taken()
+    {
+        Sent taken;
+        taken.swap(devices.sent);
+        return taken;
+    }
+    // Keys with a dot.
+    std::vector<int> Dots()
+    {
+        std::vector<int> dots;
+        for (const PianoKey &key : Form().Key) {
+            if (key.dot) {
+                dots.push_back(key.index());
+            }
+        }
+        return dots;
+    }
+    [[nodiscard]] static std::vector<int> NotesOf(const NoteFlags &flags)
+    {
+        std::vector<int> notes;
+        for (int note = 0; note < 200; ++note) {
+            if (flags[note]) {
+                notes.push_back(note);
+            }
+        }
+        return notes;
+    }
+    [[nodiscard]] std::vector<int> Held() { return NotesOf(Form().notes.HeldNotes); }
+    [[nodiscard]] std::vector<int> Chord() { return NotesOf(Form().notes.ChordNotes); }
+};
+
+using Ints = std::vector<int>;
+
+} // namespace velluto::test
