@@ -1,5 +1,6 @@
 #include "desktop/ListView.h"
 
+#include "app/FixedText.h"
 #include "desktop/Fonts.h"
 #include "desktop/Keys.h"
 
@@ -16,6 +17,7 @@ namespace {
 
 // Between two columns the background shows, so that selected rows of neighbouring columns stay apart.
 constexpr int kColumnGap = 2;
+constexpr int kTextInset = 2; // logical pixels from a row's left edge to its first character
 
 bool IsListKey(int code)
 {
@@ -47,6 +49,10 @@ void ListView::Detach()
 
 void ListView::RowsChanged()
 {
+    longestRow_ = 0;
+    for (const std::string &row : list_->Rows()) {
+        longestRow_ = std::max(longestRow_, static_cast<int>(RightTrimmed(row).size()));
+    }
     model_->Refresh();
     updateGeometries();
     SelectionChanged();
@@ -93,6 +99,16 @@ void ListView::resizeEvent(QResizeEvent *event)
     updateGeometries();
 }
 
+// Names of items are one byte a character and one width: their columns are never so narrow that a row is cut.
+int ListView::NarrowestColumn() const
+{
+    if (list_->encoding != ListBox::Encoding::Windows1252) {
+        return 1;
+    }
+    const double letter = QFontMetricsF(font()).horizontalAdvance(QLatin1Char('A'));
+    return static_cast<int>(std::ceil(longestRow_ * letter)) + kTextInset + kColumnGap;
+}
+
 void ListView::updateGeometries()
 {
     if (list_ == nullptr) {
@@ -103,21 +119,24 @@ void ListView::updateGeometries()
     const auto columnsFor = [rows](int perColumn) { return (rows + perColumn - 1) / perColumn; };
     const int whole = contentsRect().height();
     const int perColumnWithoutBar = std::max(whole / rowHeight_, 1);
-    const bool bar = columnsFor(perColumnWithoutBar) > columns;
+    columnWidth_ = std::max({viewport()->width() / columns, NarrowestColumn(), 1});
+    const bool bar = columnsFor(perColumnWithoutBar) > columns || columnsFor(perColumnWithoutBar) * columnWidth_ > viewport()->width();
     const Qt::ScrollBarPolicy policy = bar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
     if (horizontalScrollBarPolicy() != policy) {
         setHorizontalScrollBarPolicy(policy);
     }
     const int height = viewport()->height();
     rowsPerColumn_ = std::max(height / rowHeight_, 1);
-    columnWidth_ = std::max(viewport()->width() / columns, 1);
     // What is left over of the height is shared above and below, but the rows of a tall list begin at its top.
     topInset_ = std::clamp((height - rowsPerColumn_ * rowHeight_) / 2, 0, rowHeight_ / 2);
     list_->rowsPerColumn = rowsPerColumn_;
     const int width = columnsFor(rowsPerColumn_) * columnWidth_;
     horizontalScrollBar()->setSingleStep(columnWidth_);
-    horizontalScrollBar()->setPageStep(columns * columnWidth_);
-    horizontalScrollBar()->setRange(0, bar ? std::max(width - columns * columnWidth_, 0) : 0);
+    horizontalScrollBar()->setPageStep(viewport()->width());
+    // Whole columns stand at the left edge; of one that is wider than the view the end can be seen too.
+    const int room = viewport()->width();
+    const int seen = columnWidth_ > room ? room : room / columnWidth_ * columnWidth_;
+    horizontalScrollBar()->setRange(0, bar ? std::max(width - seen, 0) : 0);
 }
 
 int ListView::horizontalOffset() const
@@ -205,7 +224,7 @@ void ListView::DrawRow(QPainter &painter, int row) const
     const QColor ink = palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text);
     painter.setPen(ink);
     painter.setClipRect(rect);
-    painter.drawText(QPoint(rect.left(), rect.top() + baseline_), model_->Text(row));
+    painter.drawText(QPoint(rect.left() + kTextInset, rect.top() + baseline_), model_->Text(row));
     // Where no row is current the keyboard starts from the first.
     if (hasFocus() && row == std::max(list_->ListIndex(), 0)) {
         QColor mark = ink;

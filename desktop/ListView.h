@@ -46,6 +46,7 @@ protected:
 
 private:
     [[nodiscard]] QRect RowRect(int row) const;
+    [[nodiscard]] int NarrowestColumn() const;
     [[nodiscard]] int RowNearest(const QPoint &point) const;
     void DrawRow(QPainter &painter, int row) const;
     void PressRow(const QMouseEvent &event, bool second);
@@ -57,6 +58,7 @@ private:
     int baseline_ = 1;
     int rowsPerColumn_ = 1;
     int columnWidth_ = 1;
+    int longestRow_ = 0; // characters, without blanks at the end
     int topInset_ = 0;
     bool dragging_ = false;
 };

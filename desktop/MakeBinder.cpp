@@ -1,11 +1,11 @@
 // Which kind of control is drawn by which widget.
 #include "desktop/Binder.h"
 #include "desktop/ElidedLabel.h"
+#include "desktop/FittedButton.h"
 #include "desktop/SimpleBinders.h"
 #include "desktop/TextBinder.h"
 
 #include <QCheckBox>
-#include <QPushButton>
 #include <QRadioButton>
 
 namespace velluto {
@@ -25,7 +25,7 @@ std::unique_ptr<Binder> MakeTextBinder(TextBox &box, QWidget *parent, EventGate 
 std::unique_ptr<Binder> MakeBinder(Control &control, QWidget *parent, EventGate &gate)
 {
     if (dynamic_cast<Button *>(&control) != nullptr) {
-        return std::make_unique<ButtonBinder>(control, gate, new QPushButton(parent));
+        return std::make_unique<ButtonBinder>(control, gate, new FittedButton(parent));
     }
     if (dynamic_cast<CheckBox *>(&control) != nullptr) {
         return std::make_unique<ButtonBinder>(control, gate, new QCheckBox(parent));

@@ -19,8 +19,8 @@ constexpr int kListLines = 9;       // natural height: rows of a column and a li
 // Twips. All buttons of a file window stand in nine columns, one for each Direct HD bank.
 constexpr int kButtonRow = 390;
 constexpr int kButtonHeight = 345;
-constexpr int kButtonMargin = 15; // left and right of a row
-constexpr int kButtonGap = 15;
+constexpr int kButtonMargin = 30; // left and right of a row
+constexpr int kButtonGap = 30;
 constexpr int kWidestButton = 1260;
 constexpr int kFileColumns = 9;
 constexpr int kStsColumn = 8; // apart from the buttons of the User banks, at the end of their row

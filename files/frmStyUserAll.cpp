@@ -10,11 +10,19 @@ namespace {
 constexpr int kLists = 3;
 constexpr int kListColumns = 2;
 constexpr int kListCharacters = 58; // natural width of a list
+constexpr int kLetterSize = 9;      // points; the three lists then have room side by side on a screen of 1280 pixels
 constexpr int kListHalfLines = 17;  // natural height: eight lines and a half
 
 // Twips.
 constexpr int kLabelHeight = 300;
 constexpr int kGap = 120;
+
+Font ListFont()
+{
+    Font font;
+    font.size = kLetterSize;
+    return font;
+}
 
 int FirstSlot(int kind)
 {
@@ -32,13 +40,14 @@ frmStyUserAll::frmStyUserAll(FilesState &files, int kind) : OverviewForm("frmSty
 {
     for (ListBox &list : List1) {
         list.columns = kListColumns;
+        list.font = ListFont();
         AddList(list, Label1[list.index()]);
     }
 }
 
 OverviewForm::Grid frmStyUserAll::NaturalGrid() const
 {
-    const Size letter = Files().app.face.MeasureA(Font{});
+    const Size letter = Files().app.face.MeasureA(ListFont());
     return {kLists, 1, {kListCharacters * letter.width, kListHalfLines * letter.height / 2}, kLabelHeight, kGap};
 }
 

@@ -1,6 +1,8 @@
 // Every control can be named by a screen reader, in the program's own windows.
 #include "desktop/Desk.h"
 #include "files/Opening.h"
+#include "files/frmPrfUserAll.h"
+#include "files/frmStyUserAll.h"
 #include "midi/frmMIDISetup.h"
 #include "midi/frmMsgEx.h"
 
@@ -38,10 +40,16 @@ protected:
 TEST_F(AccessTest, EveryControlOfEveryWindowHasAName)
 {
     ChooseMenu(app.frame.mnuPcgNuovo64);
+    ChooseMenu(app.frame.mnuStyNuovo);
+    ChooseMenu(app.frame.mnuPrfNuovo);
     ChooseMenu(app.frame.mnuMIDISetup);
     ChooseMenu(app.frame.mnuMsgEx);
+    for (const int kind : {25, 26, 27, 28}) {
+        ShowStyUserAllWindow(program.files, kind);
+    }
+    ShowPrfUserAllWindow(program.files);
     Settle();
-    ASSERT_EQ(app.children.All().size(), 3U);
+    ASSERT_EQ(app.children.All().size(), 10U);
     for (const Form *form : app.children.All()) {
         EachHasAName(Window(*form), *form);
     }

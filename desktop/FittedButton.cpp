@@ -1,0 +1,61 @@
+#include "desktop/FittedButton.h"
+
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include <algorithm>
+
+namespace velluto {
+
+namespace {
+
+// Logical pixels.
+constexpr int kClear = 3;    // on either side of the words, the edge included
+constexpr int kSmallest = 9; // smaller writing is for nobody
+
+QFont WithPixels(QFont font, int pixels)
+{
+    font.setPixelSize(pixels);
+    return font;
+}
+
+} // namespace
+
+int FittedButton::FittingPixels() const
+{
+    const QString words = text().remove(QLatin1Char('&'));
+    int pixels = QFontInfo(font()).pixelSize();
+    while (pixels > kSmallest && QFontMetrics(WithPixels(font(), pixels)).horizontalAdvance(words) > width() - 2 * kClear) {
+        --pixels;
+    }
+    return pixels;
+}
+
+QFont FittedButton::FittedFont() const
+{
+    const int own = QFontInfo(font()).pixelSize();
+    int pixels = FittingPixels();
+    if (parentWidget() != nullptr) {
+        for (const auto *other : parentWidget()->findChildren<FittedButton *>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (other->width() == width() && !other->isHidden()) {
+                pixels = std::min(pixels, other->FittingPixels());
+            }
+        }
+    }
+    return pixels == own ? font() : WithPixels(font(), pixels);
+}
+
+void FittedButton::paintEvent(QPaintEvent * /*event*/)
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    QStylePainter painter(this);
+    const QFont fitted = FittedFont();
+    painter.setFont(fitted);
+    option.fontMetrics = QFontMetrics(fitted);
+    painter.drawControl(QStyle::CE_PushButton, option);
+}
+
+} // namespace velluto
