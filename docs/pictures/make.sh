@@ -18,7 +18,7 @@ seed data "$stage/home"
 start_in_english "$root/build/dev/velluto"
 open_file samples/Full-64.pcg
 find_fifth_row
-press_user1
+press_user 1
 choose_last_output PA80:midi_in
 
 # Every window comes up in the same corner. A grip on its title takes it elsewhere.

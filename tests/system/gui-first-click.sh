@@ -18,7 +18,7 @@ seed "$here/../../data" "$stage/home"
 start_in_english "$program"
 open_file samples/Full-64.pcg
 find_fifth_row
-press_user1
+press_user 1
 choose_last_output Instrument:midi_in
 
 changing press alt+v

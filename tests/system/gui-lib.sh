@@ -226,15 +226,18 @@ find_fifth_row() {
     row_x=$((left + width / 2)) row_y=$((top + height * 3 / 4))
 }
 
-# Presses the button "User 1": the left one of the two between which the focus moves.
-press_user1() {
-    local left top width height
+# press_user NUMBER...: presses the buttons "User 1", "User 2" and so on of a file's window, whose list has the keyboard. The
+# first two of them are where the focus moves to.
+press_user() {
+    local left top width height number
     changing press Tab
     cp "$stage/now.ppm" "$stage/user1.ppm"
     changing press Tab
     read -r left top width height < <(changed_box "$stage/user1.ppm" "$stage/now.ppm")
     [ "$width" -gt 100 ] || fail "no buttons seen at $left $top $width $height"
-    changing click $((left + width / 5)) $((top + height / 2))
+    for number in "$@"; do
+        changing click $((left + width / 5 + (number - 1) * width / 2)) $((top + height / 2))
+    done
 }
 
 # Chooses the last MIDI output, which is the instrument: the built-in synthesizer and the machine's own ports come before it.

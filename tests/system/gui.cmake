@@ -3,7 +3,10 @@ pkg_check_modules(JACK REQUIRED IMPORTED_TARGET jack)
 add_executable(jack-instrument JackInstrument.cpp)
 target_link_libraries(jack-instrument PRIVATE velluto_warnings PkgConfig::JACK)
 
-add_test(NAME system.gui_first_click
-         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/gui-first-click.sh $<TARGET_FILE:velluto> $<TARGET_FILE:jack-instrument>
-                 ${CMAKE_CURRENT_BINARY_DIR})
-set_tests_properties(system.gui_first_click PROPERTIES RESOURCE_LOCK jack TIMEOUT 120)
+foreach(name first-click style-banks)
+    string(REPLACE - _ test ${name})
+    add_test(NAME system.gui_${test}
+             COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/gui-${name}.sh $<TARGET_FILE:velluto> $<TARGET_FILE:jack-instrument>
+                     ${CMAKE_CURRENT_BINARY_DIR})
+    set_tests_properties(system.gui_${test} PROPERTIES RESOURCE_LOCK jack TIMEOUT 120)
+endforeach()
