@@ -42,6 +42,9 @@ public:
     // Opens for reading and writing; a missing file is created empty. Anything but a regular file is error 75.
     // The path is the platform's own, in UTF-8.
     virtual RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) = 0;
+    // Opens for reading alone, so that a file which may not be written will do. A missing file is error 53, and stays
+    // missing; anything but a regular file is error 75.
+    virtual RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) = 0;
     virtual RuntimeError Delete(const std::string &path) = 0;
     // The process's current directory, without a separator at its end (but "/" for the root).
     virtual std::string CurrentFolder() = 0;

@@ -111,24 +111,21 @@ private:
     int descriptor_;
 };
 
-} // namespace
-
-PosixFiles::PosixFiles()
-{
-    // A write beyond the limit on file sizes is to fail with its error and not to end the program.
-    std::signal(SIGXFSZ, SIG_IGN);
-}
-
-RuntimeError PosixFiles::Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+// How a file is opened: flags say for what.
+RuntimeError OpenWith(int flags, const std::string &path, std::unique_ptr<RandomAccessFile> &file)
 {
     if (!IsWellFormed(path)) {
         return {FileError::kPathNotFound};
     }
     // Not blocking, so that a pipe or a device of that name answers at once and is then refused.
-    const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
+    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
     if (descriptor < 0) {
         const int code = errno;
-        return code == ENXIO && IsSocket(path) ? RuntimeError{FileError::kPathFileAccess} : FromErrno(code);
+        if (code == ENXIO && IsSocket(path)) {
+            return {FileError::kPathFileAccess};
+        }
+        // Where nothing is to be made, what is not there is the file.
+        return code == ENOENT && (flags & O_CREAT) == 0 ? RuntimeError{FileError::kFileNotFound} : FromErrno(code);
     }
     auto opened = std::make_unique<PosixFile>(descriptor);
     struct stat about {};
@@ -140,6 +137,24 @@ RuntimeError PosixFiles::Open(const std::string &path, std::unique_ptr<RandomAcc
     }
     file = std::move(opened);
     return {};
+}
+
+} // namespace
+
+PosixFiles::PosixFiles()
+{
+    // A write beyond the limit on file sizes is to fail with its error and not to end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+RuntimeError PosixFiles::Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+{
+    return OpenWith(O_RDWR | O_CREAT, path, file);
+}
+
+RuntimeError PosixFiles::OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+{
+    return OpenWith(O_RDONLY, path, file);
 }
 
 RuntimeError PosixFiles::Delete(const std::string &path)

@@ -9,6 +9,7 @@ class PosixFiles : public FileStore {
 public:
     PosixFiles();
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
+    RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError Delete(const std::string &path) override;
     std::string CurrentFolder() override;
 };

@@ -62,11 +62,21 @@ RuntimeError FaultyFiles::Take(FileFault::Operation operation, const std::string
 
 RuntimeError FaultyFiles::Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
 {
+    return OpenBy(&FileStore::Open, path, file);
+}
+
+RuntimeError FaultyFiles::OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+{
+    return OpenBy(&FileStore::OpenToRead, path, file);
+}
+
+RuntimeError FaultyFiles::OpenBy(Opens opens, const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+{
     if (const RuntimeError error = Take(FileFault::Operation::Open, path); error.Failed()) {
         return error;
     }
     std::unique_ptr<RandomAccessFile> opened;
-    const RuntimeError error = behind_.Open(path, opened);
+    const RuntimeError error = (behind_.*opens)(path, opened);
     if (!error.Failed()) {
         file = std::make_unique<FaultyFile>(*this, path, std::move(opened));
     }

@@ -25,6 +25,7 @@ public:
     std::vector<std::string> calls; // every operation on a path: "open /a/b"
 
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
+    RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError Delete(const std::string &path) override;
     std::string CurrentFolder() override { return behind_.CurrentFolder(); }
 
@@ -32,6 +33,9 @@ public:
     RuntimeError Take(FileFault::Operation operation, const std::string &path);
 
 private:
+    using Opens = RuntimeError (FileStore::*)(const std::string &, std::unique_ptr<RandomAccessFile> &);
+    RuntimeError OpenBy(Opens opens, const std::string &path, std::unique_ptr<RandomAccessFile> &file);
+
     FileStore &behind_;
 };
 

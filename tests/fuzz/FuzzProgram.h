@@ -60,6 +60,15 @@ public:
         file = std::make_unique<MemoryFile>(files[path]);
         return {};
     }
+    RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override
+    {
+        const auto found = files.find(path);
+        if (found == files.end()) {
+            return {FileError::kFileNotFound};
+        }
+        file = std::make_unique<MemoryFile>(found->second);
+        return {};
+    }
     RuntimeError Delete(const std::string &path) override { return {files.erase(path) == 1 ? 0 : FileError::kFileNotFound}; }
     std::string CurrentFolder() override { return "/home"; }
 };

@@ -230,6 +230,33 @@ TEST_F(PosixFilesTest, TheFileSizeLimitIsDiskFull)
     EXPECT_EQ(number, 61);
 }
 
+TEST_F(PosixFilesTest, OpenedToReadAFileNeedsNoRightToWriteAndTakesNoByte)
+{
+    WriteBytes(folder_.At("a"), {1, 2, 3});
+    ::chmod(folder_.At("a").c_str(), 0444);
+    ASSERT_EQ(files_.OpenToRead(folder_.At("a"), file_).number, 0);
+    Bytes read(3);
+    std::size_t got = 0;
+    EXPECT_FALSE(file_->Read(0, read, got).Failed());
+    EXPECT_EQ(read, (Bytes{1, 2, 3}));
+    EXPECT_TRUE(file_->Write(0, Bytes{9}).Failed());
+    EXPECT_EQ(ReadBytes(folder_.At("a")), (Bytes{1, 2, 3}));
+}
+
+TEST_F(PosixFilesTest, OpenedToReadAMissingFileIsFileNotFoundAndStaysMissing)
+{
+    EXPECT_EQ(files_.OpenToRead(folder_.At("a"), file_).number, FileError::kFileNotFound);
+    EXPECT_FALSE(std::filesystem::exists(folder_.At("a")));
+    EXPECT_EQ(files_.OpenToRead("", file_).number, FileError::kPathNotFound);
+}
+
+TEST_F(PosixFilesTest, OpenedToReadAFolderAndAPipeArePathFileAccess)
+{
+    EXPECT_EQ(files_.OpenToRead(folder_.Path(), file_).number, FileError::kPathFileAccess);
+    ASSERT_EQ(::mkfifo(folder_.At("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(files_.OpenToRead(folder_.At("pipe"), file_).number, FileError::kPathFileAccess);
+}
+
 TEST_F(PosixFilesTest, DeleteTakesAFileAwayAndTellsAMissingOne)
 {
     WriteBytes(folder_.At("a"), {1});

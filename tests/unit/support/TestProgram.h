@@ -59,6 +59,10 @@ class FilesFrom : public FileStore {
 public:
     explicit FilesFrom(std::string folder) : folder_(std::move(folder)) {}
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override { return files_.Open(path, file); }
+    RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override
+    {
+        return files_.OpenToRead(path, file);
+    }
     RuntimeError Delete(const std::string &path) override { return files_.Delete(path); }
     std::string CurrentFolder() override { return folder_; }
 
