@@ -1,15 +1,16 @@
 #include "app/Characters.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 
 namespace velluto {
 
 namespace {
 
 constexpr std::uint8_t kFirstNotAscii = 0x80;
+constexpr char32_t kBytes = 0x100;
 
 // The characters of 0x80 to 0x9F; from 0xA0 on a byte is the number of its character.
 constexpr std::array<char32_t, 32> kWindowsOnly = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -81,6 +82,16 @@ std::u32string CharactersOfBytes(std::string_view bytes)
         characters += byte >= kFirstNotAscii && inTable < kWindowsOnly.size() ? kWindowsOnly.at(inTable) : char32_t{byte};
     }
     return characters;
+}
+
+std::optional<char> ByteOfCharacter(char32_t character)
+{
+    const auto *const found = std::ranges::find(kWindowsOnly, character);
+    if (found != kWindowsOnly.end()) {
+        return static_cast<char>(kFirstNotAscii + (found - kWindowsOnly.begin()));
+    }
+    const bool ofTheTable = character >= kFirstNotAscii && character < kFirstNotAscii + kWindowsOnly.size();
+    return character < kBytes && !ofTheTable ? std::optional(static_cast<char>(character)) : std::nullopt;
 }
 
 std::u32string CharactersOfText(std::string_view text)

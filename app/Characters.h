@@ -1,7 +1,8 @@
 // Texts as characters, one element each, where columns count: UTF-8 texts and the single bytes of instrument files side
-// by side. Used by the listings.
+// by side. Used by the listings, the guide and the notebook.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,8 @@ namespace velluto {
 
 // The characters of Windows-1252 bytes. The five bytes that have none become the control character of their number.
 [[nodiscard]] std::u32string CharactersOfBytes(std::string_view bytes);
+// The byte that stands for the character, nothing where Windows-1252 has none: CharactersOfBytes the other way.
+[[nodiscard]] std::optional<char> ByteOfCharacter(char32_t character);
 // The characters of UTF-8; a text that is no UTF-8 is taken as Windows-1252 bytes.
 [[nodiscard]] std::u32string CharactersOfText(std::string_view text);
 // The other way.

@@ -1,10 +1,27 @@
 #include "desktop/FormSurface.h"
 
 #include "desktop/Keys.h"
+#include "view/Gestures.h"
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 
 namespace velluto {
+
+namespace {
+
+Button *FindAnswering(const Form &form, bool toReturn)
+{
+    for (Control *control : form.controls()) {
+        auto *button = dynamic_cast<Button *>(control);
+        if (button != nullptr && (toReturn ? button->answersReturn : button->answersEscape)) {
+            return button;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
 
 FormSurface::FormSurface(Form &form, EventGate &gate, QWidget *parent) : QWidget(parent), form_(&form), gate_(gate)
 {
@@ -30,6 +47,21 @@ void FormSurface::Detach()
 {
     form_ = nullptr;
     binders_.clear();
+}
+
+// Keys that no control has taken.
+void FormSurface::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isEscape = event->key() == Qt::Key_Escape;
+    Button *answering = form_ != nullptr && (isReturn || isEscape) ? FindAnswering(*form_, isReturn) : nullptr;
+    if (answering == nullptr) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    const EventGate::Pass pass(gate_);
+    Press(*answering);
 }
 
 void FormSurface::mousePressEvent(QMouseEvent *event)

@@ -45,6 +45,9 @@ std::unique_ptr<Binder> MakeBinder(Control &control, QWidget *parent, EventGate 
     if (auto *text = dynamic_cast<TextBox *>(&control)) {
         return MakeTextBinder(*text, parent, gate);
     }
+    if (auto *emblem = dynamic_cast<Emblem *>(&control)) {
+        return std::make_unique<EmblemBinder>(*emblem, gate, parent);
+    }
     if (auto *picture = dynamic_cast<Picture *>(&control)) {
         return std::make_unique<PictureBinder>(*picture, gate, new QFrame(parent));
     }

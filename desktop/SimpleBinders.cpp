@@ -1,9 +1,11 @@
 #include "desktop/SimpleBinders.h"
 
+#include "desktop/Icon.h"
 #include "desktop/Keys.h"
 #include "desktop/Words.h"
 
 #include <QMouseEvent>
+#include <QPainter>
 
 namespace velluto {
 
@@ -17,6 +19,19 @@ void TellMousePress(Control &control, EventGate &gate, const QEvent &event)
         control.MouseDown(ButtonCode(static_cast<const QMouseEvent &>(event).button()));
     }
 }
+
+// Draws the program's picture anew at whatever size and resolution it has.
+class EmblemView : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QPainter painter(this);
+        ProgramIcon().paint(&painter, rect());
+    }
+};
 
 } // namespace
 
@@ -64,9 +79,11 @@ LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(
 void LabelBinder::Show(Aspect aspect)
 {
     if (aspect == Aspect::Caption) {
-        drawn_->setText(WithAccessKey(control().caption.Get()));
+        drawn_->setText(ToLines(WithAccessKey(control().caption.Get())));
     }
 }
+
+EmblemBinder::EmblemBinder(Emblem &emblem, EventGate &gate, QWidget *parent) : Binder(emblem, gate, new EmblemView(parent)) {}
 
 PictureBinder::PictureBinder(Picture &picture, EventGate &gate, QFrame *box) : Binder(picture, gate, box)
 {

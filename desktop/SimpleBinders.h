@@ -1,4 +1,4 @@
-// The binders of the plain controls: button, check box, option, label, picture, combo box, list, timer.
+// The binders of the plain controls: button, check box, option, label, emblem, picture, combo box, list, timer.
 #pragma once
 
 #include "desktop/Binder.h"
@@ -39,6 +39,14 @@ protected:
 private:
     QLabel *drawn_;
     WidgetEvents *events_;
+};
+
+class EmblemBinder : public Binder {
+public:
+    EmblemBinder(Emblem &emblem, EventGate &gate, QWidget *parent);
+
+protected:
+    void Show(Aspect /*aspect*/) override {}
 };
 
 class PictureBinder : public Binder {

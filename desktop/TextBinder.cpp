@@ -7,11 +7,18 @@
 #include <QContextMenuEvent>
 #include <QMetaObject>
 #include <QPointer>
+#include <QScrollBar>
 #include <QSignalBlocker>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include <algorithm>
 
 namespace velluto {
 
 namespace {
+
+constexpr int kTabColumns = 8;
 
 bool IsEditingShortcut(const QKeyEvent &event)
 {
@@ -20,6 +27,16 @@ bool IsEditingShortcut(const QKeyEvent &event)
     }
     return event.key() == Qt::Key_C || event.key() == Qt::Key_V || event.key() == Qt::Key_Z || event.key() == Qt::Key_A ||
            event.key() == Qt::Key_X;
+}
+
+// The text as the program is told of it, every character as it was typed: Qt's own plain text makes ordinary blanks of
+// those that do not break.
+QString TextOf(const QPlainTextEdit &edit)
+{
+    QString text = edit.document()->toRawText();
+    std::ranges::replace_if(
+        text, [](QChar c) { return c == QChar::ParagraphSeparator || c == QChar::LineSeparator; }, QLatin1Char('\n'));
+    return text;
 }
 
 } // namespace
@@ -139,11 +156,11 @@ MultiLineBinder::MultiLineBinder(TextBox &box, EventGate &gate, QPlainTextEdit *
     : TextBinder(box, gate, edit, edit->viewport()), edit_(edit)
 {
     edit->setReadOnly(box.readOnly);
-    edit->setTabChangesFocus(true);
-    QObject::connect(edit, &QPlainTextEdit::textChanged, receiver(),
-                     [this] { TakeText(edit_->toPlainText(), edit_->textCursor().position()); });
+    edit->setTabChangesFocus(!box.takesTabs);
+    edit->setTabStopDistance(kTabColumns * CellWidth(edit->font()));
+    QObject::connect(edit, &QPlainTextEdit::textChanged, receiver(), [this] { TakeText(TextOf(*edit_), edit_->textCursor().position()); });
     QObject::connect(edit, &QPlainTextEdit::cursorPositionChanged, receiver(),
-                     [this] { TakeCaret(edit_->toPlainText(), edit_->textCursor().position()); });
+                     [this] { TakeCaret(TextOf(*edit_), edit_->textCursor().position()); });
 }
 
 void MultiLineBinder::Show(Aspect aspect)
@@ -169,6 +186,8 @@ void MultiLineBinder::Show(Aspect aspect)
             cursor.setPosition(std::min(position, edit_->document()->characterCount() - 1));
             edit_->setTextCursor(cursor);
         }
+    } else if (aspect == Aspect::Top && !stale_) {
+        ScrollToTop(ToEditorPosition(box().text.Get(), box().AskedAtTop()));
     }
 }
 
@@ -176,9 +195,46 @@ void MultiLineBinder::ShowText()
 {
     stale_ = false;
     const QString text = ToEditorText(box().text.Get());
-    if (edit_->toPlainText() != text) {
-        const QSignalBlocker quiet(edit_);
+    const QString drawn = TextOf(*edit_);
+    if (drawn == text) {
+        return;
+    }
+    const QSignalBlocker quiet(edit_);
+    if (drawn.isEmpty() || box().readOnly) {
         edit_->setPlainText(text);
+    } else {
+        Correct(drawn, text);
+    }
+}
+
+// Changes only what differs, as a part of what the user did last: one Undo takes back both, and the rest of what can be
+// undone stays.
+void MultiLineBinder::Correct(const QString &drawn, const QString &text)
+{
+    const auto shorter = static_cast<int>(std::min(drawn.size(), text.size()));
+    int same = 0;
+    while (same < shorter && drawn[same] == text[same]) {
+        ++same;
+    }
+    int sameAtEnd = 0;
+    while (sameAtEnd < shorter - same && drawn[drawn.size() - 1 - sameAtEnd] == text[text.size() - 1 - sameAtEnd]) {
+        ++sameAtEnd;
+    }
+    QTextCursor cursor(edit_->document());
+    cursor.setPosition(same);
+    cursor.setPosition(static_cast<int>(drawn.size()) - sameAtEnd, QTextCursor::KeepAnchor);
+    cursor.joinPreviousEditBlock();
+    cursor.insertText(text.mid(same, text.size() - sameAtEnd - same));
+    cursor.endEditBlock();
+}
+
+// The scroll bar counts lines as they are drawn, so that a long line that is broken counts for several.
+void MultiLineBinder::ScrollToTop(int position)
+{
+    const QTextBlock block = edit_->document()->findBlock(position);
+    if (block.isValid()) {
+        const int inBlock = block.layout()->lineForTextPosition(position - block.position()).lineNumber();
+        edit_->verticalScrollBar()->setValue(block.firstLineNumber() + std::max(inBlock, 0));
     }
 }
 

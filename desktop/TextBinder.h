@@ -55,6 +55,8 @@ protected:
 
 private:
     void ShowText();
+    void Correct(const QString &drawn, const QString &text);
+    void ScrollToTop(int position);
 
     QPlainTextEdit *edit_;
     bool stale_ = false; // the text is to be drawn when the handler at work has ended

@@ -74,9 +74,14 @@ QString AsTitle(std::string_view text)
     return FromUtf8(text).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 }
 
+QString ToLines(QString text)
+{
+    return text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
 QString ToEditorText(std::string_view text)
 {
-    return FromUtf8(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return ToLines(FromUtf8(text));
 }
 
 std::string FromEditorText(const QString &text)

@@ -24,6 +24,8 @@ namespace velluto {
 // A window title: Qt would take "[*]" for a mark of its own.
 [[nodiscard]] QString AsTitle(std::string_view text);
 
+// The text with Qt's line ends, a newline, in place of the program's CR LF.
+[[nodiscard]] QString ToLines(QString text);
 // Text boxes: the program's lines end in CR LF, Qt's in a newline.
 [[nodiscard]] QString ToEditorText(std::string_view text);
 [[nodiscard]] std::string FromEditorText(const QString &text);

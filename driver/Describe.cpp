@@ -86,7 +86,7 @@ Json DescribeControl(const Control &control)
         PutScrollBar(json, *bar);
     } else if (const auto *key = dynamic_cast<const PianoKey *>(&control)) {
         PutKey(json, *key);
-    } else if (dynamic_cast<const Picture *>(&control) == nullptr) {
+    } else if (dynamic_cast<const Picture *>(&control) == nullptr && dynamic_cast<const Emblem *>(&control) == nullptr) {
         PutCaption(json, control);
     }
     if (const auto *box = dynamic_cast<const CheckBox *>(&control)) {

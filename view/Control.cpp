@@ -66,6 +66,12 @@ void ScrollBar::RaiseEvent(Aspect aspect)
     }
 }
 
+void TextBox::ShowAtTop(int characters)
+{
+    askedAtTop_ = characters;
+    Changed(Aspect::Top); // asked anew each time: the user may have scrolled away
+}
+
 void TextBox::RaiseEvent(Aspect aspect)
 {
     if (aspect == Aspect::Text) {

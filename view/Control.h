@@ -89,6 +89,12 @@ public:
     Handler DblClick;
 };
 
+// The program's own picture, as large as its place. Faces know how to draw it.
+class Emblem : public Control {
+public:
+    Emblem(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+};
+
 // A bordered box that only holds other controls, as a status bar does.
 class Picture : public Control {
 public:
@@ -105,6 +111,8 @@ public:
 class Button : public Control {
 public:
     Button(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    bool answersReturn = false; // pressed by that key wherever the focus is in its form
+    bool answersEscape = false;
     Handler Click;
 };
 
@@ -220,15 +228,23 @@ public:
     TextBox(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
     bool multiLine = false;
     bool readOnly = false;
+    bool takesTabs = false; // the Tab key writes a tab in place of going to the next control
     Font font;
     Property<std::string> text{*this, Aspect::Text}; // UTF-8, lines end in CR LF
     Property<int> caret{*this, Aspect::Caret};       // characters before the caret
+    // Asks for the line with that many characters before it at the top of the view, or as near to it as the end of the
+    // text allows.
+    void ShowAtTop(int characters);
+    [[nodiscard]] int AskedAtTop() const { return askedAtTop_; }
     Handler Change;
     Handler DblClick;
     KeyHandler KeyDown;
 
 protected:
     void RaiseEvent(Aspect aspect) override;
+
+private:
+    int askedAtTop_ = 0;
 };
 
 // Fires while the form is open and enabled is true. The face owns the clock that drives it.

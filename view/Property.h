@@ -7,7 +7,24 @@
 namespace velluto {
 
 // What of a control or a form has changed. A face repaints by aspect.
-enum class Aspect { Caption, Text, Caret, Rows, Selection, Current, Value, Range, Enabled, Visible, Checked, Color, Place, State, ToolTip };
+enum class Aspect {
+    Caption,
+    Text,
+    Caret,
+    Top,
+    Rows,
+    Selection,
+    Current,
+    Value,
+    Range,
+    Enabled,
+    Visible,
+    Checked,
+    Color,
+    Place,
+    State,
+    ToolTip
+};
 
 class PropertyOwner {
 public:

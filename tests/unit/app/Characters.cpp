@@ -21,6 +21,23 @@ TEST(Characters, BytesWithoutACharacterBecomeTheControlCharacterOfTheirNumber)
     EXPECT_EQ(CharactersOfBytes("\x81\x8D\x8F\x90\x9D"), expected);
 }
 
+TEST(Characters, EveryByteIsTheByteOfItsOwnCharacter)
+{
+    for (int number = 0; number < 256; ++number) {
+        const std::string byte(1, static_cast<char>(number));
+        EXPECT_EQ(ByteOfCharacter(CharactersOfBytes(byte).front()), byte.front()) << number;
+    }
+}
+
+TEST(Characters, ACharacterWithoutAByteHasNone)
+{
+    EXPECT_EQ(ByteOfCharacter(U'€'), '\x80');
+    EXPECT_EQ(ByteOfCharacter(U'\u0080'), std::nullopt);
+    EXPECT_EQ(ByteOfCharacter(U'\u0100'), std::nullopt);
+    EXPECT_EQ(ByteOfCharacter(U'≤'), std::nullopt);
+    EXPECT_EQ(ByteOfCharacter(U'𝄞'), std::nullopt);
+}
+
 TEST(Characters, Utf8OfEveryLengthIsOneCharacterEach)
 {
     EXPECT_EQ(CharactersOfText("aé€𝄞"), U"aé€𝄞");
