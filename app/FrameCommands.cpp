@@ -16,6 +16,9 @@
 #include "files/WindowTitle.h"
 #include "midi/frmMIDISetup.h"
 #include "midi/frmMsgEx.h"
+#include "notes/frmAbout.h"
+#include "notes/frmBloccoNote.h"
+#include "notes/frmGuida.h"
 
 namespace velluto {
 
@@ -200,6 +203,15 @@ void AttachPreferences(Velluto &program)
     menu.mnuVisBarraStato.Click = [&menu] { mnuVisBarraStato_Click(menu); };
 }
 
+void AttachNotes(Velluto &program)
+{
+    frmMain &menu = program.app.frame;
+    NotesState &notes = program.notes;
+    menu.mnuBloccoNote.Click = [&notes] { mnuBloccoNote_Click(notes); };
+    menu.mnuGuida.Click = [&notes] { mnuGuida_Click(notes); };
+    menu.mnuInfo.Click = [&notes] { mnuInfo_Click(notes); };
+}
+
 void AttachWindowMenu(Modulo1 &app)
 {
     constexpr int kCascade = 0;
@@ -220,6 +232,7 @@ void AttachHandlers(Velluto &program)
     AttachEditMenu(program);
     AttachViewMenu(program);
     AttachPreferences(program);
+    AttachNotes(program);
     AttachWindowMenu(program.app);
 }
 

@@ -57,6 +57,9 @@ namespace PlacementEntry {
 inline constexpr int Frame = 0;
 inline constexpr int Keyboard = 7;
 inline constexpr int Monitor = 8;
+inline constexpr int Guide = 10;
+inline constexpr int Notebook = 11;
+inline constexpr int About = 12;
 inline constexpr int ChannelSetup = 28;
 } // namespace PlacementEntry
 

@@ -7,6 +7,7 @@
 #include "files/Files.h"
 #include "keyboard/KeyboardState.h"
 #include "midi/MIDI.h"
+#include "notes/Notes.h"
 
 namespace velluto {
 
@@ -19,6 +20,7 @@ struct Velluto {
     FilesState files;
     RecallState recall;
     KeyboardState keyboard;
+    NotesState notes;
 };
 
 // The entry routine: paths, settings, device survey, frame. False where the program ends without a window.

@@ -195,6 +195,16 @@ Json TableOfNotes(Velluto &program)
 {
     return FromElement((Notes(program).*Member).Bytes(), 0);
 }
+template <auto Member>
+Json OfHelp(Velluto &program)
+{
+    return ToJson(program.notes.*Member);
+}
+template <auto Member>
+Json BytesOfHelp(Velluto &program)
+{
+    return Utf8FromWindows1252(program.notes.*Member);
+}
 Json LinguaBase(Velluto &program)
 {
     return ToJson(program.app.messages.LinguaBase);
@@ -308,6 +318,9 @@ constexpr auto kNamed = std::to_array<NamedValue>({
     {"RecentKind", OfFiles<&FilesState::RecentKind>},
     {"PcgTable", TableOfRecall<&FactoryTables::PcgTable>, 1},
     {"StyTable", TableOfRecall<&FactoryTables::StyTable>, 1},
+    {"GuideText", BytesOfHelp<&NotesState::GuideText>},
+    {"GuideLength", OfHelp<&NotesState::GuideLength>},
+    {"NotebookText", BytesOfHelp<&NotesState::NotebookText>},
 });
 
 } // namespace

@@ -1,0 +1,188 @@
+#include "notes/frmBloccoNote.h"
+
+#include "app/Catalogue.h"
+#include "app/Characters.h"
+#include "app/StoredPlace.h"
+#include "files/ErrorTrap.h"
+#include "notes/NotebookText.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace velluto {
+
+namespace {
+
+constexpr Font kNotebookFont{"Courier New", 10, 400};
+constexpr std::uint8_t kClosed = 0;
+constexpr std::uint8_t kNormal = 1;
+constexpr std::uint8_t kMinimised = 2;
+
+// Twips.
+constexpr std::uint16_t kNaturalWidth = 12000;
+constexpr std::uint16_t kNaturalHeight = 9000;
+constexpr int kMargin = 60;
+constexpr int kLineHeight = 300; // of the line below the text
+
+// The words of the line below the text, "_" for what varies.
+struct Words {
+    std::string_view refused;
+    std::string_view full;
+    std::string_view tooLong;
+    std::string_view use;
+};
+constexpr Words kItalian{"Il blocco note non può contenere il carattere «_»", "Il blocco note è pieno: contiene 32000 caratteri",
+                         "Il testo è troppo lungo per essere modificato qui", "_ caratteri su 32000"};
+constexpr Words kEnglish{"The notebook cannot hold the character \"_\"", "The notebook is full: it holds 32000 characters",
+                         "The text is too long to be edited here", "_ of 32000 characters"};
+
+const Words &WordsOf(const Modulo1 &app)
+{
+    return app.messages.LinguaBase == 0 ? kItalian : kEnglish;
+}
+
+std::string Filled(std::string_view words, std::string_view insert)
+{
+    std::string text(words);
+    return text.replace(text.find('_'), 1, insert);
+}
+
+} // namespace
+
+frmBloccoNote::frmBloccoNote(NotesState &notes) : Form("frmBloccoNote"), notes_(notes), app_(notes.app)
+{
+    Text1.multiLine = true;
+    Text1.takesTabs = true;
+    Text1.font = kNotebookFont;
+    Text1.Change = [this] { Text1_Change(); };
+}
+
+void frmBloccoNote::LayOut()
+{
+    const int width = std::max(ScaleWidth() - 2 * kMargin, 0);
+    const int height = std::max(ScaleHeight() - kMargin - kLineHeight, 0);
+    Text1.place = Place{kMargin, kMargin, width, height};
+    lblStato.place = Place{kMargin, kMargin + height, width, kLineHeight};
+}
+
+void frmBloccoNote::Form_Load()
+{
+    app_.children.RestoringLayout = true;
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Notebook);
+    if (entry.MinWidth == 0) {
+        entry.Top = 0;
+        entry.Left = 0;
+        entry.Width = kNaturalWidth;
+        entry.MinWidth = kNaturalWidth;
+        entry.Height = kNaturalHeight;
+        entry.MinHeight = kNaturalHeight;
+    }
+    place = Place{entry.Left, entry.Top, entry.Width, entry.Height};
+    entry.State = kNormal;
+    Tag = ToolTag(ViewKind::Notebook);
+    app_.frame.mnuBloccoNote.enabled = false;
+    const std::string title = app_.messages.Text(TextId::Notebook);
+    caption = std::string(kProgramTitle) + " - " + title;
+    Text1.accessibleName = title;
+    LayOut();
+
+    const ShownNotebook shown = ShowNotebook(notes_.NotebookText);
+    if (shown.isWhole) {
+        Text1.text = shown.text;
+        TellUse(CharactersOfText(shown.text).size());
+    } else {
+        Text1.readOnly = true;
+        Text1.Change = nullptr;
+        Text1.text = shown.text;
+        lblStato.caption = std::string(WordsOf(app_).tooLong);
+    }
+    app_.children.RestoringLayout = false;
+    ++app_.children.ChildCount;
+}
+
+// Written at every close, changed or not. Where that fails the text stays in its window, so that it can be saved in
+// another way; closed once more without a change it is given up, since a program has to come to its end.
+bool frmBloccoNote::Form_QueryUnload()
+{
+    app_.CurrentOperation = app_.messages.Text(TextId::Saving) + FileNameOf(app_.paths.NotebookPath);
+    const bool written =
+        Trapped([this] { return WriteNotebook(app_.ports.files, app_.paths.NotebookPath, notes_.NotebookText); }, ClassifyingJudge{app_});
+    const bool givenUp = notWritten_;
+    notWritten_ = !written;
+    return written || givenUp;
+}
+
+void frmBloccoNote::Form_Unload()
+{
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Notebook);
+    StorePosition(entry, *this);
+    StoreSize(entry, *this);
+    if (!app_.children.ClosingAll) {
+        entry.State = kClosed;
+    }
+    app_.frame.mnuBloccoNote.enabled = true;
+    --app_.children.ChildCount;
+    notes_.NotebookText.clear();
+    RefreshAfterClose(app_);
+    app_.children.Bury(std::move(notes_.notebook));
+}
+
+void frmBloccoNote::Form_Activate()
+{
+    RefreshWindowMenu(app_);
+}
+
+void frmBloccoNote::Form_Resize()
+{
+    if (app_.children.RestoringLayout) {
+        return;
+    }
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Notebook);
+    const int leastWidth = entry.MinWidth;
+    const int leastHeight = entry.MinHeight;
+    place = Place{Left(), Top(), std::max(Width(), leastWidth), std::max(Height(), leastHeight)};
+    LayOut();
+    StorePosition(entry, *this);
+    StoreSize(entry, *this);
+    if (windowState == WindowState::Normal) {
+        entry.State = kNormal;
+    } else if (windowState == WindowState::Minimised) {
+        entry.State = kMinimised;
+    }
+}
+
+void frmBloccoNote::TellUse(std::size_t characters)
+{
+    lblStato.caption = Filled(WordsOf(app_).use, std::to_string(characters));
+}
+
+void frmBloccoNote::Text1_Change()
+{
+    const TakenText taken = TakeText(CharactersOfText(Text1.text.Get()), Text1.caret);
+    if (taken.IsWhole()) {
+        notes_.NotebookText = NotebookRecord(taken.text);
+        notWritten_ = false;
+        TellUse(taken.text.size());
+        return;
+    }
+    // The write of the text that is left comes back here.
+    Text1.caret = taken.caret;
+    Text1.text = Utf8Of(taken.text);
+    const Words &words = WordsOf(app_);
+    lblStato.caption = taken.refused != 0 ? Filled(words.refused, Utf8Of({&taken.refused, 1})) : std::string(words.full);
+}
+
+void mnuBloccoNote_Click(NotesState &notes)
+{
+    Modulo1 &app = notes.app;
+    if (notes.notebook == nullptr) {
+        app.CurrentOperation = app.messages.Text(TextId::Opening) + FileNameOf(app.paths.NotebookPath);
+        if (!Trapped([&] { return ReadNotebook(app.ports.files, app.paths.NotebookPath, notes.NotebookText); }, ClassifyingJudge{app})) {
+            return;
+        }
+        notes.notebook = std::make_unique<frmBloccoNote>(notes);
+    }
+    app.children.Show(*notes.notebook);
+}
+
+} // namespace velluto

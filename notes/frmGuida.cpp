@@ -1,0 +1,151 @@
+#include "notes/frmGuida.h"
+
+#include "app/Catalogue.h"
+#include "app/Characters.h"
+#include "app/StoredPlace.h"
+#include "files/ErrorTrap.h"
+#include "notes/GuideText.h"
+
+#include <algorithm>
+
+namespace velluto {
+
+namespace {
+
+constexpr Font kGuideFont{"courier new", 10, 400};
+constexpr std::uint8_t kItalian = 1;
+constexpr std::uint8_t kClosed = 0;
+constexpr std::uint8_t kNormal = 1;
+constexpr std::uint8_t kMinimised = 2;
+
+// Twips.
+constexpr int kWidth = 9600;
+constexpr int kBelow = 750;        // of the frame's inside that the window leaves free below it
+constexpr int kLeastHeight = 1500; // in a frame with no room for more
+constexpr int kMargin = 60;        // around the text
+
+const std::string &GuideFile(const Modulo1 &app)
+{
+    return app.settings.Lingua == kItalian ? app.paths.GuidaPath : app.paths.GuidePath;
+}
+
+} // namespace
+
+frmGuida::frmGuida(NotesState &notes) : Form("frmGuida"), notes_(notes), app_(notes.app)
+{
+    Text1.multiLine = true;
+    Text1.readOnly = true;
+    Text1.font = kGuideFont;
+    Text1.KeyDown = [this](int key) { Text1_KeyDown(key); };
+    Text1.DblClick = [this] { Text1_DblClick(); };
+    Timer1.enabled = false;
+    Timer1.Tick = [this] { Timer1_Timer(); };
+}
+
+void frmGuida::LayOut()
+{
+    Place inside = Text1.place;
+    inside.left = kMargin;
+    inside.top = kMargin;
+    if (ScaleWidth() > 2 * kMargin) {
+        inside.width = ScaleWidth() - 2 * kMargin;
+    }
+    if (ScaleHeight() > 2 * kMargin) {
+        inside.height = ScaleHeight() - 2 * kMargin;
+    }
+    Text1.place = inside;
+}
+
+void frmGuida::Form_Load()
+{
+    app_.children.RestoringLayout = true;
+    app_.settings.PlacementTable.at(PlacementEntry::Guide).State = kNormal;
+    // Always in the same place, whatever the entry holds.
+    const int height = app_.face.Workspace().height - app_.frame.Picture1.place.Get().height - kBelow;
+    place = Place{0, 0, kWidth, std::max(height, kLeastHeight)};
+    app_.frame.mnuGuida.enabled = false;
+    LayOut();
+    Text1.accessibleName = app_.messages.Text(TextId::UserGuide);
+    Text1.text = ShownGuide(notes_.GuideText);
+    notes_.GuideText.clear();
+
+    caption = app_.messages.Text(TextId::UserGuide) + " - " + std::string(kProgramTitle);
+    Tag = ToolTag(ViewKind::Guide);
+    ++app_.children.ChildCount;
+    app_.children.RestoringLayout = false;
+}
+
+void frmGuida::Form_Unload()
+{
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Guide);
+    StorePosition(entry, *this);
+    StoreSize(entry, *this);
+    if (!app_.children.ClosingAll) {
+        entry.State = kClosed;
+    }
+    app_.frame.mnuGuida.enabled = true;
+    --app_.children.ChildCount;
+    RefreshAfterClose(app_);
+    app_.children.Bury(std::move(notes_.guide));
+}
+
+void frmGuida::Form_Activate()
+{
+    RefreshWindowMenu(app_);
+}
+
+void frmGuida::Form_Resize()
+{
+    if (app_.children.RestoringLayout) {
+        return;
+    }
+    LayOut();
+    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Guide);
+    StorePosition(entry, *this);
+    StoreSize(entry, *this);
+    if (windowState == WindowState::Normal) {
+        entry.State = kNormal;
+    } else if (windowState == WindowState::Minimised) {
+        entry.State = kMinimised;
+    }
+}
+
+// The text is for reading: whatever the key, nothing becomes of it. To scroll by key is the face's business.
+void frmGuida::Text1_KeyDown(int /*key*/) {}
+
+void frmGuida::Text1_DblClick()
+{
+    const int target = JumpTarget(CharactersOfText(Text1.text.Get()), Text1.caret);
+    Text1.caret = target;
+    Text1.ShowAtTop(target);
+}
+
+void frmGuida::Timer1_Timer()
+{
+    Timer1.enabled = false;
+    Text1_KeyDown(Key::PageDown);
+}
+
+void mnuGuida_Click(NotesState &notes)
+{
+    Modulo1 &app = notes.app;
+    const std::string &path = GuideFile(app);
+    app.CurrentOperation = app.messages.Text(TextId::Opening) + FileNameOf(path);
+    const auto judge = [&app](RuntimeError error) {
+        if (error.number == FileError::kFileNotFound) {
+            app.messages.ShowMessage(MessageNo::FileNotFound, app.CurrentOperation, {});
+            return Verdict::GiveUp;
+        }
+        return ClassifyingJudge{app}(error);
+    };
+    if (!Trapped([&] { return ReadGuide(app.ports.files, path, notes.GuideText); }, judge)) {
+        return;
+    }
+    notes.GuideLength = static_cast<std::int32_t>(notes.GuideText.size());
+    if (notes.guide == nullptr) {
+        notes.guide = std::make_unique<frmGuida>(notes);
+    }
+    app.children.Show(*notes.guide);
+}
+
+} // namespace velluto
