@@ -185,6 +185,21 @@ void AttachViewMenu(Velluto &program)
     menu.mnuTastiera.Click = [&program] { mnuTastiera_Click(program.keyboard); };
 }
 
+void AttachFactoryBanks(Velluto &program)
+{
+    frmMain &menu = program.app.frame;
+    BankState &banks = program.banks;
+    menu.mnuBankA.Click = [&banks] { mnuBankA_Click(banks); };
+    menu.mnuBankB.Click = [&banks] { mnuBankB_Click(banks); };
+    menu.mnuBankC.Click = [&banks] { mnuBankC_Click(banks); };
+    menu.mnuBankD.Click = [&banks] { mnuBankD_Click(banks); };
+    menu.mnuBankE.Click = [&banks] { mnuBankE_Click(banks); };
+    menu.mnuBankF.Click = [&banks] { mnuBankF_Click(banks); };
+    for (MenuEntry &entry : menu.mnuSty) {
+        entry.Click = [&banks, index = entry.index()] { mnuSty_Click(banks, index); };
+    }
+}
+
 void AttachPreferences(Velluto &program)
 {
     Modulo1 &app = program.app;
@@ -231,6 +246,7 @@ void AttachHandlers(Velluto &program)
     AttachFileMenu(program);
     AttachEditMenu(program);
     AttachViewMenu(program);
+    AttachFactoryBanks(program);
     AttachPreferences(program);
     AttachNotes(program);
     AttachWindowMenu(program.app);

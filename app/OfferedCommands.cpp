@@ -10,8 +10,7 @@ namespace {
 
 // By name, every number of it. Taking a row out offers the command.
 constexpr std::array kNotOfferedYet{
-    std::string_view("mnuBankA"), std::string_view("mnuBankB"), std::string_view("mnuBankC"), std::string_view("mnuBankD"),
-    std::string_view("mnuBankE"), std::string_view("mnuBankF"), std::string_view("mnuSty"),   std::string_view("mnuMidiPlayer"),
+    std::string_view("mnuMidiPlayer"),
 };
 
 } // namespace

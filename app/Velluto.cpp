@@ -4,7 +4,8 @@
 
 namespace velluto {
 
-Velluto::Velluto(Ports ports, Face &face) : app(ports, face), midi(app), files(app), recall(app, midi, files), keyboard(midi), notes(app)
+Velluto::Velluto(Ports ports, Face &face)
+    : app(ports, face), midi(app), files(app), recall(app, midi, files), banks(recall), keyboard(midi), notes(app)
 {
     files.services.SelectOnInstrument = [this](Form &window, int row) { SelectOnInstrument(recall, window, row); };
     files.services.SelectFromOverview = [this](Form &window, int list) { SelectFromOverview(recall, window, list); };

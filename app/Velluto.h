@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/Modulo1.h"
+#include "banks/FactoryWindows.h"
 #include "banks/Recall.h"
 #include "files/Files.h"
 #include "keyboard/KeyboardState.h"
@@ -19,6 +20,7 @@ struct Velluto {
     MidiState midi;
     FilesState files;
     RecallState recall;
+    BankState banks;
     KeyboardState keyboard;
     NotesState notes;
 };

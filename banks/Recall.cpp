@@ -1,5 +1,6 @@
 #include "banks/Recall.h"
 
+#include "banks/BankLayout.h"
 #include "banks/RecallTables.h"
 #include "files/WindowRole.h"
 #include "midi/Monitor.h"
@@ -76,7 +77,7 @@ int NumberIn(std::string_view record, RecordField field)
 std::optional<Address> FactoryProgramAddress(const FactoryTables &tables, int kind, int row)
 {
     for (const FactoryBank &bank : kFactoryBanks) {
-        const int number = row + 1 + bank.offset;
+        const int number = row + bank.records.first;
         if (bank.kind == kind && Between(number, 1, kPcgTableRecords)) {
             const std::string &record = tables.PcgTable.at(static_cast<std::size_t>(number));
             return Address{NumberIn(record, kFieldMsb), NumberIn(record, kFieldLsb), NumberIn(record, kFieldProgram)};

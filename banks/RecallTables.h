@@ -5,13 +5,6 @@
 
 namespace velluto {
 
-// Where a factory Program bank begins in the factory table; the record of row r is r + 1 + offset.
-struct FactoryBank {
-    int kind;
-    int offset;
-};
-inline constexpr std::array<FactoryBank, 6> kFactoryBanks = {{{2, 0}, {3, 118}, {4, 253}, {5, 405}, {6, 514}, {7, 641}}};
-
 // A field of a factory record: 1-based first character and width.
 struct RecordField {
     int position;

@@ -196,18 +196,18 @@ TEST_F(FrameLoadTest, CommandsNotOfferedYetAreDisabledWhateverTheirBanksHold)
     ini.PutPath(25, "/music/hd.sty");
     ini.PutPath(42, "/music/one.prf");
     StartOverFile();
-    std::vector<const MenuEntry *> entries{&menu.mnuBankA,      &menu.mnuBankF,  &menu.mnuSty[1], &menu.mnuSty[2],
-                                           &menu.mnuMidiPlayer, &menu.mnuTaglia, &menu.mnuCopia,  &menu.mnuIncolla};
+    std::vector<const MenuEntry *> entries{&menu.mnuMidiPlayer, &menu.mnuTaglia, &menu.mnuCopia, &menu.mnuIncolla};
     for (const MenuEntry *entry : entries) {
         EXPECT_FALSE(entry->enabled) << entry->FullName();
     }
     const std::vector<const MenuEntry *> offered{
-        &menu.mnuPcgNuovo64,     &menu.mnuPcgNuovo128, &menu.mnuPcgApri,    &menu.mnuMsgEx,         &menu.mnuMIDISetup,
-        &menu.mnuTastiera,       &menu.mnuItaliano,    &menu.mnuExit,       &menu.mnuVisBarraStato, &menu.mnuMIDIOut,
-        &menu.mnuMIDIIn,         &menu.mnuPreferenze,  &menu.mnuStyNuovo,   &menu.mnuPrfNuovo,      &menu.mnuStyApri,
-        &menu.mnuPrfApri,        &menu.mnuStyUser[9],  &menu.mnuStyUserAll, &menu.mnuStyDirectHD19, &menu.mnuStyDirectHD[1],
-        &menu.mnuStyDirectHD123, &menu.mnuPrfUser120,  &menu.mnuPrfUser[1], &menu.mnuPrfUserAll,    &menu.mnuBloccoNote,
-        &menu.mnuGuida,          &menu.mnuInfo};
+        &menu.mnuBankA,       &menu.mnuBankF,      &menu.mnuSty[1],        &menu.mnuSty[2],         &menu.mnuPcgNuovo64,
+        &menu.mnuPcgNuovo128, &menu.mnuPcgApri,    &menu.mnuMsgEx,         &menu.mnuMIDISetup,      &menu.mnuTastiera,
+        &menu.mnuItaliano,    &menu.mnuExit,       &menu.mnuVisBarraStato, &menu.mnuMIDIOut,        &menu.mnuMIDIIn,
+        &menu.mnuPreferenze,  &menu.mnuStyNuovo,   &menu.mnuPrfNuovo,      &menu.mnuStyApri,        &menu.mnuPrfApri,
+        &menu.mnuStyUser[9],  &menu.mnuStyUserAll, &menu.mnuStyDirectHD19, &menu.mnuStyDirectHD[1], &menu.mnuStyDirectHD123,
+        &menu.mnuPrfUser120,  &menu.mnuPrfUser[1], &menu.mnuPrfUserAll,    &menu.mnuBloccoNote,     &menu.mnuGuida,
+        &menu.mnuInfo};
     for (const MenuEntry *entry : offered) {
         EXPECT_TRUE(entry->enabled) << entry->FullName();
     }

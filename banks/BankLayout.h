@@ -1,0 +1,48 @@
+// Which records of the factory tables each factory window lists, and where its headings stand: numbers that the tables,
+// the windows and recall share. Records count from 1, rows from 0.
+#pragma once
+
+#include <algorithm>
+#include <array>
+
+namespace velluto {
+
+struct RecordRange {
+    int first = 0;
+    int last = -1; // empty where it lies below first
+    [[nodiscard]] constexpr bool Has(int record) const { return record >= first && record <= last; }
+};
+
+// A bank lists its records in ascending order, one row each; row r is record r + records.first. The numbers of its items
+// begin again behind each group of heading records.
+struct FactoryBank {
+    int kind; // ViewKind
+    RecordRange records;
+    std::array<RecordRange, 4> headings;
+
+    [[nodiscard]] constexpr bool IsHeading(int record) const
+    {
+        return std::ranges::any_of(headings, [record](const RecordRange &range) { return range.Has(record); });
+    }
+};
+
+// The records between two banks are in no window.
+inline constexpr std::array<FactoryBank, 6> kFactoryBanks = {{
+    {2, {1, 117}, {{{1, 2}, {35, 37}, {64, 66}, {99, 101}}}},
+    {3, {119, 252}, {{{119, 120}, {166, 168}, {170, 172}}}},
+    {4, {254, 404}, {{{254, 255}, {327, 329}, {353, 355}}}},
+    {5, {406, 513}, {{{406, 407}, {424, 426}, {469, 471}}}},
+    {6, {515, 640}, {{{515, 516}, {587, 589}}}},
+    {7, {642, 745}, {{{642, 643}, {693, 695}}}},
+}};
+
+// A factory Style list is four groups of rows, each two pages of sixteen Styles under a heading record of their own.
+inline constexpr int kStyleGroups = 4;
+inline constexpr int kPagesInGroup = 2;
+inline constexpr int kStylesOnPage = 16;
+
+// The first records of the two lists. The last seventeen of the first list are the first of the second, on purpose.
+inline constexpr int kFirstStyleRecord1 = 2;
+inline constexpr int kFirstStyleRecord2 = 121;
+
+} // namespace velluto

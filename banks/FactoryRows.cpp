@@ -1,0 +1,82 @@
+#include "banks/FactoryRows.h"
+
+#include "app/FixedText.h"
+#include "app/ViewKind.h"
+#include "banks/BankLayout.h"
+
+#include <cstddef>
+#include <string_view>
+
+namespace velluto {
+
+namespace {
+
+// A field of a record: 1-based first character and width.
+struct TextField {
+    std::size_t position;
+    std::size_t width;
+};
+constexpr TextField kProgramName{5, 13};
+constexpr TextField kProgramHeading{5, 18};
+constexpr TextField kStyleName{7, 15};
+constexpr TextField kStyleHeading{6, 16};
+
+const std::string kBlankRow(1, ' ');
+
+// What there is of it: a record that was never read is empty.
+std::string_view Field(std::string_view record, TextField field)
+{
+    return record.substr(std::min(field.position - 1, record.size()), field.width);
+}
+
+std::string TwoDigits(int number)
+{
+    return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+// A heading, a blank row and sixteen Styles, from the record on. Leaves record behind the last one taken.
+template <class Table>
+void AddPage(std::vector<std::string> &rows, const Table &table, std::size_t &record)
+{
+    rows.emplace_back(RightTrimmed(Field(table.at(record++), kStyleHeading)));
+    rows.push_back(kBlankRow);
+    for (int number = 1; number <= kStylesOnPage; ++number) {
+        rows.push_back(TwoDigits(number) + "  " + std::string(RightTrimmed(Field(table.at(record++), kStyleName))));
+    }
+}
+
+} // namespace
+
+std::vector<std::string> FactoryProgramRows(const FactoryTables &tables, int kind)
+{
+    std::vector<std::string> rows;
+    const auto *const bank = std::ranges::find(kFactoryBanks, kind, &FactoryBank::kind);
+    if (bank == kFactoryBanks.end()) {
+        return rows;
+    }
+    int number = 0;
+    for (int record = bank->records.first; record <= bank->records.last; ++record) {
+        const std::string_view text = tables.PcgTable.at(static_cast<std::size_t>(record));
+        if (bank->IsHeading(record)) {
+            rows.emplace_back(Field(text, kProgramHeading));
+            number = 0;
+        } else {
+            rows.push_back(TwoDigits(++number) + ' ' + std::string(Field(text, kProgramName)));
+        }
+    }
+    return rows;
+}
+
+std::vector<std::string> FactoryStyleRows(const FactoryTables &tables, int kind)
+{
+    std::vector<std::string> rows;
+    std::size_t record = kind == ViewKind::FactoryStyles1 ? kFirstStyleRecord1 : kFirstStyleRecord2;
+    for (int group = 0; group < kStyleGroups; ++group) {
+        AddPage(rows, tables.StyTable, record);
+        rows.push_back(kBlankRow);
+        AddPage(rows, tables.StyTable, record);
+    }
+    return rows;
+}
+
+} // namespace velluto

@@ -1,0 +1,31 @@
+// The windows of the factory sounds, and the commands of the View menu that show them.
+#pragma once
+
+#include "banks/Recall.h"
+
+#include <array>
+#include <memory>
+
+namespace velluto {
+
+class frmBank117;
+class frmSty;
+
+struct BankState {
+    explicit BankState(RecallState &state);
+    ~BankState();
+
+    RecallState &recall;
+    std::array<std::unique_ptr<frmBank117>, 6> BankWindows; // ViewKind 2 to 7
+    std::array<std::unique_ptr<frmSty>, 2> StyListWindows;  // ViewKind 15 and 16
+};
+
+void mnuBankA_Click(BankState &banks);
+void mnuBankB_Click(BankState &banks);
+void mnuBankC_Click(BankState &banks);
+void mnuBankD_Click(BankState &banks);
+void mnuBankE_Click(BankState &banks);
+void mnuBankF_Click(BankState &banks);
+void mnuSty_Click(BankState &banks, int index); // 1 or 2
+
+} // namespace velluto

@@ -1,0 +1,137 @@
+#include "banks/frmBank117.h"
+
+#include "app/RecentFiles.h"
+#include "banks/FactoryRows.h"
+#include "files/Saving.h"
+
+#include <algorithm>
+#include <array>
+
+namespace velluto {
+
+namespace {
+
+constexpr int kColumns = 5;
+constexpr Size kCells{101, 32}; // 31 rows to a column and a line of margin
+
+// The state text: 20 zero characters and the 45 of the title.
+constexpr int kZeros = 20;
+constexpr int kTitleLength = 45;
+constexpr int kTitlePosition = 21;
+
+// In the order of the kinds, from 2 on.
+constexpr std::array<MenuEntry frmMain::*, 6> kCommands{&frmMain::mnuBankA, &frmMain::mnuBankB, &frmMain::mnuBankC,
+                                                        &frmMain::mnuBankD, &frmMain::mnuBankE, &frmMain::mnuBankF};
+
+std::size_t BankIndex(int kind)
+{
+    return static_cast<std::size_t>(kind - ViewKind::BankA);
+}
+
+MenuEntry &CommandOf(frmMain &menu, int kind)
+{
+    return menu.*kCommands.at(BankIndex(kind));
+}
+
+// A menu caption as a title: without the mark of its access key, and with "&" for every "/".
+std::string TitleOf(std::string_view caption)
+{
+    caption.remove_prefix(std::min(caption.find_first_not_of(' '), caption.size()));
+    std::string title(caption.substr(std::min<std::size_t>(1, caption.size())));
+    std::ranges::replace(title, '/', '&');
+    return title;
+}
+
+} // namespace
+
+frmBank117::frmBank117(BankState &banks, int kind) : FactoryForm("frmBank117", kind, banks.recall, kind), banks_(banks)
+{
+    List1.columns = kColumns;
+}
+
+Size frmBank117::NaturalCells() const
+{
+    return kCells;
+}
+
+std::vector<std::string> frmBank117::Rows() const
+{
+    return FactoryProgramRows(Recall().tables, Kind());
+}
+
+WindowTag frmBank117::StateText(const WindowPlacement &placement) const
+{
+    WindowTag tag;
+    tag.prefix = std::string(kZeros, '\0') + std::string(kTitleLength, ' ');
+    tag.Put(kTitlePosition, TitleOf(CommandOf(App().frame, Kind()).caption.Get()));
+    tag.Set(TagPosition::Kind, Kind());
+    tag.Set(TagPosition::Role, placement.Role);
+    return tag;
+}
+
+// Items begin with their number, headings with a letter or a blank.
+void frmBank117::List1_Click()
+{
+    const std::string_view row = RightTrimmed(List1.Row(List1.ListIndex()));
+    if (!row.empty() && row.front() >= '0' && row.front() <= '9') {
+        SelectCurrentRow();
+    }
+}
+
+// Nothing marks a bank as edited as yet, so that it closes at once.
+bool frmBank117::Form_QueryUnload()
+{
+    return Tag.At(TagPosition::ProgramEdited) != 1 || SaveBeforeClosing();
+}
+
+// False where the window stays. Only Cancel ends a program exit in progress.
+bool frmBank117::SaveBeforeClosing()
+{
+    Modulo1 &app = App();
+    const std::string name = Tag.Path();
+    const std::string title = "File Program - " + name + ".pcg";
+    const int answer = app.messages.AskSave(SaveQuestion::FileChanged, title);
+    if (answer == Box::kNo) {
+        Tag.Set(TagPosition::ProgramEdited, 0);
+        return true;
+    }
+    if (answer != Box::kYes) {
+        app.children.ClosingAll = false;
+        return false;
+    }
+    const bool untitled = Tag.At(TagPosition::Untitled) == 1;
+    const int result = untitled ? SaveDocumentAs(Recall().files, Tag) : SaveDocument(Recall().files, Tag);
+    if (result != 0) {
+        return false;
+    }
+    if (untitled) {
+        AddRecent(app, name, static_cast<std::uint8_t>(Tag.At(TagPosition::RecentKind)));
+    }
+    return true;
+}
+
+int frmBank117::KindAtUnload() const
+{
+    return App().ViewKind = Tag.Kind();
+}
+
+MenuEntry &frmBank117::OwnCommand()
+{
+    return CommandOf(App().frame, Kind());
+}
+
+std::unique_ptr<Form> frmBank117::TakeOut()
+{
+    return std::move(banks_.BankWindows.at(BankIndex(Kind())));
+}
+
+void ShowBankWindow(BankState &banks, int kind)
+{
+    std::unique_ptr<frmBank117> &window = banks.BankWindows.at(BankIndex(kind));
+    if (!window) {
+        window = std::make_unique<frmBank117>(banks, kind);
+    }
+    banks.recall.app.children.Show(*window);
+}
+
+} // namespace velluto
