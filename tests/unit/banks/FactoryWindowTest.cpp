@@ -1,0 +1,442 @@
+// The windows of the factory sounds: how they open, stand, close and play.
+#include "FactoryDesk.h"
+
+#include <filesystem>
+
+namespace velluto::test {
+namespace {
+
+const Place kBankNatural{0, 0, 101 * 135 + 8 * 15, 32 * 240 + 30 * 15};
+const Place kStyleNatural{0, 0, 88 * 135 + 8 * 15, 38 * 240 + 30 * 15};
+
+std::string Blanks(std::size_t count)
+{
+    return std::string(count, ' ');
+}
+
+std::string Zeros(std::size_t count)
+{
+    return std::string(count, '\0');
+}
+
+class FactoryWindowTest : public FactoryDesk {
+protected:
+    void SetUp() override
+    {
+        WriteTables();
+        Start();
+    }
+};
+
+TEST_F(FactoryWindowTest, EachBankHasAWindowOfItsOwnAndItsCommandIsOffMeanwhile)
+{
+    const std::pair<MenuEntry *, const char *> banks[] = {{&menu.mnuBankA, "Banks A: Piano, E.Piano, Mallet&Bell, Accordion"},
+                                                          {&menu.mnuBankB, "Banks B: Organ, Digital Drawbars, Guitar"},
+                                                          {&menu.mnuBankC, "Banks C: String&Vocals, Trumpet&Trombone, Brass"},
+                                                          {&menu.mnuBankD, "Banks D: Sax, Woodwind, Synth 1"},
+                                                          {&menu.mnuBankE, "Banks E: Synth 2, Bass"},
+                                                          {&menu.mnuBankF, "Banks F: Drum&Perc, SFX"}};
+    int kind = 2;
+    for (const auto &[entry, title] : banks) {
+        frmBank117 &window = Bank(kind);
+        EXPECT_EQ(app.ViewKind, kind);
+        EXPECT_FALSE(entry->enabled);
+        EXPECT_EQ(window.FullName(), "frmBank117(" + std::to_string(kind) + ")");
+        EXPECT_EQ(window.caption.Get(), title);
+        EXPECT_EQ(window.List1.accessibleName, title);
+        EXPECT_EQ(app.children.Active(), &window);
+        EXPECT_EQ(app.children.ChildCount, kind - 1);
+        ++kind;
+    }
+    EXPECT_EQ(Bank(2).List1.ListCount(), 117);
+    EXPECT_EQ(Bank(2).List1.Row(2), "01 Prog 3       ");
+    EXPECT_EQ(Bank(7).List1.Row(103), "50 Prog 745     ");
+    EXPECT_FALSE(app.children.RestoringLayout);
+}
+
+TEST_F(FactoryWindowTest, TheTwoStyleListsHaveWindowsOfTheirOwn)
+{
+    frmSty &first = Styles(1);
+    EXPECT_EQ(app.ViewKind, 15);
+    EXPECT_FALSE(menu.mnuSty[1].enabled);
+    EXPECT_TRUE(menu.mnuSty[2].enabled);
+    frmSty &second = Styles(2);
+    EXPECT_EQ(app.ViewKind, 16);
+    EXPECT_EQ(first.FullName(), "frmSty(1)");
+    EXPECT_EQ(second.FullName(), "frmSty(2)");
+    EXPECT_EQ(first.caption.Get(), "Banks 1: Style 1-8 ");
+    EXPECT_EQ(second.caption.Get(), "Banks 2: Style 9-16");
+    EXPECT_EQ(app.children.ChildCount, 2);
+    EXPECT_EQ(first.List1.Row(2), "01  Style 3");
+    EXPECT_EQ(second.List1.Row(147), "16  Style 256");
+}
+
+TEST(FactoryWindowInItalian, TheTitlesFollowTheLanguage)
+{
+    TestProgram run;
+    run.Start(TestProgram::Italian);
+    run.Choose(run.program.app.frame.mnuBankE);
+    EXPECT_EQ(run.program.app.children.Active()->caption.Get(), "Banchi E: Synth 2, Bass");
+    run.Choose(run.program.app.frame.mnuSty[2]);
+    EXPECT_EQ(run.program.app.children.Active()->caption.Get(), "Banchi 2: Style 9-16");
+}
+
+TEST_F(FactoryWindowTest, TheStateTextOfABankIs65Characters)
+{
+    Entry(3).Role = 9;
+    const WindowTag &tag = Bank(4).Tag;
+    EXPECT_EQ(tag.prefix, "\x04" + Zeros(14) + "\x09" + Zeros(4) + "C: String&Vocals, Trumpet&Trombone, Brass" + Blanks(4));
+    EXPECT_TRUE(tag.image.empty());
+}
+
+TEST_F(FactoryWindowTest, TheStateTextOfAStyleListIs45Characters)
+{
+    run.program.files.WorkPcgRecord.State = 2;
+    EXPECT_EQ(Styles(1).Tag.prefix, "\x0F" + Zeros(13) + "\x01" + Zeros(1) + "\x02" + Zeros(3) + "1: Style 1-8" + Blanks(13));
+    run.program.files.WorkPcgRecord.State = 0;
+    EXPECT_EQ(Styles(2).Tag.prefix, "\x10" + Zeros(13) + "\x02" + Zeros(5) + "2: Style 9-16" + Blanks(12));
+}
+
+TEST_F(FactoryWindowTest, AtFirstAWindowHasItsNaturalSizeAndTheEntryLearnsIt)
+{
+    frmBank117 &bank = Bank(5);
+    EXPECT_EQ(bank.place.Get(), kBankNatural);
+    EXPECT_EQ(bank.List1.place.Get(), (Place{0, 0, 101 * 135, 32 * 240}));
+    EXPECT_EQ(Entry(4).MinWidth, kBankNatural.width);
+    EXPECT_EQ(Entry(4).MinHeight, kBankNatural.height);
+    EXPECT_EQ(Entry(4).State, 1);
+    EXPECT_EQ(Entry(4).Role, 2);
+    frmSty &styles = Styles(2);
+    EXPECT_EQ(styles.place.Get(), kStyleNatural);
+    EXPECT_EQ(styles.List1.place.Get(), (Place{0, 0, 88 * 135, 38 * 240}));
+    EXPECT_EQ(Entry(15).MinWidth, kStyleNatural.width);
+    EXPECT_EQ(Entry(15).State, 1);
+    EXPECT_EQ(Entry(15).Role, 14);
+}
+
+TEST_F(FactoryWindowTest, TheListIsInCourierNew11AndOneRowAtATimeIsSelected)
+{
+    for (FactoryForm *window : {static_cast<FactoryForm *>(&Bank(2)), static_cast<FactoryForm *>(&Styles(1))}) {
+        EXPECT_STREQ(window->List1.font.name, "courier new");
+        EXPECT_EQ(window->List1.font.size, 11);
+        EXPECT_EQ(window->List1.font.weight, 400);
+        Click(*window, 3);
+        ListGesture::ClickRow(window->List1, 5, Modifier::Ctrl);
+        EXPECT_FALSE(window->List1.Selected(3));
+        EXPECT_TRUE(window->List1.Selected(5));
+    }
+}
+
+TEST_F(FactoryWindowTest, AWindowComesBackWhereItStood)
+{
+    frmBank117 &bank = Bank(3);
+    app.children.Move(bank, 600, -300);
+    app.children.Resize(bank, 15000, 9000);
+    run.Close(bank);
+    EXPECT_EQ(Entry(2).Left, 600);
+    EXPECT_EQ(Entry(2).Top, -300);
+    EXPECT_EQ(Entry(2).State, 0);
+    EXPECT_TRUE(menu.mnuBankB.enabled);
+    EXPECT_EQ(app.children.ChildCount, 0);
+    EXPECT_FALSE(menu.mnuModifica.enabled);
+    EXPECT_EQ(Bank(3).place.Get(), (Place{600, -300, 15000, 9000}));
+    EXPECT_EQ(Entry(2).State, 1);
+    EXPECT_EQ(Entry(2).MinWidth, kBankNatural.width);
+}
+
+TEST_F(FactoryWindowTest, AStyleListThatClosesFreesItsOwnCommandAndEntry)
+{
+    frmSty &second = Styles(2);
+    Styles(1);
+    app.children.Move(second, 900, 450);
+    run.Close(second);
+    EXPECT_TRUE(menu.mnuSty[2].enabled);
+    EXPECT_FALSE(menu.mnuSty[1].enabled);
+    EXPECT_EQ(Entry(15).Left, 900);
+    EXPECT_EQ(Entry(15).Top, 450);
+    EXPECT_EQ(Entry(15).State, 0);
+    EXPECT_EQ(Entry(14).State, 1);
+    EXPECT_EQ(app.children.ChildCount, 1);
+}
+
+TEST_F(FactoryWindowTest, ABankThatClosesLeavesItsKindAndAStyleListLeavesNone)
+{
+    frmBank117 &bank = Bank(3);
+    frmSty &styles = Styles(1);
+    run.Close(bank);
+    EXPECT_EQ(app.ViewKind, 3);
+    run.Close(styles);
+    EXPECT_EQ(app.ViewKind, 3);
+}
+
+TEST_F(FactoryWindowTest, NoSmallerThanNatural)
+{
+    frmBank117 &bank = Bank(2);
+    app.children.Resize(bank, 3000, 12000);
+    EXPECT_EQ(bank.Width(), kBankNatural.width);
+    EXPECT_EQ(bank.Height(), 12000);
+    EXPECT_EQ(bank.List1.place.Get(), (Place{0, 0, 101 * 135, 12000 - 30 * 15}));
+    EXPECT_EQ(Entry(1).Height, 12000);
+    app.children.Resize(bank, 16000, 100);
+    EXPECT_EQ(bank.Width(), 16000);
+    EXPECT_EQ(bank.Height(), kBankNatural.height);
+    EXPECT_EQ(Entry(1).Width, 16000);
+    EXPECT_EQ(Entry(1).Height, kBankNatural.height);
+    EXPECT_EQ(Entry(1).MinHeight, kBankNatural.height);
+}
+
+TEST_F(FactoryWindowTest, TheOpenByteFollowsTheWindow)
+{
+    frmSty &styles = Styles(1);
+    app.children.Minimise(styles);
+    EXPECT_EQ(Entry(14).State, 2);
+    EXPECT_EQ(Entry(14).Width, kStyleNatural.width);
+    app.children.Restore(styles);
+    EXPECT_EQ(Entry(14).State, 1);
+    app.children.Maximise(styles);
+    EXPECT_EQ(Entry(14).State, 1);
+    const Size space = run.face.Workspace();
+    EXPECT_EQ(styles.List1.place.Get(), (Place{0, 0, space.width, space.height}));
+}
+
+TEST_F(FactoryWindowTest, WhileALoadRunsAResizeDoesNothing)
+{
+    frmBank117 &bank = Bank(2);
+    app.children.RestoringLayout = true;
+    app.children.Resize(bank, 3000, 3000);
+    EXPECT_EQ(bank.Width(), 3000);
+    EXPECT_EQ(Entry(1).Width, kBankNatural.width);
+    app.children.RestoringLayout = false;
+}
+
+TEST_F(FactoryWindowTest, AResizeBringsTheMenuUpToDate)
+{
+    frmBank117 &bank = Bank(2);
+    menu.mnuWindow.enabled = false;
+    app.children.Resize(bank, 16000, 9000);
+    EXPECT_TRUE(menu.mnuWindow.enabled);
+}
+
+TEST_F(FactoryWindowTest, NaturalSizeComesBackByTheEditMenu)
+{
+    frmBank117 &bank = Bank(6);
+    DropMenu(menu.mnuModifica);
+    EXPECT_FALSE(menu.mnuIngrandisci.enabled);
+    app.children.Resize(bank, 16000, 9000);
+    EXPECT_TRUE(run.Choose(menu.mnuIngrandisci));
+    EXPECT_EQ(bank.place.Get(), kBankNatural);
+}
+
+TEST_F(FactoryWindowTest, TheFileMenuClosesThemAndNeitherSavesNorPrints)
+{
+    for (Form *window : {static_cast<Form *>(&Bank(2)), static_cast<Form *>(&Styles(2))}) {
+        app.children.Activate(*window);
+        menu.mnuSalva.enabled = menu.mnuSalvaAs.enabled = menu.mnuStampa.enabled = true;
+        DropMenu(menu.mnuFile);
+        EXPECT_TRUE(menu.mnuChiudi.enabled);
+        EXPECT_FALSE(menu.mnuSalva.enabled);
+        EXPECT_FALSE(menu.mnuSalvaAs.enabled);
+        EXPECT_FALSE(menu.mnuStampa.enabled);
+    }
+}
+
+TEST_F(FactoryWindowTest, TheRightButtonPopsUpTheEditMenuWithTheWindowsRole)
+{
+    Entry(2).Role = 14;
+    frmBank117 &bank = Bank(3);
+    Raise(bank.List1.MouseDown, MouseButton::Right);
+    EXPECT_TRUE(menu.mnuMIDIStp[14].checked);
+    bank.Form_MouseDown(MouseButton::Right);
+    Raise(bank.List1.MouseDown, MouseButton::Left);
+    Raise(Styles(1).List1.MouseDown, MouseButton::Right);
+    EXPECT_EQ(run.face.popUps, (std::vector<MenuEntry *>(3, &menu.mnuModifica)));
+}
+
+TEST_F(FactoryWindowTest, ItemsPlayAndHeadingsDoNot)
+{
+    frmBank117 &bank = Bank(4);
+    EXPECT_EQ(Click(bank, 0), Sent{});
+    EXPECT_EQ(Click(bank, 1), Sent{});
+    EXPECT_EQ(Click(bank, 2), Messages(0, 121, 256 % 128, 256 % 128));
+    EXPECT_EQ(Click(bank, 73), Sent{}) << "record 327";
+    EXPECT_EQ(Click(bank, 76), Messages(0, 121, 330 % 128, 330 % 128));
+    EXPECT_EQ(app.settings.LastChannel, 0);
+}
+
+TEST_F(FactoryWindowTest, StyleItemsPlayAndHeadingsAndBlankRowsDoNot)
+{
+    frmSty &second = Styles(2);
+    EXPECT_EQ(Click(second, 0), Sent{});
+    EXPECT_EQ(Click(second, 1), Sent{});
+    EXPECT_EQ(Click(second, 2), Messages(1, 0, 8, 0));
+    EXPECT_EQ(Click(second, 18), Sent{});
+    EXPECT_EQ(Click(second, 21), Messages(1, 0, 9, 0));
+    EXPECT_EQ(Click(second, 147), Messages(1, 0, 15, 15));
+    EXPECT_EQ(Click(Styles(1), 147), Messages(1, 0, 7, 15));
+}
+
+TEST_F(FactoryWindowTest, AStyleHeadingWithABlankInThirdPlacePlaysTheListsFirst)
+{
+    run.program.recall.tables.StyTable[121] = "     8 & 9             ";
+    EXPECT_EQ(Click(Styles(2), 0), Sent{});
+    run.Close(Styles(2));
+    run.program.recall.tables.StyTable[121] = "     At Home           ";
+    EXPECT_EQ(Click(Styles(2), 0), Messages(1, 0, 8, 0));
+}
+
+TEST_F(FactoryWindowTest, AStyleHeadingOfOneOrTwoLettersDoesNotPlay)
+{
+    run.program.recall.tables.StyTable[2] = "     AB                ";
+    EXPECT_EQ(Click(Styles(1), 0), Sent{});
+}
+
+TEST_F(FactoryWindowTest, ARoleChosenByTheMenuCountsAtOnceAndTheStateTextKeepsTheOldOne)
+{
+    frmBank117 &bank = Bank(2);
+    app.settings.ChannelRole[4] = 4;
+    DropMenu(menu.mnuModifica);
+    ASSERT_TRUE(run.Choose(menu.mnuMIDIStp[4]));
+    EXPECT_EQ(Entry(1).Role, 4);
+    EXPECT_EQ(Click(bank, 2), Messages(4, 121, 3, 3));
+    EXPECT_EQ(bank.Tag.At(16), 2);
+}
+
+TEST_F(FactoryWindowTest, ARoleThatIsOffSelectsTheRowAndSendsNothing)
+{
+    frmBank117 &bank = Bank(2);
+    ASSERT_TRUE(run.Choose(menu.mnuMIDIStp[0])) << "offered, since some channel is OFF";
+    EXPECT_EQ(Entry(1).Role, 0);
+    EXPECT_EQ(Click(bank, 2), Sent{});
+    EXPECT_TRUE(bank.List1.Selected(2));
+}
+
+TEST_F(FactoryWindowTest, OnlyAStyleRowThatPlaysBringsTheMenuUpToDate)
+{
+    menu.mnuWindow.enabled = false;
+    frmBank117 &bank = Bank(2);
+    menu.mnuWindow.enabled = false;
+    Click(bank, 2);
+    EXPECT_FALSE(menu.mnuWindow.enabled);
+    frmSty &styles = Styles(1);
+    menu.mnuWindow.enabled = false;
+    Click(styles, 0);
+    EXPECT_FALSE(menu.mnuWindow.enabled);
+    Click(styles, 2);
+    EXPECT_TRUE(menu.mnuWindow.enabled);
+}
+
+// What a bank asks should anything mark it as edited.
+class EditedBankTest : public FactoryWindowTest {
+protected:
+    frmBank117 &EditedBank()
+    {
+        frmBank117 &bank = Bank(6);
+        bank.Tag.Set(7, 1);
+        app.children.ClosingAll = true;
+        return bank;
+    }
+    [[nodiscard]] bool IsOpen() { return run.program.banks.BankWindows[4] != nullptr; }
+};
+
+TEST_F(FactoryWindowTest, ABankClosesWithoutAQuestion)
+{
+    EXPECT_TRUE(run.Close(Bank(6)));
+    EXPECT_TRUE(run.face.boxes.empty());
+}
+
+TEST_F(EditedBankTest, CancelKeepsItAndEndsAnExitInProgress)
+{
+    frmBank117 &bank = EditedBank();
+    run.face.answers.push_back(Box::kCancel);
+    EXPECT_FALSE(run.Close(bank));
+    ASSERT_EQ(run.face.boxes.size(), 1U);
+    EXPECT_EQ(run.face.boxes[0].title, "File Program - E: Synth 2, Bass.pcg");
+    EXPECT_EQ(run.face.boxes[0].text, "The file has changed\r\nSave changes ?");
+    EXPECT_TRUE(IsOpen());
+    EXPECT_FALSE(app.children.ClosingAll);
+    EXPECT_EQ(bank.Tag.At(7), 1);
+}
+
+TEST_F(EditedBankTest, NoClosesIt)
+{
+    frmBank117 &bank = EditedBank();
+    run.face.answers.push_back(Box::kNo);
+    EXPECT_TRUE(run.Close(bank));
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(app.children.ClosingAll);
+}
+
+TEST_F(EditedBankTest, YesSavesAndAFailureKeepsIt)
+{
+    frmBank117 &bank = EditedBank();
+    run.face.answers = {Box::kYes, Box::kOk};
+    run.files.faults.push_back({FileFault::Operation::Open, "E: Synth 2, Bass", 75, 1});
+    EXPECT_FALSE(run.Close(bank));
+    EXPECT_TRUE(IsOpen());
+    EXPECT_TRUE(app.children.ClosingAll) << "only Cancel clears it";
+}
+
+TEST_F(EditedBankTest, AfterASaveUnderANewNameTheFileIsARecentOne)
+{
+    frmBank117 &bank = EditedBank();
+    bank.Tag.Set(18, 1);
+    bank.Tag.Set(2, 3);
+    run.face.answers.push_back(Box::kYes);
+    EXPECT_TRUE(run.Close(bank));
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(app.settings.RecentTable[1].Path.Trimmed(), "E: Synth 2, Bass");
+    EXPECT_EQ(app.settings.RecentTable[1].Kind, 3);
+}
+
+// Tables that are not what they should be.
+class OddTablesTest : public FactoryDesk {};
+
+TEST_F(OddTablesTest, MissingTablesAreMadeAsEmptyFilesAndItemsSendZeros)
+{
+    Start();
+    EXPECT_EQ(std::filesystem::file_size(run.At("Velluto-pcg.txt")), 0U);
+    EXPECT_EQ(std::filesystem::file_size(run.At("Velluto-sty.txt")), 0U);
+    EXPECT_TRUE(run.face.boxes.empty());
+    frmBank117 &bank = Bank(2);
+    EXPECT_EQ(bank.List1.Row(0), Blanks(18));
+    EXPECT_EQ(bank.List1.Row(2), "01 " + Blanks(13));
+    EXPECT_EQ(bank.List1.Row(116), "16 " + Blanks(13));
+    EXPECT_EQ(Click(bank, 0), Sent{});
+    EXPECT_EQ(Click(bank, 2), Messages(0, 0, 0, 0));
+    frmSty &styles = Styles(1);
+    EXPECT_EQ(styles.List1.Row(0), "");
+    EXPECT_EQ(styles.List1.Row(2), "01  ");
+    EXPECT_EQ(Click(styles, 0), Sent{});
+    EXPECT_EQ(Click(styles, 22), Messages(1, 0, 1, 1)) << "a Style needs no name to be played";
+}
+
+TEST_F(OddTablesTest, AShortTableReadsBlanksForWhatItLacks)
+{
+    WriteTables();
+    std::filesystem::resize_file(run.At("Velluto-pcg.txt"), 30 * 3 + 22);
+    std::filesystem::resize_file(run.At("Velluto-sty.txt"), 23 * 3 + 12);
+    Start();
+    frmBank117 &bank = Bank(2);
+    EXPECT_EQ(bank.List1.Row(2), "01 Prog 3       ");
+    EXPECT_EQ(bank.List1.Row(3), "02 Prog 4       ");
+    EXPECT_EQ(Click(bank, 3), Messages(0, 121, 0, 0)) << "cut behind the MSB";
+    EXPECT_EQ(bank.List1.Row(4), "03 " + Blanks(13));
+    EXPECT_EQ(Click(bank, 4), Messages(0, 0, 0, 0));
+    EXPECT_EQ(Styles(1).List1.Row(3), "02  Style");
+    EXPECT_EQ(Styles(1).List1.Row(4), "03  ");
+}
+
+TEST_F(OddTablesTest, WhatATableHasBeyondItsLastRecordIsNotRead)
+{
+    WriteTables();
+    std::filesystem::resize_file(run.At("Velluto-pcg.txt"), 30 * 745 + 1000);
+    std::filesystem::resize_file(run.At("Velluto-sty.txt"), 23 * 271 + 1000);
+    Start();
+    EXPECT_EQ(Bank(7).List1.ListCount(), 104);
+    EXPECT_EQ(Click(Bank(7), 103), Messages(0, 121, 745 % 128, 745 % 128));
+    EXPECT_EQ(Styles(2).List1.ListCount(), 148);
+    EXPECT_EQ(std::filesystem::file_size(run.At("Velluto-pcg.txt")), 30U * 745 + 1000) << "the file stays as it is";
+}
+
+} // namespace
+} // namespace velluto::test
