@@ -1,8 +1,11 @@
-#include "SampleItems.h"
+#include "tools/SampleItems.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <iterator>
 #include <random>
+#include <string>
 #include <utility>
 
 namespace samples {
