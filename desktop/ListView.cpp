@@ -299,6 +299,11 @@ void ListView::keyPressEvent(QKeyEvent *event)
 {
     const int code = KeyCode(*event);
     event->setAccepted(IsListKey(code));
+    // Held down a moment too long, Delete would come again: to a row that is empty by now, and a Cut that finds no item
+    // leaves the file with none.
+    if (event->isAutoRepeat() && code == Key::Delete) {
+        return;
+    }
     if (list_ != nullptr && code != 0) {
         const EventGate::Pass pass(gate_);
         PressKey(*list_, code, ToModifier(event->modifiers()));
