@@ -211,6 +211,17 @@ TEST_F(CutTest, EmptyRowsBeforeTheFirstItemArePassedBy)
     EXPECT_EQ(clipboard.ClipCount, 1);
 }
 
+TEST_F(CutTest, ARowShorterThanAnEmptyOneDoesNotEndTheRun)
+{
+    frmPcgUN &window = Pcg("a.pcg", kThreePrograms);
+    window.List1.SetRow(1, " 00");
+    Copy(window, {0, 1, 2});
+    EXPECT_EQ(clipboard.ClipCount, 1) << "as it ends that of a Copy";
+    Cut(window, {0, 1, 2});
+    EXPECT_EQ(clipboard.ClipCount, 3);
+    EXPECT_EQ(Image(window), kNoItems);
+}
+
 // --- The window and the clipboard
 
 TEST_F(CutTest, TheWindowIsMarkedAsChangedAndNothingElseOfItsStateChanges)

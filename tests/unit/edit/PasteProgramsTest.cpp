@@ -55,6 +55,18 @@ TEST_F(PasteProgramsTest, TheSelectionAndTheCaptionStay)
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(PasteProgramsTest, ARowShorterThanAnEmptyOneIsNoneToBeginIn)
+{
+    Copy(Pcg("a.pcg", kSource), {0, 1});
+    frmPcgUN &window = NewPcg64();
+    window.List1.SetRow(3, " 00");
+    Paste(window, {3, 5});
+    EXPECT_EQ(Image(window), Legible(Written({{"Piano", 5}, {"Organ", 6}}, "AAAbb", {84, 87})));
+    window.List1.SetRow(8, " 00");
+    Paste(window, {7});
+    EXPECT_EQ(Drawn(window.List1)[8], " 00Organ") << "but one that is pasted over";
+}
+
 // --- A target without items
 
 TEST_F(PasteProgramsTest, IntoANewFileBuildsItsFirstImage)
