@@ -7,8 +7,7 @@
 #include "desktop/QtFace.h"
 #include "desktop/QtPrinter.h"
 #include "platform/posix/PosixFiles.h"
-#include "platform/rtmidi/MachineMidi.h"
-#include "platform/rtmidi/MachineSequencer.h"
+#include "platform/rtmidi/MachineMusic.h"
 
 #include <QApplication>
 
@@ -19,12 +18,11 @@ namespace {
 int Run()
 {
     PosixFiles files;
-    const std::unique_ptr<MidiDevices> midi = MakeMachineMidi();
     QtClock clock;
     QtFace face;
+    const MachineMusic music = MakeMachineMusic([&face](std::function<void()> call) { face.Post(std::move(call)); });
     QtPrinter printer(face);
-    MachineSequencer sequencer([&face](std::function<void()> call) { face.Post(std::move(call)); });
-    Velluto program({files, *midi, clock, printer, sequencer}, face);
+    Velluto program({files, *music.midi, clock, printer, *music.sequencer}, face);
     face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [&program] { return CloseFrame(program); }});
     clock.Follow(program.app.messages.LinguaBase);
     printer.Follow(program.app);

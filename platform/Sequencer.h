@@ -23,6 +23,15 @@ inline constexpr int kNormalEnd = 1; // the end of the file was reached
 inline constexpr int kAborted = 4;   // a stop or close ended a running play
 } // namespace NotifyCode
 
+// What Error reads, where a file or a command is at fault.
+namespace SequencerError {
+inline constexpr int kUnknownCommand = 261;
+inline constexpr int kNoMemory = 264;
+inline constexpr int kNotOpen = 263;
+inline constexpr int kFileNotFound = 275;
+inline constexpr int kInvalidFile = 296;
+} // namespace SequencerError
+
 class Sequencer {
 public:
     virtual ~Sequencer() = default;

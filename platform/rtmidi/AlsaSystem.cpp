@@ -24,6 +24,20 @@ bool HasSequencerDevice()
     return true;
 }
 
+// ALSA passes a message on when it gets it: it comes when it is due, give or take what the sender was late.
+class AlsaSource : public SourcePort {
+public:
+    AlsaSource() : midi_(RtMidi::LINUX_ALSA, kPlayerClientName)
+    {
+        midi_.setErrorCallback(&Quiet, nullptr);
+        midi_.openVirtualPort(kPlayerPortName);
+    }
+    void Send(std::span<const std::uint8_t> message, TimePoint /*due*/) override { midi_.sendMessage(message.data(), message.size()); }
+
+private:
+    RtMidiOut midi_;
+};
+
 void AppendNames(RtMidi &lister, std::vector<std::string> &names)
 {
     const unsigned count = lister.getPortCount();
@@ -55,6 +69,11 @@ bool AlsaSystem::Connect()
         inputs_.reset();
     }
     return connected_;
+}
+
+std::unique_ptr<SourcePort> AlsaSystem::MakeSource()
+{
+    return std::make_unique<AlsaSource>();
 }
 
 std::vector<std::string> AlsaSystem::Names(PortKind kind)

@@ -18,6 +18,7 @@ public:
     bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
     void Settle(const std::string & /*portName*/) override {} // ALSA connects at once
     void LetPass() override {}                                // and delivers at once
+    std::unique_ptr<SourcePort> MakeSource() override;
 
 private:
     std::mutex mutex_;                   // the two objects are asked by the interface thread and by the one that watches

@@ -2,6 +2,7 @@
 // ends; the port list of a dead server goes on showing ports that are not there.
 #pragma once
 
+#include "platform/rtmidi/JackSource.h"
 #include "platform/rtmidi/MidiSystem.h"
 
 #include <jack/jack.h>
@@ -25,6 +26,7 @@ public:
     bool HasRoom(SendBudget &budget, std::size_t messageBytes) const override;
     void Settle(const std::string &portName) override;
     void LetPass() override;
+    std::unique_ptr<SourcePort> MakeSource() override { return JackSource::Make(); }
 
 private:
     void CloseClient();

@@ -1,22 +1,231 @@
 #include "platform/rtmidi/MachineSequencer.h"
 
+#include "platform/rtmidi/WholeFile.h"
+#include "platform/sequencer/MidiFile.h"
+
+#include <sys/prctl.h>
+
+#include <new>
+#include <system_error>
+
 namespace velluto {
 
 namespace {
 
-constexpr int kNotSupported = 1;
+using Clock = std::chrono::steady_clock;
+
+constexpr int kBurst = 256; // messages sent before the interface thread may have its turn
+
+Moment Now()
+{
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(Clock::now().time_since_epoch()).count();
+}
+
+Clock::time_point TimePointOf(Moment moment)
+{
+    return Clock::time_point(std::chrono::duration_cast<Clock::duration>(std::chrono::nanoseconds(moment)));
+}
+
+// What the user reads where the file is not even bytes; empty where it is.
+const char *Words(FileReading reading)
+{
+    switch (reading) {
+    case FileReading::NotFound:
+        return "The MIDI file cannot be found.";
+    case FileReading::NotReadable:
+        return "The MIDI file cannot be read.";
+    case FileReading::TooLarge:
+        return "The MIDI file is larger than 16 MB.";
+    case FileReading::Success:
+        break;
+    }
+    return "";
+}
 
 } // namespace
+
+// Holds the lock for a call of the interface thread. The playing thread, which takes the lock again as soon as it has let go
+// of it while much is due, stands back for it.
+class MachineSequencer::Turn {
+public:
+    explicit Turn(const MachineSequencer &sequencer)
+    {
+        ++sequencer.waiting_;
+        lock_ = std::unique_lock(sequencer.mutex_);
+        --sequencer.waiting_;
+    }
+
+private:
+    std::unique_lock<std::mutex> lock_;
+};
+
+MachineSequencer::MachineSequencer(std::unique_ptr<PlayerOutputs> outputs, Post post, std::chrono::milliseconds linger)
+    : post_(std::move(post)), linger_(linger), outputs_(std::move(outputs))
+{
+}
+
+MachineSequencer::~MachineSequencer()
+{
+    {
+        const Turn turn(*this);
+        player_.Close(Now());
+        ending_ = true;
+    }
+    rouse_.notify_all();
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+}
+
+int MachineSequencer::Mode() const
+{
+    const Turn turn(*this);
+    return player_.Mode();
+}
+
+std::int32_t MachineSequencer::Position() const
+{
+    const Turn turn(*this);
+    return player_.Position(Now());
+}
+
+std::int32_t MachineSequencer::Length() const
+{
+    const Turn turn(*this);
+    return player_.Length();
+}
+
+void MachineSequencer::SetFrom(std::int32_t position)
+{
+    from_ = position;
+    fromIsFresh_ = true;
+}
+
+void MachineSequencer::Fail(int error, std::string message)
+{
+    error_ = error;
+    errorMessage_ = std::move(message);
+}
 
 void MachineSequencer::SetCommand(std::string_view word)
 {
     command_ = word;
-    error_ = word == "close" ? 0 : kNotSupported;
+    Fail(0, {});
+    try {
+        if (word == "open") {
+            Open();
+        } else if (word == "play") {
+            Play();
+        } else if (word == "pause") {
+            Halt(&SongPlayer::Pause, false);
+        } else if (word == "stop") {
+            Halt(&SongPlayer::Stop, true);
+        } else if (word == "close") {
+            Halt(&SongPlayer::Close, true);
+        } else {
+            Fail(SequencerError::kUnknownCommand, "The sequencer does not know this command.");
+        }
+    } catch (const std::bad_alloc &) {
+        Fail(SequencerError::kNoMemory, "There is not enough memory.");
+    } catch (const std::system_error &) {
+        Fail(SequencerError::kNoMemory, "The system has no room for a further thread.");
+    }
 }
 
-std::string MachineSequencer::ErrorMessage() const
+void MachineSequencer::Open()
 {
-    return error_ == 0 ? "" : "MIDI files cannot be played on this system.";
+    Halt(&SongPlayer::Close, true);
+    from_ = 0;
+    fromIsFresh_ = false;
+    SharedBytes bytes;
+    if (const FileReading reading = ReadWholeFile(fileName_, kLargestMidiFile, bytes); reading != FileReading::Success) {
+        Fail(reading == FileReading::NotFound ? SequencerError::kFileNotFound : SequencerError::kInvalidFile, Words(reading));
+        return;
+    }
+    MidiFile file = ReadMidiFile(std::move(bytes));
+    if (!file.refusal.empty()) {
+        Fail(SequencerError::kInvalidFile, std::move(file.refusal));
+        return;
+    }
+    if (!thread_.joinable()) {
+        thread_ = std::thread([this]() { Run(); });
+    }
+    const Turn turn(*this);
+    player_.Open(std::make_shared<const Song>(std::move(file.song)));
+    outputs_->Show();
+}
+
+void MachineSequencer::Play()
+{
+    const Turn turn(*this);
+    if (player_.Mode() == SequencerMode::kNotReady) {
+        Fail(SequencerError::kNotOpen, "No MIDI file is open.");
+        return;
+    }
+    if (outputs_->Wake()) {
+        player_.InstrumentIsNew();
+    }
+    mayRest_ = true;
+    player_.Play(Now(), fromIsFresh_ ? std::optional(from_) : std::nullopt);
+    fromIsFresh_ = false;
+    rouse_.notify_all();
+}
+
+// Pause, stop or close. A play that ran is told to have been broken off, where that is to be told.
+void MachineSequencer::Halt(void (SongPlayer::*halt)(Moment), bool tells)
+{
+    const Turn turn(*this);
+    const bool played = player_.Mode() == SequencerMode::kPlaying;
+    (player_.*halt)(Now());
+    rouse_.notify_all();
+    if (played && tells) {
+        PostDone(NotifyCode::kAborted);
+    }
+}
+
+void MachineSequencer::PostDone(int notifyCode)
+{
+    post_([this, notifyCode, alive = std::weak_ptr(alive_)]() {
+        if (!alive.expired() && Done) {
+            Done(notifyCode);
+        }
+    });
+}
+
+void MachineSequencer::Send(std::span<const std::uint8_t> message, Moment due)
+{
+    outputs_->Send(message, TimePointOf(due));
+}
+
+void MachineSequencer::Run()
+{
+    ::prctl(PR_SET_TIMERSLACK, 1UL); // nanosecond, instead of 50 microseconds
+    std::unique_lock lock(mutex_);
+    while (!ending_) {
+        const SongPlayer::Step step = player_.Run(Now(), kBurst);
+        if (step.ended) {
+            PostDone(NotifyCode::kNormalEnd);
+        }
+        WaitForWork(lock, step);
+    }
+}
+
+// Lets go of the lock until something is due, the interface thread has changed something, or the outputs may rest.
+void MachineSequencer::WaitForWork(std::unique_lock<std::mutex> &lock, const SongPlayer::Step &step)
+{
+    if (step.next) {
+        rouse_.wait_until(lock, TimePointOf(*step.next));
+        while (waiting_ > 0) {
+            lock.unlock();
+            std::this_thread::yield();
+            lock.lock();
+        }
+    } else if (!mayRest_) {
+        rouse_.wait(lock);
+    } else if (rouse_.wait_for(lock, linger_) == std::cv_status::timeout && player_.Mode() != SequencerMode::kPlaying) {
+        outputs_->Rest();
+        mayRest_ = false;
+    }
 }
 
 } // namespace velluto

@@ -2,17 +2,21 @@
 // itself tells neither a port that disappears nor a server that ends. Used by RtMidiPorts.
 #pragma once
 
+#include "platform/rtmidi/SourcePort.h"
+
 #include <RtMidi.h>
 
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace velluto {
 
-enum class PortKind { Output, Input }; // as the program sees it: an output takes what the program sends
+// As the program sees it: an output takes what the program sends. A source is the program's own, and ends only with its system.
+enum class PortKind { Output, Input, Source };
 
 // What one connection has handed over since the system last took anything.
 struct SendBudget {
@@ -41,6 +45,9 @@ public:
     // Waits, briefly, until what was handed over before has reached the other side. A connection that ends takes with it
     // what is still on its way.
     virtual void LetPass() = 0;
+
+    // The sequencer's port, for others to connect to. Nothing where the system makes none.
+    virtual std::unique_ptr<SourcePort> MakeSource() = 0;
 
     // Called by a thread of the system after ports have come or gone or the system has died. Set before Connect.
     std::function<void()> changed = []() {};

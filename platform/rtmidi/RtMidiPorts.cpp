@@ -76,12 +76,24 @@ void EndElsewhere(Retirement &retirement, std::unique_ptr<C> object)
     }
 }
 
-// The same for a connection on which something may be on its way: the notes that its close has ended.
-void EndWhenPassed(RtMidiPorts &owner, std::unique_ptr<OutConnection> connection)
+// What is on its way on a connection when it ends: the notes that its close has ended.
+void LetGoOut(MidiSystem &system, OutConnection & /*connection*/)
+{
+    system.LetPass();
+}
+void LetGoOut(MidiSystem &system, SourcePort &source)
+{
+    source.Drain();
+    system.LetPass();
+}
+
+// The same as EndElsewhere, after that has passed.
+template <typename C>
+void EndWhenPassed(RtMidiPorts &owner, std::unique_ptr<C> connection)
 {
     if (connection) {
-        owner.Retired().Retire([&system = owner.System(), shared = std::shared_ptr<OutConnection>(std::move(connection))]() mutable {
-            system.LetPass();
+        owner.Retired().Retire([&system = owner.System(), shared = std::shared_ptr<C>(std::move(connection))]() mutable {
+            LetGoOut(system, *shared);
             shared.reset();
         });
     }
@@ -161,6 +173,50 @@ private:
     RtMidiPorts &owner_;
     std::shared_ptr<MessageSink> sink_;
     std::unique_ptr<InConnection> connection_;
+};
+
+// A source port of a system that may end.
+class RtSource : public SourcePort, public WatchedPort {
+public:
+    RtSource(RtMidiPorts &owner, std::unique_ptr<SourcePort> source) : owner_(owner), source_(std::move(source))
+    {
+        kind = PortKind::Source;
+        owner_.Watch(*this);
+    }
+    ~RtSource() override
+    {
+        owner_.Unwatch(*this);
+        LetGo();
+    }
+    RtSource(const RtSource &) = delete;
+    RtSource &operator=(const RtSource &) = delete;
+
+    void Send(std::span<const std::uint8_t> message, TimePoint due) override
+    {
+        const std::lock_guard lock(lock_);
+        if (source_) {
+            source_->Send(message, due);
+        }
+    }
+    [[nodiscard]] bool Gone() const override
+    {
+        const std::lock_guard lock(lock_);
+        return !source_ || source_->Gone();
+    }
+    void LetGo() override
+    {
+        std::unique_ptr<SourcePort> leaving;
+        {
+            const std::lock_guard lock(lock_);
+            leaving = std::move(source_);
+        }
+        EndWhenPassed(owner_, std::move(leaving));
+    }
+
+private:
+    RtMidiPorts &owner_;
+    mutable SpinLock lock_;              // between a send and the moment at which the port is let go
+    std::unique_ptr<SourcePort> source_; // empty once the system has ended
 };
 
 // Called by RtMidi's input thread, with one whole message; an empty one is a damaged one.
@@ -257,6 +313,22 @@ int RtMidiPorts::OpenInput(const std::string &name, std::shared_ptr<MessageSink>
     });
 }
 
+std::unique_ptr<SourcePort> RtMidiPorts::OpenSource()
+{
+    if (!EnsureAlive()) {
+        return nullptr;
+    }
+    std::unique_ptr<SourcePort> source;
+    Guarded([&]() {
+        source = system_->MakeSource();
+        if (source && system_->TellsChanges()) { // others do not end
+            source = std::make_unique<RtSource>(*this, std::move(source));
+        }
+        return MidiCode::kSuccess;
+    });
+    return source;
+}
+
 std::vector<std::string> RtMidiPorts::List(PortKind kind)
 {
     return EnsureAlive() ? system_->Names(kind) : std::vector<std::string>();
@@ -328,7 +400,8 @@ void RtMidiPorts::CheckPorts()
     const bool alive = system_->Alive();
     std::erase_if(ports_, [&](WatchedPort *port) {
         const std::vector<std::string> &names = port->kind == PortKind::Output ? outputs : inputs;
-        const bool gone = !alive || std::ranges::find(names, port->name) == names.end();
+        const bool isListed = port->kind == PortKind::Source || std::ranges::find(names, port->name) != names.end();
+        const bool gone = !alive || !isListed;
         if (gone) {
             port->LetGo();
         }

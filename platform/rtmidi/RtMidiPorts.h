@@ -36,6 +36,9 @@ public:
     int OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port) override;
     int OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<InputPort> &port) override;
 
+    // The sequencer's port; nothing where the system is not there.
+    std::unique_ptr<SourcePort> OpenSource();
+
     // For the connections: their entry in the watch, and the thread that ends RtMidi's objects.
     void Watch(WatchedPort &port);
     void Unwatch(WatchedPort &port); // LetGo is not called any more once this returns

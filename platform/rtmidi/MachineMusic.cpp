@@ -1,0 +1,51 @@
+#include "platform/rtmidi/MachineMusic.h"
+
+#include "platform/fluidsynth/Synthesizer.h"
+#include "platform/rtmidi/AlsaSystem.h"
+#include "platform/rtmidi/JackSystem.h"
+#include "platform/rtmidi/MachineMidi.h"
+#include "platform/rtmidi/MachineOutputs.h"
+
+#include <algorithm>
+
+namespace velluto {
+
+namespace {
+
+// The MIDI systems that RtMidi was built for.
+std::vector<std::unique_ptr<RtMidiPorts>> MakeSystems()
+{
+    std::vector<RtMidi::Api> compiled;
+    RtMidi::getCompiledApi(compiled);
+    const auto has = [&](RtMidi::Api api) { return std::ranges::find(compiled, api) != compiled.end(); };
+    std::vector<std::unique_ptr<RtMidiPorts>> systems;
+    if (has(RtMidi::LINUX_ALSA)) {
+        systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<AlsaSystem>()));
+    }
+    if (has(RtMidi::UNIX_JACK)) {
+        systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<JackSystem>()));
+    }
+    return systems;
+}
+
+} // namespace
+
+MachineMusic MakeMachineMusic(MachineSequencer::Post post)
+{
+    std::vector<std::unique_ptr<MidiPorts>> devices;
+    std::vector<RtMidiPorts *> systems;
+    devices.push_back(std::make_unique<SynthesizerPorts>(FindSoundFont()));
+    for (std::unique_ptr<RtMidiPorts> &system : MakeSystems()) {
+        systems.push_back(system.get());
+        devices.push_back(std::move(system));
+    }
+    auto outputs = std::make_unique<MachineOutputs>(std::make_unique<SynthesizerPorts>(FindSoundFont()), std::move(systems));
+    return {std::make_unique<MachineMidi>(std::move(devices)), std::make_unique<MachineSequencer>(std::move(outputs), std::move(post))};
+}
+
+std::unique_ptr<MidiDevices> MakeMachineMidi()
+{
+    return MakeMachineMusic({}).midi;
+}
+
+} // namespace velluto

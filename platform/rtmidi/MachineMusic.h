@@ -1,0 +1,21 @@
+// All that makes music on this machine, over one set of MIDI systems: the program's devices and its sequencer. Made once by
+// main.
+#pragma once
+
+#include "platform/MidiDevices.h"
+#include "platform/rtmidi/MachineSequencer.h"
+
+#include <memory>
+
+namespace velluto {
+
+// The sequencer plays through systems that the devices own, and goes before them.
+struct MachineMusic {
+    std::unique_ptr<MidiDevices> midi;
+    std::unique_ptr<Sequencer> sequencer;
+};
+
+// Quick: devices and ports are opened when they are asked for.
+MachineMusic MakeMachineMusic(MachineSequencer::Post post);
+
+} // namespace velluto

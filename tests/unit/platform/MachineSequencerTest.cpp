@@ -1,0 +1,392 @@
+// The sequencer on its own thread, with outputs on paper: commands, errors, what it says when.
+#include "platform/rtmidi/MachineSequencer.h"
+
+#include "unit/sequencer/MidiBytes.h"
+#include "unit/support/TestProgram.h"
+
+#include <gmock/gmock.h>
+
+#include <sys/stat.h>
+
+namespace velluto::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// What the interface thread has still to run, asked for by either thread.
+class Mail {
+public:
+    void Post(std::function<void()> call)
+    {
+        const std::lock_guard lock(mutex_);
+        calls_.push_back(std::move(call));
+        came_.notify_all();
+    }
+    // Waits for the next call and runs it. False where none comes.
+    bool RunNext()
+    {
+        constexpr std::chrono::seconds kLimit(10);
+        std::unique_lock lock(mutex_);
+        if (!came_.wait_for(lock, kLimit, [this]() { return !calls_.empty(); })) {
+            return false;
+        }
+        const std::function<void()> call = std::move(calls_.front());
+        calls_.erase(calls_.begin());
+        lock.unlock();
+        call();
+        return true;
+    }
+    std::size_t Waiting()
+    {
+        const std::lock_guard lock(mutex_);
+        return calls_.size();
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable came_;
+    std::vector<std::function<void()>> calls_;
+};
+
+struct Heard {
+    std::mutex mutex;
+    std::condition_variable came;
+    std::vector<Bytes> messages;
+    int shown = 0;
+    int woken = 0;
+    bool knowsNothing = true; // as if it were made for the next play
+    bool rests = false;
+};
+
+class PaperOutputs : public PlayerOutputs {
+public:
+    explicit PaperOutputs(Heard &heard) : heard_(heard) {}
+    void Show() override { ++heard_.shown; }
+    bool Wake() override
+    {
+        ++heard_.woken;
+        return std::exchange(heard_.knowsNothing, false);
+    }
+    void Rest() override
+    {
+        const std::lock_guard lock(heard_.mutex);
+        heard_.rests = true;
+        heard_.came.notify_all();
+    }
+    void Send(std::span<const std::uint8_t> message, TimePoint /*due*/) override
+    {
+        const std::lock_guard lock(heard_.mutex);
+        heard_.messages.emplace_back(message.begin(), message.end());
+        heard_.came.notify_all();
+    }
+
+private:
+    Heard &heard_;
+};
+
+struct MachineSequencerTest : testing::Test {
+    MachineSequencerTest()
+    {
+        sequencer->Done = [this](int code) { told.push_back(code); };
+    }
+
+    std::string Place(const Bytes &bytes)
+    {
+        const std::string path = folder.At("song" + std::to_string(++files) + ".mid");
+        WriteBytes(path, bytes);
+        return path;
+    }
+    void Open(const std::string &path)
+    {
+        sequencer->SetFileName(path);
+        sequencer->SetCommand("open");
+    }
+    // The messages, once so many have come.
+    std::vector<Bytes> Arrived(std::size_t count)
+    {
+        constexpr std::chrono::seconds kLimit(10);
+        std::unique_lock lock(heard.mutex);
+        heard.came.wait_for(lock, kLimit, [&]() { return heard.messages.size() >= count; });
+        return heard.messages;
+    }
+
+    TempFolder folder;
+    int files = 0;
+    Mail mail;
+    Heard heard;
+    std::vector<int> told; // by Done
+    std::unique_ptr<MachineSequencer> sequencer = std::make_unique<MachineSequencer>(
+        std::make_unique<PaperOutputs>(heard), [this](std::function<void()> call) { mail.Post(std::move(call)); });
+};
+
+// A note for a beat of 1 ms, and its end.
+const Bytes kShort = File(0, 96, {{0, 0xFF, 0x51, 3, 0x00, 0x03, 0xE8, 0, 0x90, 60, 100, 96, 60, 0, 0, 0xFF, 0x2F, 0}});
+// A note that is held for more than an hour of beats of half a second; a program on the second beat, a note on the third.
+const Bytes kLong = File(0, 96, {{0, 0x90, 60, 100, 96, 0xC0, 5, 96, 0x90, 61, 100, 0xB0, 0x00, 0xFF, 0x2F, 0}});
+
+TEST_F(MachineSequencerTest, AtFirstNothingIsOpen)
+{
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kNotReady);
+    EXPECT_EQ(sequencer->Command(), "");
+    EXPECT_EQ(sequencer->Position(), 0);
+    EXPECT_EQ(sequencer->Length(), 0);
+    EXPECT_EQ(sequencer->Error(), 0);
+    EXPECT_EQ(sequencer->ErrorMessage(), "");
+}
+
+TEST_F(MachineSequencerTest, OpenTellsTheLengthAndStandsAtTheBeginning)
+{
+    Open(Place(kLong));
+    EXPECT_EQ(sequencer->Error(), 0);
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kStopped);
+    EXPECT_EQ(sequencer->Length(), (192 + (0x30 << 7)) * 4 / 96);
+    EXPECT_EQ(sequencer->Position(), 0);
+    EXPECT_EQ(sequencer->Command(), "open");
+    EXPECT_EQ(heard.shown, 1);
+    EXPECT_EQ(heard.woken, 0);
+}
+
+TEST_F(MachineSequencerTest, AFileThatIsNotThereIsNotFound)
+{
+    Open(folder.At("nothing.mid"));
+    EXPECT_EQ(sequencer->Error(), SequencerError::kFileNotFound);
+    EXPECT_EQ(sequencer->ErrorMessage(), "The MIDI file cannot be found.");
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kNotReady);
+    EXPECT_EQ(heard.shown, 0);
+}
+
+TEST_F(MachineSequencerTest, ADamagedFileIsRefusedInTheReadersWords)
+{
+    Open(Place({'M', 'T', 'h', 'd'}));
+    EXPECT_EQ(sequencer->Error(), SequencerError::kInvalidFile);
+    EXPECT_EQ(sequencer->ErrorMessage(), "The MIDI file is damaged: its header is cut short.");
+    EXPECT_EQ(sequencer->Length(), 0);
+}
+
+TEST_F(MachineSequencerTest, FoldersAndPipesAreNotRead)
+{
+    Open(folder.Path());
+    EXPECT_EQ(sequencer->ErrorMessage(), "The MIDI file cannot be read.");
+    const std::string pipe = folder.At("pipe.mid");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    Open(pipe);
+    EXPECT_EQ(sequencer->ErrorMessage(), "The MIDI file cannot be read.");
+}
+
+TEST_F(MachineSequencerTest, AFileAboveTheLimitIsNotEvenRead)
+{
+    const std::string path = Place(kShort);
+    std::filesystem::resize_file(path, kLargestMidiFile + 1);
+    Open(path);
+    EXPECT_EQ(sequencer->Error(), SequencerError::kInvalidFile);
+    EXPECT_EQ(sequencer->ErrorMessage(), "The MIDI file is larger than 16 MB.");
+}
+
+TEST_F(MachineSequencerTest, AFailedOpenLeavesNothingOpenAndASuccessClearsTheError)
+{
+    Open(Place(kLong));
+    Open(folder.At("nothing.mid"));
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kNotReady);
+    EXPECT_EQ(sequencer->Length(), 0);
+    Open(Place(kShort));
+    EXPECT_EQ(sequencer->Error(), 0);
+    EXPECT_EQ(sequencer->ErrorMessage(), "");
+    EXPECT_EQ(sequencer->Length(), 4);
+}
+
+TEST_F(MachineSequencerTest, PlayOfNothingIsAnError)
+{
+    sequencer->SetCommand("play");
+    EXPECT_EQ(sequencer->Error(), SequencerError::kNotOpen);
+    EXPECT_EQ(sequencer->ErrorMessage(), "No MIDI file is open.");
+    EXPECT_EQ(heard.woken, 0);
+}
+
+TEST_F(MachineSequencerTest, PauseStopAndCloseOfNothingAreNone)
+{
+    for (const char *word : {"pause", "stop", "close"}) {
+        sequencer->SetCommand(word);
+        EXPECT_EQ(sequencer->Error(), 0) << word;
+        EXPECT_EQ(sequencer->Command(), word);
+    }
+    EXPECT_EQ(mail.Waiting(), 0U);
+}
+
+TEST_F(MachineSequencerTest, AnyOtherWordIsAnError)
+{
+    Open(Place(kLong));
+    for (const char *word : {"", "Play", "rewind"}) {
+        sequencer->SetCommand(word);
+        EXPECT_EQ(sequencer->Error(), SequencerError::kUnknownCommand) << word;
+        EXPECT_NE(sequencer->ErrorMessage(), "");
+        EXPECT_EQ(sequencer->Command(), word);
+    }
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kStopped);
+}
+
+TEST_F(MachineSequencerTest, APlayEndsByItselfAndTellsOneLater)
+{
+    Open(Place(kShort));
+    sequencer->SetCommand("play");
+    EXPECT_THAT(told, IsEmpty());
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_THAT(told, ElementsAre(NotifyCode::kNormalEnd));
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kStopped);
+    EXPECT_EQ(sequencer->Position(), 4);
+    EXPECT_THAT(Arrived(2), ElementsAre(Bytes{0x90, 60, 100}, Bytes{0x90, 60, 0}));
+}
+
+TEST_F(MachineSequencerTest, AStopTellsFourLaterAndEndsTheNotes)
+{
+    Open(Place(kLong));
+    sequencer->SetCommand("play");
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kPlaying);
+    Arrived(1);
+    sequencer->SetCommand("stop");
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kStopped);
+    EXPECT_THAT(Arrived(3), ElementsAre(Bytes{0x90, 60, 100}, Bytes{0x80, 60, 64}, Bytes{0xB0, 123, 0}));
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_THAT(told, ElementsAre(NotifyCode::kAborted));
+    sequencer->SetCommand("stop");
+    EXPECT_EQ(mail.Waiting(), 0U);
+}
+
+TEST_F(MachineSequencerTest, ACloseOfARunningPlayTellsFourAndEndsTheNotes)
+{
+    Open(Place(kLong));
+    sequencer->SetCommand("play");
+    Arrived(1);
+    sequencer->SetCommand("close");
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kNotReady);
+    EXPECT_EQ(sequencer->Length(), 0);
+    EXPECT_EQ(Arrived(3).size(), 3U);
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_THAT(told, ElementsAre(NotifyCode::kAborted));
+}
+
+TEST_F(MachineSequencerTest, OpenOfAnotherFileBreaksARunningPlayOff)
+{
+    Open(Place(kLong));
+    sequencer->SetCommand("play");
+    Arrived(1);
+    Open(Place(kShort));
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kStopped);
+    EXPECT_EQ(sequencer->Length(), 4);
+    EXPECT_EQ(Arrived(3).size(), 3U);
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_THAT(told, ElementsAre(NotifyCode::kAborted));
+}
+
+TEST_F(MachineSequencerTest, PauseTellsNothingAndEndsTheNotes)
+{
+    Open(Place(kLong));
+    sequencer->SetCommand("play");
+    Arrived(1);
+    sequencer->SetCommand("pause");
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kPaused);
+    EXPECT_EQ(Arrived(3).size(), 3U);
+    sequencer->SetCommand("stop");
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kStopped);
+    EXPECT_EQ(mail.Waiting(), 0U);
+}
+
+TEST_F(MachineSequencerTest, FromReadsAsWrittenAndMovesTheNextPlay)
+{
+    Open(Place(kLong));
+    sequencer->SetFrom(8);
+    EXPECT_EQ(sequencer->From(), 8);
+    EXPECT_EQ(sequencer->Position(), 0);
+    sequencer->SetCommand("play");
+    EXPECT_GE(sequencer->Position(), 8);
+    EXPECT_THAT(Arrived(2), ElementsAre(Bytes{0xC0, 5}, Bytes{0x90, 61, 100}));
+    EXPECT_EQ(sequencer->From(), 8);
+    sequencer->SetCommand("stop");
+    const std::int32_t stood = sequencer->Position();
+    sequencer->SetCommand("play"); // without a fresh From it goes on
+    EXPECT_GE(sequencer->Position(), stood);
+    sequencer->SetCommand("close");
+    EXPECT_EQ(Arrived(4).size(), 4U); // 61 did not sound a second time, as it would have from 8
+}
+
+TEST_F(MachineSequencerTest, OpenPutsFromBackAndForgetsIt)
+{
+    Open(Place(kLong));
+    sequencer->SetFrom(8);
+    Open(Place(kShort));
+    EXPECT_EQ(sequencer->From(), 0);
+    sequencer->SetCommand("play");
+    EXPECT_THAT(Arrived(2), ElementsAre(Bytes{0x90, 60, 100}, Bytes{0x90, 60, 0}));
+}
+
+TEST_F(MachineSequencerTest, AFromOutsideTheFileIsBroughtIntoIt)
+{
+    Open(Place(kShort));
+    sequencer->SetFrom(1000);
+    EXPECT_EQ(sequencer->From(), 1000);
+    sequencer->SetCommand("play");
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_THAT(told, ElementsAre(NotifyCode::kNormalEnd));
+    EXPECT_EQ(sequencer->Position(), 4);
+}
+
+TEST_F(MachineSequencerTest, OutputsThatWereMadeAnewAreToldEverything)
+{
+    Open(Place(kLong));
+    sequencer->SetFrom(8);
+    sequencer->SetCommand("play");
+    Arrived(2);
+    sequencer->SetCommand("pause");
+    heard.knowsNothing = true;
+    sequencer->SetCommand("play");
+    const std::vector<Bytes> messages = Arrived(5);
+    EXPECT_EQ(messages.back(), (Bytes{0xC0, 5}));
+}
+
+TEST_F(MachineSequencerTest, TheEndOfTheSequencerEndsTheNotesAndTellsNoMore)
+{
+    Open(Place(kLong));
+    sequencer->SetCommand("play");
+    Arrived(1);
+    sequencer->SetCommand("stop");
+    sequencer->SetCommand("play");
+    sequencer.reset();
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_EQ(mail.Waiting(), 0U);
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_THAT(heard.messages, ElementsAre(Bytes{0x90, 60, 100}, Bytes{0x80, 60, 64}, Bytes{0xB0, 123, 0}));
+}
+
+TEST_F(MachineSequencerTest, TheOutputsRestAfterAPlayAndAreWokenForTheNext)
+{
+    sequencer = std::make_unique<MachineSequencer>(
+        std::make_unique<PaperOutputs>(heard), [this](std::function<void()> call) { mail.Post(std::move(call)); },
+        std::chrono::milliseconds(1));
+    Open(Place(kShort));
+    EXPECT_EQ(heard.woken, 0);
+    for (int plays = 1; plays <= 2; ++plays) {
+        sequencer->SetFrom(0);
+        sequencer->SetCommand("play");
+        EXPECT_EQ(heard.woken, plays);
+        std::unique_lock lock(heard.mutex);
+        ASSERT_TRUE(heard.came.wait_for(lock, std::chrono::seconds(10), [this]() { return heard.rests; }));
+        heard.rests = false;
+    }
+}
+
+TEST_F(MachineSequencerTest, MillionsOfMessagesAtOnceDoNotHoldTheInterfaceUp)
+{
+    constexpr std::size_t kMessages = 3'000'000;
+    Bytes track = {0, 0xC0, 5};
+    track.resize(3 + 2 * kMessages); // each: no time, program 0
+    Append(track, EndAfter(96));
+    Open(Place(File(0, 96, {track})));
+    sequencer->SetCommand("play");
+    Arrived(1);
+    sequencer->SetCommand("stop"); // long before all have come
+    EXPECT_LT(heard.messages.size(), kMessages);
+}
+
+} // namespace
+} // namespace velluto::test
