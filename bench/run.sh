@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
 install_packages "${build_packages[@]}" "${test_packages[@]}"
-programs=(bench_core bench_edit)
+programs=(bench_core bench_edit bench_sequencer)
 build bench "${programs[@]}"
 status=0
 for program in "${programs[@]}"; do
@@ -14,4 +14,5 @@ for program in "${programs[@]}"; do
         --benchmark_enable_random_interleaving=true || status=1
 done
 bench/startup.sh || status=1
+bench/sequencer.sh || status=1
 exit "$status"
