@@ -20,7 +20,11 @@ public:
 
     [[nodiscard]] QWidget *widget() const { return widget_; } // nullptr for a control that is not drawn
     [[nodiscard]] const Control &control() const { return control_; }
-    [[nodiscard]] bool TakesFocus() const { return widget_ != nullptr && widget_->focusPolicy() != Qt::NoFocus; }
+    // What the Tab key reaches; nullptr for a control that it passes by.
+    [[nodiscard]] virtual QWidget *FocusWidget() const
+    {
+        return widget_ != nullptr && widget_->focusPolicy() != Qt::NoFocus ? widget_ : nullptr;
+    }
 
     // Brings the widget up to date and follows the control from then on.
     void Start();

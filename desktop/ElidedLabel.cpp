@@ -27,8 +27,8 @@ void ElidedLabel::paintEvent(QPaintEvent * /*event*/)
         return;
     }
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, area.width(), Qt::TextShowMnemonic);
-    style()->drawItemText(&painter, area, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextShowMnemonic,
-                          palette(), isEnabled(), shown, foregroundRole());
+    style()->drawItemText(&painter, area, static_cast<int>(alignment()) | Qt::TextSingleLine | Qt::TextShowMnemonic, palette(), isEnabled(),
+                          shown, foregroundRole());
 }
 
 bool ElidedLabel::event(QEvent *event)

@@ -25,6 +25,7 @@ Button *FindAnswering(const Form &form, bool toReturn)
 
 FormSurface::FormSurface(Form &form, EventGate &gate, QWidget *parent) : QWidget(parent), form_(&form), gate_(gate)
 {
+    setMouseTracking(true);
     QWidget *before = nullptr;
     for (Control *control : form.controls()) {
         std::unique_ptr<Binder> binder = MakeBinder(*control, this, gate);
@@ -33,11 +34,11 @@ FormSurface::FormSurface(Form &form, EventGate &gate, QWidget *parent) : QWidget
         }
         binder->Start();
         // The Tab key follows the order in which the form declares its controls.
-        if (binder->TakesFocus()) {
+        if (QWidget *reached = binder->FocusWidget()) {
             if (before != nullptr) {
-                setTabOrder(before, binder->widget());
+                setTabOrder(before, reached);
             }
-            before = binder->widget();
+            before = reached;
         }
         binders_.push_back(std::move(binder));
     }
@@ -70,6 +71,15 @@ void FormSurface::mousePressEvent(QMouseEvent *event)
     if (form_ != nullptr) {
         const EventGate::Pass pass(gate_);
         form_->Form_MouseDown(ButtonCode(event->button()));
+    }
+}
+
+void FormSurface::mouseMoveEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (form_ != nullptr) {
+        const EventGate::Pass pass(gate_);
+        form_->Form_MouseMove();
     }
 }
 

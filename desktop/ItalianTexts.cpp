@@ -58,6 +58,7 @@ constexpr std::array kTexts = std::to_array<Pair>({
     {"Go back", "Indietro"},
     {"Go forward", "Avanti"},
     {"Go to the parent directory", "Vai alla cartella superiore"},
+    {"Keyboard", "Tastiera"},
     {"List View", "Vista a elenco"},
     {"Look in:", "Cerca in:"},
     {"Ma&ximize", "In&grandisci"},

@@ -2,6 +2,7 @@
 #include "desktop/Binder.h"
 #include "desktop/ElidedLabel.h"
 #include "desktop/FittedButton.h"
+#include "desktop/KeyboardBinders.h"
 #include "desktop/SimpleBinders.h"
 #include "desktop/TextBinder.h"
 
@@ -50,6 +51,15 @@ std::unique_ptr<Binder> MakeBinder(Control &control, QWidget *parent, EventGate 
     }
     if (auto *picture = dynamic_cast<Picture *>(&control)) {
         return std::make_unique<PictureBinder>(*picture, gate, new QFrame(parent));
+    }
+    if (auto *frame = dynamic_cast<Frame *>(&control)) {
+        return std::make_unique<FrameBinder>(*frame, gate, new QFrame(parent));
+    }
+    if (auto *bar = dynamic_cast<ScrollBar *>(&control)) {
+        return std::make_unique<ScrollBinder>(*bar, gate, new QSlider(parent));
+    }
+    if (auto *key = dynamic_cast<PianoKey *>(&control)) {
+        return std::make_unique<KeyBinder>(*key, gate, Piano::Of(*parent, gate));
     }
     if (auto *timer = dynamic_cast<Timer *>(&control)) {
         return std::make_unique<TimerBinder>(*timer, gate);

@@ -66,6 +66,10 @@ void ButtonBinder::Show(Aspect aspect)
 LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(label, gate, drawn), drawn_(drawn)
 {
     drawn->setTextFormat(Qt::PlainText);
+    QFont font = drawn->font();
+    font.setBold(label.bold);
+    drawn->setFont(font);
+    drawn->setAlignment(Qt::AlignVCenter | (label.centred ? Qt::AlignHCenter : Qt::AlignLeft));
     events_ = new WidgetEvents(drawn, [&label, &gate](QEvent &event) {
         TellMousePress(label, gate, event);
         if (event.type() == QEvent::MouseButtonDblClick && label.DblClick) {

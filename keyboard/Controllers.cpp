@@ -64,6 +64,10 @@ void SetUpSliders(frmTastiera &form)
         form.Label3[i].caption = std::to_string(bar.value - RowOf(i).shownLess);
         form.Label4[i].caption = std::to_string(kHighest - RowOf(i).shownLess);
         form.Label5[i].caption = std::to_string(-RowOf(i).shownLess);
+        for (Label *label : {&form.Label2[i], &form.Label3[i], &form.Label4[i], &form.Label5[i]}) {
+            label->centred = true;
+        }
+        form.Label3[i].bold = true;
     }
     form.Label2[kPanRight].caption = std::string("R");
     form.Label2[kPanLeft].caption = std::string("L");

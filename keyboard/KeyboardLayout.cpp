@@ -31,7 +31,7 @@ constexpr int kColumn4 = kMargin + kFrameWidth - 2 * kWideButton - kMargin;
 constexpr int kColumn5 = kMargin + kFrameWidth - kWideButton;
 
 constexpr int kSlidersLeft = kMargin + kFrameWidth + 180;
-constexpr int kSliderPitch = 780;
+constexpr int kSliderPitch = 840;
 constexpr int kSliderWidth = 360;
 constexpr int kSliderText = 240; // height of a title, a mark or a readout
 constexpr int kInnerWidth = kSlidersLeft + kSliderCount * kSliderPitch + kMargin / 2;
@@ -70,15 +70,17 @@ void LayOutRows(frmTastiera &form)
 {
     constexpr int kComboLeft = 1500;
     constexpr int kComboWidth = 900;
+    constexpr int kReadoutWidth = 2400; // the longest reads G#/Sol# (104)
     form.Label1[6].place = Place{kMargin, kFirstRow, kComboLeft - kMargin, kRowHeight};
     form.Combo1.place = Place{kComboLeft, kFirstRow, kComboWidth, kRowHeight};
     form.CheckClickKey.place = Place{kColumn2, kFirstRow, kColumn3 - kColumn2, kRowHeight};
     form.CheckHoldNote.place = Place{kColumn3, kFirstRow, kColumn4 - kColumn3, kRowHeight};
     form.CommHoldChord.place = Place{kColumn4, kFirstRow, kWideButton, kRowHeight};
     form.CommAllNoteOff.place = Place{kColumn5, kFirstRow, kWideButton, kRowHeight};
-    form.HScroll1.place = Place{kMargin, kSecondRow, kComboLeft + kComboWidth - kMargin, kRowHeight};
+    form.LabelOctave.place = Place{kMargin, kSecondRow, kComboLeft - kMargin, kRowHeight};
+    form.HScroll1.place = Place{kComboLeft, kSecondRow, kComboWidth, kRowHeight};
     form.Label1[7].place = Place{kColumn2, kSecondRow, kColumn3 - kColumn2, kRowHeight};
-    form.Text1.place = Place{kColumn3, kSecondRow, kColumn4 - kColumn3 - kMargin, kRowHeight};
+    form.Text1.place = Place{kColumn3, kSecondRow, kReadoutWidth, kRowHeight};
     form.CommClose.place = Place{kColumn5, kSecondRow, kWideButton, kRowHeight};
 }
 

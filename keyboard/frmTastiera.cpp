@@ -152,9 +152,8 @@ void frmTastiera::TakeLanguage()
     caption = std::string(kProgramTitle) + " - " + title;
     Frame1.accessibleName = WithoutAccessMark(title);
     CommClose.caption = app_.messages.Text(TextId::Close);
-    const std::string octave = app_.messages.LinguaBase == 0 ? "Ottava" : "Octave";
-    HScroll1.accessibleName = octave;
-    HScroll1.toolTip = octave;
+    LabelOctave.caption = std::string(app_.messages.LinguaBase == 0 ? "Ottava" : "Octave");
+    HScroll1.accessibleName = LabelOctave.caption;
     SetSliderTips(*this);
 }
 

@@ -40,6 +40,7 @@ public:
     ControlArray<PianoKey, 0, kKeyCount> Key{*this, "Key"};
     ControlArray<Label, 0, 9> Label1{*this, "Label1"}; // octaves 0 to 5, MIDI Channel, Note (Number), Split Point
     ComboBox Combo1{*this, "Combo1"};
+    Label LabelOctave{*this, "LabelOctave"};
     ScrollBar HScroll1{*this, "HScroll1"};
     CheckBox CheckClickKey{*this, "CheckClickKey"};
     CheckBox CheckHoldNote{*this, "CheckHoldNote"};

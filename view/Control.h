@@ -86,6 +86,8 @@ private:
 class Label : public Control {
 public:
     Label(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
+    bool centred = false; // in its place; else at the left
+    bool bold = false;
     Handler DblClick;
 };
 

@@ -63,9 +63,8 @@ TEST(Sliders, SendTheirMessage)
     for (const int i : {0, 1, 4, 5, 6, 7, 8, 9, 10}) {
         form.VScroll[i].value = 33;
     }
-    EXPECT_EQ(link.Taken(),
-              (Sent{Message(0xB0, 7, 33), Message(0xB0, 10, 33), Message(0xB0, 73, 33), Message(0xB0, 72, 33), Message(0xE0, 127, 33),
-                    Message(0xB0, 1, 33), Message(0xB0, 2, 33), Message(0xB0, 91, 33), Message(0xB0, 93, 33)}));
+    EXPECT_EQ(link.Taken(), (Sent{Controller(7, 33), Controller(10, 33), Controller(73, 33), Controller(72, 33), PitchBend(33),
+                                  Controller(1, 33), Controller(2, 33), Controller(91, 33), Controller(93, 33)}));
 }
 
 TEST(Sliders, TheChannelOfNowIsPutIn)
@@ -75,7 +74,7 @@ TEST(Sliders, TheChannelOfNowIsPutIn)
     form.Combo1.ListIndex = 15;
     form.VScroll[6].value = 0;
     form.VScroll[0].value = 127;
-    EXPECT_EQ(link.Taken(), (Sent{Message(0xEF, 127, 0), Message(0xBF, 7, 127)}));
+    EXPECT_EQ(link.Taken(), (Sent{PitchBend(0, 15), Controller(7, 127, 15)}));
 }
 
 TEST(Sliders, TheChannelChosenAfterASliderResendsNothing)
@@ -87,7 +86,7 @@ TEST(Sliders, TheChannelChosenAfterASliderResendsNothing)
     form.Combo1.ListIndex = 3;
     EXPECT_EQ(link.Taken(), Sent{});
     form.VScroll[1].value = 10;
-    EXPECT_EQ(link.Taken(), (Sent{Message(0xB3, 10, 10)}));
+    EXPECT_EQ(link.Taken(), (Sent{Controller(10, 10, 3)}));
 }
 
 TEST(Sliders, BothScrollAndChangeSendWhileAHandDrawsThem)
@@ -97,7 +96,7 @@ TEST(Sliders, BothScrollAndChangeSendWhileAHandDrawsThem)
     ScrollGesture::DragTo(form.VScroll[0], 101);
     ScrollGesture::DragTo(form.VScroll[0], 102);
     ScrollGesture::LetGo(form.VScroll[0]);
-    EXPECT_EQ(link.Taken(), (Sent{Message(0xB0, 7, 101), Message(0xB0, 7, 102), Message(0xB0, 7, 102)}));
+    EXPECT_EQ(link.Taken(), (Sent{Controller(7, 101), Controller(7, 102), Controller(7, 102)}));
     EXPECT_EQ(link.record[4], 102);
 }
 
@@ -134,7 +133,7 @@ TEST(Sliders, VelOnMovedRightAfterTheOpeningSendsTheChorusMessage)
     KeyboardLink link;
     frmTastiera &form = link.Open();
     form.VScroll[2].value = 70;
-    EXPECT_EQ(link.Taken(), (Sent{Message(0xB0, 93, 0)}));
+    EXPECT_EQ(link.Taken(), (Sent{Controller(93, 0)}));
     EXPECT_EQ(form.Label3[2].caption.Get(), "70");
     EXPECT_EQ(link.record[6], 70);
 }
@@ -148,8 +147,8 @@ TEST(Sliders, VelOffSendsTheLastMessageAgainWithTheChannelOredIn)
     link.Taken();
     form.Combo1.ListIndex = 2;
     form.VScroll[3].value = 1;
-    EXPECT_EQ(link.Taken(), (Sent{Off(36, 64, 3)})); // channels 1 and 2 together
-    EXPECT_EQ(link.midi.ShortMsg, Off(36, 64, 3));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(36, 64, 3)})); // channels 1 and 2 together
+    EXPECT_EQ(link.midi.ShortMsg, NoteOff(36, 64, 3));
 }
 
 TEST(Sliders, MoveWithoutAnOutput)
@@ -161,7 +160,7 @@ TEST(Sliders, MoveWithoutAnOutput)
     EXPECT_EQ(link.Taken(), Sent{});
     EXPECT_EQ(form.Label3[0].caption.Get(), "5");
     EXPECT_EQ(link.record[4], 5);
-    EXPECT_EQ(link.midi.ShortMsg, Message(0xB0, 7, 5));
+    EXPECT_EQ(link.midi.ShortMsg, Controller(7, 5));
 }
 
 TEST(Sliders, ShowTheirBytesInTheMonitorEvenWithoutAnOutput)

@@ -35,7 +35,7 @@ TEST(AllNotesOff, SilencesClearsAndForgets)
     link.Click(24);
     link.Taken();
     link.Push(form.CommAllNoteOff);
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_EQ(link.Held(), Ints{});
     EXPECT_EQ(link.Dots(), Ints{});
     EXPECT_EQ(form.notes.CurrentNote, 200);
@@ -57,7 +57,7 @@ TEST(AllNotesOff, GoesToTheChannelOfNow)
     ModesLink link;
     link.Open().Combo1.ListIndex = 9;
     link.Push(link.Form().CommAllNoteOff);
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(9)}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(9)}));
 }
 
 TEST(AllNotesOff, ANoteHeldOffScreenKeepsItsFlagAndCountsForTheNextChord)
@@ -72,7 +72,7 @@ TEST(AllNotesOff, ANoteHeldOffScreenKeepsItsFlagAndCountsForTheNextChord)
     link.Push(form.CommHoldChord);
     EXPECT_TRUE(form.notes.ChordArmed);
     link.Down(0); // note 48
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(48)}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(48)}));
 }
 
 TEST(HoldNote, TickedInPressModeItLatchesAndSilences)
@@ -81,7 +81,7 @@ TEST(HoldNote, TickedInPressModeItLatchesAndSilences)
     frmTastiera &form = link.Open();
     link.Push(form.CheckHoldNote);
     EXPECT_EQ(link.State(), "click hold box chord");
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     link.Click(24);
     EXPECT_EQ(link.Held(), (Ints{60}));
 }
@@ -94,7 +94,7 @@ TEST(HoldNote, UntickedInLatchModeItReleasesAll)
     link.Taken();
     link.Push(form.CheckHoldNote);
     EXPECT_EQ(link.State(), "click - box -");
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_EQ(link.Held(), Ints{});
     EXPECT_EQ(link.Dots(), Ints{});
 }
@@ -106,7 +106,7 @@ TEST(HoldNote, UntickedWithAChordItEndsTheChord)
     link.Push(link.Form().CheckHoldNote);
     EXPECT_FALSE(link.Form().notes.ChordArmed);
     EXPECT_FALSE(link.Form().notes.ClickGuard);
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_EQ(link.State(), "click - box -");
 }
 
@@ -121,14 +121,14 @@ TEST(HoldNote, TickedInGlideModeItStaysOnAndSilences)
     link.Taken();
     link.Push(link.Form().CheckHoldNote);
     EXPECT_EQ(link.State(), "- hold box -");
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_EQ(link.Dots(), Ints{});
     EXPECT_EQ(link.Form().notes.CurrentNote, 60); // only silenced, not forgotten
     EXPECT_FALSE(link.Form().notes.ClickGuard);
     // And cannot be unticked: the program ticks it again.
     link.Push(link.Form().CheckHoldNote);
     EXPECT_EQ(link.State(), "- hold box -");
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_FALSE(link.Form().notes.ClickGuard);
 }
 
@@ -152,7 +152,7 @@ TEST(ClickKey, UntickedInLatchModeItClearsBothAndSilences)
     link.Taken();
     link.Push(form.CheckClickKey);
     EXPECT_EQ(link.State(), "- - - -");
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_EQ(link.Held(), Ints{});
     EXPECT_FALSE(form.notes.ClickGuard);
 }
@@ -163,7 +163,7 @@ TEST(ClickKey, UntickedWithAChordItSilencesTwiceAndLeavesHoldNoteEnabled)
     link.FreezeOne();
     link.Push(link.Form().CheckClickKey);
     // Once in the nested click of Hold Note, once in its own.
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(), AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), AllNotesOff()}));
     EXPECT_EQ(link.State(), "- - box -");
     EXPECT_FALSE(link.Form().notes.ChordArmed);
     EXPECT_FALSE(link.Form().notes.ClickGuard);
@@ -179,7 +179,7 @@ TEST(ClickKey, TickedWithHoldOnItIsClearedAgain)
     link.Taken();
     link.Push(link.Form().CheckClickKey);
     EXPECT_EQ(link.State(), "- - box -");
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_FALSE(link.Form().notes.ClickGuard);
 }
 
@@ -190,7 +190,7 @@ TEST(ClickKey, TickedWithAChordItIsClearedAgain)
     form.notes.ChordArmed = true; // no hand freezes a chord in Glide mode; the rule is there all the same
     link.Push(form.CheckClickKey);
     EXPECT_EQ(link.State(), "- - - -");
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_FALSE(form.notes.ChordArmed);
     EXPECT_FALSE(form.notes.ClickGuard);
 }
@@ -247,7 +247,7 @@ TEST(Octave, ANoteSoundingByPressKeepsItsDotAndTheReleaseEndsTheKeysNewNote)
     form.HScroll1.value = 1;
     EXPECT_EQ(link.Dots(), (Ints{24}));
     link.Up(24);
-    EXPECT_EQ(link.Taken(), (Sent{Off(48)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(48)}));
     EXPECT_EQ(link.Dots(), Ints{});
 }
 

@@ -72,7 +72,7 @@ TEST(KeyNoteOn, ShowsTheDotSendsAndNamesTheNote)
     frmTastiera &form = link.Open();
     KeyNoteOn(form, 61);
     EXPECT_EQ(link.Dots(), (Ints{25}));
-    EXPECT_EQ(link.Taken(), (Sent{On(61)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(61)}));
     EXPECT_EQ(form.Text1.text.Get(), "C#/Do# (61)");
     EXPECT_EQ(form.notes.KeyIndex, 25);
     EXPECT_EQ(form.notes.CurrentNote, 61);
@@ -85,7 +85,7 @@ TEST(KeyNoteOn, SendsANoteThatIsOffScreenAndDrawsNothing)
     KeyNoteOn(form, 35);
     KeyNoteOn(form, 97);
     EXPECT_EQ(link.Dots(), Ints{});
-    EXPECT_EQ(link.Taken(), (Sent{On(35), On(97)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(35), NoteOn(97)}));
     EXPECT_EQ(form.notes.KeyIndex, 61);
     EXPECT_EQ(form.Text1.text.Get(), "C#/Do# (97)");
 }
@@ -98,11 +98,11 @@ TEST(KeyNoteOff, TakesDotAndNameAway)
     link.Taken();
     KeyNoteOff(form, 60);
     EXPECT_EQ(link.Dots(), Ints{});
-    EXPECT_EQ(link.Taken(), (Sent{Off(60)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(60)}));
     EXPECT_EQ(form.notes.CurrentNote, 200);
     EXPECT_EQ(form.Text1.text.Get(), "");
     KeyNoteOff(form, 20); // off screen
-    EXPECT_EQ(link.Taken(), (Sent{Off(20)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(20)}));
     EXPECT_EQ(form.notes.KeyIndex, -16);
 }
 
@@ -114,7 +114,7 @@ TEST(KeyNote, TheVelocitiesAreTheSliders)
     form.VScroll[3].value = 1;
     link.Taken();
     link.Click(24);
-    EXPECT_EQ(link.Taken(), (Sent{On(60, 100), Off(60, 1)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(60, 100), NoteOff(60, 1)}));
 }
 
 TEST(KeyNote, TheChannelIsReadFromTheBoxEachTime)
@@ -124,7 +124,7 @@ TEST(KeyNote, TheChannelIsReadFromTheBoxEachTime)
     link.Down(24);
     form.Combo1.ListIndex = 15;
     link.Up(24);
-    EXPECT_EQ(link.Taken(), (Sent{On(60), Off(60, 64, 15)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(60), NoteOff(60, 64, 15)}));
 }
 
 TEST(KeyNote, WithoutAnOutputTheKeysStillShowAndNameTheNote)

@@ -13,9 +13,9 @@ TEST(PressMode, PressPlaysAndReleaseEnds)
     KeyboardLink link;
     link.Open();
     link.Down(24);
-    EXPECT_EQ(link.Taken(), (Sent{On(60)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(60)}));
     link.Up(24);
-    EXPECT_EQ(link.Taken(), (Sent{Off(60)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(60)}));
     EXPECT_EQ(link.Held(), Ints{});
 }
 
@@ -24,9 +24,9 @@ TEST(PressMode, AnyMouseButtonPlays)
     KeyboardLink link;
     link.Open();
     link.Form().Key[0].MouseDown(MouseButton::Right);
-    EXPECT_EQ(link.Taken(), (Sent{On(36)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(36)}));
     link.Form().Key[0].MouseUp(MouseButton::Right);
-    EXPECT_EQ(link.Taken(), (Sent{Off(36)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(36)}));
 }
 
 TEST(PressMode, MovingMeansNothing)
@@ -48,7 +48,7 @@ TEST(PressMode, ReleaseEndsTheReleasedKeyWhateverSounds)
     KeyboardLink link;
     link.Open();
     link.Up(10);
-    EXPECT_EQ(link.Taken(), (Sent{Off(46)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(46)}));
 }
 
 TEST(PressMode, APressTurnsTheMonitorOn)
@@ -66,10 +66,10 @@ TEST(PressMode, ThePlacesOfTheTopAndTheBottomNoteAreReached)
     frmTastiera &form = link.Open();
     form.HScroll1.value = 3;
     link.Click(60);
-    EXPECT_EQ(link.Taken(), (Sent{On(108), Off(108)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(108), NoteOff(108)}));
     form.HScroll1.value = 0;
     link.Click(0);
-    EXPECT_EQ(link.Taken(), (Sent{On(12), Off(12)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(12), NoteOff(12)}));
 }
 
 // ---- Latch: both on
@@ -79,7 +79,7 @@ TEST(LatchMode, PressLatchesAndReleaseSaysNothing)
     KeyboardLink link;
     link.OpenLatch();
     link.Click(24);
-    EXPECT_EQ(link.Taken(), (Sent{On(60)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(60)}));
     EXPECT_EQ(link.Held(), (Ints{60}));
     EXPECT_EQ(link.Dots(), (Ints{24}));
 }
@@ -92,7 +92,7 @@ TEST(LatchMode, ASecondPressReleasesThatKeyOnly)
     link.Click(28);
     link.Taken();
     link.Click(24);
-    EXPECT_EQ(link.Taken(), (Sent{Off(60)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(60)}));
     EXPECT_EQ(link.Held(), (Ints{64}));
     EXPECT_EQ(link.Dots(), (Ints{28}));
     EXPECT_EQ(form.notes.CurrentNote, 200);
@@ -143,8 +143,9 @@ TEST(GlideMode, ASweepOverTenKeysGivesTenPairsInOrder)
         link.Move(key, 310);
     }
     form.Frame1.MouseMove();
-    EXPECT_EQ(link.Taken(), (Sent{On(36), Off(36), On(37), Off(37), On(38), Off(38), On(39), Off(39), On(40), Off(40),
-                                  On(41), Off(41), On(42), Off(42), On(43), Off(43), On(44), Off(44), On(45), Off(45)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(36),  NoteOff(36), NoteOn(37),  NoteOff(37), NoteOn(38),  NoteOff(38), NoteOn(39),
+                                  NoteOff(39), NoteOn(40),  NoteOff(40), NoteOn(41),  NoteOff(41), NoteOn(42),  NoteOff(42),
+                                  NoteOn(43),  NoteOff(43), NoteOn(44),  NoteOff(44), NoteOn(45),  NoteOff(45)}));
     EXPECT_EQ(link.Dots(), Ints{});
 }
 
@@ -156,9 +157,9 @@ TEST(GlideMode, TheLowerStripOfAWhiteKeyBeginsAt1368)
     link.Taken();
     link.Move(0, 0);
     link.Move(0, 1367);
-    EXPECT_EQ(link.Taken(), (Sent{On(36)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(36)}));
     link.Move(0, 1368);
-    EXPECT_EQ(link.Taken(), (Sent{Off(36, 64)})); // not the slider's velocity
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(36, 64)})); // not the slider's velocity
     EXPECT_EQ(form.notes.CurrentNote, 200);
     EXPECT_EQ(link.Dots(), Ints{});
     EXPECT_EQ(form.Text1.text.Get(), "C/Do (36)"); // and the name stays
@@ -170,9 +171,9 @@ TEST(GlideMode, TheLowerStripOfABlackKeyBeginsAt936)
     link.OpenGlide();
     link.Move(1, 935);
     link.Move(1, 935);
-    EXPECT_EQ(link.Taken(), (Sent{On(37)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(37)}));
     link.Move(1, 936);
-    EXPECT_EQ(link.Taken(), (Sent{Off(37)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOff(37)}));
 }
 
 TEST(GlideMode, AKeyEnteredInItsStripSounds)
@@ -180,7 +181,7 @@ TEST(GlideMode, AKeyEnteredInItsStripSounds)
     KeyboardLink link;
     link.OpenGlide();
     link.Move(0, 1400);
-    EXPECT_EQ(link.Taken(), (Sent{On(36)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(36)}));
 }
 
 TEST(GlideMode, APointerThatStaysInTheStripSoundsTheKeyAtEveryOtherMove)
@@ -190,7 +191,7 @@ TEST(GlideMode, APointerThatStaysInTheStripSoundsTheKeyAtEveryOtherMove)
     for (int move = 0; move < 5; ++move) {
         link.Move(0, 1380);
     }
-    EXPECT_EQ(link.Taken(), (Sent{On(36), Off(36), On(36), Off(36), On(36)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(36), NoteOff(36), NoteOn(36), NoteOff(36), NoteOn(36)}));
 }
 
 TEST(GlideMode, LeavingToTheFrameOrTheWindowEndsTheNoteOnce)
@@ -200,11 +201,11 @@ TEST(GlideMode, LeavingToTheFrameOrTheWindowEndsTheNoteOnce)
     link.Move(24);
     form.Frame1.MouseMove();
     form.Frame1.MouseMove();
-    EXPECT_EQ(link.Taken(), (Sent{On(60), Off(60)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(60), NoteOff(60)}));
     link.Move(24);
     form.Form_MouseMove();
     form.Form_MouseMove();
-    EXPECT_EQ(link.Taken(), (Sent{On(60), Off(60)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(60), NoteOff(60)}));
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
 
@@ -218,7 +219,7 @@ TEST(GlideMode, WithTheHoldBoxOnTheFrameEndsNothing)
     EXPECT_FALSE(form.CheckHoldNote.enabled);
     link.Move(24);
     form.Frame1.MouseMove();
-    EXPECT_EQ(link.Taken(), (Sent{On(60)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(60)}));
 }
 
 // ---- Chord
@@ -266,7 +267,7 @@ TEST(ChordMode, TheLowestNoteLandsOnThePressedKey)
     ChordLink link;
     link.Freeze({60, 64, 67});
     link.Down(26); // note 62
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(62), On(66), On(69)}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(62), NoteOn(66), NoteOn(69)}));
     EXPECT_EQ(link.Held(), (Ints{62, 66, 69}));
     EXPECT_EQ(link.Dots(), (Ints{26, 30, 33}));
     EXPECT_EQ(link.Form().notes.CurrentNote, 69);
@@ -280,12 +281,12 @@ TEST(ChordMode, WhatFallsAbove108IsLeftOutForThatPressOnly)
     link.Form().HScroll1.value = 3; // key 0 is note 48
     link.Taken();
     link.Down(52); // note 100
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(100), On(104), On(107)}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(100), NoteOn(104), NoteOn(107)}));
     link.Down(60); // note 108
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(108)}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(108)}));
     EXPECT_EQ(link.Chord(), (Ints{60, 64, 67}));
     link.Down(12); // note 60
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(60), On(64), On(67)}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(60), NoteOn(64), NoteOn(67)}));
 }
 
 TEST(ChordMode, NotesOffScreenSoundWithoutADot)
@@ -293,7 +294,7 @@ TEST(ChordMode, NotesOffScreenSoundWithoutADot)
     ChordLink link;
     link.Freeze({60, 64});
     link.Down(60); // note 96, and 100 off screen
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(96), On(100)}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(96), NoteOn(100)}));
     EXPECT_EQ(link.Dots(), (Ints{60}));
     EXPECT_EQ(link.Held(), (Ints{96, 100}));
 }
@@ -303,7 +304,7 @@ TEST(ChordMode, ReleaseIsSilent)
     ChordLink link;
     link.Freeze({60, 64});
     link.Click(0);
-    EXPECT_EQ(link.Taken(), (Sent{AllOff(), On(36), On(40)}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(36), NoteOn(40)}));
     EXPECT_EQ(link.Dots(), (Ints{0, 4}));
 }
 
@@ -312,13 +313,13 @@ TEST(ChordMode, AllNotesOffEndsItAndKeepsTheOldChordUnused)
     ChordLink link;
     link.Freeze({60, 64});
     link.Push(link.Form().CommAllNoteOff);
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_FALSE(link.Form().notes.ChordArmed);
     EXPECT_TRUE(link.Form().CommHoldChord.enabled);
     EXPECT_EQ(link.Held(), Ints{});
     EXPECT_EQ(link.Chord(), (Ints{60, 64}));
     link.Click(30);
-    EXPECT_EQ(link.Taken(), (Sent{On(66)}));
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(66)}));
     link.Push(link.Form().CommHoldChord);
     EXPECT_EQ(link.Chord(), (Ints{66}));
 }

@@ -197,16 +197,16 @@ TEST(AnySequence, WithChannelsChangedTheChannelOfNowFallsSilent)
 TEST(Recorder, HearsNotesAndTheirEnds)
 {
     Recorder recorder;
-    recorder.Hear(On(60));
-    recorder.Hear(On(64));
-    recorder.Hear(On(67, 64, 3));
-    recorder.Hear(Off(60));
+    recorder.Hear(NoteOn(60));
+    recorder.Hear(NoteOn(64));
+    recorder.Hear(NoteOn(67, 64, 3));
+    recorder.Hear(NoteOff(60));
     EXPECT_EQ(recorder.sounding[0], (std::set<int>{64}));
-    recorder.Hear(On(64, 0));
+    recorder.Hear(NoteOn(64, 0));
     EXPECT_TRUE(recorder.sounding[0].empty());
-    recorder.Hear(AllOff(0));
+    recorder.Hear(AllNotesOff(0));
     EXPECT_EQ(recorder.sounding[3], (std::set<int>{67}));
-    recorder.Hear(AllOff(3));
+    recorder.Hear(AllNotesOff(3));
     EXPECT_TRUE(recorder.sounding[3].empty());
 }
 

@@ -74,11 +74,11 @@ TEST(Opening, SendsAllNineMessagesTwiceWhereTheValueIsNot0)
     KeyboardLink link;
     link.record[0] = 4;
     mnuTastiera_Click(link.keyboard);
-    const std::uint32_t pan = Message(0xB4, 10, 64);
+    const std::uint32_t pan = Controller(10, 64, 4);
     // Between Pan and Att Time the two velocities send the Pan again.
-    EXPECT_EQ(link.Taken(), (Sent{Message(0xB4, 7, 100), Message(0xB4, 7, 100), pan, pan, pan, pan, pan, pan, Message(0xB4, 73, 0),
-                                  Message(0xB4, 72, 0), Message(0xE4, 127, 64), Message(0xE4, 127, 64), Message(0xB4, 1, 0),
-                                  Message(0xB4, 2, 0), Message(0xB4, 91, 0), Message(0xB4, 93, 0)}));
+    EXPECT_EQ(link.Taken(), (Sent{Controller(7, 100, 4), Controller(7, 100, 4), pan, pan, pan, pan, pan, pan, Controller(73, 0, 4),
+                                  Controller(72, 0, 4), PitchBend(64, 4), PitchBend(64, 4), Controller(1, 0, 4), Controller(2, 0, 4),
+                                  Controller(91, 0, 4), Controller(93, 0, 4)}));
 }
 
 TEST(Opening, WithNothingSentBeforeTheVelocitiesSendWhatStandsInTheCell)
@@ -86,9 +86,9 @@ TEST(Opening, WithNothingSentBeforeTheVelocitiesSendWhatStandsInTheCell)
     KeyboardLink link;
     link.record = {0, 1, 0, 2, 0, 0, 9, 0, 0, 0, 0, 0, 0, 0, 0, 0};
     mnuTastiera_Click(link.keyboard);
-    EXPECT_EQ(link.Taken(), (Sent{Message(0xB0, 7, 0), Message(0xB0, 10, 0), Message(0xB0, 10, 0), Message(0xB0, 10, 0),
-                                  Message(0xB0, 10, 0), Message(0xB0, 73, 0), Message(0xB0, 72, 0), Message(0xE0, 127, 0),
-                                  Message(0xB0, 1, 0), Message(0xB0, 2, 0), Message(0xB0, 91, 0), Message(0xB0, 93, 0)}));
+    EXPECT_EQ(link.Taken(),
+              (Sent{Controller(7, 0), Controller(10, 0), Controller(10, 0), Controller(10, 0), Controller(10, 0), Controller(73, 0),
+                    Controller(72, 0), PitchBend(0), Controller(1, 0), Controller(2, 0), Controller(91, 0), Controller(93, 0)}));
 }
 
 TEST(Opening, InLatchModeTheHoldBoxSilencesFirst)
@@ -98,8 +98,8 @@ TEST(Opening, InLatchModeTheHoldBoxSilencesFirst)
     mnuTastiera_Click(link.keyboard);
     const Sent sent = link.Taken();
     ASSERT_GE(sent.size(), 2U);
-    EXPECT_EQ(sent[0], AllOff());
-    EXPECT_EQ(sent[1], Message(0xB0, 7, 1));
+    EXPECT_EQ(sent[0], AllNotesOff());
+    EXPECT_EQ(sent[1], Controller(7, 1));
     EXPECT_TRUE(link.Form().CommHoldChord.enabled);
     EXPECT_TRUE(link.Form().CheckHoldNote.value);
 }
@@ -191,7 +191,7 @@ TEST(Closing, SilencesANotePlayedByPress)
     link.Down(24);
     link.Taken();
     link.Close();
-    EXPECT_EQ(link.Taken(), (Sent{AllOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
     EXPECT_EQ(link.keyboard.window, nullptr);
 }
 

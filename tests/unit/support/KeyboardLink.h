@@ -5,27 +5,10 @@
 #include "keyboard/Notes.h"
 #include "keyboard/frmTastiera.h"
 #include "unit/support/MidiLink.h"
+#include "unit/support/MidiMessages.h"
 #include "view/Gestures.h"
 
 namespace velluto::test {
-
-// Messages as the device reads them; channel 0-based.
-[[nodiscard]] inline std::uint32_t Message(std::uint32_t status, std::uint32_t first, std::uint32_t second)
-{
-    return status | first << 8U | second << 16U;
-}
-[[nodiscard]] inline std::uint32_t On(std::uint32_t note, std::uint32_t velocity = 64, std::uint32_t channel = 0)
-{
-    return Message(0x90 | channel, note, velocity);
-}
-[[nodiscard]] inline std::uint32_t Off(std::uint32_t note, std::uint32_t velocity = 64, std::uint32_t channel = 0)
-{
-    return Message(0x80 | channel, note, velocity);
-}
-[[nodiscard]] inline std::uint32_t AllOff(std::uint32_t channel = 0)
-{
-    return Message(0xB0 | channel, 123, 0);
-}
 
 struct KeyboardLink : MidiLink {
     KeyboardState keyboard{midi};

@@ -9,6 +9,7 @@
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
 #include "platform/standin/StandinSequencer.h"
+#include "unit/support/MidiMessages.h"
 
 #include <cstdint>
 #include <string>
@@ -71,6 +72,5 @@ struct MidiLink {
 };
 
 using Texts = std::vector<std::string>;
-using Sent = std::vector<std::uint32_t>;
 
 } // namespace velluto::test
