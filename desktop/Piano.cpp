@@ -36,6 +36,7 @@ Piano &Piano::Of(QWidget &parent, EventGate &gate)
             return *piano;
         }
     }
+    InstallPianoAccess(); // first: a widget is made known as it is being made
     return *new Piano(gate, &parent);
 }
 
@@ -47,7 +48,11 @@ Piano::Piano(EventGate &gate, QWidget *parent) : QWidget(parent), gate_(gate)
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoMousePropagation);
-    InstallPianoAccess();
+}
+
+Piano::~Piano()
+{
+    ForgetPianoAccess(*this);
 }
 
 // ---- keys and places

@@ -16,6 +16,7 @@ class Piano : public QWidget {
 public:
     // The piano among the parent's widgets; made where there is none yet.
     static Piano &Of(QWidget &parent, EventGate &gate);
+    ~Piano() override;
 
     void Add(PianoKey &key);
     void Remove(const PianoKey &key);

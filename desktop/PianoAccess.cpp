@@ -121,6 +121,13 @@ void InstallPianoAccess()
     QAccessible::installFactory(MakePianoAccess);
 }
 
+void ForgetPianoAccess(Piano &piano)
+{
+    if (QAccessibleInterface *known = QAccessible::queryAccessibleInterface(&piano)) {
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(known));
+    }
+}
+
 void TellPianoAccess(Piano &piano, int number)
 {
     if (QAccessible::isActive()) {
