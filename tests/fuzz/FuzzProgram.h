@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <map>
 #include <memory>
@@ -23,6 +24,27 @@
 namespace velluto::fuzz {
 
 using Bytes = std::vector<std::uint8_t>;
+
+// Clicks every row of every list of the window.
+inline void ClickEveryRow(Form &form)
+{
+    for (Control *control : form.controls()) {
+        auto *list = dynamic_cast<ListBox *>(control);
+        for (int row = 0; list != nullptr && row < list->ListCount(); ++row) {
+            ListGesture::ClickRow(*list, row, Modifier::None);
+        }
+    }
+}
+
+// No message may have a data byte above 127.
+inline void CheckSent(const StandinMidi &midi)
+{
+    for (const std::uint32_t message : midi.sent) {
+        if ((message & 0x808000U) != 0) {
+            std::abort();
+        }
+    }
+}
 
 class MemoryFile : public RandomAccessFile {
 public:

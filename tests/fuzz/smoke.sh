@@ -24,6 +24,8 @@ for target in "${targets[@]}"; do
     name=${target##*/}
     corpus=("$finds/$name")
     mkdir "$finds/$name"
-    [ "$name" != fuzz_program_file ] || corpus+=(data/samples)
+    case $name in
+    *_file) corpus+=(data/samples) ;;
+    esac
     "$target" -max_total_time="$seconds" -timeout=10 -len_control=0 -max_len=45000 -seed=1 -artifact_prefix="build/fuzz/$name-" "${corpus[@]}"
 done
