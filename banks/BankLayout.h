@@ -38,7 +38,6 @@ inline constexpr std::array<FactoryBank, 6> kFactoryBanks = {{
 
 // A factory Style list is four groups of rows, each two pages of sixteen Styles under a heading record of their own.
 inline constexpr int kStyleGroups = 4;
-inline constexpr int kPagesInGroup = 2;
 inline constexpr int kStylesOnPage = 16;
 
 // The first records of the two lists. The last seventeen of the first list are the first of the second, on purpose.

@@ -4,6 +4,8 @@
 #include "files/ChildLayout.h"
 #include "files/WindowTitle.h"
 
+#include <algorithm>
+
 namespace velluto {
 
 namespace {
@@ -34,10 +36,11 @@ void FactoryForm::Form_Load()
     app.children.RestoringLayout = true;
     PlaceWindow();
     LayOut();
-    List1.SetRows(Rows());
+    ShowRows();
     Tag = StateText(Entry(kind_));
     caption = WindowTitle(app, Tag);
     List1.accessibleName = caption.Get();
+    std::ranges::replace(List1.accessibleName, '&', '/'); // as the menu has it; spoken "&" is a mark of access keys
     app.children.RestoringLayout = false;
     ++app.children.ChildCount;
 }
@@ -60,6 +63,18 @@ void FactoryForm::PlaceWindow()
     place = Place{work.Left, work.Top, work.Width, work.Height};
     work.State = kOpen;
     Entry(kind_) = work;
+}
+
+// What has words and does not play is a heading.
+void FactoryForm::ShowRows()
+{
+    List1.headings.clear();
+    List1.SetRows(Rows());
+    for (int row = 0; row < List1.ListCount(); ++row) {
+        if (!RightTrimmed(List1.Row(row)).empty() && !PlaysRow(List1.Row(row))) {
+            List1.headings.push_back(row);
+        }
+    }
 }
 
 void FactoryForm::LayOut()
@@ -114,7 +129,12 @@ void FactoryForm::Form_Unload()
     app.children.Bury(TakeOut());
 }
 
-void FactoryForm::SelectCurrentRow()
+bool FactoryForm::PlaysCurrentRow() const
+{
+    return PlaysRow(List1.Row(List1.ListIndex()));
+}
+
+void FactoryForm::PlayCurrentRow()
 {
     SelectOnInstrument(recall_, *this, List1.ListIndex());
 }

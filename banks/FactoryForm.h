@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velluto {
@@ -25,8 +26,9 @@ protected:
     // number tells the window from the others of its form, kind is its ViewKind.
     FactoryForm(std::string name, int number, RecallState &recall, int kind);
 
-    // Plays the current row on the instrument, through the channel of the window's role.
-    void SelectCurrentRow();
+    [[nodiscard]] bool PlaysCurrentRow() const;
+    // Plays it on the instrument, through the channel of the window's role.
+    void PlayCurrentRow();
     [[nodiscard]] RecallState &Recall() const { return recall_; }
     [[nodiscard]] Modulo1 &App() const { return recall_.app; }
     [[nodiscard]] int Kind() const { return kind_; }
@@ -36,6 +38,8 @@ private:
     [[nodiscard]] virtual Size NaturalCells() const = 0;
     [[nodiscard]] virtual std::vector<std::string> Rows() const = 0;
     [[nodiscard]] virtual WindowTag StateText(const WindowPlacement &placement) const = 0;
+    // A click on this row passes on to the instrument.
+    [[nodiscard]] virtual bool PlaysRow(std::string_view row) const = 0;
     virtual void List1_Click() = 0;
     // The kind that a window which closes takes itself for.
     [[nodiscard]] virtual int KindAtUnload() const = 0;
@@ -46,6 +50,7 @@ private:
 
     void PlaceWindow();
     void LayOut();
+    void ShowRows();
     [[nodiscard]] WindowPlacement &Entry(int kind) const;
 
     RecallState &recall_;

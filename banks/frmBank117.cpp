@@ -70,11 +70,15 @@ WindowTag frmBank117::StateText(const WindowPlacement &placement) const
 }
 
 // Items begin with their number, headings with a letter or a blank.
+bool frmBank117::PlaysRow(std::string_view row) const
+{
+    return !row.empty() && row.front() >= '0' && row.front() <= '9';
+}
+
 void frmBank117::List1_Click()
 {
-    const std::string_view row = RightTrimmed(List1.Row(List1.ListIndex()));
-    if (!row.empty() && row.front() >= '0' && row.front() <= '9') {
-        SelectCurrentRow();
+    if (PlaysCurrentRow()) {
+        PlayCurrentRow();
     }
 }
 

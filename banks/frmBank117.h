@@ -17,6 +17,7 @@ private:
     [[nodiscard]] Size NaturalCells() const override;
     [[nodiscard]] std::vector<std::string> Rows() const override;
     [[nodiscard]] WindowTag StateText(const WindowPlacement &placement) const override;
+    [[nodiscard]] bool PlaysRow(std::string_view row) const override;
     void List1_Click() override;
     [[nodiscard]] int KindAtUnload() const override;
     [[nodiscard]] MenuEntry &OwnCommand() override;

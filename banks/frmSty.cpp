@@ -6,7 +6,8 @@ namespace velluto {
 
 namespace {
 
-constexpr int kColumns = 4; // one for each group
+constexpr int kColumns = 4; // one for each group, in a window of any height
+constexpr int kRowsInGroup = 37;
 constexpr Size kCells{88, 38};
 constexpr int kKindBeforeFirst = ViewKind::FactoryStyles1 - 1;
 
@@ -27,6 +28,7 @@ std::size_t WindowIndex(int index)
 frmSty::frmSty(BankState &banks, int index) : FactoryForm("frmSty", index, banks.recall, kKindBeforeFirst + index), banks_(banks)
 {
     List1.columns = kColumns;
+    List1.longestColumn = kRowsInGroup;
 }
 
 Size frmSty::NaturalCells() const
@@ -51,14 +53,17 @@ WindowTag frmSty::StateText(const WindowPlacement & /*placement*/) const
     return tag;
 }
 
+bool frmSty::PlaysRow(std::string_view row) const
+{
+    return !RightTrimmed(row).empty() && row.size() > kBehindNumber && row[kBehindNumber] == ' ';
+}
+
 void frmSty::List1_Click()
 {
-    const std::string &row = List1.Row(List1.ListIndex());
-    if (RightTrimmed(row).empty() || row.size() <= kBehindNumber || row[kBehindNumber] != ' ') {
-        return;
+    if (PlaysCurrentRow()) {
+        RefreshWindowMenu(App());
+        PlayCurrentRow();
     }
-    RefreshWindowMenu(App());
-    SelectCurrentRow();
 }
 
 int frmSty::KindAtUnload() const

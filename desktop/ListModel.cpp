@@ -1,6 +1,9 @@
 #include "desktop/ListModel.h"
 
+#include "desktop/Fonts.h"
 #include "desktop/Words.h"
+
+#include <algorithm>
 
 namespace velluto {
 
@@ -38,7 +41,17 @@ QVariant ListModel::data(const QModelIndex &index, int role) const
     if (role == Qt::AccessibleTextRole) {
         return Text(index.row()).simplified();
     }
+    if (role == Qt::FontRole && IsHeading(index.row())) {
+        QFont font = ToQFont(list_->font);
+        font.setBold(true);
+        return font;
+    }
     return {};
+}
+
+bool ListModel::IsHeading(int row) const
+{
+    return list_ != nullptr && std::ranges::find(list_->headings, row) != list_->headings.end();
 }
 
 QString ListModel::Text(int row) const

@@ -20,6 +20,7 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     // The text of a row as it is drawn; row is 0-based.
     [[nodiscard]] QString Text(int row) const;
+    [[nodiscard]] bool IsHeading(int row) const;
 
 private:
     const ListBox *list_;

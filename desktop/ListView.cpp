@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace velluto {
 
@@ -118,7 +119,9 @@ void ListView::updateGeometries()
     const int rows = list_->ListCount();
     const auto columnsFor = [rows](int perColumn) { return (rows + perColumn - 1) / perColumn; };
     const int whole = contentsRect().height();
-    const int perColumnWithoutBar = std::max(whole / rowHeight_, 1);
+    const int most = list_->longestColumn > 0 ? list_->longestColumn : std::numeric_limits<int>::max();
+    const auto rowsIn = [this, most](int height) { return std::clamp(height / rowHeight_, 1, most); };
+    const int perColumnWithoutBar = rowsIn(whole);
     columnWidth_ = std::max({viewport()->width() / columns, NarrowestColumn(), 1});
     const bool bar = columnsFor(perColumnWithoutBar) > columns || columnsFor(perColumnWithoutBar) * columnWidth_ > viewport()->width();
     const Qt::ScrollBarPolicy policy = bar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
@@ -126,7 +129,7 @@ void ListView::updateGeometries()
         setHorizontalScrollBarPolicy(policy);
     }
     const int height = viewport()->height();
-    rowsPerColumn_ = std::max(height / rowHeight_, 1);
+    rowsPerColumn_ = rowsIn(height);
     // What is left over of the height is shared above and below, but the rows of a tall list begin at its top.
     topInset_ = std::clamp((height - rowsPerColumn_ * rowHeight_) / 2, 0, rowHeight_ / 2);
     list_->rowsPerColumn = rowsPerColumn_;
@@ -202,7 +205,6 @@ void ListView::paintEvent(QPaintEvent *event)
         return;
     }
     QPainter painter(viewport());
-    painter.setFont(font());
     const int first = std::max((event->rect().left() + horizontalOffset()) / columnWidth_ * rowsPerColumn_, 0);
     const int last = std::min(((event->rect().right() + horizontalOffset()) / columnWidth_ + 1) * rowsPerColumn_, list_->ListCount());
     for (int row = first; row < last; ++row) {

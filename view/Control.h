@@ -146,9 +146,11 @@ public:
     enum class Encoding { Windows1252, Utf8 };
     ListBox(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
 
-    int columns = 1;         // the list flows in this many snaking columns
-    bool multiSelect = true; // extended selection
-    int rowsPerColumn = 0;   // as a face draws it; 0: the rows spread evenly over the columns
+    int columns = 1;           // the list flows in this many snaking columns
+    bool multiSelect = true;   // extended selection
+    int longestColumn = 0;     // rows that a column has at most, however high the list is; 0: as many as find room
+    int rowsPerColumn = 0;     // as a face draws it; 0: the rows spread evenly over the columns
+    std::vector<int> headings; // rows that are titles of those below them; a face sets them off
     Encoding encoding = Encoding::Windows1252;
     Font font;
 

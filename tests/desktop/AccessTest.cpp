@@ -46,13 +46,15 @@ TEST_F(AccessTest, EveryControlOfEveryWindowHasAName)
     ChooseMenu(app.frame.mnuPrfNuovo);
     ChooseMenu(app.frame.mnuMIDISetup);
     ChooseMenu(app.frame.mnuMsgEx);
+    ChooseMenu(app.frame.mnuBankA);
+    ChooseMenu(app.frame.mnuSty[1]);
     for (const int kind : {25, 26, 27, 28}) {
         ShowStyUserAllWindow(program.files, kind);
     }
     ShowPrfUserAllWindow(program.files);
     ChooseMenu(app.frame.mnuTastiera);
     Settle();
-    ASSERT_EQ(app.children.All().size(), 11U);
+    ASSERT_EQ(app.children.All().size(), 13U);
     for (const Form *form : app.children.All()) {
         EachHasAName(Window(*form), *form);
     }

@@ -41,11 +41,12 @@ TEST_F(FactoryWindowTest, EachBankHasAWindowOfItsOwnAndItsCommandIsOffMeanwhile)
         EXPECT_FALSE(entry->enabled);
         EXPECT_EQ(window.FullName(), "frmBank117(" + std::to_string(kind) + ")");
         EXPECT_EQ(window.caption.Get(), title);
-        EXPECT_EQ(window.List1.accessibleName, title);
+        EXPECT_FALSE(window.List1.accessibleName.empty());
         EXPECT_EQ(app.children.Active(), &window);
         EXPECT_EQ(app.children.ChildCount, kind - 1);
         ++kind;
     }
+    EXPECT_EQ(Bank(2).List1.accessibleName, "Banks A: Piano, E.Piano, Mallet/Bell, Accordion");
     EXPECT_EQ(Bank(2).List1.ListCount(), 117);
     EXPECT_EQ(Bank(2).List1.Row(2), "01 Prog 3       ");
     EXPECT_EQ(Bank(7).List1.Row(103), "50 Prog 745     ");
@@ -123,6 +124,15 @@ TEST_F(FactoryWindowTest, TheListIsInCourierNew11AndOneRowAtATimeIsSelected)
         EXPECT_FALSE(window->List1.Selected(3));
         EXPECT_TRUE(window->List1.Selected(5));
     }
+}
+
+TEST_F(FactoryWindowTest, RowsWithWordsThatDoNotPlayAreHeadings)
+{
+    run.program.recall.tables.PcgTable[1] = Blanks(30);
+    run.program.recall.tables.PcgTable[36] = Blanks(30);
+    EXPECT_EQ(Bank(2).List1.headings, (std::vector<int>{1, 34, 36, 63, 64, 65, 98, 99, 100}));
+    EXPECT_EQ(Styles(1).List1.headings, (std::vector<int>{0, 19, 37, 56, 74, 93, 111, 130}));
+    EXPECT_EQ(Styles(1).List1.longestColumn, 37) << "a column for each group";
 }
 
 TEST_F(FactoryWindowTest, AWindowComesBackWhereItStood)
