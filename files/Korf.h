@@ -57,9 +57,9 @@ void IndexItems(int n, std::int32_t end, ByteAt byteAt, ItemTable &table)
     std::int64_t word = std::int64_t{end} - Korf::kIndexWord * n;
     for (int i = 1; i <= std::min(n, Korf::kMostItems); ++i, word += Korf::kIndexWord) {
         const std::int32_t position = fileOffset(word) + 1;
+        table[static_cast<std::size_t>(i - 1)] = position; // stays where byteAt cannot give the next word
         // The last item reaches to the index chunk, every other one to the next.
         const std::int32_t next = i == n ? end - Korf::kIndexHead - Korf::kIndexWord * n : fileOffset(word + Korf::kIndexWord) + 1;
-        table[static_cast<std::size_t>(i - 1)] = position;
         table[static_cast<std::size_t>(i - 1 + Korf::kMostItems)] = next - position;
     }
 }
