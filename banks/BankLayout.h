@@ -16,7 +16,7 @@ struct RecordRange {
 // A bank lists its records in ascending order, one row each; row r is record r + records.first. The numbers of its items
 // begin again behind each group of heading records.
 struct FactoryBank {
-    int kind; // ViewKind
+    int kind = 0; // ViewKind
     RecordRange records;
     std::array<RecordRange, 4> headings;
 

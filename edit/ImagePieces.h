@@ -37,9 +37,9 @@ public:
 private:
     struct Piece {
         FileImage block;
-        std::size_t offset;
-        std::size_t length;
-        std::int64_t end; // how much of the image lies before the piece's end
+        std::size_t offset = 0;
+        std::size_t length = 0;
+        std::int64_t end = 0; // how much of the image lies before the piece's end
     };
     static ImageView Bytes(const std::string &text) { return {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()}; }
     [[nodiscard]] std::vector<Piece>::const_iterator PieceWith(std::int64_t position) const;
