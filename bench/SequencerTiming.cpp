@@ -179,7 +179,7 @@ Played PlayWithSequencer(const std::string &path)
     Played played;
     {
         Listener listener;
-        if (!listener.ListenTo("Velluto player:out")) {
+        if (!listener.ListenTo("Velluto:Velluto player")) {
             return played;
         }
         music.sequencer->SetCommand("play");

@@ -27,7 +27,7 @@ bool HasSequencerDevice()
 // ALSA passes a message on when it gets it: it comes when it is due, give or take what the sender was late.
 class AlsaSource : public SourcePort {
 public:
-    AlsaSource() : midi_(RtMidi::LINUX_ALSA, kPlayerClientName)
+    AlsaSource() : midi_(RtMidi::LINUX_ALSA, kMidiClientName)
     {
         midi_.setErrorCallback(&Quiet, nullptr);
         midi_.openVirtualPort(kPlayerPortName);

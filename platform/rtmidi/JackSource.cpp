@@ -2,7 +2,9 @@
 
 #include <jack/midiport.h>
 
+#include <algorithm>
 #include <array>
+#include <new>
 #include <thread>
 
 namespace velluto {
@@ -20,36 +22,19 @@ constexpr auto kDrainLook = 500us;
 
 } // namespace
 
-std::unique_ptr<JackSource> JackSource::Make()
+JackSource::JackSource(Host &host, jack_client_t *client, jack_port_t *port)
+    : host_(host), client_(client), port_(port), ring_(jack_ringbuffer_create(kRingBytes))
 {
-    std::unique_ptr<JackSource> source(new JackSource);
-    return source->Start() ? std::move(source) : nullptr;
-}
-
-bool JackSource::Start()
-{
-    ring_.reset(jack_ringbuffer_create(kRingBytes));
-    client_ = jack_client_open(kPlayerClientName, JackNoStartServer, nullptr);
-    if (!ring_ || client_ == nullptr) {
-        return false;
+    if (!ring_) {
+        throw std::bad_alloc();
     }
-    port_ = jack_port_register(client_, kPlayerPortName, JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
-    jack_set_process_callback(
-        client_,
-        [](jack_nframes_t frames, void *self) {
-            static_cast<JackSource *>(self)->Process(frames);
-            return 0;
-        },
-        this);
-    jack_on_shutdown(
-        client_, [](void *self) { static_cast<JackSource *>(self)->dead_ = true; }, this);
-    return port_ != nullptr && jack_activate(client_) == 0;
 }
 
 JackSource::~JackSource()
 {
-    if (client_ != nullptr) {
-        jack_client_close(client_);
+    host_.Forget(*this);
+    if (host_.ServerLives()) {
+        jack_port_unregister(client_, port_);
     }
 }
 
@@ -78,7 +63,7 @@ void JackSource::Send(std::span<const std::uint8_t> message, TimePoint due)
 void JackSource::Drain()
 {
     const auto end = std::chrono::steady_clock::now() + kLongestDrain;
-    while (!dead_ && jack_ringbuffer_read_space(ring_.get()) > 0 && std::chrono::steady_clock::now() < end) {
+    while (host_.ServerLives() && jack_ringbuffer_read_space(ring_.get()) > 0 && std::chrono::steady_clock::now() < end) {
         std::this_thread::sleep_for(kDrainLook);
     }
 }

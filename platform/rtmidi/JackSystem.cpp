@@ -83,8 +83,8 @@ bool JackSystem::Connect()
         this);
     jack_set_process_callback(
         client_,
-        [](jack_nframes_t, void *self) {
-            static_cast<JackSystem *>(self)->cycles_.fetch_add(1, std::memory_order_relaxed);
+        [](jack_nframes_t frames, void *self) {
+            static_cast<JackSystem *>(self)->Process(frames);
             return 0;
         },
         this);
@@ -92,6 +92,39 @@ bool JackSystem::Connect()
         CloseClient();
     }
     return alive_;
+}
+
+void JackSystem::Process(jack_nframes_t frames)
+{
+    cycles_.fetch_add(1, std::memory_order_relaxed);
+    if (const std::unique_lock lock(sourceLock_, std::try_to_lock); lock && source_ != nullptr) {
+        source_->Process(frames);
+    }
+}
+
+std::unique_ptr<SourcePort> JackSystem::MakeSource()
+{
+    const std::lock_guard lock(mutex_);
+    if (!alive_ || source_ != nullptr) {
+        return nullptr;
+    }
+    jack_port_t *const port = jack_port_register(client_, kPlayerPortName, JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
+    if (port == nullptr) {
+        return nullptr;
+    }
+    JackSource::Host &host = *this;
+    auto source = std::make_unique<JackSource>(host, client_, port);
+    const std::lock_guard sourceLock(sourceLock_);
+    source_ = source.get();
+    return source;
+}
+
+void JackSystem::Forget(JackSource &source)
+{
+    const std::lock_guard lock(sourceLock_);
+    if (source_ == &source) {
+        source_ = nullptr;
+    }
 }
 
 std::vector<std::string> JackSystem::Names(PortKind kind)

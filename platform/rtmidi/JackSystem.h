@@ -4,6 +4,7 @@
 
 #include "platform/rtmidi/JackSource.h"
 #include "platform/rtmidi/MidiSystem.h"
+#include "platform/rtmidi/SpinLock.h"
 
 #include <jack/jack.h>
 
@@ -11,7 +12,7 @@
 
 namespace velluto {
 
-class JackSystem : public MidiSystem {
+class JackSystem : public MidiSystem, private JackSource::Host {
 public:
     JackSystem();
     ~JackSystem() override;
@@ -26,15 +27,20 @@ public:
     bool HasRoom(SendBudget &budget, std::size_t messageBytes) const override;
     void Settle(const std::string &portName) override;
     void LetPass() override;
-    std::unique_ptr<SourcePort> MakeSource() override { return JackSource::Make(); }
+    std::unique_ptr<SourcePort> MakeSource() override; // one at a time
 
 private:
+    [[nodiscard]] bool ServerLives() const override { return Alive(); }
+    void Forget(JackSource &source) override;
+    void Process(jack_nframes_t frames);
     void CloseClient();
 
     std::mutex mutex_; // guards client_: listed by the interface thread and by the one that watches
     jack_client_t *client_ = nullptr;
     std::atomic<bool> alive_ = false;
     std::atomic<std::uint32_t> cycles_ = 0; // periods that the server has run
+    SpinLock sourceLock_;                   // guards source_; JACK's thread only tries it
+    JackSource *source_ = nullptr;
 };
 
 } // namespace velluto

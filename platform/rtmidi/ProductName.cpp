@@ -1,7 +1,6 @@
 #include "platform/rtmidi/ProductName.h"
 
 #include "platform/rtmidi/MidiPorts.h"
-#include "platform/rtmidi/SourcePort.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -74,7 +73,7 @@ bool IsOwnPort(std::string_view portName)
     if (!portName.starts_with(own)) {
         return false;
     }
-    portName.remove_prefix((portName.starts_with(kPlayerClientName) ? std::string_view(kPlayerClientName) : own).size());
+    portName.remove_prefix(own.size());
     const std::size_t colon = portName.find(':');
     if (colon == 0 || colon == std::string_view::npos) {
         return colon == 0;

@@ -11,7 +11,7 @@ namespace velluto {
 // control character become '?'.
 MidiDeviceCaps ProductName(std::string_view portName);
 
-// True for a port of the program itself: "Velluto:out", "Velluto-02:in", "Velluto player:out".
+// True for a port of the program itself: "Velluto:out", "Velluto-02:in".
 bool IsOwnPort(std::string_view portName);
 
 } // namespace velluto

@@ -7,9 +7,8 @@
 
 namespace velluto {
 
-// The name under which the sequencer's port is to be found, and what the port itself is called.
-inline constexpr const char *kPlayerClientName = "Velluto player";
-inline constexpr const char *kPlayerPortName = "out";
+// What the sequencer's port is called, as a port of the program.
+inline constexpr const char *kPlayerPortName = "Velluto player";
 
 // The port ends with the object.
 class SourcePort {

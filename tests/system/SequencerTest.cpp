@@ -42,7 +42,7 @@ protected:
     {
         jack_client_t *bay = jack_client_open("bay", JackNoStartServer, nullptr);
         ASSERT_NE(bay, nullptr);
-        EXPECT_EQ(jack_connect(bay, "Velluto player:out", "pa80:midi_in"), 0);
+        EXPECT_EQ(jack_connect(bay, "Velluto:Velluto player", "pa80:midi_in"), 0);
         jack_client_close(bay);
     }
 

@@ -54,10 +54,6 @@ TEST(IsOwnPort, TellsTheProgramsClientsByNameAndNumber)
 {
     EXPECT_TRUE(IsOwnPort("Velluto:out"));
     EXPECT_TRUE(IsOwnPort("Velluto-01:in"));
-    EXPECT_TRUE(IsOwnPort("Velluto player:out"));
-    EXPECT_TRUE(IsOwnPort("Velluto player-01:out"));
-    EXPECT_TRUE(IsOwnPort("Velluto player:out 128:0"));
-    EXPECT_FALSE(IsOwnPort("Velluto players:out"));
     EXPECT_FALSE(IsOwnPort("Velluto Piano:out"));
     EXPECT_FALSE(IsOwnPort("Velluto-:out"));
     EXPECT_FALSE(IsOwnPort("Velluto-1a:out"));
