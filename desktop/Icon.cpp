@@ -36,13 +36,12 @@ void DrawProgramIcon(QPainter &painter)
         painter.drawRoundedRect(QRectF(left, kKeysTop, 7, 15), 1.5, 1.5);
     }
     QPainterPath wave(QPointF(9, 18));
-    wave.cubicTo(17, 6, 24, 6, 32, 18);
-    wave.cubicTo(40, 30, 47, 30, 55, 18);
+    wave.cubicTo(17, 7, 24, 7, 32, 18);
+    wave.cubicTo(40, 29, 47, 29, 55, 18);
     QPen thread(QColor(0xf2, 0xb8, 0x6b), 3.5);
     thread.setCapStyle(Qt::RoundCap);
     painter.setPen(thread);
     painter.setBrush(Qt::NoBrush);
-    painter.setClipRect(QRectF(0, 0, kDrawing, kKeysTop - 2));
     painter.drawPath(wave);
 }
 

@@ -18,7 +18,7 @@ constexpr int kSide = 128;
 constexpr double kUnits = 64.0; // the drawing's own width
 
 // Reads as much of SVG as the drawing uses: rectangles with round corners, one path of curves, one gradient from top to
-// bottom, one clip, and groups that give their colour to what is in them.
+// bottom, and groups that give their colour to what is in them.
 class Drawing {
 public:
     QImage Draw(const QString &file)
@@ -33,8 +33,6 @@ public:
         for (QXmlStreamReader xml(&svg); !xml.atEnd();) {
             if (xml.readNext() == QXmlStreamReader::StartElement) {
                 Take(xml.name().toString(), xml.attributes(), painter);
-            } else if (xml.isEndElement() && xml.name() == QLatin1String("clipPath")) {
-                inClip_ = false;
             }
             EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
         }
@@ -47,16 +45,10 @@ private:
         const auto text = [&given](const char *key) { return given.value(QLatin1String(key)).toString(); };
         if (name == QLatin1String("stop")) {
             gradient_.setColorAt(text("offset").toDouble(), QColor(text("stop-color")));
-        } else if (name == QLatin1String("clipPath")) {
-            inClip_ = true;
         } else if (name == QLatin1String("g")) {
             fill_ = QColor(text("fill"));
         } else if (name == QLatin1String("rect")) {
             const QRectF rect(text("x").toDouble(), text("y").toDouble(), text("width").toDouble(), text("height").toDouble());
-            if (inClip_) {
-                clip_ = rect;
-                return;
-            }
             painter.setPen(Qt::NoPen);
             gradient_.setStart(rect.topLeft());
             gradient_.setFinalStop(rect.bottomLeft());
@@ -67,10 +59,7 @@ private:
             pen.setCapStyle(Qt::RoundCap);
             painter.setPen(pen);
             painter.setBrush(Qt::NoBrush);
-            painter.save();
-            painter.setClipRect(clip_);
             painter.drawPath(Curve(text("d")));
-            painter.restore();
         }
     }
     // "M" a point, "C" two control points and a point, "S" one of them: the first is the mirror of the last one before.
@@ -100,9 +89,7 @@ private:
     }
 
     QLinearGradient gradient_;
-    QRectF clip_;
     QColor fill_;
-    bool inClip_ = false;
 };
 
 TEST(ProgramIcon, IsTheDrawingOfTheRepository)
