@@ -14,18 +14,6 @@ screen_height=800
 most_time=0.50
 most_memory=1.00
 
-# The display's cookie once more under this machine's name: Python's X library knows no cookie that is good for any display.
-add_named_cookie() {
-    local host number=${DISPLAY#:}
-    host=$(hostname)
-    {
-        printf '\001\000\000%b%s\000%b%s' "\\x$(printf %02x ${#host})" "$host" "\\x$(printf %02x ${#number})" "$number"
-        printf '\000\022MIT-MAGIC-COOKIE-1\000\020'
-        tail -c 16 "$XAUTHORITY"
-    } >"$stage/named"
-    cat "$stage/named" >>"$XAUTHORITY"
-}
-
 install_packages "${build_packages[@]}" "${test_packages[@]}" vmpk python3-xlib
 build release velluto
 build dev jack-instrument

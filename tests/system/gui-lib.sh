@@ -35,6 +35,18 @@ free_display() {
     fail "no display number is free"
 }
 
+# The display's cookie once more under this machine's name: Python's X library knows no cookie that is good for any display.
+add_named_cookie() {
+    local host number=${DISPLAY#:}
+    host=$(hostname)
+    {
+        printf '\001\000\000%b%s\000%b%s' "\\x$(printf %02x ${#host})" "$host" "\\x$(printf %02x ${#number})" "$number"
+        printf '\000\022MIT-MAGIC-COOKIE-1\000\020'
+        tail -c 16 "$XAUTHORITY"
+    } >"$stage/named"
+    cat "$stage/named" >>"$XAUTHORITY"
+}
+
 # Where the test ends, however it does: a picture of the screen if it failed, nothing left running, nothing left behind.
 # shellcheck disable=SC2317 # a trap reaches it
 leave_stage() {
@@ -72,7 +84,7 @@ window_manager_is_up() {
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
 }
 
-# start_jack: a MIDI server of its own, with no sound behind it. Always of one of the same few names: JACK keeps a list of eight
+# start_jack [FRAMES]: a MIDI server of its own, with no sound behind it, in periods of so many frames. Always of one of the same few names: JACK keeps a list of eight
 # servers for the whole machine, and takes a killed one off it only for another of its name.
 start_jack() {
     export JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
@@ -82,15 +94,15 @@ start_jack() {
         [ "$(jack_wait -c 2>/dev/null | tail -n 1)" != running ] || continue
         break
     done
-    jackd -n "$JACK_DEFAULT_SERVER" --no-realtime -d dummy -r 48000 -p 256 >"$stage/jackd.log" 2>&1 &
+    jackd -n "$JACK_DEFAULT_SERVER" --no-realtime -d dummy -r 48000 -p "${1-256}" >"$stage/jackd.log" 2>&1 &
     started_pids+=($!)
     jack_wait -w -t "$patience" >/dev/null 2>&1 || fail "jackd did not start: $(tail -n 5 "$stage/jackd.log")"
 }
 
-# start_instrument PROGRAM NAME: a client that writes what it hears into $stage/heard.
+# start_instrument PROGRAM NAME [--times]: a client that writes what it hears into $stage/heard.
 start_instrument() {
     mkfifo "$stage/instrument"
-    "$1" "$2" <>"$stage/instrument" >"$stage/heard" 2>"$stage/instrument.log" &
+    "$@" <>"$stage/instrument" >"$stage/heard" 2>"$stage/instrument.log" &
     started_pids+=($!)
     wait_until "the instrument" grep -qx ready "$stage/heard"
 }
