@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
 install_packages "${build_packages[@]}" "${test_packages[@]}"
-programs=(bench_core bench_edit bench_sequencer)
+programs=(bench_core bench_edit bench_keyboard bench_sequencer)
 build bench "${programs[@]}"
 status=0
 for program in "${programs[@]}"; do
@@ -15,4 +15,5 @@ for program in "${programs[@]}"; do
 done
 bench/startup.sh || status=1
 bench/sequencer.sh || status=1
+bench/keyboard-latency.sh || status=1
 exit "$status"

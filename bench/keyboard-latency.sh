@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# From the mouse button on a key of the on-screen keyboard to the Note On at the instrument: the real program on a virtual
+# display, with a MIDI server of 64 frames at 48 kHz. Beside vmpk, a program of the same kind and toolkit. Debian's vmpk
+# knows no JACK, so its notes go out as datagrams: that way is shorter by the wait for the server's next period. Installs
+# vmpk only for this.
+#
+#     bench/keyboard-latency.sh [PRESSES]
+set -euo pipefail
+root=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
+cd "$root"
+# shellcheck source=tests/system/gui-lib.sh
+. tests/system/gui-lib.sh
+presses=${1-500}
+screen_width=1280
+screen_height=800
+frames=64
+most_ms=2.67 # two periods
+
+install_packages "${build_packages[@]}" "${test_packages[@]}" vmpk python3-xlib
+build release velluto
+build dev jack-instrument
+set_stage keyboard-latency "$root/build"
+add_named_cookie
+start_jack "$frames"
+start_instrument build/dev/tests/system/jack-instrument PA80 --times
+export HOME=$stage/home QT_QPA_PLATFORM=xcb
+
+# A point on a white key of each, below the black ones.
+start_in_english "$root/build/release/velluto"
+choose_last_output PA80:midi_in
+changing press alt+v
+changing press k
+read -r ours ours_95 ours_most < <(/usr/bin/python3 bench/key_latency.py 100 250 "$presses" heard "$stage/heard")
+changing press alt+f
+press x
+wait_until "the end of the program" program_has_gone
+
+mkdir -p "$XDG_CONFIG_HOME/vmpk.sourceforge.net"
+cat >"$XDG_CONFIG_HOME/vmpk.sourceforge.net/VMPK.conf" <<'END'
+[Connections]
+InEnabled=false
+OutPort=21928
+OutputDriver=Network
+ThruEnabled=false
+[Network]
+interface=lo
+END
+start_program vmpk
+wait_until "vmpk" xdotool search --name "Virtual MIDI Piano"
+settle
+xdotool search --name "Virtual MIDI Piano" windowmove 0 0
+settle
+theirs="" theirs_95="" theirs_most=""
+read -r theirs theirs_95 theirs_most < <(/usr/bin/python3 bench/key_latency.py 100 170 "$presses" datagrams) ||
+    complain "vmpk could not be measured here"
+
+row="%-58s %6s ms %5s ms%s   (95%%: %s, most: %s)\n"
+over=$(awk -v a="$ours" -v m="$most_ms" 'BEGIN { print a <= m ? "" : "  OVER" }')
+# shellcheck disable=SC2059
+printf "$row" "Key press to the byte at the JACK instrument, median" "$ours" "$most_ms" "$over" "$ours_95" "$ours_most"
+# shellcheck disable=SC2059
+[ -z "$theirs" ] || printf "$row" "vmpk: key press to the datagram, median" "$theirs" "-" "" "$theirs_95" "$theirs_most"
+[ -z "$over" ]
