@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <new>
 #include <thread>
 
@@ -49,14 +50,15 @@ void JackSource::Send(std::span<const std::uint8_t> message, TimePoint due)
     std::array<jack_ringbuffer_data_t, 2> room{};
     jack_ringbuffer_get_write_vector(ring_.get(), room.data());
     std::size_t at = 0;
-    const auto put = [&](const void *bytes, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i, ++at) {
+    const auto put = [&](std::span<const std::byte> bytes) {
+        for (const std::byte byte : bytes) {
             char *const place = at < room[0].len ? room[0].buf + at : room[1].buf + (at - room[0].len);
-            *place = static_cast<const char *>(bytes)[i];
+            *place = static_cast<char>(byte);
+            ++at;
         }
     };
-    put(&entry, sizeof(entry));
-    put(message.data(), message.size());
+    put(std::as_bytes(std::span(&entry, 1)));
+    put(std::as_bytes(message));
     jack_ringbuffer_write_advance(ring_.get(), at);
 }
 

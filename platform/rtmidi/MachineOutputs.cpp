@@ -6,7 +6,7 @@
 
 namespace velluto {
 
-MachineOutputs::MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, std::vector<RtMidiPorts *> systems)
+MachineOutputs::MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, const std::vector<RtMidiPorts *> &systems)
     : synthesizers_(std::move(synthesizers))
 {
     for (RtMidiPorts *system : systems) {

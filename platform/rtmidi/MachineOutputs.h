@@ -10,7 +10,7 @@ namespace velluto {
 class MachineOutputs : public PlayerOutputs {
 public:
     // The synthesizer is one of its own: its channels are set by the file alone. The systems outlive this object.
-    MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, std::vector<RtMidiPorts *> systems);
+    MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, const std::vector<RtMidiPorts *> &systems);
 
     void Show() override;
     bool Wake() override;

@@ -246,7 +246,7 @@ void RestoreRest(Writer &writer, const ChannelState &wanted, const ChannelState 
     }
     const std::int16_t bend = orRest(wanted.bend, told.bend, kBendAtRest);
     if (differs.Wants(bend, told.bend)) {
-        writer.Write(Status::kBend, bend & 0x7F, static_cast<std::int16_t>(bend >> 7));
+        writer.Write(Status::kBend, static_cast<std::int16_t>(bend & 0x7F), static_cast<std::int16_t>(bend >> 7));
     }
 }
 

@@ -12,8 +12,6 @@
 namespace velluto::test {
 namespace {
 
-using testing::ElementsAre;
-
 class SequencerTest : public testing::Test {
 protected:
     SequencerTest() { ::setenv("VELLUTO_SOUNDFONT", "", 1); }
