@@ -11,9 +11,9 @@ namespace {
 // The run in the clipboard's image.
 struct Block {
     ImagePieces clip;
-    int entry;          // the first item of the run
-    std::int64_t start; // 1-based positions of its first and last byte
-    std::int64_t end;
+    int ClipEntry;               // the first item of the run
+    std::int64_t ClipBlockStart; // 1-based positions of its first and last byte
+    std::int64_t ClipBlockEnd;
 };
 
 constexpr int kKeptZeros = 4; // characters at the beginning of a name that keep their zeros
@@ -31,7 +31,7 @@ void ComposeRows(PasteJob &job, const Block &block)
 {
     for (int k = 0; k < job.take; ++k) {
         const int row = job.dest + k;
-        const std::string name = RowName(block.clip.Text(EntryPosition(block.entry + k), Korf::kNameLength));
+        const std::string name = RowName(block.clip.Text(EntryPosition(block.ClipEntry + k), Korf::kNameLength));
         job.newRows.emplace_back(row, job.rows.list.Row(row).substr(0, job.rows.rules.emptyLength + 1) + name);
     }
 }
@@ -41,21 +41,21 @@ Block TakeBlock(PasteJob &job)
     FilesState &files = job.files;
     Block block{ImagePieces(files.clipboard.ClipImage), 0, 0, 0};
     const int s = block.clip.At(block.clip.size()) - 1; // the count that ends the file, not that of its head
-    block.entry = FindEntry(block.clip, s, job.first - 1);
+    block.ClipEntry = FindEntry(block.clip, s, job.first - 1);
     IndexItems(block.clip, files.ItemIndex);
     ComposeRows(job, block);
     const Items items(files.ItemIndex);
-    block.start = items.Position(block.entry);
+    block.ClipBlockStart = items.Position(block.ClipEntry);
     // By the whole run, not by what fits: where the gap cuts the run short all its bodies come in, and the surplus
     // stays in the file as part of the last body or of those that follow. Files in use hold such bodies.
-    block.end = items.End(block.entry + files.clipboard.ClipCount - 1);
+    block.ClipBlockEnd = items.End(block.ClipEntry + files.clipboard.ClipCount - 1);
     return block;
 }
 
 void AppendTakenEntries(ImageDraft &draft, const PasteJob &job, const Block &block)
 {
     for (int k = 0; k < job.take; ++k) {
-        draft.AppendEntry(block.clip, block.entry + k, job.dest + k);
+        draft.AppendEntry(block.clip, block.ClipEntry + k, job.dest + k);
     }
 }
 
@@ -76,10 +76,10 @@ ImagePieces BeginItems(PasteJob &job, const Block &block)
     std::int64_t position = FirstBody(job.take);
     for (int item = 1; item <= job.take; ++item) {
         built.SetPosition(item, position);
-        built.SetLength(item, items.Length(block.entry + item - 1));
+        built.SetLength(item, items.Length(block.ClipEntry + item - 1));
         position += built.Length(item);
     }
-    draft.AppendBytes(block.clip, block.start, block.end);
+    draft.AppendBytes(block.clip, block.ClipBlockStart, block.ClipBlockEnd);
     return draft.Close(job.files.BuildItemIndex, job.take);
 }
 
@@ -90,11 +90,11 @@ ImagePieces AppendItems(PasteJob &job, const Block &block, const ImagePieces &ta
     const Items built(job.files.BuildItemIndex);
     ImageDraft draft(target, n);
     draft.AppendBodies(target, built, 1, n);
-    draft.AppendBytes(block.clip, block.start, block.end);
+    draft.AppendBytes(block.clip, block.ClipBlockStart, block.ClipBlockEnd);
     MoveAll(built, n, std::int64_t{job.take} * Korf::kEntryLength);
     for (int item = n + 1; item <= n + job.take; ++item) {
         built.SetPosition(item, built.End(item - 1) + 1);
-        built.SetLength(item, items.Length(block.entry + item - n - 1));
+        built.SetLength(item, items.Length(block.ClipEntry + item - n - 1));
     }
     AppendTakenEntries(draft, job, block);
     job.take += n;
@@ -135,7 +135,7 @@ ImagePieces InsertItems(PasteJob &job, const Block &block, const ImagePieces &ta
     if (p > 1) {
         draft.AppendBytes(target, built.Position(1), built.End(p - 1));
     }
-    draft.AppendBytes(block.clip, block.start, block.end);
+    draft.AppendBytes(block.clip, block.ClipBlockStart, block.ClipBlockEnd);
     draft.AppendBytes(target, built.Position(p), built.End(n)); // by the shifted table, though the target never moved
     const int all = n + job.take;
     MoveAll(built, all, std::int64_t{job.take} * Korf::kEntryLength);
