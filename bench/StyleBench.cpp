@@ -17,6 +17,7 @@ constexpr std::size_t kBank = kFirstStyUserSlot;
 test::Bytes GroupedFile()
 {
     std::vector<int> slots;
+    slots.reserve(2 * static_cast<std::size_t>(kStyles));
     for (int entry = 0; entry < 2 * kStyles; ++entry) {
         slots.push_back(entry % kStyles);
     }
