@@ -2,7 +2,6 @@
 
 #include "app/Catalogue.h"
 #include "app/FrameLoad.h"
-#include "app/OfferedCommands.h"
 #include "app/SettingsFile.h"
 #include "app/StatusBar.h"
 #include "edit/Copy.h"
@@ -19,6 +18,7 @@
 #include "notes/frmAbout.h"
 #include "notes/frmBloccoNote.h"
 #include "notes/frmGuida.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 
@@ -183,6 +183,7 @@ void AttachViewMenu(Velluto &program)
     menu.mnuPrfUserAll.Click = [&files] { mnuPrfUserAll_Click(files); };
     menu.mnuMsgEx.Click = [&program] { mnuMsgEx_Click(program.midi); };
     menu.mnuTastiera.Click = [&program] { mnuTastiera_Click(program.keyboard); };
+    menu.mnuMidiPlayer.Click = [&program] { mnuMidiPlayer_Click(program.player); };
 }
 
 void AttachFactoryBanks(Velluto &program)

@@ -1,7 +1,6 @@
 #include "app/FrameLoad.h"
 
 #include "app/Catalogue.h"
-#include "app/OfferedCommands.h"
 #include "app/RecentFiles.h"
 #include "app/StatusBar.h"
 
@@ -201,8 +200,6 @@ void frmMain_Load(Velluto &program)
     LoadCheckMarks(program);
     RestorePlacement(app);
     RefreshWindowMenu(app);
-
-    WithdrawCommandsNotOffered(app.frame);
 }
 
 } // namespace velluto

@@ -14,6 +14,7 @@ inline constexpr int GenericError = 0;
 inline constexpr int InsertOnly = 1; // the whole text is the insert
 inline constexpr int WrongData = 4;
 inline constexpr int InputDeviceMissing = 10;
+inline constexpr int FolderNotFound = 11;
 inline constexpr int FileAlreadyOpen = 16;
 inline constexpr int ReadOnlyFile = 17;
 inline constexpr int DiskReadError = 18;
@@ -29,6 +30,7 @@ inline constexpr int DeviceError = 31;
 inline constexpr int DataFormatError = 32;
 inline constexpr int InputDeviceMissingAtStart = 33;
 inline constexpr int InputDeviceInUse = 38;
+inline constexpr int SequencerNotReady = 39;
 } // namespace MessageNo
 
 // What AskSave's first line says.

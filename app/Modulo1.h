@@ -9,9 +9,11 @@
 #include "app/frmMain.h"
 #include "platform/Clock.h"
 #include "platform/FileStore.h"
+#include "platform/Folders.h"
 #include "platform/MidiDevices.h"
 #include "platform/Printer.h"
 #include "platform/Sequencer.h"
+#include "platform/TickTimer.h"
 #include "view/ChildWindows.h"
 #include "view/Face.h"
 
@@ -26,6 +28,8 @@ struct Ports {
     Clock &clock;
     Printer &printer;
     Sequencer &sequencer;
+    Folders &folders;
+    TickTimer &ticks;
 };
 
 // The files beside the program, in the directory that was current at start.

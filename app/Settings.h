@@ -60,6 +60,7 @@ inline constexpr int Monitor = 8;
 inline constexpr int Guide = 10;
 inline constexpr int Notebook = 11;
 inline constexpr int About = 12;
+inline constexpr int Player = 16;
 inline constexpr int ChannelSetup = 28;
 } // namespace PlacementEntry
 

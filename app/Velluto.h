@@ -9,6 +9,7 @@
 #include "keyboard/KeyboardState.h"
 #include "midi/MIDI.h"
 #include "notes/Notes.h"
+#include "player/MCIModulo.h"
 
 namespace velluto {
 
@@ -23,6 +24,7 @@ struct Velluto {
     BankState banks;
     KeyboardState keyboard;
     NotesState notes;
+    PlayerState player;
 };
 
 // The entry routine: paths, settings, device survey, frame. False where the program ends without a window.

@@ -41,6 +41,9 @@ void Binder::Update(Aspect aspect)
         case Aspect::ToolTip:
             widget_->setToolTip(FromUtf8(control_.toolTip.Get()));
             break;
+        case Aspect::Focus:
+            widget_->setFocus();
+            break;
         case Aspect::Caption:
             widget_->setAccessibleName(AccessibleNameOf(control_));
             break;

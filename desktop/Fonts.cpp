@@ -1,5 +1,6 @@
 #include "desktop/Fonts.h"
 
+#include <QApplication>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QFontMetricsF>
@@ -11,6 +12,9 @@ namespace velluto {
 
 QFont ToQFont(const Font &font)
 {
+    if (IsPlain(font)) {
+        return QApplication::font();
+    }
     QFont result(QString::fromUtf8(font.name), font.size, font.weight);
     result.setStyleHint(QFont::TypeWriter);
     return result;

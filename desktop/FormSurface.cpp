@@ -6,6 +6,8 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 
+#include <map>
+
 namespace velluto {
 
 namespace {
@@ -27,12 +29,15 @@ FormSurface::FormSurface(Form &form, EventGate &gate, QWidget *parent) : QWidget
 {
     setMouseTracking(true);
     QWidget *before = nullptr;
+    std::map<const Control *, QWidget *> holders; // a form declares what holds others before them
     for (Control *control : form.controls()) {
-        std::unique_ptr<Binder> binder = MakeBinder(*control, this, gate);
+        const auto holder = holders.find(control->container);
+        std::unique_ptr<Binder> binder = MakeBinder(*control, holder != holders.end() ? holder->second : this, gate);
         if (!binder) {
             continue;
         }
         binder->Start();
+        holders[control] = binder->widget();
         // The Tab key follows the order in which the form declares its controls.
         if (QWidget *reached = binder->FocusWidget()) {
             if (before != nullptr) {

@@ -1,5 +1,6 @@
 #include "desktop/KeyboardBinders.h"
 
+#include "desktop/Keys.h"
 #include "view/Gestures.h"
 
 #include <QSignalBlocker>
@@ -58,13 +59,14 @@ bool ScrollBinder::Look(QEvent &event)
 void ScrollBinder::TakeRange()
 {
     const QSignalBlocker quiet(slider_);
+    slider_->setPageStep(bar_.largeChange);
     slider_->setRange(std::min(bar_.min.Get(), bar_.max.Get()), std::max(bar_.min.Get(), bar_.max.Get()));
     // Qt has the larger end at the top or at the right.
     const bool turned = bar_.vertical ? bar_.min < bar_.max : bar_.min > bar_.max;
     slider_->setInvertedAppearance(turned);
     slider_->setInvertedControls(turned);
     const int stops = slider_->maximum() - slider_->minimum();
-    slider_->setTickPosition(stops <= kMostMarks ? QSlider::TicksBelow : QSlider::NoTicks);
+    slider_->setTickPosition(stops > 0 && stops <= kMostMarks ? QSlider::TicksBelow : QSlider::NoTicks);
     slider_->setTickInterval(bar_.smallChange);
     slider_->setValue(bar_.value);
 }
@@ -79,9 +81,8 @@ void ScrollBinder::Show(Aspect aspect)
     }
 }
 
-FrameBinder::FrameBinder(Frame &frame, EventGate &gate, QFrame *box) : Binder(frame, gate, box)
+FrameBinder::FrameBinder(Frame &frame, EventGate &gate, QWidget *box) : Binder(frame, gate, box)
 {
-    box->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     box->setMouseTracking(true);
     box->setAttribute(Qt::WA_NoMousePropagation);
     box->lower();
@@ -89,6 +90,9 @@ FrameBinder::FrameBinder(Frame &frame, EventGate &gate, QFrame *box) : Binder(fr
         if (event.type() == QEvent::MouseMove && frame.MouseMove) {
             const EventGate::Pass pass(gate);
             frame.MouseMove();
+        } else if (event.type() == QEvent::MouseButtonPress && frame.MouseDown) {
+            const EventGate::Pass pass(gate);
+            frame.MouseDown(ButtonCode(static_cast<const QMouseEvent &>(event).button()));
         }
         return false;
     });

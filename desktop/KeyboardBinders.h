@@ -30,7 +30,7 @@ private:
 
 class FrameBinder : public Binder {
 public:
-    FrameBinder(Frame &frame, EventGate &gate, QFrame *box);
+    FrameBinder(Frame &frame, EventGate &gate, QWidget *box);
     ~FrameBinder() override { events_->Stop(); }
 
 protected:

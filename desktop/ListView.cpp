@@ -38,6 +38,11 @@ ListView::ListView(ListBox &list, EventGate &gate, QWidget *parent)
     setFont(ToQFont(list.font));
     rowHeight_ = RowHeight(font());
     baseline_ = RowBaseline(font());
+    if (ScrollsDown()) { // an ordinary list of the machine
+        constexpr int kAir = 2;
+        rowHeight_ = QFontMetrics(font()).height() + 2 * kAir;
+        baseline_ = QFontMetrics(font()).ascent() + kAir;
+    }
     SelectionChanged();
 }
 
@@ -115,6 +120,33 @@ void ListView::updateGeometries()
     if (list_ == nullptr) {
         return;
     }
+    if (ScrollsDown()) {
+        LayOutDown();
+    } else {
+        LayOutColumns();
+    }
+}
+
+// All rows lie in one column, which may be longer than the view.
+void ListView::LayOutDown()
+{
+    const int rows = list_->ListCount();
+    const int visible = std::max(contentsRect().height() / rowHeight_, 1);
+    const Qt::ScrollBarPolicy policy = rows > visible ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+    if (verticalScrollBarPolicy() != policy) {
+        setVerticalScrollBarPolicy(policy);
+    }
+    rowsPerColumn_ = std::max(rows, 1);
+    columnWidth_ = std::max(viewport()->width(), 1);
+    topInset_ = 0;
+    list_->rowsPerColumn = visible;
+    verticalScrollBar()->setSingleStep(rowHeight_);
+    verticalScrollBar()->setPageStep(visible * rowHeight_);
+    verticalScrollBar()->setRange(0, std::max((rows - visible) * rowHeight_, 0));
+}
+
+void ListView::LayOutColumns()
+{
     const int columns = std::max(list_->columns, 1);
     const int rows = list_->ListCount();
     const auto columnsFor = [rows](int perColumn) { return (rows + perColumn - 1) / perColumn; };
@@ -147,11 +179,16 @@ int ListView::horizontalOffset() const
     return horizontalScrollBar()->value();
 }
 
+int ListView::verticalOffset() const
+{
+    return verticalScrollBar()->value();
+}
+
 QRect ListView::RowRect(int row) const
 {
     const int column = row / rowsPerColumn_;
-    return {column * columnWidth_ - horizontalOffset(), topInset_ + row % rowsPerColumn_ * rowHeight_, columnWidth_ - kColumnGap,
-            rowHeight_};
+    return {column * columnWidth_ - horizontalOffset(), topInset_ + row % rowsPerColumn_ * rowHeight_ - verticalOffset(),
+            columnWidth_ - (list_ != nullptr && ScrollsDown() ? 0 : kColumnGap), rowHeight_};
 }
 
 QRect ListView::visualRect(const QModelIndex &index) const
@@ -161,17 +198,18 @@ QRect ListView::visualRect(const QModelIndex &index) const
 
 int ListView::RowAt(const QPoint &point) const
 {
-    if (list_ == nullptr || point.x() < 0 || point.y() < topInset_ || point.y() >= topInset_ + rowsPerColumn_ * rowHeight_) {
+    const int y = point.y() + verticalOffset();
+    if (list_ == nullptr || point.x() < 0 || y < topInset_ || y >= topInset_ + rowsPerColumn_ * rowHeight_) {
         return -1;
     }
-    const int row = (point.x() + horizontalOffset()) / columnWidth_ * rowsPerColumn_ + (point.y() - topInset_) / rowHeight_;
+    const int row = (point.x() + horizontalOffset()) / columnWidth_ * rowsPerColumn_ + (y - topInset_) / rowHeight_;
     return row < list_->ListCount() ? row : -1;
 }
 
 int ListView::RowNearest(const QPoint &point) const
 {
     const QPoint inside(std::clamp(point.x(), 0, std::max(viewport()->width() - 1, 0)),
-                        std::clamp(point.y(), topInset_, topInset_ + rowsPerColumn_ * rowHeight_ - 1));
+                        std::clamp(point.y(), topInset_, std::min(topInset_ + rowsPerColumn_ * rowHeight_, viewport()->height()) - 1));
     const int row = RowAt(inside);
     return row >= 0 ? row : list_->ListCount() - 1;
 }
@@ -188,6 +226,12 @@ void ListView::scrollTo(const QModelIndex &index, ScrollHint /*hint*/)
         return;
     }
     const QRect rect = RowRect(index.row());
+    QScrollBar *down = verticalScrollBar();
+    if (rect.top() < 0) {
+        down->setValue(down->value() + rect.top());
+    } else if (rect.bottom() >= viewport()->height()) {
+        down->setValue(down->value() + rect.bottom() - viewport()->height() + 1);
+    }
     QScrollBar *bar = horizontalScrollBar();
     if (rect.left() < 0) {
         bar->setValue(bar->value() + rect.left());
@@ -205,8 +249,12 @@ void ListView::paintEvent(QPaintEvent *event)
         return;
     }
     QPainter painter(viewport());
-    const int first = std::max((event->rect().left() + horizontalOffset()) / columnWidth_ * rowsPerColumn_, 0);
-    const int last = std::min(((event->rect().right() + horizontalOffset()) / columnWidth_ + 1) * rowsPerColumn_, list_->ListCount());
+    int first = std::max((event->rect().left() + horizontalOffset()) / columnWidth_ * rowsPerColumn_, 0);
+    int last = std::min(((event->rect().right() + horizontalOffset()) / columnWidth_ + 1) * rowsPerColumn_, list_->ListCount());
+    if (ScrollsDown()) {
+        first = (event->rect().top() + verticalOffset()) / rowHeight_;
+        last = std::min((event->rect().bottom() + verticalOffset()) / rowHeight_ + 1, list_->ListCount());
+    }
     for (int row = first; row < last; ++row) {
         DrawRow(painter, row);
     }
@@ -226,7 +274,11 @@ void ListView::DrawRow(QPainter &painter, int row) const
     const QColor ink = palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text);
     painter.setPen(ink);
     painter.setClipRect(rect);
-    painter.drawText(QPoint(rect.left() + kTextInset, rect.top() + baseline_), model_->Text(row));
+    QString text = model_->Text(row);
+    if (ScrollsDown()) { // names may be long, and what tells them apart stands at their end
+        text = painter.fontMetrics().elidedText(text, Qt::ElideMiddle, rect.width() - 2 * kTextInset);
+    }
+    painter.drawText(QPoint(rect.left() + kTextInset, rect.top() + baseline_), text);
     // Where no row is current the keyboard starts from the first.
     if (hasFocus() && row == std::max(list_->ListIndex(), 0)) {
         QColor mark = ink;
@@ -300,7 +352,8 @@ void ListView::contextMenuEvent(QContextMenuEvent *event)
 void ListView::keyPressEvent(QKeyEvent *event)
 {
     const int code = KeyCode(*event);
-    event->setAccepted(IsListKey(code));
+    const bool opens = code == Key::Return && list_ != nullptr && list_->DblClick && list_->ListIndex() >= 0;
+    event->setAccepted(IsListKey(code) || opens);
     // Held down a moment too long, Delete would come again: to a row that is empty by now, and a Cut that finds no item
     // leaves the file with none.
     if (event->isAutoRepeat() && code == Key::Delete) {
@@ -314,6 +367,10 @@ void ListView::keyPressEvent(QKeyEvent *event)
 
 void ListView::wheelEvent(QWheelEvent *event)
 {
+    if (list_ != nullptr && ScrollsDown()) {
+        QAbstractScrollArea::wheelEvent(event);
+        return;
+    }
     if (horizontalScrollBar()->maximum() == 0) {
         event->ignore();
         return;

@@ -1,6 +1,6 @@
 // The list that flows in snaking columns: top to bottom, then on to the right, as many columns as the control says in
-// the width it has. It draws the selection that the control holds and hands every press and key to the program's own
-// list rules; Qt's selection only follows, so that a screen reader sees the same.
+// the width it has; or a list in one column that scrolls down. It draws the selection that the control holds and hands every press and key
+// to the program's own list rules; Qt's selection only follows, so that a screen reader sees the same.
 #pragma once
 
 #include "desktop/EventGate.h"
@@ -42,9 +42,12 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void updateGeometries() override;
     [[nodiscard]] int horizontalOffset() const override;
-    [[nodiscard]] int verticalOffset() const override { return 0; }
+    [[nodiscard]] int verticalOffset() const override;
 
 private:
+    [[nodiscard]] bool ScrollsDown() const { return list_->columns == 0; }
+    void LayOutColumns();
+    void LayOutDown();
     [[nodiscard]] QRect RowRect(int row) const;
     [[nodiscard]] int NarrowestColumn() const;
     [[nodiscard]] int RowNearest(const QPoint &point) const;

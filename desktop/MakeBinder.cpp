@@ -3,10 +3,13 @@
 #include "desktop/ElidedLabel.h"
 #include "desktop/FittedButton.h"
 #include "desktop/KeyboardBinders.h"
+#include "desktop/PlayerBinders.h"
 #include "desktop/SimpleBinders.h"
 #include "desktop/TextBinder.h"
+#include "desktop/Words.h"
 
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QRadioButton>
 
 namespace velluto {
@@ -21,10 +24,24 @@ std::unique_ptr<Binder> MakeTextBinder(TextBox &box, QWidget *parent, EventGate 
     return std::make_unique<LineBinder>(box, gate, new QLineEdit(parent));
 }
 
+// With its words on its upper edge where it has any.
+QWidget *MakeFrame(const Frame &frame, QWidget *parent)
+{
+    if (!frame.caption.Get().empty()) {
+        return new QGroupBox(FromUtf8(frame.caption.Get()), parent);
+    }
+    auto *box = new QFrame(parent);
+    box->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
+    return box;
+}
+
 } // namespace
 
 std::unique_ptr<Binder> MakeBinder(Control &control, QWidget *parent, EventGate &gate)
 {
+    if (auto *button = dynamic_cast<Button *>(&control); button != nullptr && (button->glyph != Glyph::None || button->isToggle)) {
+        return std::make_unique<ToggleBinder>(*button, gate, new PictureButton(button->glyph, parent));
+    }
     if (dynamic_cast<Button *>(&control) != nullptr) {
         return std::make_unique<ButtonBinder>(control, gate, new FittedButton(parent));
     }
@@ -40,6 +57,9 @@ std::unique_ptr<Binder> MakeBinder(Control &control, QWidget *parent, EventGate 
     if (auto *list = dynamic_cast<ListBox *>(&control)) {
         return std::make_unique<ListBinder>(*list, gate, new ListView(*list, gate, parent));
     }
+    if (auto *drives = dynamic_cast<DriveList *>(&control)) {
+        return std::make_unique<DriveBinder>(*drives, gate, new QComboBox(parent));
+    }
     if (auto *combo = dynamic_cast<ComboBox *>(&control)) {
         return std::make_unique<ComboBinder>(*combo, gate, new QComboBox(parent));
     }
@@ -53,7 +73,13 @@ std::unique_ptr<Binder> MakeBinder(Control &control, QWidget *parent, EventGate 
         return std::make_unique<PictureBinder>(*picture, gate, new QFrame(parent));
     }
     if (auto *frame = dynamic_cast<Frame *>(&control)) {
-        return std::make_unique<FrameBinder>(*frame, gate, new QFrame(parent));
+        return std::make_unique<FrameBinder>(*frame, gate, MakeFrame(*frame, parent));
+    }
+    if (auto *marker = dynamic_cast<Marker *>(&control)) {
+        return std::make_unique<MarkerBinder>(*marker, gate, parent);
+    }
+    if (auto *line = dynamic_cast<Line *>(&control)) {
+        return std::make_unique<ScaleLineBinder>(*line, gate, parent);
     }
     if (auto *bar = dynamic_cast<ScrollBar *>(&control)) {
         return std::make_unique<ScrollBinder>(*bar, gate, new QSlider(parent));

@@ -32,6 +32,7 @@ public:
     void Attach(DrawnProgram program);
     void Detach();
     [[nodiscard]] MainWindow *Window() const { return window_.get(); }
+    [[nodiscard]] EventGate &Gate() { return gate_; }
     // Runs the call later from the event loop, as an event of the program. Any thread may ask; calls keep their order, and
     // what is still waiting when the face goes is dropped.
     void Post(std::function<void()> call);

@@ -33,6 +33,19 @@ protected:
     }
 };
 
+Qt::Alignment AcrossFor(Alignment alignment)
+{
+    switch (alignment) {
+    case Alignment::Centre:
+        return Qt::AlignHCenter;
+    case Alignment::Right:
+        return Qt::AlignRight;
+    case Alignment::Left:
+        break;
+    }
+    return Qt::AlignLeft;
+}
+
 } // namespace
 
 ButtonBinder::ButtonBinder(Control &control, EventGate &gate, QAbstractButton *button)
@@ -63,13 +76,12 @@ void ButtonBinder::Show(Aspect aspect)
     }
 }
 
-LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(label, gate, drawn), drawn_(drawn)
+LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(label, gate, drawn), label_(label), drawn_(drawn)
 {
     drawn->setTextFormat(Qt::PlainText);
     QFont font = drawn->font();
     font.setBold(label.bold);
     drawn->setFont(font);
-    drawn->setAlignment(Qt::AlignVCenter | (label.centred ? Qt::AlignHCenter : Qt::AlignLeft));
     events_ = new WidgetEvents(drawn, [&label, &gate](QEvent &event) {
         TellMousePress(label, gate, event);
         if (event.type() == QEvent::MouseButtonDblClick && label.DblClick) {
@@ -83,6 +95,7 @@ LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(
 void LabelBinder::Show(Aspect aspect)
 {
     if (aspect == Aspect::Caption) {
+        drawn_->setAlignment(Qt::AlignVCenter | AcrossFor(label_.alignment));
         drawn_->setText(ToLines(WithAccessKey(control().caption.Get())));
     }
 }

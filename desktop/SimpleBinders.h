@@ -37,6 +37,7 @@ protected:
     void Show(Aspect aspect) override;
 
 private:
+    Label &label_;
     QLabel *drawn_;
     WidgetEvents *events_;
 };

@@ -6,7 +6,9 @@
 #include "desktop/QtClock.h"
 #include "desktop/QtFace.h"
 #include "desktop/QtPrinter.h"
+#include "desktop/QtTicks.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixFolders.h"
 #include "platform/rtmidi/MachineMusic.h"
 
 #include <QApplication>
@@ -22,7 +24,9 @@ int Run()
     QtFace face;
     const MachineMusic music = MakeMachineMusic([&face](std::function<void()> call) { face.Post(std::move(call)); });
     QtPrinter printer(face);
-    Velluto program({files, *music.midi, clock, printer, *music.sequencer}, face);
+    PosixFolders folders;
+    QtTicks ticks(face.Gate());
+    Velluto program({files, *music.midi, clock, printer, *music.sequencer, folders, ticks}, face);
     face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [&program] { return CloseFrame(program); }});
     clock.Follow(program.app.messages.LinguaBase);
     printer.Follow(program.app);

@@ -101,13 +101,7 @@ Json QueueAnswer(Session &session, const Words &words)
 
 Json PassTime(Session &session, const Words &words)
 {
-    const Timers::Milliseconds time{ToNumber(words.front(), "the time", 0, kHighestNumber)};
-    session.timers.Pass(
-        time, [&session](Timers::Milliseconds passed) { session.clock.Advance(passed); },
-        [&session] {
-            session.Settle();
-            return session.RunningTimers();
-        });
+    session.PassTime(Timers::Milliseconds{ToNumber(words.front(), "the time", 0, kHighestNumber)});
     return Good();
 }
 

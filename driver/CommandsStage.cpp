@@ -126,21 +126,15 @@ Json Now(Session &session, const Words &words)
     return Good();
 }
 
-void TellSequencer(SequencerStage &stage, SequencerFile file)
-{
-    std::erase_if(stage.files, [&file](const SequencerFile &known) { return known.path == file.path; });
-    stage.files.push_back(std::move(file));
-}
-
 Json Sequencer(Session &session, const Words &words)
 {
     const std::string &what = words.front();
     if (what == "define" && words.size() == 3) {
-        TellSequencer(session.sequencer, {session.FullPath(words[1]), ToNumber(words[2], "the length", 0, kHighestNumber), 0, {}});
+        session.sequencer.songs[session.FullPath(words[1])] = {ToNumber(words[2], "the length", 0, kHighestNumber), 0, {}};
     } else if (what == "refuse" && words.size() == 4) {
-        TellSequencer(session.sequencer, {session.FullPath(words[1]), 0, ToNumber(words[2], "the error", 1, kHighestNumber), words[3]});
+        session.sequencer.songs[session.FullPath(words[1])] = {0, ToNumber(words[2], "the error", 1, kHighestNumber), words[3]};
     } else if (what == "rate" && words.size() == 2) {
-        session.sequencer.rate = ToNumber(words[1], "the rate", 1, kHighestNumber);
+        session.sequencer.rate = StandinSequencer::Milliseconds{ToNumber(words[1], "the rate", 1, kHighestNumber)};
     } else {
         throw BadCommand("usage: seq define PATH LENGTH, seq refuse PATH ERROR TEXT or seq rate MS");
     }

@@ -4,6 +4,7 @@
 
 #include "driver/Names.h"
 #include "driver/Running.h"
+#include "view/FolderControls.h"
 #include "view/Gestures.h"
 
 #include <algorithm>
@@ -211,6 +212,23 @@ int PlaceOn(const ScrollBar &bar, const std::string &word)
     return ToNumber(word, "the value", std::min(bar.min.Get(), bar.max.Get()), std::max(bar.min.Get(), bar.max.Get()));
 }
 
+// A folder that is no drive yet is taken for one that has just been mounted.
+void ChooseDrive(Session &session, const Words &words, DriveList &drives)
+{
+    const std::string path = session.FullPath(words[2]);
+    std::vector<std::string> paths = drives.rows;
+    if (std::ranges::find(paths, path) == paths.end()) {
+        std::vector<std::string> inside;
+        if (session.folders.Subfolders(path, inside).Failed()) {
+            throw BadCommand("no drive " + words[2]);
+        }
+        paths.push_back(path);
+        drives.SetDrives(paths);
+    }
+    Touch(session, words[0]);
+    drives.Choose(static_cast<int>(std::ranges::find(paths, path) - paths.begin()));
+}
+
 Json SetValue(Session &session, const Words &words)
 {
     Control &control = Reach(session, words[0], words[1]);
@@ -218,6 +236,15 @@ Json SetValue(Session &session, const Words &words)
         const int value = PlaceOn(*bar, words[2]);
         Touch(session, words[0]);
         ScrollGesture::MoveTo(*bar, value);
+        return Good();
+    }
+    if (auto *folders = dynamic_cast<FolderList *>(&control)) {
+        Touch(session, words[0]);
+        folders->Open(session.FullPath(words[2]));
+        return Good();
+    }
+    if (auto *drives = dynamic_cast<DriveList *>(&control)) {
+        ChooseDrive(session, words, *drives);
         return Good();
     }
     auto &combo = As<ComboBox>(control, "a combo box, a slider or a scroll bar");

@@ -1,5 +1,7 @@
 #include "driver/Describe.h"
 
+#include "view/FolderControls.h"
+
 namespace velluto::driver {
 
 namespace {
@@ -45,6 +47,16 @@ void PutCombo(Json &json, const ComboBox &combo)
     }
     json["rows"] = std::move(rows);
     json["current"] = combo.ListIndex.Get();
+}
+
+// The lists that lead to a folder show the path that they have led to.
+void PutPath(Json &json, const Control &control)
+{
+    if (const auto *folders = dynamic_cast<const FolderList *>(&control)) {
+        json["text"] = ProgramText(folders->path);
+    } else if (const auto *drives = dynamic_cast<const DriveList *>(&control)) {
+        json["text"] = ProgramText(drives->Drive());
+    }
 }
 
 void PutScrollBar(Json &json, const ScrollBar &bar)
@@ -94,6 +106,10 @@ Json DescribeControl(const Control &control)
     } else if (const auto *option = dynamic_cast<const OptionButton *>(&control)) {
         json["checked"] = option->value.Get();
     }
+    if (const auto *button = dynamic_cast<const Button *>(&control)) {
+        json["color"] = button->color.Get();
+    }
+    PutPath(json, control);
     PutState(json, control);
     PutPlace(json, control);
     return json;

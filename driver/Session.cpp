@@ -2,7 +2,9 @@
 
 #include "driver/Commands.h"
 #include "driver/Words.h"
+#include "platform/sequencer/MidiFile.h"
 
+#include <algorithm>
 #include <cctype>
 #include <exception>
 #include <filesystem>
@@ -50,6 +52,32 @@ Json Session::Run(std::string_view line)
     }
 }
 
+StandinSong Session::RealSong(const std::string &path)
+{
+    std::unique_ptr<RandomAccessFile> file;
+    RuntimeError error = files.OpenToRead(path, file);
+    if (error.number == FileError::kFileNotFound || error.number == FileError::kPathNotFound) {
+        return {0, StandinError::kFileNotFound, "The MIDI file cannot be found."};
+    }
+    std::uint64_t length = 0;
+    if (!error.Failed()) {
+        error = file->Length(length);
+    }
+    if (!error.Failed() && length > kLargestMidiFile) {
+        return {0, StandinError::kInvalidFile, "The MIDI file is larger than 16 MB."};
+    }
+    SharedBytes bytes(static_cast<std::size_t>(length));
+    std::size_t got = 0;
+    if (!error.Failed()) {
+        error = file->Read(0, bytes.Writable(), got);
+    }
+    if (error.Failed() || got < length) {
+        return {0, StandinError::kInvalidFile, "The MIDI file cannot be read."};
+    }
+    const MidiFile read = ReadMidiFile(std::move(bytes));
+    return read.refusal.empty() ? StandinSong{read.song.length, 0, {}} : StandinSong{0, StandinError::kInvalidFile, read.refusal};
+}
+
 Velluto &Session::Program()
 {
     if (!Running()) {
@@ -69,9 +97,12 @@ Velluto &Session::LastProgram()
 Velluto &Session::NewProgram()
 {
     program_.reset();
+    sequencer.OtherSong = [this](const std::string &path) { return RealSong(path); };
     midi.ReleaseAll();
+    sequencer.Release();
+    ticks.Release();
     face.popUps.clear();
-    program_ = std::make_unique<Velluto>(Ports{files, midi, clock, printer, player}, face);
+    program_ = std::make_unique<Velluto>(Ports{files, midi, clock, printer, sequencer, folders, ticks}, face);
     return *program_;
 }
 
@@ -97,10 +128,34 @@ std::string Session::FullPath(const std::string &path)
 
 void Session::Settle()
 {
+    do {
+        Raise(ticks.Ticked);
+    } while (sequencer.Deliver());
     if (program_ != nullptr) {
         program_->app.children.Sweep();
     }
     timers.Follow(RunningTimers());
+}
+
+void Session::PassTime(Timers::Milliseconds time)
+{
+    // At one moment the file ends first, then ticks count, then the program hears of both, and timers come last.
+    const auto advance = [this](Timers::Milliseconds passed) {
+        clock.Advance(passed);
+        sequencer.Advance(passed);
+        ticks.Advance(passed);
+        Settle();
+    };
+    const auto untilNext = [this]() -> std::optional<Timers::Milliseconds> {
+        const auto end = sequencer.UntilEnd();
+        const auto tick = ticks.UntilNext();
+        return end && tick ? std::min(*end, *tick) : (end ? end : tick);
+    };
+    const auto running = [this] {
+        Settle();
+        return RunningTimers();
+    };
+    timers.Pass(time, advance, running, untilNext);
 }
 
 } // namespace velluto::driver

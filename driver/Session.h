@@ -6,12 +6,15 @@
 #include "driver/Json.h"
 #include "driver/Timers.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixFolders.h"
 #include "platform/standin/FaultyFiles.h"
+#include "platform/standin/FaultyFolders.h"
 #include "platform/standin/StandinClock.h"
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
 #include "platform/standin/StandinSequencer.h"
+#include "platform/standin/StandinTicks.h"
 
 #include <memory>
 #include <optional>
@@ -20,19 +23,6 @@
 #include <vector>
 
 namespace velluto::driver {
-
-// What the sequencer has been told about MIDI files.
-struct SequencerFile {
-    std::string path;
-    int length = 0; // position units; of a file that opens
-    int error = 0;  // not 0: the file is refused with this error
-    std::string errorMessage;
-};
-
-struct SequencerStage {
-    std::vector<SequencerFile> files; // one entry a path
-    int rate = 100;                   // milliseconds of the clock for one position unit
-};
 
 class Session {
 public:
@@ -46,10 +36,12 @@ public:
     StandinMidi midi;
     StandinClock clock;
     StandinPrinter printer;
-    StandinSequencer player;
+    StandinSequencer sequencer;
+    PosixFolders folderDisk;
+    FaultyFolders folders{folderDisk, files};
+    StandinTicks ticks;
     StandinFace face;
     Timers timers;
-    SequencerStage sequencer;
     // How much of boxes and dialogs the looking commands have told already.
     std::size_t boxesTold = 0;
     std::size_t dialogsTold = 0;
@@ -67,10 +59,15 @@ public:
     [[nodiscard]] std::vector<Timer *> RunningTimers() const;
     // A path as the program would write it: relative ones lie in the program's folder.
     [[nodiscard]] std::string FullPath(const std::string &path);
-    // Between two events of the program: forgets closed windows, notes started timers.
+    // Between two events of the program: delivers what has come up meanwhile, forgets closed windows, notes started timers.
     void Settle();
+    // Lets time pass: the sequencer moves, ticks count, timers fire, all in their order.
+    void PassTime(Timers::Milliseconds time);
 
 private:
+    // What the program's own reader makes of a file that the sequencer was told nothing about.
+    StandinSong RealSong(const std::string &path);
+
     std::unique_ptr<Velluto> program_;
 };
 

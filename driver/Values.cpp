@@ -1,5 +1,6 @@
 #include "driver/Values.h"
 
+#include "driver/NamedValue.h"
 #include "driver/Words.h"
 #include "files/frmPcgUN.h"
 #include "files/frmPrfUN.h"
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <type_traits>
 
 namespace velluto::driver {
 
@@ -18,11 +18,7 @@ namespace {
 template <class T>
 Json ToJson(const T &value)
 {
-    if constexpr (std::is_arithmetic_v<T>) {
-        return value;
-    } else {
-        return ProgramText(value);
-    }
+    return PlainValue(value);
 }
 
 Json ToJson(const FileImage &image)
@@ -210,12 +206,6 @@ Json LinguaBase(Velluto &program)
     return ToJson(program.app.messages.LinguaBase);
 }
 
-struct NamedValue {
-    std::string_view name;
-    Json (*read)(Velluto &program);
-    int first = 0; // the index of a table's first element
-};
-
 constexpr auto kNamed = std::to_array<NamedValue>({
     {"AppDir", OfPaths<&RunPaths::AppDir>},
     {"IniPath", OfPaths<&RunPaths::IniPath>},
@@ -323,14 +313,25 @@ constexpr auto kNamed = std::to_array<NamedValue>({
     {"NotebookText", BytesOfHelp<&NotesState::NotebookText>},
 });
 
+const NamedValue *Find(std::string_view name)
+{
+    for (const std::span<const NamedValue> named : {std::span<const NamedValue>(kNamed), PlayerValues()}) {
+        const auto found = std::ranges::find(named, name, &NamedValue::name);
+        if (found != named.end()) {
+            return &*found;
+        }
+    }
+    return nullptr;
+}
+
 } // namespace
 
 Json ValueOf(Velluto &program, std::string_view name)
 {
     const std::size_t bracket = std::min(name.find('('), name.size());
     const std::string_view plain = name.substr(0, bracket);
-    const auto *const found = std::ranges::find(kNamed, plain, &NamedValue::name);
-    if (found == kNamed.end() || (bracket < name.size() && name.back() != ')')) {
+    const NamedValue *const found = Find(plain);
+    if (found == nullptr || (bracket < name.size() && name.back() != ')')) {
         throw BadCommand("no variable " + std::string(name));
     }
     Json value = found->read(program);
@@ -349,6 +350,7 @@ std::vector<std::string_view> ValueNames()
 {
     std::vector<std::string_view> names;
     std::ranges::transform(kNamed, std::back_inserter(names), &NamedValue::name);
+    std::ranges::transform(PlayerValues(), std::back_inserter(names), &NamedValue::name);
     return names;
 }
 

@@ -65,7 +65,7 @@ void SetUpSliders(frmTastiera &form)
         form.Label4[i].caption = std::to_string(kHighest - RowOf(i).shownLess);
         form.Label5[i].caption = std::to_string(-RowOf(i).shownLess);
         for (Label *label : {&form.Label2[i], &form.Label3[i], &form.Label4[i], &form.Label5[i]}) {
-            label->centred = true;
+            label->alignment = Alignment::Centre;
         }
         form.Label3[i].bold = true;
     }

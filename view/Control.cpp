@@ -137,6 +137,15 @@ void ListBox::SetRow(int row, std::string text)
     }
 }
 
+void ListBox::RewriteRows(const std::vector<std::string> &rows)
+{
+    const std::size_t known = std::min(rows.size(), rows_.size());
+    std::copy_n(rows.begin(), known, rows_.begin());
+    rows_.insert(rows_.end(), rows.begin() + static_cast<std::ptrdiff_t>(known), rows.end());
+    selected_.resize(rows_.size(), false);
+    Changed(Aspect::Rows);
+}
+
 void ListBox::Clear()
 {
     SetRows({});
@@ -164,6 +173,13 @@ void ListBox::SetListIndex(int row)
     if (current_ != wanted) {
         current_ = wanted;
         Changed(Aspect::Current);
+    }
+}
+
+void Timer::RaiseEvent(Aspect aspect)
+{
+    if (aspect == Aspect::Enabled && enabled) {
+        ++starts_;
     }
 }
 

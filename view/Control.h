@@ -17,6 +17,7 @@ class Form;
 
 // Keys and mouse buttons as the handlers compare them.
 namespace Key {
+inline constexpr int Return = 13;
 inline constexpr int PageUp = 33;
 inline constexpr int PageDown = 34;
 inline constexpr int End = 35;
@@ -66,12 +67,15 @@ public:
     Property<bool> visible{*this, Aspect::Visible, true};
     Property<Place> place{*this, Aspect::Place};
     Property<std::string> toolTip{*this, Aspect::ToolTip};
-    std::string accessibleName; // what a screen reader says where the caption says too little
+    std::string accessibleName;   // what a screen reader says where the caption says too little
+    Control *container = nullptr; // the control that holds this one and that place is relative to; none: the form
 
     std::function<void(Aspect)> observer; // the face that draws the control; at most one
     MouseHandler MouseDown;
 
     void Changed(Aspect aspect) override;
+    // What is typed from now on is for this control.
+    void SetFocus() { Changed(Aspect::Focus); }
 
 protected:
     // The control's own event for a change, raised after the observer has been told.
@@ -83,10 +87,12 @@ private:
     int index_;
 };
 
+enum class Alignment { Left, Centre, Right };
+
 class Label : public Control {
 public:
     Label(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
-    bool centred = false; // in its place; else at the left
+    Property<Alignment> alignment{*this, Aspect::Caption};
     bool bold = false;
     Handler DblClick;
 };
@@ -110,11 +116,19 @@ public:
     Handler MouseMove;
 };
 
+// What a pictured button shows in place of its caption.
+enum class Glyph { None, Previous, Next, Play, Pause, Back, Forward, Stop };
+
 class Button : public Control {
 public:
+    static constexpr int kPlainColor = 0xF0F0F0; // drawn as the machine draws its buttons
+
     Button(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
     bool answersReturn = false; // pressed by that key wherever the focus is in its form
     bool answersEscape = false;
+    Property<int> color{*this, Aspect::Color, kPlainColor}; // 0xRRGGBB
+    Glyph glyph = Glyph::None;
+    bool isToggle = false; // its colour says that it is on
     Handler Click;
 };
 
@@ -146,7 +160,7 @@ public:
     enum class Encoding { Windows1252, Utf8 };
     ListBox(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
 
-    int columns = 1;           // the list flows in this many snaking columns
+    int columns = 1;           // the list flows in this many snaking columns; 0: in one that scrolls down
     bool multiSelect = true;   // extended selection
     int longestColumn = 0;     // rows that a column has at most, however high the list is; 0: as many as find room
     int rowsPerColumn = 0;     // as a face draws it; 0: the rows spread evenly over the columns
@@ -165,6 +179,8 @@ public:
     void InsertItem(std::string row, int at);
     void RemoveItem(int at);
     void SetRow(int row, std::string text);
+    // Writes the rows from the first on and appends what is beyond the last one. Selection and current row stay by number.
+    void RewriteRows(const std::vector<std::string> &rows);
     void Clear();
     void Select(int row, bool selected); // raises nothing
     void ClearSelection();
@@ -259,6 +275,13 @@ public:
     }
     int interval; // milliseconds
     Handler Tick;
+    [[nodiscard]] unsigned Starts() const { return starts_; } // how often it was switched on; each begins an interval
+
+protected:
+    void RaiseEvent(Aspect aspect) override;
+
+private:
+    unsigned starts_ = 0;
 };
 
 } // namespace velluto

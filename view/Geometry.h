@@ -28,4 +28,11 @@ struct Font {
     bool operator==(const Font &) const = default;
 };
 
+// What the machine writes its own controls with: a font of no size.
+inline constexpr Font kPlainFont{"", 0, 400};
+[[nodiscard]] constexpr bool IsPlain(const Font &font)
+{
+    return font.size == 0;
+}
+
 } // namespace velluto

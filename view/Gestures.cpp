@@ -20,7 +20,9 @@ bool HasCtrl(Modifier modifier)
 int RowReachedBy(const ListBox &list, int key)
 {
     const int count = list.ListCount();
-    const int perColumn = list.rowsPerColumn > 0 ? list.rowsPerColumn : (count + list.columns - 1) / std::max(list.columns, 1);
+    const int columns = std::max(list.columns, 1);
+    const int perColumn = list.rowsPerColumn > 0 ? list.rowsPerColumn : (count + columns - 1) / columns;
+    const int sideways = list.columns == 0 ? 1 : perColumn;
     const int from = std::max(list.ListIndex(), 0);
     const bool none = list.ListIndex() < 0;
     switch (key) {
@@ -29,9 +31,9 @@ int RowReachedBy(const ListBox &list, int key)
     case Key::Down:
         return none ? 0 : std::min(from + 1, count - 1);
     case Key::Left:
-        return from - perColumn >= 0 ? from - perColumn : from;
+        return from - sideways >= 0 ? from - sideways : from;
     case Key::Right:
-        return from + perColumn < count ? from + perColumn : from;
+        return from + sideways < count ? from + sideways : from;
     case Key::Home:
         return 0;
     case Key::End:
@@ -140,6 +142,10 @@ bool PressKey(Control &control, int key, Modifier modifier)
         return false;
     }
     Raise(list->KeyDown, key);
+    if (key == Key::Return && list->DblClick && list->ListIndex() >= 0) {
+        ListGesture::DoubleClickRow(*list, list->ListIndex());
+        return true;
+    }
     const int row = list->ListCount() > 0 ? RowReachedBy(*list, key) : -1;
     if (row < 0) {
         return true;

@@ -30,7 +30,8 @@ public:
 };
 
 // Raises KeyDown of a list or a text box, then moves through the list where the key does: a plain key clicks the row it
-// leads to, with Shift it draws the range, with Ctrl it only moves. False where the control takes no keys.
+// leads to, with Shift it draws the range, with Ctrl it only moves; Return double-clicks the current row of a list that
+// listens to that. False where the control takes no keys.
 bool PressKey(Control &control, int key, Modifier modifier = Modifier::None);
 // Presses a button, flips a check box, sets an option. False where the control cannot be pressed, is hidden or disabled.
 bool Press(Control &control);

@@ -23,7 +23,8 @@ enum class Aspect {
     Color,
     Place,
     State,
-    ToolTip
+    ToolTip,
+    Focus
 };
 
 class PropertyOwner {

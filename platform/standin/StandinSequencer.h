@@ -3,26 +3,76 @@
 
 #include "platform/Sequencer.h"
 
+#include <chrono>
+#include <deque>
+#include <map>
+#include <optional>
+
 namespace velluto {
+
+// What opening a file comes to.
+struct StandinSong {
+    std::int32_t length = 0; // of a file that opens
+    int error = 0;           // not 0: the file is refused with it
+    std::string errorMessage;
+};
+
+namespace StandinError {
+inline constexpr int kUnknownCommand = 261;
+inline constexpr int kNotOpen = 263;
+inline constexpr int kFileNotFound = 275;
+inline constexpr int kInvalidFile = 296;
+} // namespace StandinError
 
 class StandinSequencer : public Sequencer {
 public:
+    using Milliseconds = std::chrono::milliseconds;
+
+    std::map<std::string, StandinSong> songs; // by path
+    // Asked about a path that songs does not know; without it such a file is not found.
+    std::function<StandinSong(const std::string &path)> OtherSong;
+    // One position unit lasts so long. From the next play or pause on.
+    Milliseconds rate{100};
+
+    // Lets time pass: a running play goes on, and ends where its file does.
+    void Advance(Milliseconds passed);
+    // How long until the running play reaches the end of its file; nothing where none runs.
+    [[nodiscard]] std::optional<Milliseconds> UntilEnd() const;
+    // Raises the oldest Done that has not been raised yet. False where there is none.
+    bool Deliver();
+    // The process has ended: nothing is open or to be told any more. What it knows of files stays.
+    void Release();
+
     void SetFileName(std::string_view path) override { fileName_ = path; }
     [[nodiscard]] std::string FileName() const override { return fileName_; }
-    void SetCommand(std::string_view word) override { command_ = word; }
+    void SetCommand(std::string_view word) override;
     [[nodiscard]] std::string Command() const override { return command_; }
-    [[nodiscard]] int Mode() const override { return SequencerMode::kNotReady; }
-    [[nodiscard]] std::int32_t Position() const override { return 0; }
-    [[nodiscard]] std::int32_t Length() const override { return 0; }
+    [[nodiscard]] int Mode() const override { return mode_; }
+    [[nodiscard]] std::int32_t Position() const override;
+    [[nodiscard]] std::int32_t Length() const override { return length_; }
     [[nodiscard]] std::int32_t From() const override { return from_; }
-    void SetFrom(std::int32_t position) override { from_ = position; }
-    [[nodiscard]] int Error() const override { return 0; }
-    [[nodiscard]] std::string ErrorMessage() const override { return {}; }
+    void SetFrom(std::int32_t position) override;
+    [[nodiscard]] int Error() const override { return error_; }
+    [[nodiscard]] std::string ErrorMessage() const override { return errorMessage_; }
 
 private:
+    void Open();
+    void Play();
+    void Halt(int mode);
+    void Fail(int error, std::string message);
+
     std::string fileName_;
     std::string command_;
+    int mode_ = SequencerMode::kNotReady;
+    std::int32_t length_ = 0;
     std::int32_t from_ = 0;
+    bool fromFresh_ = false;     // written since the last play
+    std::int32_t start_ = 0;     // where the running play began, or where a halted one stands
+    Milliseconds elapsed_{0};    // of the running play
+    Milliseconds playRate_{100}; // of the running play
+    int error_ = 0;
+    std::string errorMessage_;
+    std::deque<int> done_; // not raised yet
 };
 
 } // namespace velluto

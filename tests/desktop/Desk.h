@@ -172,8 +172,10 @@ protected:
     StandinClock clock;
     StandinPrinter printer;
     StandinSequencer sequencer;
+    PosixFolders folders;
+    StandinTicks ticks;
     QtFace face;
-    Velluto program{Ports{machine, midi, clock, printer, sequencer}, face};
+    Velluto program{Ports{machine, midi, clock, printer, sequencer, folders, ticks}, face};
     Modulo1 &app = program.app;
     TestProgram::Language language = TestProgram::English;
 

@@ -83,7 +83,9 @@ protected:
     StandinFace face;
     QtPrinter printer{face};
     StandinSequencer sequencer;
-    Velluto program{Ports{machine, midi, clock, printer, sequencer}, face};
+    PosixFolders folders;
+    StandinTicks ticks;
+    Velluto program{Ports{machine, midi, clock, printer, sequencer, folders, ticks}, face};
 };
 
 TEST_F(PrinterTest, ALineOf84CharactersFitsOnThePaperAndReadsBack)

@@ -9,6 +9,7 @@
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
 #include "platform/standin/StandinSequencer.h"
+#include "platform/standin/StandinTicks.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 
@@ -95,6 +96,43 @@ public:
     std::string CurrentFolder() override { return "/home"; }
 };
 
+// One folder of the files in memory is each text before a "/".
+class MemoryFolders : public Folders {
+public:
+    explicit MemoryFolders(MemoryFiles &files) : files_(files) {}
+    RuntimeError Files(const std::string &folder, std::string_view pattern, std::vector<ListedFile> &found) override
+    {
+        const std::string above = folder == "/" ? folder : folder + "/";
+        found.clear();
+        for (const auto &[path, bytes] : files_.files) {
+            const std::string name = path.substr(std::min(above.size(), path.size()));
+            if (path.starts_with(above) && name.find('/') == std::string::npos && MatchesPattern(name, pattern)) {
+                found.push_back({name, bytes.size()});
+            }
+        }
+        std::ranges::sort(found, ComesBefore, &ListedFile::name);
+        return {};
+    }
+    RuntimeError Subfolders(const std::string & /*folder*/, std::vector<std::string> &names) override
+    {
+        names = {"else", "home"};
+        return {};
+    }
+    RuntimeError FileLength(const std::string &path, std::uint64_t &length) override
+    {
+        const auto found = files_.files.find(path);
+        if (found == files_.files.end()) {
+            return {FileError::kFileNotFound};
+        }
+        length = found->second.size();
+        return {};
+    }
+    std::vector<std::string> Drives() override { return {"/", "/home"}; }
+
+private:
+    MemoryFiles &files_;
+};
+
 struct FuzzProgram {
     FuzzProgram()
     {
@@ -108,7 +146,9 @@ struct FuzzProgram {
     StandinClock clock;
     StandinPrinter printer;
     StandinSequencer sequencer;
-    Velluto program{Ports{files, midi, clock, printer, sequencer}, face};
+    MemoryFolders folders{files};
+    StandinTicks ticks;
+    Velluto program{Ports{files, midi, clock, printer, sequencer, folders, ticks}, face};
 
     bool Start()
     {

@@ -190,13 +190,13 @@ TEST_F(FrameLoadTest, StyleAndPerformanceBanksNameTheirFilesToo)
                     {&menu.mnuPrfUser[20], "20 user twenty.prf"}});
 }
 
-TEST_F(FrameLoadTest, CommandsNotOfferedYetAreDisabledWhateverTheirBanksHold)
+TEST_F(FrameLoadTest, CommandsAreOfferedUnlessTheirBankHoldsNothing)
 {
     ini.PutPath(22, "/music/one.sty");
     ini.PutPath(25, "/music/hd.sty");
     ini.PutPath(42, "/music/one.prf");
     StartOverFile();
-    std::vector<const MenuEntry *> entries{&menu.mnuMidiPlayer, &menu.mnuTaglia, &menu.mnuCopia, &menu.mnuIncolla};
+    std::vector<const MenuEntry *> entries{&menu.mnuTaglia, &menu.mnuCopia, &menu.mnuIncolla};
     for (const MenuEntry *entry : entries) {
         EXPECT_FALSE(entry->enabled) << entry->FullName();
     }
@@ -207,7 +207,7 @@ TEST_F(FrameLoadTest, CommandsNotOfferedYetAreDisabledWhateverTheirBanksHold)
         &menu.mnuPreferenze,  &menu.mnuStyNuovo,   &menu.mnuPrfNuovo,      &menu.mnuStyApri,        &menu.mnuPrfApri,
         &menu.mnuStyUser[9],  &menu.mnuStyUserAll, &menu.mnuStyDirectHD19, &menu.mnuStyDirectHD[1], &menu.mnuStyDirectHD123,
         &menu.mnuPrfUser120,  &menu.mnuPrfUser[1], &menu.mnuPrfUserAll,    &menu.mnuBloccoNote,     &menu.mnuGuida,
-        &menu.mnuInfo};
+        &menu.mnuInfo,        &menu.mnuMidiPlayer};
     for (const MenuEntry *entry : offered) {
         EXPECT_TRUE(entry->enabled) << entry->FullName();
     }

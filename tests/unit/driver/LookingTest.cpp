@@ -35,7 +35,8 @@ TEST_F(DriverTest, ShowTellsWhatEachKindOfControlHas)
     EXPECT_EQ(shown.at("List1(2)"), Json::parse(R"({"rows":[" 001 A\u0000","Piéno"],"selected":[],"current":-1,
         "enabled":true,"visible":true,"left":10,"width":300})"));
     EXPECT_EQ(shown.at("Combo1"), Json::parse(R"({"rows":["OFF","LOWR"],"current":-1,"enabled":true,"visible":true,"left":0,"width":0})"));
-    EXPECT_EQ(shown.at("CommClose"), Json::parse(R"({"caption":"&Close","enabled":true,"visible":true,"left":0,"width":0})"));
+    EXPECT_EQ(shown.at("CommClose"),
+              Json::parse(R"({"caption":"&Close","color":15790320,"enabled":true,"visible":true,"left":0,"width":0})"));
     EXPECT_EQ(shown.at("CheckHoldNote"), Json::parse(R"({"caption":"","checked":false,"enabled":true,"visible":true,"left":0,"width":0})"));
     EXPECT_EQ(shown.at("Option1(1)"), Json::parse(R"({"caption":"","checked":false,"enabled":true,"visible":true,"left":0,"width":0})"));
     EXPECT_EQ(shown.at("Text1"), Json::parse(R"({"text":"","caret":0,"enabled":true,"visible":true,"left":0,"width":0})"));
@@ -153,7 +154,7 @@ TEST_F(DriverTest, ValueGivesNumbersTextsTruthsAndLists)
     EXPECT_EQ(Ok("value ChannelRole").at("value"), Json::parse("[2,14,0,0,0,0,0,0,0,0,0,0,0,0,0,0]"));
     EXPECT_EQ(Ok("value ClipValid").at("value"), 0);
     EXPECT_EQ(Ok("value MidiOutCaps").at("value"), Json::parse(R"(["One","","","","","","",""])"));
-    EXPECT_EQ(Error("value MarksActive"), "no variable MarksActive");
+    EXPECT_EQ(Error("value NoSuchThing"), "no variable NoSuchThing");
 }
 
 TEST_F(DriverTest, TheKeyboardsNotesLiveAsLongAsItsWindow)

@@ -92,6 +92,45 @@ TEST_F(TimersTest, SeeTheTimeAtWhichTheyFire)
     EXPECT_EQ(seen, milliseconds{1000});
 }
 
+TEST_F(TimersTest, BeginAnewWhereTheyWereSwitchedOffAndOnInOneGo)
+{
+    window.slow.enabled = false;
+    Pass(200);
+    window.fast.enabled = false;
+    window.fast.enabled = true;
+    Pass(299);
+    EXPECT_EQ(window.order, "");
+    Pass(1);
+    EXPECT_EQ(window.order, "f");
+}
+
+TEST_F(TimersTest, ComeBehindWhatElseHappensAtTheirMoment)
+{
+    window.slow.enabled = false;
+    milliseconds other{150}; // happens each 150 ms
+    timers.Pass(
+        milliseconds{600},
+        [&](milliseconds passed) {
+            other -= passed;
+            if (other == milliseconds{0}) {
+                window.order += 'o';
+                other = milliseconds{150};
+            }
+        },
+        [this] { return std::vector<Timer *>{&window.fast}; }, [&other] { return std::optional(other); });
+    EXPECT_EQ(window.order, "oofoof");
+}
+
+TEST_F(TimersTest, FireNoMoreWhereWhatElseHappensStopsThem)
+{
+    window.slow.enabled = false;
+    bool running = true;
+    timers.Pass(
+        milliseconds{1000}, [&running](milliseconds passed) { running = running && passed < milliseconds{300}; },
+        [&] { return running ? std::vector<Timer *>{&window.fast} : std::vector<Timer *>{}; });
+    EXPECT_EQ(window.order, "");
+}
+
 TEST(StandinClock, WritesDateAndTimeAsSet)
 {
     StandinClock clock;

@@ -94,7 +94,7 @@ TEST(Send, AnotherMessageBehindTheOpenBoxShowsNoSecondBox)
             return StandinFace::MessageBox(title, text, style);
         }
     } face;
-    Modulo1 app{Ports{link.files, link.devices, link.clock, link.printer, link.sequencer}, face};
+    Modulo1 app{Ports{link.files, link.devices, link.clock, link.printer, link.sequencer, link.folders, link.ticks}, face};
     MidiState midi{app};
     face.midi = &midi;
     link.AddOuts(1);

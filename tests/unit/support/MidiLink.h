@@ -4,11 +4,13 @@
 
 #include "midi/MIDI.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixFolders.h"
 #include "platform/standin/StandinClock.h"
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
 #include "platform/standin/StandinSequencer.h"
+#include "platform/standin/StandinTicks.h"
 #include "unit/support/MidiMessages.h"
 
 #include <cstdint>
@@ -26,7 +28,9 @@ struct MidiLink {
     StandinClock clock;
     StandinPrinter printer;
     StandinSequencer sequencer;
-    Modulo1 app{Ports{files, devices, clock, printer, sequencer}, face};
+    PosixFolders folders;
+    StandinTicks ticks;
+    Modulo1 app{Ports{files, devices, clock, printer, sequencer, folders, ticks}, face};
     MidiState midi{app};
 
     MidiLink() { app.messages.LinguaBase = kEnglish; }

@@ -5,12 +5,15 @@
 #include "app/FrameCommands.h"
 #include "app/Velluto.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixFolders.h"
 #include "platform/standin/FaultyFiles.h"
+#include "platform/standin/FaultyFolders.h"
 #include "platform/standin/StandinClock.h"
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
 #include "platform/standin/StandinSequencer.h"
+#include "platform/standin/StandinTicks.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 
@@ -102,7 +105,10 @@ struct TestProgram {
     StandinClock clock;
     StandinPrinter printer;
     StandinSequencer sequencer;
-    Velluto program{Ports{files, midi, clock, printer, sequencer}, face};
+    PosixFolders disk;
+    FaultyFolders folders{disk, files};
+    StandinTicks ticks;
+    Velluto program{Ports{files, midi, clock, printer, sequencer, folders, ticks}, face};
     int languageQuestions = 0; // how often frmLingua was shown
 
     // StartUp; the word answers frmLingua where it is shown. False where no frame came up.

@@ -1,4 +1,5 @@
 #include "view/ControlArray.h"
+#include "view/FolderControls.h"
 #include "view/Form.h"
 #include "view/Gestures.h"
 
@@ -222,4 +223,57 @@ TEST(PianoKeys, TellTheirFaceOfColourAndDot)
     form.key.dot = true;
     form.key.dot = true;
     EXPECT_EQ(told, (std::vector<Aspect>{Aspect::Color, Aspect::Checked}));
+}
+
+TEST(ListBoxRows, RewrittenKeepSelectionAndCurrentRowByNumber)
+{
+    Form form("Window");
+    ListBox list(form, "List1");
+    list.SetRows({"b", "c"});
+    list.Select(1, true);
+    list.SetListIndex(1);
+    list.RewriteRows({"a", "b", "c"});
+    EXPECT_EQ(list.Rows(), (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_TRUE(list.Selected(1));
+    EXPECT_FALSE(list.Selected(2));
+    EXPECT_EQ(list.ListIndex(), 1);
+    list.RewriteRows({"x"}); // what lies beyond stays
+    EXPECT_EQ(list.Rows(), (std::vector<std::string>{"x", "b", "c"}));
+}
+
+TEST(TimerStarts, CountWhenItIsSwitchedOn)
+{
+    Form form("Window");
+    Timer timer(form, "Timer1", 10);
+    timer.enabled = true; // it was
+    EXPECT_EQ(timer.Starts(), 0U);
+    timer.enabled = false;
+    timer.enabled = true;
+    EXPECT_EQ(timer.Starts(), 1U);
+}
+
+TEST(DriveListTest, ChoosingTellsOfItAlsoWhereNothingChanges)
+{
+    Form form("Window");
+    DriveList drives(form, "Drive1");
+    int changes = 0;
+    drives.Change = [&changes] { ++changes; };
+    EXPECT_EQ(drives.Drive(), "");
+    drives.rows = {"/", "/media/stick"};
+    drives.Choose(1);
+    drives.Choose(1);
+    EXPECT_EQ(drives.Drive(), "/media/stick");
+    EXPECT_EQ(changes, 2);
+    drives.ListIndex = 0; // the program's own doing
+    EXPECT_EQ(changes, 2);
+}
+
+TEST(Focus, IsToldToTheOneWhoDraws)
+{
+    Form form("Window");
+    TextBox box(form, "Text1");
+    int told = 0;
+    box.observer = [&told](Aspect aspect) { told += aspect == Aspect::Focus ? 1 : 0; };
+    box.SetFocus();
+    EXPECT_EQ(told, 1);
 }

@@ -1,0 +1,188 @@
+#include "desktop/PlayerBinders.h"
+
+#include "desktop/Twips.h"
+#include "desktop/Words.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include <algorithm>
+
+namespace velluto {
+
+namespace {
+
+// The pictures lie in a square of this side; they are scaled to the button.
+constexpr qreal kSide = 16;
+
+void AddRight(QPainterPath &path, qreal left, qreal right)
+{
+    path.addPolygon(QPolygonF({{left, 2}, {right, kSide / 2}, {left, kSide - 2}, {left, 2}}));
+}
+
+void AddLeft(QPainterPath &path, qreal left, qreal right)
+{
+    path.addPolygon(QPolygonF({{right, 2}, {left, kSide / 2}, {right, kSide - 2}, {right, 2}}));
+}
+
+QPainterPath PathOf(Glyph glyph)
+{
+    constexpr qreal kHeight = kSide - 4;
+    QPainterPath path;
+    switch (glyph) {
+    case Glyph::Previous:
+        path.addRect(2, 2, 2.5, kHeight);
+        AddLeft(path, 5, 14);
+        break;
+    case Glyph::Next:
+        AddRight(path, 2, 11);
+        path.addRect(11.5, 2, 2.5, kHeight);
+        break;
+    case Glyph::Play:
+        AddRight(path, 3.5, 14);
+        break;
+    case Glyph::Pause:
+        path.addRect(3.5, 2, 3, kHeight);
+        path.addRect(9.5, 2, 3, kHeight);
+        break;
+    case Glyph::Back:
+        AddLeft(path, 0.5, 8);
+        AddLeft(path, 7.5, 15);
+        break;
+    case Glyph::Forward:
+        AddRight(path, 1, 8.5);
+        AddRight(path, 8, 15.5);
+        break;
+    case Glyph::Stop:
+        path.addRect(2.5, 2.5, kSide - 5, kSide - 5);
+        break;
+    case Glyph::None:
+        break;
+    }
+    return path;
+}
+
+// A pointer whose tip is the middle of its lower edge.
+class MarkerView : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().color(isEnabled() ? QPalette::Highlight : QPalette::Mid));
+        const QRectF area(rect());
+        painter.drawPolygon(QPolygonF({area.topLeft(), area.topRight(), {area.center().x(), area.bottom()}}));
+    }
+};
+
+class LineView : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override { QPainter(this).fillRect(rect(), palette().color(QPalette::Highlight)); }
+};
+
+} // namespace
+
+void PictureButton::SetLamp(const QColor &color)
+{
+    lamp_ = color;
+    update();
+}
+
+void PictureButton::paintEvent(QPaintEvent *event)
+{
+    if (glyph_ == Glyph::None) {
+        FittedButton::paintEvent(event);
+    } else {
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        option.text.clear();
+        QStylePainter painter(this);
+        painter.drawControl(QStyle::CE_PushButton, option);
+        DrawPicture(painter);
+    }
+    if (lamp_.isValid()) {
+        constexpr int kHeight = 4;
+        constexpr int kInset = 5;
+        QPainter(this).fillRect(QRect(kInset, height() - kHeight - kInset, width() - 2 * kInset, kHeight), lamp_);
+    }
+}
+
+void PictureButton::DrawPicture(QPainter &painter) const
+{
+    constexpr qreal kShare = 0.5; // of the button
+    const qreal side = std::min(width(), height()) * kShare;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(QRectF(rect()).center() - QPointF(side, side) / 2);
+    painter.scale(side / kSide, side / kSide);
+    painter.fillPath(PathOf(glyph_), palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
+}
+
+ToggleBinder::ToggleBinder(Button &button, EventGate &gate, PictureButton *drawn)
+    : ButtonBinder(button, gate, drawn), toggle_(button), drawn_(drawn)
+{
+    drawn->setCheckable(button.isToggle);
+}
+
+void ToggleBinder::Show(Aspect aspect)
+{
+    if (aspect == Aspect::Color) {
+        const bool on = toggle_.color != Button::kPlainColor;
+        drawn_->SetLamp(on ? QColor::fromRgb(static_cast<QRgb>(toggle_.color.Get())) : QColor());
+        drawn_->setChecked(on && toggle_.isToggle);
+    } else {
+        ButtonBinder::Show(aspect);
+    }
+}
+
+MarkerBinder::MarkerBinder(Marker &marker, EventGate &gate, QWidget *parent) : Binder(marker, gate, new MarkerView(parent)) {}
+
+ScaleLineBinder::ScaleLineBinder(Line &line, EventGate &gate, QWidget *parent)
+    : Binder(line, gate, new LineView(parent)), line_(line), drawn_(widget())
+{
+    // The bar below it stands out from the window, in a dark one too.
+    parent->setBackgroundRole(QPalette::Base);
+    parent->setAutoFillBackground(true);
+}
+
+void ScaleLineBinder::Show(Aspect aspect)
+{
+    if (aspect == Aspect::Place) {
+        constexpr int kWidth = 2;
+        const Place place = line_.place;
+        drawn_->setGeometry(ToPixels(place.left) - kWidth / 2, 1, kWidth, ToPixels(place.height) - 2);
+    }
+}
+
+DriveBinder::DriveBinder(DriveList &drives, EventGate &gate, QComboBox *drawn) : Binder(drives, gate, drawn), drives_(drives), drawn_(drawn)
+{
+    drawn->setFocusPolicy(Qt::StrongFocus);
+    drawn->setAttribute(Qt::WA_NoMousePropagation);
+    QObject::connect(drawn, &QComboBox::activated, receiver(), [&drives, &gate](int row) {
+        const EventGate::Pass pass(gate);
+        drives.Choose(row);
+    });
+}
+
+void DriveBinder::Show(Aspect aspect)
+{
+    if (aspect == Aspect::Rows) {
+        drawn_->clear();
+        for (const std::string &path : drives_.rows) {
+            drawn_->addItem(FromUtf8(path));
+        }
+    }
+    if (aspect == Aspect::Rows || aspect == Aspect::Current) {
+        drawn_->setCurrentIndex(drives_.ListIndex);
+    }
+}
+
+} // namespace velluto

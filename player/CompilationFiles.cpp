@@ -1,0 +1,87 @@
+#include "player/CompilationFiles.h"
+
+#include <algorithm>
+#include <span>
+
+namespace velluto {
+
+namespace {
+
+constexpr std::size_t kRecord = 250; // bytes
+
+// The text without its first characters of UTF-8.
+std::string_view WithoutFirst(std::string_view text, int characters)
+{
+    constexpr unsigned kContinuation = 0x80; // of 0xC0: a further byte of a character
+    for (; characters > 0 && !text.empty(); --characters) {
+        do {
+            text.remove_prefix(1);
+        } while (!text.empty() && (static_cast<unsigned char>(text.front()) & 0xC0U) == kContinuation);
+    }
+    return text;
+}
+
+} // namespace
+
+std::string CompilationPath(const Modulo1 &app, std::string_view name)
+{
+    return JoinPath(app.paths.AppDir, "c-" + std::string(name) + ".cmp");
+}
+
+std::vector<std::string> CompilationNames(const Modulo1 &app)
+{
+    constexpr std::size_t kExtension = 4;
+    constexpr int kPrefix = 2;
+    std::vector<ListedFile> files;
+    (void)app.ports.folders.Files(app.paths.AppDir, "*.cmp", files);
+    std::vector<std::string> names;
+    for (const ListedFile &file : files) {
+        const std::string_view whole = std::string_view(file.name).substr(0, file.name.size() - kExtension);
+        names.emplace_back(WithoutFirst(whole, kPrefix));
+    }
+    return names;
+}
+
+RuntimeError ReadCompilation(const Modulo1 &app, const std::string &path, std::string &image)
+{
+    image.clear();
+    std::unique_ptr<RandomAccessFile> file;
+    RuntimeError error = app.ports.files.OpenToRead(path, file);
+    std::uint64_t length = 0;
+    if (!error.Failed()) {
+        error = file->Length(length);
+    }
+    auto remaining = static_cast<std::int64_t>(length);
+    // A length of whole records costs one more read, which adds nothing.
+    for (std::uint64_t record = 0; !error.Failed() && remaining >= 0; ++record, remaining -= kRecord) {
+        std::array<std::uint8_t, kRecord> bytes{};
+        std::size_t got = 0;
+        error = file->Read(record * kRecord, bytes, got);
+        const std::size_t wanted = std::min({kRecord, static_cast<std::size_t>(remaining), got});
+        image.append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(wanted));
+    }
+    return error;
+}
+
+RuntimeError WriteCompilation(const Modulo1 &app, const std::string &path, std::string_view image)
+{
+    std::unique_ptr<RandomAccessFile> file;
+    RuntimeError error = app.ports.files.Open(path, file);
+    std::uint64_t length = 0;
+    if (!error.Failed()) {
+        error = file->Length(length);
+    }
+    if (!error.Failed() && length > 0) {
+        file.reset();
+        error = app.ports.files.Delete(path);
+        if (!error.Failed()) {
+            error = app.ports.files.Open(path, file);
+        }
+    }
+    if (error.Failed() || image.empty()) {
+        return error;
+    }
+    return file->Write(0, std::span(reinterpret_cast<const std::uint8_t *>(image.data()), image.size()));
+}
+
+} // namespace velluto

@@ -1,0 +1,118 @@
+#include "player/CompilationRows.h"
+
+#include "app/Catalogue.h"
+#include "player/CompilationFiles.h"
+#include "player/CompilationImage.h"
+#include "player/ListRows.h"
+#include "player/frmMIDIPlayer.h"
+
+#include <algorithm>
+
+namespace velluto {
+
+namespace {
+
+// How far the image could be read into rows.
+struct RowReading {
+    bool complete = false; // each row stands for the file of its number
+    RuntimeError error;
+    std::string path; // of the file whose length could not be read
+};
+
+RuntimeError LengthOf(const frmMIDIPlayer &form, const std::string &path, std::uint64_t &length)
+{
+    return Resumed([&] { return form.app.ports.folders.FileLength(path, length); });
+}
+
+// Writes the rows from the given one on, one for each file, over what is there and beyond.
+RowReading ReadRows(const frmMIDIPlayer &form, std::size_t from, std::vector<std::string> &rows)
+{
+    ImageWalk walk(form.state.image);
+    ImageEntry entry;
+    std::size_t at = from;
+    for (; walk.Next(entry); ++at) {
+        std::uint64_t length = 0;
+        const std::string path = entry.Path();
+        const RuntimeError error = LengthOf(form, path, length);
+        if (error.Failed()) {
+            return {false, error, path};
+        }
+        rows.resize(std::max(rows.size(), at + 1));
+        rows[at] = FileRow(entry.name, length);
+    }
+    return {at == rows.size(), {}, {}};
+}
+
+void TellReading(frmMIDIPlayer &form, const RowReading &reading)
+{
+    HandlePlayerError(form, reading.error, PreparedText(form, reading.path, TextId::OpeningStep));
+}
+
+// The first row whose name sorts behind the given one, without regard to case; the number of rows where none does.
+std::size_t RowBehind(const std::vector<std::string> &rows, std::string_view name)
+{
+    const std::string key = UpperCase(name);
+    const auto behind = std::ranges::find_if(rows, [&key](const std::string &row) { return UpperCase(BareName(row)) > key; });
+    return static_cast<std::size_t>(behind - rows.begin());
+}
+
+} // namespace
+
+std::string PreparedText(const frmMIDIPlayer &form, std::string_view path, int word)
+{
+    return std::string(path) + " " + form.app.messages.Text(word);
+}
+
+void HandlePlayerError(frmMIDIPlayer &form, RuntimeError error, const std::string &preparedText)
+{
+    if (error.number == FileError::kFileNotFound) {
+        form.state.NotFound = true;
+    } else if (error.number == FileError::kPathNotFound) {
+        form.app.messages.ShowMessage(MessageNo::FolderNotFound, preparedText, preparedText);
+    }
+}
+
+void RebuildCompilationList(frmMIDIPlayer &form, RebuildMode mode)
+{
+    std::vector<std::string> rows = form.ListMidiCorr.Rows();
+    const RowReading reading = ReadRows(form, mode == RebuildMode::Append ? rows.size() : 0, rows);
+    form.ListMidiCorr.RewriteRows(rows);
+    TellReading(form, reading);
+}
+
+std::string CompilationItemPath(const frmMIDIPlayer &form, int row)
+{
+    return PathInImage(form.state.image, row);
+}
+
+void AddFilesToCompilation(frmMIDIPlayer &form, int first, int last)
+{
+    std::string &image = form.state.image;
+    const std::string &directory = form.app.settings.PlayerDir;
+    std::vector<std::string> rows = form.ListMidiCorr.Rows();
+    RowReading reading;
+    for (int k = first; k <= last; ++k) {
+        const std::string &name = form.FileMidiSel.Row(k);
+        const std::size_t behind = RowBehind(rows, name);
+        int row = 0;
+        if (rows.empty()) {
+            image = ImageOfOne(directory, name);
+        } else if (behind < rows.size()) {
+            row = InsertBefore(image, BareName(rows[behind]), directory, name);
+        } else {
+            row = Append(image, directory, name);
+        }
+        // As long as rows and files agree, the new row is all that has to be read.
+        std::uint64_t length = 0;
+        const bool agree = reading.complete && static_cast<std::size_t>(row) == behind;
+        if (agree && !LengthOf(form, JoinPath(directory, name), length).Failed()) {
+            rows.insert(rows.begin() + row, FileRow(name, length));
+        } else {
+            reading = ReadRows(form, 0, rows);
+        }
+    }
+    form.ListMidiCorr.RewriteRows(rows);
+    TellReading(form, reading);
+}
+
+} // namespace velluto

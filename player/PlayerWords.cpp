@@ -1,0 +1,64 @@
+#include "player/PlayerWords.h"
+
+#include "player/frmMIDIPlayer.h"
+
+#include <array>
+#include <string_view>
+
+namespace velluto {
+
+namespace {
+
+struct Words {
+    std::string_view italian;
+    std::string_view english;
+};
+
+constexpr std::array<Words, kTransportButtons> kButtons{{
+    {"File precedente", "Previous file"},
+    {"File successivo", "Next file"},
+    {"Riproduci", "Play"},
+    {"Pausa", "Pause"},
+    {"Indietro del 5%", "Back 5%"},
+    {"Avanti del 5%", "Forward 5%"},
+    {"Ferma", "Stop"},
+}};
+constexpr Words kElapsed{"Tempo trascorso", "Elapsed time"};
+constexpr Words kPosition{"Posizione nel file", "Position in the file"};
+constexpr Words kStartMark{"Segno di inizio", "Start mark"};
+constexpr Words kStopMark{"Segno di fine", "Stop mark"};
+constexpr Words kCompilations{"Compilation", "Compilations"};
+constexpr Words kCompilationName{"Nome della compilation", "Name of the compilation"};
+constexpr Words kCompilationFiles{"File della compilation", "Files of the compilation"};
+constexpr Words kDrive{"Unità", "Drive"};
+constexpr Words kFolder{"Cartella", "Folder"};
+constexpr Words kFolderFiles{"File MIDI della cartella", "MIDI files of the folder"};
+
+} // namespace
+
+void NameControls(frmMIDIPlayer &form)
+{
+    const bool italian = form.app.messages.LinguaBase == 0;
+    const auto word = [italian](const Words &words) { return std::string(italian ? words.italian : words.english); };
+    for (int i = 0; i < kTransportButtons; ++i) {
+        form.MCIPuls[i].accessibleName = word(kButtons.at(static_cast<std::size_t>(i)));
+        form.MCIPuls[i].toolTip = form.MCIPuls[i].accessibleName;
+    }
+    form.Picture1.accessibleName = word(kPosition);
+    form.HScrollStart.accessibleName = word(kStartMark);
+    form.HScrollStop.accessibleName = word(kStopMark);
+    form.HScrollStart.toolTip = word(kStartMark);
+    form.HScrollStop.toolTip = word(kStopMark);
+    form.Picture2.accessibleName = word(kStartMark);
+    form.Picture3.accessibleName = word(kStopMark);
+    form.Label1.toolTip = word(kElapsed);
+    form.ListComp.accessibleName = word(kCompilations);
+    form.Text2.accessibleName = word(kCompilationName);
+    form.Text2.toolTip = word(kCompilationName);
+    form.ListMidiCorr.accessibleName = word(kCompilationFiles);
+    form.DriveMidiSel.accessibleName = word(kDrive);
+    form.DirMidiSel.accessibleName = word(kFolder);
+    form.ListMidiSel.accessibleName = word(kFolderFiles);
+}
+
+} // namespace velluto

@@ -1,0 +1,13 @@
+// What the player's controls say to a pointer that rests on them and to a screen reader, in both languages.
+#pragma once
+
+#include <string>
+
+namespace velluto {
+
+class frmMIDIPlayer;
+
+// Tool tips of the pictured buttons, names of the controls that have no caption.
+void NameControls(frmMIDIPlayer &form);
+
+} // namespace velluto

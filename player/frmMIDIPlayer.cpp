@@ -1,0 +1,250 @@
+#include "player/frmMIDIPlayer.h"
+
+#include "app/Catalogue.h"
+#include "app/StoredPlace.h"
+#include "player/Compilations.h"
+#include "player/EndOfFile.h"
+#include "player/FilePanel.h"
+#include "player/FileSelection.h"
+#include "player/Marks.h"
+#include "player/PlayerClock.h"
+#include "player/PlayerLayout.h"
+#include "player/PlayerWords.h"
+#include "player/Transport.h"
+
+#include <algorithm>
+
+namespace velluto {
+
+namespace {
+
+constexpr int kWindowNormal = 1;
+constexpr int kWindowMinimised = 2;
+
+} // namespace
+
+frmMIDIPlayer::frmMIDIPlayer(PlayerState &player)
+    : Form("frmMIDIPlayer"), state(player), app(player.app), MMControl1(*this, "MMControl1", player.app.ports.sequencer),
+      entry_(player.app.settings.PlacementTable.at(PlacementEntry::Player))
+{
+    Dress();
+    AttachHandlers();
+    AttachTransport();
+}
+
+// What the form looks like before any handler has run.
+void frmMIDIPlayer::Dress()
+{
+    constexpr std::array kGlyphs{Glyph::Previous, Glyph::Next, Glyph::Play, Glyph::Pause, Glyph::Back, Glyph::Forward, Glyph::Stop};
+    for (int i = 0; i < kTransportButtons; ++i) {
+        MCIPuls[i].glyph = kGlyphs.at(static_cast<std::size_t>(i));
+    }
+    for (Button *toggle : {&CommRep, &CommPlayAll, &CommSel}) {
+        toggle->isToggle = true;
+    }
+    Frame1.caption = std::string("Player");
+    Frame2.caption = std::string("Compilations");
+    Frame3.caption = std::string("Compilations - files MIDI");
+    Frame4.caption = std::string("Files MIDI");
+    CommRep.caption = std::string("Repeat");
+    CommPlayAll.caption = std::string("Play all");
+    CommSel.caption = std::string("Selezione Files");
+    Label2[0].caption = std::string("Lenght");
+    Label2[1].caption = std::string("Position");
+    LabTrackLenght.caption = std::string("0");
+    LabTrackPosition.caption = std::string("0");
+    LabStart.caption = std::string("Start");
+    LabStop.caption = std::string("Stop");
+    Label1.bold = true;
+    Label1.alignment = Alignment::Right;
+    ListComp.multiSelect = false;
+    for (ListBox *list : {&ListComp, &ListMidiCorr, &ListMidiSel, &FileMidiSel}) {
+        list->encoding = ListBox::Encoding::Utf8;
+    }
+    for (ListBox *list : {&ListComp, &ListMidiCorr, &ListMidiSel, static_cast<ListBox *>(&DirMidiSel)}) {
+        list->font = kPlainFont;
+        list->columns = 0;
+    }
+    Text2.font = kPlainFont;
+    FileMidiSel.visible = false;
+    MMControl1.visible = false;
+    for (Button *button : {&CommCanc, &CommAdd, &CommAddAll, &CommRim, &CommRimAll}) {
+        button->enabled = false;
+    }
+    for (Timer *timer : {&Timer1, &TimerComandi, &TimerListMidiCorr}) {
+        timer->enabled = false;
+    }
+}
+
+void frmMIDIPlayer::AttachHandlers()
+{
+    for (Frame *box : {&Frame1, &Frame2, &Frame3, &Frame4}) {
+        box->MouseDown = [this](int button) { Form_MouseDown(button); };
+    }
+    ListComp.Click = [this] { ListComp_Click(*this); };
+    Text2.Change = [this] { Text2_Change(*this); };
+    CommNuovo.Click = [this] { CommNuovo_Click(*this); };
+    CommCanc.Click = [this] { CommCanc_Click(*this); };
+    CommAdd.Click = [this] { CommAdd_Click(*this); };
+    CommAddAll.Click = [this] { CommAddAll_Click(*this); };
+    CommRim.Click = [this] { CommRim_Click(*this); };
+    CommRimAll.Click = [this] { CommRimAll_Click(*this); };
+    ListMidiCorr.Click = [this] { ListMidiCorr_Click(*this); };
+    ListMidiCorr.DblClick = [this] { ListMidiCorr_DblClick(*this); };
+    ListMidiSel.Click = [this] { ListMidiSel_Click(*this); };
+    ListMidiSel.DblClick = [this] { ListMidiSel_DblClick(*this); };
+    DriveMidiSel.Change = [this] { DriveMidiSel_Change(*this); };
+    DirMidiSel.Open = [this](const std::string &path) { (void)OpenFolder(*this, path); };
+    DirMidiSel.DblClick = [this] { DirMidiSel_DblClick(*this); };
+    CommSel.Click = [this] { CommSel_Click(*this); };
+}
+
+void frmMIDIPlayer::AttachTransport()
+{
+    for (Button &button : MCIPuls) {
+        button.Click = [this, number = button.index()] { MCIPuls_Click(*this, number); };
+    }
+    CommRep.Click = [this] { CommRep_Click(*this); };
+    CommPlayAll.Click = [this] { CommPlayAll_Click(*this); };
+    HScrollStart.Change = [this] { HScrollStart_Change(*this); };
+    HScrollStart.Scroll = [this] { HScrollStart_Scroll(*this); };
+    HScrollStop.Change = [this] { HScrollStop_Change(*this); };
+    HScrollStop.Scroll = [this] { HScrollStop_Scroll(*this); };
+    MMControl1.Done = [this](int code) { MMControl1_Done(*this, code); };
+    Timer1.Tick = [this] { Timer1_Timer(*this); };
+    TimerComandi.Tick = [this] { TimerComandi_Timer(*this); };
+    TimerListMidiCorr.Tick = [this] { TimerListMidiCorr_Timer(*this); };
+}
+
+void frmMIDIPlayer::ReadOffColors()
+{
+    state.RepeatOff = CommRep.color;
+    state.PlayAllOff = CommPlayAll.color;
+    state.SelOff = CommSel.color;
+}
+
+void frmMIDIPlayer::TakeFormWidth()
+{
+    const Size natural = PlayerSize(app.settings.PlayerPanelOpen);
+    entry_.MinWidth = NearestIn<std::uint16_t>(natural.width + frame.width);
+    entry_.MinHeight = NearestIn<std::uint16_t>(natural.height + frame.height);
+    entry_.Width = entry_.MinWidth;
+    place = Place{Left(), Top(), entry_.Width, std::max<int>(Height(), entry_.MinHeight)};
+    LayOutPlayer(*this, {ScaleWidth(), ScaleHeight()});
+}
+
+void frmMIDIPlayer::Form_Load()
+{
+    app.children.RestoringLayout = true;
+    static_cast<PlayerVariables &>(state) = PlayerVariables{};
+    Settings &settings = app.settings;
+
+    if (entry_.MinWidth == 0) {
+        entry_.Top = 0;
+        entry_.Left = 0;
+    }
+    place = Place{entry_.Left, entry_.Top, 0, entry_.MinWidth == 0 ? 0 : entry_.Height};
+    Frame4.visible = settings.PlayerPanelOpen;
+    ReadOffColors();
+    TakeFormWidth();
+    entry_.Height = NearestIn<std::uint16_t>(Height());
+    entry_.State = kWindowNormal;
+
+    Tag = ToolTag(ViewKind::Player);
+    app.frame.mnuMidiPlayer.enabled = false;
+    CommNuovo.caption = app.messages.Text(TextId::New);
+    CommCanc.caption = app.messages.Text(TextId::Delete);
+    CommRim.caption = app.messages.Text(TextId::RemoveSelected);
+    CommRimAll.caption = app.messages.Text(TextId::RemoveAll);
+    CommAdd.caption = app.messages.Text(TextId::AddSelected);
+    CommAddAll.caption = app.messages.Text(TextId::AddAll);
+    NameControls(*this);
+    if (settings.PlayerPanelOpen) {
+        CommSel.color = kToggledColor;
+    }
+    Label1.caption = std::string("0:00");
+    ResetPositionLine(*this);
+    ResetMarkers(*this);
+
+    MMControl1.DeviceType = "sequencer";
+    MMControl1.Take();
+    app.ports.ticks.Ticked = [this] { GoOn(*this); };
+    FillFilePanel(*this);
+    FillCompilations(*this);
+    if (!settings.PlayerPanelOpen) {
+        CommAddAll.enabled = false;
+    }
+    UpdateRemoveButtons(*this);
+    if (settings.PlayerFile.empty()) {
+        ResetPlayerCaption(*this);
+        DisableMarks(*this);
+    } else {
+        ShowPlayerCaption(*this, settings.PlayerFile);
+        TimerListMidiCorr.enabled = true;
+    }
+    UpdateTransportButtons(*this);
+    ++app.children.ChildCount;
+    app.children.RestoringLayout = false;
+}
+
+void frmMIDIPlayer::Form_Unload()
+{
+    StopTickTimer(*this);
+    state.waiting.clear();
+    app.ports.ticks.Ticked = nullptr;
+    for (Timer *timer : {&Timer1, &TimerComandi, &TimerListMidiCorr}) {
+        timer->enabled = false;
+    }
+    if (state.CompilationDirty) {
+        (void)SaveCompilation(*this);
+    }
+    if (app.settings.PlayerFile.empty()) {
+        app.settings.PlayerName = state.CompilationName;
+    }
+    MMControl1.LetGo();
+    StorePosition(entry_, *this);
+    StoreSize(entry_, *this);
+    entry_.State = 0;
+    app.frame.mnuMidiPlayer.enabled = true;
+    --app.children.ChildCount;
+    RefreshAfterClose(app);
+    app.children.Bury(std::move(state.window));
+}
+
+void frmMIDIPlayer::Form_Activate()
+{
+    RefreshWindowMenu(app);
+}
+
+// The width is that of the form; the lists take whatever height there is.
+void frmMIDIPlayer::Form_Resize()
+{
+    if (app.children.RestoringLayout) {
+        return;
+    }
+    place = Place{Left(), Top(), entry_.MinWidth, std::max<int>(Height(), entry_.MinHeight)};
+    StoreSize(entry_, *this);
+    if (windowState == WindowState::Normal) {
+        entry_.State = kWindowNormal;
+    } else if (windowState == WindowState::Minimised) {
+        entry_.State = kWindowMinimised;
+    }
+    LayOutPlayer(*this, {ScaleWidth(), ScaleHeight()});
+}
+
+void frmMIDIPlayer::Form_MouseDown(int button)
+{
+    if (button == MouseButton::Right && DropMenu(app.frame.mnuModifica)) {
+        app.face.PopUpMenu(app.frame.mnuModifica);
+    }
+}
+
+void mnuMidiPlayer_Click(PlayerState &player)
+{
+    if (player.window == nullptr) {
+        player.window = std::make_unique<frmMIDIPlayer>(player);
+    }
+    player.app.children.Show(*player.window);
+}
+
+} // namespace velluto

@@ -1,0 +1,628 @@
+// Compilations: their files, their list, what is added and removed.
+#include "player/CompilationFiles.h"
+#include "player/CompilationRows.h"
+#include "player/Compilations.h"
+
+#include "unit/player/PlayerRun.h"
+
+namespace velluto::test {
+namespace {
+
+using namespace std::string_literals;
+using testing::ElementsAre;
+
+class Compilations : public PlayerRun {
+protected:
+    // An image with one group: the folder d and these names.
+    [[nodiscard]] std::string Image(const Rows &names) const
+    {
+        std::string image = "\1" + At("d") + "\0"s;
+        for (const std::string &name : names) {
+            image += name + "\0"s;
+        }
+        return image + "\xFF";
+    }
+    // A compilation of files in d, on the disk before the start.
+    void Compilation(const std::string &name, const Rows &names)
+    {
+        for (const std::string &file : names) {
+            Song("d/" + file, 50);
+        }
+        WriteText("c-" + name + ".cmp", Image(names));
+    }
+    void NewCompilation(const std::string &name)
+    {
+        Press(form().CommNuovo);
+        Do("type frmMIDIPlayer Text2 " + name);
+    }
+    [[nodiscard]] int ReadsOf(const std::string &path) const
+    {
+        return static_cast<int>(std::ranges::count(session.files.calls, "read " + path));
+    }
+};
+
+TEST_F(Compilations, TheListHoldsTheNamesOfTheFilesBesideTheProgram)
+{
+    Compilation("beta", {"a.mid"});
+    Compilation("Alpha", {"a.mid"});
+    WriteText("odd.cmp", "");
+    WriteText("c-gamma.txt", "");
+    Start();
+    // Each name loses its last four characters and its first two, whatever they are.
+    EXPECT_EQ(form().ListComp.Rows(), (Rows{"Alpha", "beta", "d"}));
+    EXPECT_EQ(form().ListComp.ListIndex(), -1);
+    EXPECT_FALSE(form().CommCanc.enabled);
+}
+
+TEST_F(Compilations, AMangledNameLosesCharactersAndNotBytes)
+{
+    WriteText("\xC3\xA8-x.cmp", "");
+    WriteText(".cmp", "");
+    WriteText("a.cmp", "");
+    Start();
+    EXPECT_EQ(form().ListComp.Rows(), (Rows{"", "x"}));
+}
+
+TEST_F(Compilations, AClickShowsItsFilesWithTheirLengths)
+{
+    Compilation("mix", {"a.mid", "b.mid"});
+    WriteBytes(At("d/b.mid"), Bytes(12345, 0));
+    Start();
+    Click(form().ListComp, 0);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), (Rows{"a.mid   (3)", "b.mid   (12345)"}));
+    EXPECT_EQ(form().Text2.text.Get(), "mix");
+    EXPECT_EQ(state().CompilationName, "mix");
+    EXPECT_TRUE(form().CommCanc.enabled);
+    EXPECT_TRUE(form().CommRimAll.enabled);
+    EXPECT_FALSE(form().CommRim.enabled);
+    EXPECT_FALSE(state().CompilationDirty);
+}
+
+TEST_F(Compilations, AnEmptyOneHasNoRowsAndNothingToRemove)
+{
+    WriteText("c-none.cmp", "");
+    WriteText("c-mark.cmp", "\xFF");
+    Start();
+    for (const int row : {0, 1}) {
+        Click(form().ListComp, row);
+        EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
+        EXPECT_FALSE(form().CommRimAll.enabled);
+    }
+}
+
+TEST_F(Compilations, AFileThatIsNotThereEndsTheList)
+{
+    Compilation("mix", {"a.mid", "b.mid", "c.mid"});
+    std::filesystem::remove(At("d/b.mid"));
+    Start();
+    Click(form().ListComp, 0);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), Rows{"a.mid   (3)"});
+    EXPECT_TRUE(state().NotFound);
+    EXPECT_TRUE(session.face.boxes.empty());
+    EXPECT_TRUE(form().CommRimAll.enabled); // the click goes on behind the list
+}
+
+TEST_F(Compilations, AFolderThatIsNotThereIsTold)
+{
+    WriteText("c-mix.cmp", "\1/no such folder\0a.mid\0\xFF"s);
+    Start();
+    Click(form().ListComp, 0);
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
+    ASSERT_EQ(session.face.boxes.size(), 1U);
+    EXPECT_EQ(session.face.boxes[0].title, "/no such folder/a.mid Opening ");
+    EXPECT_EQ(session.face.boxes[0].text, "Path not found");
+    EXPECT_FALSE(state().NotFound);
+}
+
+TEST_F(Compilations, AVanishedOneStaysAway)
+{
+    Compilation("mix", {"a.mid"});
+    Start();
+    std::filesystem::remove(At("c-mix.cmp"));
+    Click(form().ListComp, 0);
+    EXPECT_TRUE(state().NotFound);
+    EXPECT_TRUE(session.face.boxes.empty());
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
+    EXPECT_FALSE(std::filesystem::exists(At("c-mix.cmp")));
+}
+
+TEST_F(Compilations, ADiskThatGetsReadyIsReadInTheEnd)
+{
+    Compilation("mix", {"a.mid", "b.mid"});
+    Start();
+    session.files.faults.push_back({FileFault::Operation::Open, At("d/b.mid"), FileError::kDiskNotReady, 3});
+    session.files.faults.push_back({FileFault::Operation::Read, At("c-mix.cmp"), FileError::kDiskNotReady, 2});
+    Click(form().ListComp, 0);
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 2);
+    EXPECT_TRUE(session.face.boxes.empty());
+}
+
+TEST_F(Compilations, ADiskThatNeverGetsReadyEndsTheListAllTheSame)
+{
+    Compilation("mix", {"a.mid", "b.mid"});
+    Start();
+    session.files.faults.push_back({FileFault::Operation::Open, At("d/b.mid"), FileError::kDiskNotReady, 1000000});
+    Click(form().ListComp, 0);
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 1);
+    EXPECT_TRUE(session.face.boxes.empty());
+}
+
+TEST_F(Compilations, AnyOtherErrorPassesWithoutAMessage)
+{
+    Compilation("mix", {"a.mid", "b.mid"});
+    Start();
+    session.files.faults.push_back({FileFault::Operation::Read, At("c-mix.cmp"), FileError::kDeviceInputOutput, 1});
+    Click(form().ListComp, 0);
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
+    EXPECT_TRUE(session.face.boxes.empty());
+    session.files.faults.push_back({FileFault::Operation::Open, At("d/b.mid"), FileError::kPathFileAccess, 1});
+    Click(form().ListComp, 0);
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 1);
+    EXPECT_TRUE(session.face.boxes.empty());
+}
+
+TEST_F(Compilations, AnImageOfWholeRecordsCostsOneMoreRead)
+{
+    Start();
+    const std::string path = At("c-long.cmp");
+    const std::string head = "\1" + At("d") + "\0"s;
+    for (const auto &[length, reads] : {std::pair{499, 2}, {500, 3}, {501, 3}, {0, 1}, {1, 1}, {250, 2}}) {
+        std::string whole = head + std::string(600, 'n');
+        whole.resize(static_cast<std::size_t>(length));
+        WriteText("c-long.cmp", whole);
+        session.files.calls.clear();
+        std::string image = "old";
+        EXPECT_FALSE(ReadCompilation(session.Program().app, path, image).Failed());
+        EXPECT_EQ(image, whole);
+        EXPECT_EQ(ReadsOf(path), reads) << length;
+    }
+}
+
+TEST_F(Compilations, SavingWritesTheImageAndNothingElse)
+{
+    Start();
+    NewCompilation("mix");
+    for (const std::size_t length : {1000U, 999U, 1U, 0U, 250U}) {
+        state().image = std::string(length, 'i');
+        EXPECT_FALSE(SaveCompilation(form()).Failed());
+        EXPECT_EQ(ReadText("c-mix.cmp"), state().image) << length; // a longer one before it leaves no rest
+    }
+}
+
+TEST_F(Compilations, SavingWithoutANameWritesNothingAndStaysDirty)
+{
+    Start();
+    state().image = "i";
+    state().CompilationDirty = true;
+    EXPECT_FALSE(SaveCompilation(form()).Failed());
+    EXPECT_TRUE(state().CompilationDirty);
+    EXPECT_FALSE(std::filesystem::exists(At("c-.cmp")));
+}
+
+TEST_F(Compilations, NewPutsANamelessRowOnTop)
+{
+    Compilation("one", {"a.mid"});
+    Compilation("two", {"a.mid"});
+    Start();
+    Click(form().ListComp, 1);
+    Press(form().CommNuovo);
+    EXPECT_EQ(form().ListComp.Rows(), (Rows{"", "one", "two"}));
+    EXPECT_EQ(form().ListComp.ListIndex(), 0);
+    EXPECT_THAT(Selected(form().ListComp), ElementsAre(0));
+    EXPECT_EQ(form().Text2.text.Get(), "");
+    EXPECT_EQ(state().CompilationName, "");
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
+    EXPECT_EQ(state().image, "");
+    EXPECT_FALSE(form().CommNuovo.enabled);
+    EXPECT_FALSE(form().CommCanc.enabled);
+    EXPECT_FALSE(form().CommRimAll.enabled);
+    EXPECT_FALSE(state().CompilationDirty);
+}
+
+TEST_F(Compilations, NewInAnEmptyListAddsItsFirstRow)
+{
+    Start();
+    Press(form().CommNuovo);
+    EXPECT_EQ(form().ListComp.Rows(), Rows{""});
+    EXPECT_EQ(form().ListComp.ListIndex(), 0);
+}
+
+TEST_F(Compilations, NewFirstSavesWhatWasChanged)
+{
+    Compilation("mix", {"a.mid", "b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 0);
+    Press(form().CommRim);
+    Press(form().CommNuovo);
+    EXPECT_EQ(ReadText("c-mix.cmp"), Image({"b.mid"}));
+    EXPECT_FALSE(state().CompilationDirty);
+}
+
+TEST_F(Compilations, ATypedNameIsTheNameOfTheSelectedOne)
+{
+    Compilation("mix", {"a.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    EXPECT_FALSE(state().CompilationDirty);
+    Press(form().CommNuovo);
+    Click(form().ListComp, 1);
+    Do("type frmMIDIPlayer Text2 best");
+    EXPECT_EQ(form().ListComp.Rows(), (Rows{"", "best"}));
+    EXPECT_TRUE(form().CommNuovo.enabled);
+    EXPECT_TRUE(state().CompilationDirty);
+    Click(form().ListComp, 0); // saves under the new name; the old file stays
+    EXPECT_EQ(ReadText("c-best.cmp"), Image({"a.mid"}));
+    EXPECT_EQ(ReadText("c-mix.cmp"), Image({"a.mid"}));
+}
+
+TEST_F(Compilations, ANameTypedWithoutASelectedOneRenamesNothing)
+{
+    Compilation("mix", {"a.mid"});
+    Start();
+    Do("type frmMIDIPlayer Text2 best");
+    EXPECT_EQ(form().ListComp.Rows(), Rows{"mix"});
+    EXPECT_FALSE(state().CompilationDirty);
+}
+
+TEST_F(Compilations, AnotherOneIsOnlyShownOnceTheChangesAreSaved)
+{
+    Compilation("one", {"a.mid"});
+    Compilation("two", {"b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 0);
+    Press(form().CommRim);
+    session.files.faults.push_back({FileFault::Operation::Open, At("c-one.cmp"), FileError::kPathNotFound, 1});
+    Click(form().ListComp, 1);
+    ASSERT_EQ(session.face.boxes.size(), 1U);
+    EXPECT_EQ(session.face.boxes[0].title, At("c-one.cmp") + " Saving ");
+    EXPECT_EQ(form().Text2.text.Get(), "one");
+    EXPECT_TRUE(state().CompilationDirty);
+    Click(form().ListComp, 1);
+    EXPECT_EQ(form().Text2.text.Get(), "two");
+    EXPECT_EQ(ReadText("c-one.cmp"), "");
+}
+
+TEST_F(Compilations, TheOneOfTheOpenFileShowsItsRowAgain)
+{
+    Compilation("one", {"a.mid", "b.mid"});
+    Compilation("two", {"c.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 1);
+    Click(form().ListComp, 1);
+    EXPECT_THAT(Selected(form().ListMidiCorr), ElementsAre());
+    Click(form().ListComp, 0);
+    EXPECT_THAT(Selected(form().ListMidiCorr), ElementsAre(1));
+    EXPECT_EQ(form().ListMidiCorr.ListIndex(), 1);
+    EXPECT_FALSE(state().SelectionGuard);
+}
+
+TEST_F(Compilations, NothingCanBeRemovedWhileOneOfTheFilesPlays)
+{
+    Compilation("one", {"a.mid", "b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 0);
+    Transport(2);
+    EXPECT_FALSE(form().CommRimAll.enabled);
+    Click(form().ListComp, 0);
+    EXPECT_FALSE(form().CommRimAll.enabled);
+    EXPECT_FALSE(form().CommRim.enabled);
+}
+
+TEST_F(Compilations, DeleteRemovesTheFileAndTheRow)
+{
+    Compilation("one", {"a.mid"});
+    Compilation("two", {"b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 0);
+    ASSERT_EQ(settings().PlayerName, "one");
+    Press(form().CommCanc);
+    EXPECT_FALSE(std::filesystem::exists(At("c-one.cmp")));
+    EXPECT_EQ(form().ListComp.Rows(), Rows{"two"});
+    EXPECT_EQ(form().Text2.text.Get(), "");
+    EXPECT_EQ(settings().PlayerName, "");
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
+    EXPECT_EQ(state().image, "");
+    EXPECT_FALSE(form().CommCanc.enabled);
+    EXPECT_FALSE(state().SelectionGuard);
+}
+
+TEST_F(Compilations, DeleteLeavesTheNameOfAnotherOnesOpenFile)
+{
+    Compilation("one", {"a.mid"});
+    Compilation("two", {"b.mid"});
+    Start();
+    Click(form().ListComp, 1);
+    Click(form().ListMidiCorr, 0);
+    Click(form().ListComp, 0);
+    Press(form().CommCanc);
+    EXPECT_EQ(settings().PlayerName, "two");
+    EXPECT_EQ(state().CompilationIndex, 0); // still that of "two"
+}
+
+TEST_F(Compilations, DeleteDropsTheChanges)
+{
+    Compilation("one", {"a.mid", "b.mid"});
+    Compilation("two", {"c.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 0);
+    Press(form().CommRim);
+    Press(form().CommCanc);
+    EXPECT_FALSE(state().CompilationDirty);
+    Click(form().ListComp, 0);
+    EXPECT_FALSE(std::filesystem::exists(At("c-one.cmp")));
+    EXPECT_FALSE(std::filesystem::exists(At("c-.cmp")));
+}
+
+TEST_F(Compilations, DeleteNeedsANameAndARow)
+{
+    Compilation("one", {"a.mid"});
+    Start();
+    form().CommCanc.enabled = true;
+    Press(form().CommCanc);
+    Do("type frmMIDIPlayer Text2 one");
+    Press(form().CommCanc);
+    EXPECT_TRUE(form().CommCanc.enabled);
+    EXPECT_TRUE(std::filesystem::exists(At("c-one.cmp")));
+}
+
+TEST_F(Compilations, DeleteOfAFileThatIsNotThereSetsTheFlag)
+{
+    Start();
+    NewCompilation("mix");
+    form().CommCanc.enabled = true;
+    Press(form().CommCanc);
+    EXPECT_TRUE(state().NotFound);
+    EXPECT_EQ(form().ListComp.Rows(), Rows{"mix"});
+    EXPECT_TRUE(session.face.boxes.empty());
+}
+
+TEST_F(Compilations, DeleteInAFolderThatIsNotThereIsTold)
+{
+    Compilation("mix", {"a.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    session.files.faults.push_back({FileFault::Operation::Delete, At("c-mix.cmp"), FileError::kPathNotFound, 1});
+    Press(form().CommCanc);
+    ASSERT_EQ(session.face.boxes.size(), 1U);
+    EXPECT_EQ(session.face.boxes[0].title, At("c-mix.cmp") + " Deleting");
+    EXPECT_EQ(session.face.boxes[0].text, "Path not found");
+    EXPECT_EQ(form().ListComp.Rows(), Rows{"mix"});
+}
+
+TEST_F(Compilations, AllFilesOfAFolderAreAddedInTheOrderOfTheirNames)
+{
+    Song("d/b.mid", 50);
+    Song("d/A.MID", 50, 7);
+    Song("d/c.Mid", 50);
+    StartWithPanel();
+    NewCompilation("mix");
+    Press(form().CommAddAll);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), (Rows{"A.MID   (7)", "b.mid   (3)", "c.Mid   (3)"}));
+    EXPECT_EQ(state().image, Image({"A.MID", "b.mid", "c.Mid"}));
+    EXPECT_TRUE(state().CompilationDirty);
+    EXPECT_TRUE(form().CommRimAll.enabled);
+}
+
+TEST_F(Compilations, FilesOfAnotherFolderSplitTheGroups)
+{
+    Song("d/a.mid", 50);
+    Song("d/c.mid", 50);
+    Song("e/b.mid", 50);
+    StartWithPanel();
+    NewCompilation("mix");
+    Press(form().CommAddAll);
+    Do("set frmMIDIPlayer DirMidiSel " + At("e"));
+    Press(form().CommAddAll);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), (Rows{"a.mid   (3)", "b.mid   (3)", "c.mid   (3)"}));
+    EXPECT_EQ(state().image, "\1" + At("d") + "\0a.mid\0\1"s + At("e") + "\0b.mid\0\1"s + At("d") + "\0c.mid\0\xFF"s);
+    EXPECT_EQ(CompilationItemPath(form(), 1), At("e/b.mid"));
+}
+
+TEST_F(Compilations, AFileAddedTwiceStandsThereTwice)
+{
+    Song("d/a.mid", 50);
+    StartWithPanel();
+    NewCompilation("mix");
+    Press(form().CommAddAll);
+    Press(form().CommAddAll);
+    EXPECT_EQ(state().image, Image({"a.mid", "a.mid"}));
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 2);
+}
+
+TEST_F(Compilations, AnEqualNameOfAnotherFolderGoesBehind)
+{
+    Song("d/a.mid", 50, 1);
+    Song("e/A.mid", 50, 2);
+    StartWithPanel();
+    NewCompilation("mix");
+    Press(form().CommAddAll);
+    Do("set frmMIDIPlayer DirMidiSel " + At("e"));
+    Press(form().CommAddAll);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), (Rows{"a.mid   (1)", "A.mid   (2)"}));
+}
+
+TEST_F(Compilations, ANameWithABracketIsReadToItsLastOne)
+{
+    Song("d/a (1).mid", 50);
+    Song("d/a (2).mid", 50);
+    StartWithPanel();
+    NewCompilation("mix");
+    Press(form().CommAddAll);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), (Rows{"a (1).mid   (3)", "a (2).mid   (3)"}));
+}
+
+TEST_F(Compilations, AddTakesTheFirstRunOfSelectedRowsOnly)
+{
+    for (const char *name : {"a.mid", "b.mid", "c.mid", "e.mid", "f.mid"}) {
+        Song("d/"s + name, 50);
+    }
+    StartWithPanel();
+    NewCompilation("mix");
+    Click(form().ListMidiSel, 1);
+    CtrlClick(form().ListMidiSel, 2);
+    CtrlClick(form().ListMidiSel, 4);
+    EXPECT_TRUE(form().CommAdd.enabled);
+    Press(form().CommAdd);
+    EXPECT_EQ(state().image, Image({"b.mid", "c.mid"}));
+    EXPECT_TRUE(state().CompilationDirty);
+}
+
+TEST_F(Compilations, ALongFolderAddedToAnotherComesOutInOrder)
+{
+    constexpr int kFiles = 300;
+    for (int i = 0; i < kFiles; ++i) {
+        Song("d/x" + std::to_string(1000 + i) + ".mid", 0, 1);
+        Song("e/X" + std::to_string(1000 + i) + "b.mid", 0, 2);
+    }
+    StartWithPanel();
+    NewCompilation("mix");
+    Press(form().CommAddAll);
+    Do("set frmMIDIPlayer DirMidiSel " + At("e"));
+    Press(form().CommAddAll);
+    ASSERT_EQ(form().ListMidiCorr.ListCount(), 2 * kFiles);
+    for (int i = 0; i < kFiles; ++i) {
+        EXPECT_EQ(form().ListMidiCorr.Row(2 * i), "x" + std::to_string(1000 + i) + ".mid   (1)");
+        EXPECT_EQ(form().ListMidiCorr.Row(2 * i + 1), "X" + std::to_string(1000 + i) + "b.mid   (2)");
+    }
+    EXPECT_EQ(CompilationItemPath(form(), 3), At("e/X1001b.mid"));
+}
+
+TEST_F(Compilations, AddingToAListThatAMissingFileCutShortKeepsTheRest)
+{
+    Compilation("mix", {"a.mid", "b.mid", "c.mid"});
+    Start();
+    std::filesystem::remove(At("d/b.mid"));
+    Click(form().ListComp, 0);
+    Song("e/ab.mid", 50);
+    Press(form().CommSel);
+    Do("set frmMIDIPlayer DirMidiSel " + At("e"));
+    Press(form().CommAddAll);
+    // Behind the one row that is shown comes the end of the image.
+    EXPECT_EQ(state().image, "\1" + At("d") + "\0a.mid\0b.mid\0c.mid\0\1"s + At("e") + "\0ab.mid\0\xFF"s);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), Rows{"a.mid   (3)"});
+}
+
+TEST_F(Compilations, AddingWithAFolderMissingTellsOfItOnce)
+{
+    WriteText("c-mix.cmp", "\1/no such folder\0a.mid\0\xFF"s);
+    Song("d/b.mid", 50);
+    Song("d/c.mid", 50);
+    StartWithPanel();
+    Click(form().ListComp, 0);
+    session.face.boxes.clear();
+    form().ListMidiCorr.AddItem("a.mid   (1)");
+    Press(form().CommAddAll);
+    EXPECT_EQ(session.face.boxes.size(), 1U);
+    EXPECT_EQ(state().image, "\1/no such folder\0a.mid\0\1"s + At("d") + "\0b.mid\0c.mid\0\xFF"s);
+}
+
+TEST_F(Compilations, RemoveTakesTheFirstRunOfSelectedRowsOnly)
+{
+    Compilation("mix", {"a.mid", "b.mid", "c.mid", "e.mid", "f.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 1);
+    CtrlClick(form().ListMidiCorr, 2);
+    CtrlClick(form().ListMidiCorr, 4);
+    EXPECT_TRUE(form().CommRim.enabled);
+    Press(form().CommRim);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), (Rows{"a.mid   (3)", "e.mid   (3)", "f.mid   (3)"}));
+    EXPECT_EQ(state().image, Image({"a.mid", "e.mid", "f.mid"}));
+    EXPECT_FALSE(form().CommRim.enabled);
+    EXPECT_TRUE(state().CompilationDirty);
+    // The file that was open is closed.
+    EXPECT_EQ(device().Mode(), 524);
+    EXPECT_EQ(Buttons(), "0000000");
+    EXPECT_EQ(form().LabTrackLenght.caption.Get(), "0");
+    EXPECT_EQ(form().caption.Get(), "MIDI PLAYER");
+}
+
+TEST_F(Compilations, RemovingAllRowsLeavesAnEmptyFile)
+{
+    Compilation("mix", {"a.mid", "b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 0);
+    ShiftClick(form().ListMidiCorr, 1);
+    Press(form().CommRim);
+    EXPECT_EQ(state().image, "");
+    Do("close frmMIDIPlayer");
+    EXPECT_EQ(ReadText("c-mix.cmp"), "");
+    EXPECT_TRUE(std::filesystem::exists(At("c-mix.cmp")));
+}
+
+TEST_F(Compilations, RemoveHitsALongerNameThatStandsEarlier)
+{
+    Compilation("mix", {"my b.mid", "b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 1);
+    Press(form().CommRim);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), Rows{"my b.mid   (3)"});
+    EXPECT_EQ(state().image, Image({"my", "b.mid"}));
+}
+
+TEST_F(Compilations, RemoveWhileAFilePlaysLeavesTheDeviceAlone)
+{
+    Compilation("mix", {"a.mid", "b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    DoubleClick(form().ListMidiCorr, 0); // does not lock the buttons
+    ASSERT_EQ(device().Mode(), 526);
+    form().CommRim.enabled = true;
+    Press(form().CommRim);
+    EXPECT_EQ(device().Mode(), 526);
+    EXPECT_EQ(form().caption.Get(), "MIDI PLAYER - a.mid");
+    EXPECT_EQ(form().ListMidiCorr.Rows(), Rows{"b.mid   (3)"});
+}
+
+TEST_F(Compilations, RemoveWithoutASelectedRowOnlyCountsAsAChange)
+{
+    Compilation("mix", {"a.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    form().CommRim.enabled = true;
+    Press(form().CommRim);
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 1);
+    EXPECT_TRUE(state().CompilationDirty);
+    EXPECT_FALSE(form().CommRim.enabled);
+}
+
+TEST_F(Compilations, RemoveAllNeedsAName)
+{
+    Compilation("mix", {"a.mid", "b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Press(form().CommRimAll);
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
+    EXPECT_EQ(state().image, "");
+    EXPECT_FALSE(form().CommRimAll.enabled);
+    EXPECT_TRUE(state().CompilationDirty);
+
+    Do("type frmMIDIPlayer Text2 \"\"");
+    state().CompilationDirty = false;
+    form().CommRimAll.enabled = true;
+    state().image = "i";
+    Press(form().CommRimAll);
+    EXPECT_EQ(state().image, "i");
+    EXPECT_FALSE(state().CompilationDirty);
+}
+
+TEST_F(Compilations, ChangesAreSavedAtTheEndOfTheWindow)
+{
+    Song("d/a.mid", 50);
+    StartWithPanel();
+    NewCompilation("mix");
+    Press(form().CommAddAll);
+    Do("exit");
+    EXPECT_EQ(ReadText("c-mix.cmp"), Image({"a.mid"}));
+}
+
+} // namespace
+} // namespace velluto::test

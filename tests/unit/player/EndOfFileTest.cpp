@@ -1,0 +1,435 @@
+// What follows the end of a file, and the handlers that wait meanwhile.
+#include "player/EndOfFile.h"
+
+#include "player/Transport.h"
+#include "unit/player/PlayerRun.h"
+
+namespace velluto::test {
+namespace {
+
+using namespace std::string_literals;
+using testing::ElementsAre;
+
+class EndOfFile : public PlayerRun {
+protected:
+    EndOfFile()
+    {
+        Song("d/a.mid", 20);
+        Song("d/b.mid", 10);
+        Song("d/c.mid", 30);
+        WriteText("c-mix.cmp", "\1" + At("d") + "\0a.mid\0b.mid\0\xFF"s);
+        WriteText("c-other.cmp", "\1" + At("d") + "\0c.mid\0\xFF"s);
+    }
+    void StartWithCompilation()
+    {
+        Start();
+        Click(form().ListComp, 0);
+        Click(form().ListMidiCorr, 0);
+    }
+    void Play() { Transport(TransportButton::Play); }
+};
+
+TEST_F(EndOfFile, AFileThatEndsStandsStill)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 1);
+    Play();
+    Clock(1000);
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(device().Command(), "stop");
+    EXPECT_EQ(Buttons(), "1110000");
+    EXPECT_FALSE(form().Timer1.enabled);
+    EXPECT_FALSE(session.ticks.Running());
+    Clock(10000);
+    EXPECT_EQ(device().Mode(), 525);
+}
+
+TEST_F(EndOfFile, TheTimeOfTheLastTickIsShownWhereTheFileEndsBetweenTwoLooks)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 1);
+    Play();
+    Clock(1000);
+    EXPECT_EQ(state().TickCount, 5); // the tick of that moment was counted
+    EXPECT_EQ(form().LabTrackPosition.caption.Get(), "7 (70%)");
+}
+
+TEST_F(EndOfFile, OtherCodesDoNothing)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    MMControl1_Done(form(), 2);
+    MMControl1_Done(form(), 8);
+    EXPECT_EQ(device().Command(), "open");
+}
+
+TEST_F(EndOfFile, NothingHappensUnlessTheDeviceIsStopped)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Play();
+    MMControl1_Done(form(), 1);
+    MMControl1_Done(form(), 4);
+    EXPECT_EQ(device().Mode(), 526);
+    EXPECT_EQ(device().Command(), "play");
+}
+
+TEST_F(EndOfFile, ARowChosenWhileTheFilePlayedIsOpenedAtItsEnd)
+{
+    StartWithCompilation();
+    Play();
+    Click(form().ListMidiCorr, 1);
+    EXPECT_EQ(device().FileName, At("d/a.mid"));
+    Clock(2000);
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(state().CurrentCompRow, 1);
+}
+
+TEST_F(EndOfFile, WithAnotherCompilationShownNoRowIsOpened)
+{
+    StartWithCompilation();
+    Play();
+    Click(form().ListComp, 1);
+    Click(form().ListMidiCorr, 0);
+    Clock(2000);
+    EXPECT_EQ(device().FileName, At("d/a.mid"));
+}
+
+TEST_F(EndOfFile, PlayAllGoesOnAfterAGap)
+{
+    StartWithCompilation();
+    Press(form().CommPlayAll);
+    Play();
+    Clock(2000);
+    EXPECT_EQ(device().Mode(), 524); // closed for the gap
+    EXPECT_EQ(device().Command(), "close");
+    EXPECT_THAT(Selected(form().ListMidiCorr), ElementsAre(1));
+    EXPECT_EQ(form().ListMidiCorr.ListIndex(), 1);
+    EXPECT_EQ(settings().PlayerFile, At("d/b.mid"));
+    EXPECT_FALSE(state().PlayAllArmed);
+    EXPECT_EQ(Buttons(), "1110000");
+    Clock(599);
+    EXPECT_EQ(device().Mode(), 524);
+    Clock(1);
+    EXPECT_EQ(device().Mode(), 526);
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+    EXPECT_EQ(form().caption.Get(), "MIDI PLAYER - b.mid");
+    EXPECT_EQ(form().CommPlayAll.color, kToggledColor);
+    EXPECT_EQ(form().LabTrackLenght.caption.Get(), "10");
+    EXPECT_EQ(form().LabTrackPosition.caption.Get(), "0");
+    EXPECT_EQ(form().LabStop.caption.Get(), "10");
+    EXPECT_EQ(form().HScrollStop.value, 10);
+    EXPECT_EQ(form().HScrollStop.max, 10);
+    EXPECT_EQ(form().Label1.caption.Get(), "0:00");
+    EXPECT_FALSE(state().MarksActive);
+    EXPECT_TRUE(form().CommPlayAll.enabled);
+    EXPECT_FALSE(form().CommAddAll.enabled);
+    EXPECT_EQ(Buttons(), "1101111");
+}
+
+TEST_F(EndOfFile, PlayAllOfACompilationWrapsAndLeavesItsLastRowSelected)
+{
+    StartWithCompilation();
+    Press(form().CommPlayAll);
+    Play();
+    Clock(2000 + 600 + 1000); // the end of b
+    EXPECT_EQ(state().CurrentCompRow, 0);
+    EXPECT_EQ(form().ListMidiCorr.ListIndex(), 0);
+    EXPECT_THAT(Selected(form().ListMidiCorr), ElementsAre(0, 1));
+    Clock(600);
+    EXPECT_EQ(device().FileName, At("d/a.mid"));
+    EXPECT_EQ(device().Mode(), 526);
+    Clock(2000 + 600); // and so on
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+}
+
+TEST_F(EndOfFile, PlayAllOfOneRowPlaysItAgainAndAgain)
+{
+    Start();
+    Click(form().ListComp, 1);
+    Click(form().ListMidiCorr, 0);
+    Press(form().CommPlayAll);
+    Play();
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(device().Mode(), 526);
+        Clock(3000);
+        EXPECT_EQ(device().Mode(), 524);
+        Clock(600);
+    }
+    EXPECT_EQ(device().FileName, At("d/c.mid"));
+}
+
+TEST_F(EndOfFile, PlayAllComesBackToItsCompilation)
+{
+    StartWithCompilation();
+    Press(form().CommPlayAll);
+    Play();
+    Click(form().ListComp, 1);
+    ASSERT_EQ(form().ListMidiCorr.Rows(), Rows{"c.mid   (3)"});
+    Clock(2600);
+    EXPECT_EQ(form().ListComp.ListIndex(), 0);
+    EXPECT_EQ(form().Text2.text.Get(), "mix");
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+}
+
+TEST_F(EndOfFile, PlayAllPutsBackARowThatWasMoved)
+{
+    WriteText("c-mix.cmp", "\1" + At("d") + "\0a.mid\0b.mid\0c.mid\0\xFF"s);
+    StartWithCompilation();
+    Play();
+    Press(form().CommPlayAll);
+    state().PlayAllArmed = false;
+    Click(form().ListMidiCorr, 2);
+    Clock(2600);
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+    EXPECT_THAT(Selected(form().ListMidiCorr), ElementsAre(1));
+}
+
+TEST_F(EndOfFile, PlayAllGoesThroughTheFolderAndRoundIt)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 1);
+    Press(form().CommPlayAll);
+    Play();
+    Clock(1000);
+    EXPECT_EQ(state().NextFilePath, At("d/c.mid"));
+    EXPECT_EQ(state().PlayingFileRow, 2);
+    Clock(600);
+    EXPECT_EQ(device().FileName, At("d/c.mid"));
+    Clock(3600);
+    EXPECT_EQ(device().FileName, At("d/a.mid"));
+    EXPECT_THAT(Selected(form().ListMidiSel), ElementsAre(0));
+}
+
+TEST_F(EndOfFile, PlayAllEndsInAnotherFolder)
+{
+    Song("e/z.mid", 10);
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    Do("set frmMIDIPlayer DirMidiSel " + At("e"));
+    Clock(5000);
+    EXPECT_EQ(form().CommPlayAll.color, Button::kPlainColor);
+    EXPECT_FALSE(state().PlayAllArmed);
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(device().FileName, At("d/a.mid"));
+}
+
+TEST_F(EndOfFile, PlayAllEndsWithoutThePanel)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    Press(form().CommSel);
+    Clock(5000);
+    EXPECT_EQ(form().CommPlayAll.color, Button::kPlainColor);
+    EXPECT_EQ(device().Mode(), 525);
+}
+
+TEST_F(EndOfFile, AFileThatDoesNotOpenEndsPlayAllWithoutAMessage)
+{
+    StartWithPanel();
+    session.sequencer.songs[At("d/b.mid")] = {0, 301, "This is no MIDI file."};
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    Clock(10000);
+    EXPECT_TRUE(session.face.boxes.empty());
+    EXPECT_EQ(device().Mode(), 524);
+    EXPECT_EQ(form().LabTrackLenght.caption.Get(), "0");
+}
+
+TEST_F(EndOfFile, RepeatOfTheWholeFileRewindsAndStandsStill)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommRep);
+    Play();
+    Clock(2000);
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(device().From(), 0);
+    EXPECT_EQ(form().LabTrackPosition.caption.Get(), "0 (0%)");
+    Clock(5000);
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(form().CommRep.color, kToggledColor);
+}
+
+TEST_F(EndOfFile, RepeatLoopsAMarkedSectionWithAGap)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 2); // 30 units
+    Press(form().CommRep);
+    Set(form().HScrollStart, 5);
+    Set(form().HScrollStop, 15);
+    Play();
+    Clock(999);
+    EXPECT_EQ(device().Mode(), 526);
+    Clock(1); // Timer1 sees position 15
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(form().LabTrackPosition.caption.Get(), "15 (50%)");
+    Clock(199);
+    EXPECT_EQ(device().Mode(), 525);
+    Clock(1);
+    EXPECT_EQ(device().Mode(), 526);
+    EXPECT_EQ(device().Position(), 5);
+    EXPECT_EQ(form().LabTrackPosition.caption.Get(), "5 (16%)");
+    EXPECT_EQ(state().TickCount, 0);
+    Clock(1200);
+    EXPECT_EQ(device().Mode(), 526); // again
+}
+
+TEST_F(EndOfFile, RepeatLoopsASectionThatReachesTheEnd)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommRep);
+    Set(form().HScrollStart, 5);
+    Play();
+    Clock(1500 + 200);
+    EXPECT_EQ(device().Mode(), 526);
+    EXPECT_EQ(device().Position(), 5);
+}
+
+TEST_F(EndOfFile, TheStopMarkWithoutRepeatRewinds)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 2);
+    Set(form().HScrollStart, 5);
+    Set(form().HScrollStop, 15);
+    Play();
+    Clock(1000);
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(device().From(), 5);
+    EXPECT_EQ(form().LabTrackPosition.caption.Get(), "5 (16%)");
+    EXPECT_EQ(Buttons(), "1110000");
+    Clock(1000);
+    EXPECT_EQ(device().Mode(), 525);
+}
+
+TEST_F(EndOfFile, TheStopButtonBeforeTheMarkDoesNotLoop)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 2);
+    Press(form().CommRep);
+    Set(form().HScrollStop, 15);
+    Play();
+    Clock(500);
+    Transport(TransportButton::Stop);
+    Clock(5000);
+    EXPECT_EQ(device().Mode(), 525);
+}
+
+TEST_F(EndOfFile, RepeatPutsBackTheRowOfTheCompilation)
+{
+    StartWithCompilation();
+    Press(form().CommRep);
+    Play();
+    Click(form().ListMidiCorr, 1);
+    Clock(2000);
+    EXPECT_THAT(Selected(form().ListMidiCorr), ElementsAre(0));
+    EXPECT_EQ(device().FileName, At("d/a.mid"));
+}
+
+TEST_F(EndOfFile, RepeatPutsBackTheRowOfTheFolder)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommRep);
+    Play();
+    Click(form().ListMidiSel, 2);
+    Clock(2000);
+    EXPECT_THAT(Selected(form().ListMidiSel), ElementsAre(0));
+}
+
+TEST_F(EndOfFile, RepeatEndsWithoutThePanel)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommRep);
+    Set(form().HScrollStart, 5);
+    Play();
+    Press(form().CommSel);
+    Clock(2000);
+    EXPECT_EQ(form().CommRep.color, Button::kPlainColor);
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(device().Position(), 20); // no rewinding either
+}
+
+TEST_F(EndOfFile, InTheGapTheListsAreInForceAgain)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    Clock(2200); // one tick of the gap
+    Click(form().ListMidiSel, 2);
+    EXPECT_EQ(device().FileName, At("d/c.mid"));
+    EXPECT_EQ(device().Mode(), 525);
+    Clock(400); // the handler goes on with the file that it was about to open
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+    EXPECT_EQ(device().Mode(), 526);
+}
+
+TEST_F(EndOfFile, AHandlerWaitsForTicksWhoeverCountsThem)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    Clock(2200);
+    DoubleClick(form().ListMidiSel, 2);
+    Transport(TransportButton::Stop); // the tick ends, and with it the waiting
+    Clock(60000);
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_EQ(state().waiting.size(), 1U);
+    Play();
+    Clock(600); // the third tick of that play
+    EXPECT_TRUE(state().waiting.empty());
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+}
+
+TEST_F(EndOfFile, TheEndOfTheWindowEndsAWait)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    Clock(2100);
+    EXPECT_EQ(state().waiting.size(), 1U);
+    Do("close frmMIDIPlayer");
+    EXPECT_TRUE(state().waiting.empty());
+    Clock(5000);
+    EXPECT_EQ(session.sequencer.Mode(), 524);
+}
+
+TEST_F(EndOfFile, TheEndOfTheProgramEndsAWait)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    Clock(2100);
+    Do("exit");
+    EXPECT_FALSE(session.Running());
+    Clock(5000);
+    EXPECT_EQ(session.sequencer.Mode(), 524);
+}
+
+TEST_F(EndOfFile, AFileWithoutLengthEndsAtOnceAndPlayAllGoesOn)
+{
+    session.sequencer.songs[At("d/a.mid")] = {0, 0, {}};
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    Clock(0);
+    EXPECT_EQ(device().Mode(), 524);
+    Clock(600);
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+}
+
+} // namespace
+} // namespace velluto::test
