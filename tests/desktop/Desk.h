@@ -173,9 +173,9 @@ protected:
     StandinPrinter printer;
     StandinSequencer sequencer;
     PosixFolders folders;
-    StandinTicks ticks;
+    StandinTicks tickTimer;
     QtFace face;
-    Velluto program{Ports{machine, midi, clock, printer, sequencer, folders, ticks}, face};
+    Velluto program{Ports{machine, midi, clock, printer, sequencer, folders, tickTimer}, face};
     Modulo1 &app = program.app;
     TestProgram::Language language = TestProgram::English;
 
