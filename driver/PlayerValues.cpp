@@ -19,10 +19,10 @@ Json OfDevice(Velluto &program)
     return PlainValue((program.app.ports.sequencer.*Member)());
 }
 
-// That of the window's own control; without a window there is none.
+// That of the window's own control, as long as there is one.
 std::string LastCommand(const Velluto &program)
 {
-    return program.player.window != nullptr ? program.player.window->MMControl1.Command() : std::string();
+    return program.player.window != nullptr ? program.player.window->MMControl1.Command() : program.app.ports.sequencer.Command();
 }
 
 Json TickMap(Velluto &program)

@@ -28,18 +28,22 @@ std::string CompilationPath(const Modulo1 &app, std::string_view name)
     return JoinPath(app.paths.AppDir, "c-" + std::string(name) + ".cmp");
 }
 
-std::vector<std::string> CompilationNames(const Modulo1 &app)
+std::vector<std::string> CompilationFiles(const Modulo1 &app)
 {
-    constexpr std::size_t kExtension = 4;
-    constexpr int kPrefix = 2;
     std::vector<ListedFile> files;
     (void)app.ports.folders.Files(app.paths.AppDir, "*.cmp", files);
     std::vector<std::string> names;
     for (const ListedFile &file : files) {
-        const std::string_view whole = std::string_view(file.name).substr(0, file.name.size() - kExtension);
-        names.emplace_back(WithoutFirst(whole, kPrefix));
+        names.push_back(file.name);
     }
     return names;
+}
+
+std::string CompilationNameOf(std::string_view fileName)
+{
+    constexpr std::size_t kExtension = 4;
+    constexpr int kPrefix = 2;
+    return std::string(WithoutFirst(fileName.substr(0, fileName.size() - std::min(kExtension, fileName.size())), kPrefix));
 }
 
 RuntimeError ReadCompilation(const Modulo1 &app, const std::string &path, std::string &image)

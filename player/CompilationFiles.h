@@ -11,8 +11,10 @@ namespace velluto {
 
 // AppDir, "c-", the name, ".cmp".
 [[nodiscard]] std::string CompilationPath(const Modulo1 &app, std::string_view name);
-// The names of the files beside the program, each without its last four characters and its first two, whatever they are.
-[[nodiscard]] std::vector<std::string> CompilationNames(const Modulo1 &app);
+// The files beside the program that may be compilations.
+[[nodiscard]] std::vector<std::string> CompilationFiles(const Modulo1 &app);
+// The name of such a file without its last four characters and its first two, whatever they are.
+[[nodiscard]] std::string CompilationNameOf(std::string_view fileName);
 // Reads a whole file. On an error the image holds what was read so far.
 RuntimeError ReadCompilation(const Modulo1 &app, const std::string &path, std::string &image);
 // Writes a whole file over what was there.

@@ -8,6 +8,7 @@
 #include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velluto {
 
@@ -35,7 +36,11 @@ bool SaveChanges(frmMIDIPlayer &form)
 
 void FillCompilations(frmMIDIPlayer &form)
 {
-    form.ListComp.SetRows(CompilationNames(form.app));
+    form.Dir1.path = form.app.paths.AppDir;
+    form.File1.SetRows(CompilationFiles(form.app));
+    std::vector<std::string> rows;
+    std::ranges::transform(form.File1.Rows(), std::back_inserter(rows), CompilationNameOf);
+    form.ListComp.SetRows(std::move(rows));
     Settings &settings = form.app.settings;
     const std::vector<std::string> &names = form.ListComp.Rows();
     const auto found = std::ranges::find(names, settings.PlayerName);
@@ -203,7 +208,6 @@ void CommAdd_Click(frmMIDIPlayer &form)
     const int first = FirstSelected(form.ListMidiSel);
     if (first >= 0) {
         AddFilesToCompilation(form, first, EndOfRun(form.ListMidiSel, first));
-        form.CommRimAll.enabled = true;
     }
 }
 

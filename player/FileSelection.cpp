@@ -81,12 +81,11 @@ void ListMidiSel_Click(frmMIDIPlayer &form)
     if (device.Mode() == SequencerMode::kStopped) {
         device.Command("close");
     }
-    const int row = CurrentOrFirstSelected(form.ListMidiSel);
-    if (row < 0) {
+    if (FirstSelected(form.ListMidiSel) < 0) {
         ForgetFile(form);
         return;
     }
-    form.ListMidiSel.SetListIndex(row);
+    const int row = form.ListMidiSel.ListIndex(); // the row of the click, also where it was just unselected and others still are
     Settings &settings = form.app.settings;
     {
         const Raised guard(state.SelectionGuard);
@@ -130,7 +129,6 @@ void ListMidiCorr_Click(frmMIDIPlayer &form)
         ForgetFile(form);
         return;
     }
-    form.ListMidiCorr.SetListIndex(row);
     settings.PlayerFile = CompilationItemPath(form, row);
     {
         const Raised guard(state.SelectionGuard);

@@ -13,15 +13,15 @@ void MMControl::Command(std::string_view word)
 
 void MMControl::Take()
 {
+    if (device_.Mode() != SequencerMode::kNotReady) {
+        device_.SetCommand("close");
+    }
     device_.Done = [this](int code) { Raise(Done, code); };
 }
 
 void MMControl::LetGo()
 {
     device_.Done = nullptr;
-    if (device_.Mode() != SequencerMode::kNotReady) {
-        device_.SetCommand("close");
-    }
 }
 
 } // namespace velluto

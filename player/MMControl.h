@@ -1,5 +1,5 @@
 // The hidden multimedia control of the player's window: the machine's sequencer as one window sees it. It begins without a
-// file and without a last command, and lets the device go with its window.
+// file and without a last command.
 #pragma once
 
 #include "platform/Sequencer.h"
@@ -32,7 +32,8 @@ public:
     // Playing or paused.
     [[nodiscard]] bool InPlay() const { return Mode() == SequencerMode::kPlaying || Mode() == SequencerMode::kPaused; }
 
-    // The window takes hold of the device, and lets it go: what is open is closed then and nothing sounds on.
+    // The window takes hold of the device, and lets it go. It is not closed with the window: what plays is heard to its end, unless
+    // the next window takes the device over first.
     void Take();
     void LetGo();
 

@@ -118,6 +118,8 @@ void LayOutCompilations(frmMIDIPlayer &form, Size size)
     frame.Put(form.Text2, {kMargin, editTop, width, kEditHeight});
     frame.Put(form.CommNuovo, {kMargin, buttonsTop, half, kButtonHeight});
     frame.Put(form.CommCanc, {kMargin + half + kGap, buttonsTop, half, kButtonHeight});
+    frame.Put(form.Dir1, {});
+    frame.Put(form.File1, {});
 }
 
 void LayOutFiles(frmMIDIPlayer &form, Size size)

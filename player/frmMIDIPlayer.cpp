@@ -58,7 +58,7 @@ void frmMIDIPlayer::Dress()
     Label1.bold = true;
     Label1.alignment = Alignment::Right;
     ListComp.multiSelect = false;
-    for (ListBox *list : {&ListComp, &ListMidiCorr, &ListMidiSel, &FileMidiSel}) {
+    for (ListBox *list : {&ListComp, &File1, &ListMidiCorr, &ListMidiSel, &FileMidiSel}) {
         list->encoding = ListBox::Encoding::Utf8;
     }
     for (ListBox *list : {&ListComp, &ListMidiCorr, &ListMidiSel, static_cast<ListBox *>(&DirMidiSel)}) {
@@ -66,8 +66,9 @@ void frmMIDIPlayer::Dress()
         list->columns = 0;
     }
     Text2.font = kPlainFont;
-    FileMidiSel.visible = false;
-    MMControl1.visible = false;
+    for (Control *hidden : std::initializer_list<Control *>{&Dir1, &File1, &FileMidiSel, &MMControl1}) {
+        hidden->visible = false;
+    }
     for (Button *button : {&CommCanc, &CommAdd, &CommAddAll, &CommRim, &CommRimAll}) {
         button->enabled = false;
     }

@@ -49,6 +49,8 @@ public:
     TextBox Text2{*this, "Text2"};
     Button CommNuovo{*this, "CommNuovo"};
     Button CommCanc{*this, "CommCanc"};
+    FolderList Dir1{*this, "Dir1"}; // hidden: the program's folder
+    ListBox File1{*this, "File1"};  // hidden: the files behind the rows of ListComp
 
     Frame Frame3{*this, "Frame3"}; // "Compilations - files MIDI"
     ListBox ListMidiCorr{*this, "ListMidiCorr"};

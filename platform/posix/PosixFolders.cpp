@@ -157,8 +157,7 @@ std::vector<std::string> UserMounts(std::string_view table)
         }
     }
     std::ranges::sort(mounts, ComesBefore);
-    const auto twice = std::ranges::unique(mounts);
-    mounts.erase(twice.begin(), twice.end());
+    mounts.erase(std::unique(mounts.begin(), mounts.end()), mounts.end());
     return mounts;
 }
 

@@ -51,6 +51,7 @@ bool StandinSequencer::Deliver()
 
 void StandinSequencer::Release()
 {
+    command_.clear();
     mode_ = SequencerMode::kNotReady;
     length_ = 0;
     Halt(mode_);

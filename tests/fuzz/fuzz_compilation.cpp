@@ -3,6 +3,7 @@
 // never grows but by what was put in or by what a removal repeats.
 #include "fuzz/FuzzProgram.h"
 #include "player/CompilationImage.h"
+#include "player/frmMIDIPlayer.h"
 
 #include <cstdlib>
 
@@ -145,7 +146,7 @@ void UsePlayer(FuzzedDataProvider &bytes, const std::string &image)
     }
     CloseFrame(run.program);
     run.program.app.children.Sweep();
-    Check(!run.Runs() && run.sequencer.Mode() == SequencerMode::kNotReady);
+    Check(!run.Runs() && !run.sequencer.Done && !run.ticks.Running());
 }
 
 } // namespace

@@ -128,7 +128,7 @@ TEST_F(PlayerCommands, ThePlayersVariablesHaveTheirNames)
     const std::string image = Ok("value CompilationImage").at("value");
     EXPECT_EQ(image, "\x01" + folder.At("d") + std::string("\0a.mid\0\xC3\xBF", 9));
     Ok("close frmMIDIPlayer");
-    EXPECT_EQ(Ok("value Command").at("value"), "");
+    EXPECT_EQ(Ok("value Command").at("value"), "open");
 }
 
 TEST_F(PlayerCommands, TheEndOfTheFileComesBeforeTheTimersOfItsMoment)

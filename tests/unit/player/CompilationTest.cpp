@@ -50,6 +50,10 @@ TEST_F(Compilations, TheListHoldsTheNamesOfTheFilesBesideTheProgram)
     Start();
     // Each name loses its last four characters and its first two, whatever they are.
     EXPECT_EQ(form().ListComp.Rows(), (Rows{"Alpha", "beta", "d"}));
+    EXPECT_EQ(form().File1.Rows(), (Rows{"c-Alpha.cmp", "c-beta.cmp", "odd.cmp"}));
+    EXPECT_EQ(form().Dir1.path, session.Program().app.paths.AppDir);
+    EXPECT_FALSE(form().File1.visible);
+    EXPECT_FALSE(form().Dir1.visible);
     EXPECT_EQ(form().ListComp.ListIndex(), -1);
     EXPECT_FALSE(form().CommCanc.enabled);
 }
@@ -471,6 +475,9 @@ TEST_F(Compilations, AddTakesTheFirstRunOfSelectedRowsOnly)
     Press(form().CommAdd);
     EXPECT_EQ(state().image, Image({"b.mid", "c.mid"}));
     EXPECT_TRUE(state().CompilationDirty);
+    EXPECT_FALSE(form().CommRimAll.enabled); // that is for a click on the list
+    Click(form().ListMidiCorr, 0);
+    EXPECT_TRUE(form().CommRimAll.enabled);
 }
 
 TEST_F(Compilations, ALongFolderAddedToAnotherComesOutInOrder)

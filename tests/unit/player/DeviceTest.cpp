@@ -18,18 +18,35 @@ TEST_F(Device, BeginsWithoutAFileAndWithoutACommand)
     EXPECT_EQ(Buttons(), "1111111"); // no last command: as the form has them
 }
 
-TEST_F(Device, IsLetGoWithItsWindowAndBeginsAnewWithTheNext)
+TEST_F(Device, IsNotClosedWithItsWindowAndBeginsAnewWithTheNext)
 {
     Song("d/a.mid", 50);
     StartWithPanel();
     DoubleClick(form().ListMidiSel, 0);
-    ASSERT_EQ(device().Mode(), 526);
+    Clock(1000);
     Do("close frmMIDIPlayer");
-    EXPECT_EQ(session.sequencer.Mode(), 524); // nothing sounds on
-    EXPECT_FALSE(session.ticks.Running());
+    EXPECT_EQ(session.sequencer.Command(), "play");
+    EXPECT_FALSE(session.ticks.Running()); // the tick alone is stopped
+    Clock(1000);
+    EXPECT_EQ(session.sequencer.Position(), 20);
     Start();
+    EXPECT_EQ(device().Mode(), 524);
     EXPECT_EQ(device().Command(), "");
     EXPECT_EQ(Buttons(), "1111111");
+    Clock(10000);
+    EXPECT_EQ(device().Command(), ""); // nothing is heard of the file before
+}
+
+TEST_F(Device, WhatEndsWithoutAWindowIsToldToNobody)
+{
+    Song("d/a.mid", 50);
+    StartWithPanel();
+    DoubleClick(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Do("close frmMIDIPlayer");
+    Clock(60000);
+    EXPECT_EQ(session.sequencer.Mode(), 525);
+    EXPECT_EQ(session.sequencer.Command(), "play");
 }
 
 TEST_F(Device, TheCaptionNamesTheFile)

@@ -66,16 +66,17 @@ TEST_F(FileSelection, UnselectingTheLastRowClosesTheFile)
     EXPECT_FALSE(form().CommAdd.enabled);
 }
 
-TEST_F(FileSelection, UnselectingARowLeadsToOneThatIsStillSelected)
+TEST_F(FileSelection, WithAnotherRowStillSelectedTheCurrentRowIsOpenedEvenWhereItWasUnselected)
 {
     StartWithPanel();
     Click(form().ListMidiSel, 0);
     CtrlClick(form().ListMidiSel, 1);
     EXPECT_EQ(device().FileName, At("d/b.mid"));
-    CtrlClick(form().ListMidiSel, 1);
+    CtrlClick(form().ListMidiSel, 0);
     EXPECT_EQ(device().FileName, At("d/a.mid"));
+    EXPECT_EQ(device().Mode(), 525);
     EXPECT_EQ(state().PlayingFileRow, 0);
-    EXPECT_EQ(form().ListMidiSel.ListIndex(), 0);
+    EXPECT_THAT(Selected(form().ListMidiSel), ElementsAre(1));
 }
 
 TEST_F(FileSelection, AClickInTheFolderDropsTheFileOfTheCompilation)
@@ -198,6 +199,7 @@ TEST_F(FileSelection, OfSeveralRowsTheCurrentOneIsTaken)
     CtrlClick(form().ListMidiCorr, 1);
     EXPECT_EQ(device().FileName, At("d/a.mid"));
     EXPECT_EQ(state().CurrentCompRow, 0);
+    EXPECT_EQ(form().ListMidiCorr.ListIndex(), 1);
 }
 
 TEST_F(FileSelection, AFileOfTheCompilationThatIsRefused)
