@@ -16,13 +16,9 @@ install_packages "${needed[@]}"
 build release velluto
 
 program=$PWD/build/release/velluto
-data_home=${XDG_DATA_HOME-}
-case $data_home in
-/*) ;;
-*) data_home=$HOME/.local/share ;; # a relative path there counts for nothing
-esac
-seed data "$data_home/velluto"
-cd "$data_home/velluto"
+folder=$(user_folder)
+seed data "$folder"
+cd "$folder"
 
 if [ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ]; then
     exec "$program" "$@"

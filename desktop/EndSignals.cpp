@@ -36,6 +36,7 @@ EndSignals::EndSignals()
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] {
         char byte = 0;
         static_cast<void>(::read(pipe_[0], &byte, 1) == 1);
+        told_ = true;
         QCoreApplication::exit(0);
     });
     for (const int signal : kSignals) {

@@ -17,7 +17,11 @@ public:
     EndSignals(const EndSignals &) = delete;
     EndSignals &operator=(const EndSignals &) = delete;
 
+    // Whether that wish has been heard.
+    [[nodiscard]] bool Told() const { return told_; }
+
 private:
+    bool told_ = false;
     std::array<int, 2> pipe_{-1, -1};
     std::unique_ptr<QSocketNotifier> notifier_;
 };

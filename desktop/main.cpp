@@ -7,15 +7,26 @@
 #include "desktop/QtFace.h"
 #include "desktop/QtPrinter.h"
 #include "desktop/QtTicks.h"
+#include "files/Opening.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/rtmidi/MachineMusic.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 namespace velluto {
 
 namespace {
+
+// The files that a file manager, or a user at a shell, has named.
+void OpenFilesNamedAtStart(Velluto &program)
+{
+    const QStringList arguments = QApplication::arguments();
+    for (const QString &path : arguments.mid(1)) {
+        OpenNamedFile(program.files, QFileInfo(path).absoluteFilePath().toStdString());
+    }
+}
 
 int Run()
 {
@@ -33,8 +44,12 @@ int Run()
     const EndSignals endSignals;
     int result = 0;
     if (StartUp(program)) {
+        OpenFilesNamedAtStart(program);
+        // A signal that came while a question of the start was up has ended that question's loop, not this one.
+        bool toRun = !endSignals.Told();
         do {
-            result = QApplication::exec();
+            result = toRun ? QApplication::exec() : 0;
+            toRun = true;
         } while (!CloseFrame(program)); // where something else than the frame has ended the loop
     }
     face.Detach();

@@ -135,6 +135,33 @@ void NewCommand(FilesState &files, const DocumentType &type, MenuEntry &entry, i
     type.show(files, slot);
 }
 
+// Opens a path that nobody has to choose any more. type is null where the name is of none of the three.
+void OpenPath(FilesState &files, const std::string &path, const DocumentType *type)
+{
+    Modulo1 &app = files.app;
+    NameFile(files, path);
+    app.CurrentOperation = OpeningTitle(files);
+    app.settings.LastDir = files.FileFolder;
+    if (type == nullptr || !(app.frame.*(type->openCommand)).enabled) {
+        return;
+    }
+    if (FindOpen(files, *type, files.FilePath)) {
+        app.messages.ShowMessage(MessageNo::FileAlreadyOpen, app.CurrentOperation, {});
+        return;
+    }
+    files.*(type->current) = FindFree(files, *type);
+    if (files.*(type->current) == 0) {
+        return;
+    }
+    const int status = ReadInstrumentFile(files, files.FilePath);
+    if (status == ReadStatus::Missing) {
+        app.messages.ShowMessage(MessageNo::FileNotFound, app.CurrentOperation, {});
+    }
+    if (status == ReadStatus::Good) {
+        ShowLoadedFile(files, *type);
+    }
+}
+
 } // namespace
 
 int ChooseFile(FilesState &files, int number)
@@ -216,29 +243,13 @@ void mnuRecentFile_Click(FilesState &files, int index)
         return;
     }
     app.WorkRecentRecord = app.settings.RecentTable[static_cast<std::size_t>(index)];
-    NameFile(files, app.WorkRecentRecord.Path.Trimmed());
-    app.CurrentOperation = OpeningTitle(files);
-    app.settings.LastDir = files.FileFolder;
+    const std::string path = app.WorkRecentRecord.Path.Trimmed();
+    OpenPath(files, path, TypeOfExtension(path));
+}
 
-    const DocumentType *type = TypeOfExtension(files.FilePath);
-    if (type == nullptr || !(app.frame.*(type->openCommand)).enabled) {
-        return;
-    }
-    if (FindOpen(files, *type, files.FilePath)) {
-        app.messages.ShowMessage(MessageNo::FileAlreadyOpen, app.CurrentOperation, {});
-        return;
-    }
-    files.*(type->current) = FindFree(files, *type);
-    if (files.*(type->current) == 0) {
-        return;
-    }
-    const int status = ReadInstrumentFile(files, files.FilePath);
-    if (status == ReadStatus::Missing) {
-        app.messages.ShowMessage(MessageNo::FileNotFound, app.CurrentOperation, {});
-    }
-    if (status == ReadStatus::Good) {
-        ShowLoadedFile(files, *type);
-    }
+void OpenNamedFile(FilesState &files, const std::string &path)
+{
+    OpenPath(files, path, TypeOfName(path));
 }
 
 int FindOpenPcg(FilesState &files, std::string_view path)

@@ -58,4 +58,8 @@ void mnuStyApri_Click(FilesState &files);
 void mnuPrfApri_Click(FilesState &files);
 void mnuRecentFile_Click(FilesState &files, int index); // 1 to 16
 
+// Opens the file with this full path as its Open command would if it were chosen there, by the type that its name tells.
+// Does nothing for a name of none of the three types, and where that type's Open command is off.
+void OpenNamedFile(FilesState &files, const std::string &path);
+
 } // namespace velluto

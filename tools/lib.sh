@@ -14,6 +14,10 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev jac
 # What shows the program where there is no display.
 remote_display_packages=(xvfb openbox x11vnc)
 
+# user_folder and seed.
+# shellcheck source=packaging/user-folder.sh
+. "$(dirname "${BASH_SOURCE[0]}")/../packaging/user-folder.sh"
+
 say() {
     printf '%s\n' "$*"
 }
@@ -102,21 +106,6 @@ show_progress() {
             fflush()
         }
         END { if (tty && said) print "" }'
-}
-
-# seed FROM TO: copies what TO does not have yet, folder by folder. What the user has is never written over; an empty file
-# is what the program leaves where it found none, and holds nothing of the user's.
-seed() {
-    local from=$1 to=$2 entry target
-    mkdir -p "$to"
-    (cd "$from" && find . -type f) | while IFS= read -r entry; do
-        target=$to/${entry#./}
-        if [ -L "$target" ] || [ -s "$target" ]; then
-            continue
-        fi
-        mkdir -p "$(dirname "$target")"
-        cp -- "$from/${entry#./}" "$target"
-    done
 }
 
 # An authority file that lets in who can read it and nobody else: one cookie, good for any display number.

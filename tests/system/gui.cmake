@@ -3,10 +3,15 @@ pkg_check_modules(JACK REQUIRED IMPORTED_TARGET jack)
 add_executable(jack-instrument JackInstrument.cpp)
 target_link_libraries(jack-instrument PRIVATE velluto_warnings PkgConfig::JACK)
 
-foreach(name first-click style-banks)
+foreach(name first-click style-banks ended-early)
     string(REPLACE - _ test ${name})
     add_test(NAME system.gui_${test}
              COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/gui-${name}.sh $<TARGET_FILE:velluto> $<TARGET_FILE:jack-instrument>
                      ${CMAKE_CURRENT_BINARY_DIR})
     set_tests_properties(system.gui_${test} PROPERTIES RESOURCE_LOCK jack TIMEOUT 120)
 endforeach()
+
+add_test(NAME system.installed
+         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/installed.sh ${PROJECT_BINARY_DIR} $<TARGET_FILE:jack-instrument>
+                 ${CMAKE_CURRENT_BINARY_DIR})
+set_tests_properties(system.installed PROPERTIES RESOURCE_LOCK jack TIMEOUT 120)

@@ -192,5 +192,39 @@ TEST_F(RecentFileTest, AnEntryInDriveFormIsNoHarm)
     EXPECT_EQ(app.settings.LastDir, "C:\\music");
 }
 
+class NamedFileTest : public OpeningTest {};
+
+TEST_F(NamedFileTest, AFileOfEachTypeOpensByItsNameInAnyCase)
+{
+    OpenNamedFile(files, PutFile("a.PcG"));
+    OpenNamedFile(files, PutFile("b.sty"));
+    OpenNamedFile(files, PutFile("c.PRF"));
+    ASSERT_EQ(app.children.All().size(), 3U);
+    EXPECT_EQ(app.children.All()[0]->FullName(), "frmPcgUN(1)");
+    EXPECT_EQ(app.children.All()[1]->FullName(), "frmStyUN(1)");
+    EXPECT_EQ(app.children.All()[2]->FullName(), "frmPrfUN(1)");
+    EXPECT_EQ(FileNameOf(app.settings.RecentTable[1].Path.Trimmed()), "c.PRF");
+    EXPECT_EQ(app.settings.LastDir, run.folder->Path());
+    EXPECT_THAT(Boxes(), IsEmpty());
+}
+
+TEST_F(NamedFileTest, AForeignNameOpensNothingAndSaysNothing)
+{
+    OpenNamedFile(files, PutFile("a.txt"));
+    OpenNamedFile(files, "");
+    EXPECT_THAT(OpenSlots(), IsEmpty());
+    EXPECT_THAT(Boxes(), IsEmpty());
+}
+
+TEST_F(NamedFileTest, AMissingFileAndOneThatIsOpenAreTold)
+{
+    const std::string path = PutFile("a.pcg");
+    OpenNamedFile(files, path);
+    OpenNamedFile(files, path);
+    OpenNamedFile(files, run.folder->Path() + "/gone.pcg");
+    EXPECT_THAT(OpenSlots(), ElementsAre(1));
+    EXPECT_THAT(Boxes(), ElementsAre("Apertura di a.pcg: File già aperto", "Apertura di gone.pcg: File assente"));
+}
+
 } // namespace
 } // namespace velluto::test
