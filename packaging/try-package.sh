@@ -1,0 +1,97 @@
+#!/usr/bin/env bash
+# Makes the Debian package and tries it as its user would get it: on a Debian that has nothing else on it, as a user who is
+# nobody in particular, on a display of its own. Root only; needs debootstrap and a Debian archive, and some minutes.
+# Leaves the package and a picture of the program's window in build/.
+#
+#     packaging/try-package.sh
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+# shellcheck source=tools/lib.sh
+. tools/lib.sh
+
+install_packages "${build_packages[@]}" dpkg-dev debootstrap
+build release
+(cd build/release && cpack >cpack.log) || {
+    cat build/release/cpack.log >&2
+    exit 1
+}
+package=$(find build/release -maxdepth 1 -name '*.deb' | head -n 1)
+cp "$package" build/
+
+root=$(mktemp -d)
+# shellcheck disable=SC2317 # a trap reaches it
+leave() {
+    trap - EXIT INT TERM
+    umount "$root/proc" 2>/dev/null || true
+    rm -rf --one-file-system "$root"
+}
+trap leave EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+say "A clean Debian in $root"
+debootstrap --variant=minbase bookworm "$root" >build/debootstrap.log 2>&1 || {
+    tail -n 20 build/debootstrap.log >&2
+    exit 1
+}
+mount -t proc proc "$root/proc"
+cp /etc/resolv.conf "$root/etc/" 2>/dev/null || true
+for file in /etc/apt/apt.conf.d/*proxy*; do
+    [ ! -e "$file" ] || cp "$file" "$root/etc/apt/apt.conf.d/"
+done
+cp "$package" "$root/velluto.deb"
+
+cat >"$root/try.sh" <<'INSIDE'
+set -eu
+export DEBIAN_FRONTEND=noninteractive
+apt-get -q update
+apt-get -q install -y --no-install-recommends /velluto.deb
+apt-get -q install -y --no-install-recommends xvfb xdotool openbox imagemagick desktop-file-utils shared-mime-info
+update-mime-database /usr/share/mime
+desktop-file-validate /usr/share/applications/velluto.desktop
+useradd --create-home musician
+cat >/home/musician/evening.sh <<'EVENING'
+set -eu
+export XDG_RUNTIME_DIR=$HOME/run LC_ALL=C.UTF-8
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+Xvfb :91 -screen 0 1024x768x24 -nolisten tcp &
+display=$!
+export DISPLAY=:91
+sleep 2
+openbox --sm-disable &
+cp /usr/share/velluto/data/samples/Full-64.pcg "$HOME/Stage.pcg"
+cd "$HOME"
+velluto Stage.pcg &
+program=$!
+title() { xdotool getactivewindow getwindowname 2>/dev/null || true; }
+await() {
+    for _ in $(seq 200); do
+        if [ "$(title)" = "$1" ]; then return 0; fi
+        sleep 0.1
+    done
+    echo "no window \"$1\"" >&2
+    exit 1
+}
+await "Velluto v 1.1"
+xdotool key Down Return
+sleep 2
+xdotool key Return # there is no MIDI input here, and the program says so
+await "Velluto v 1.1 - Velluto"
+sleep 1
+import -window root "$HOME/window.png"
+kill -TERM "$program"
+wait "$program"
+[ "$(stat -c %s "$HOME/.local/share/velluto/Velluto.ini")" -eq 40000 ]
+kill "$display"
+EVENING
+su musician -c 'sh ~/evening.sh'
+apt-get -q remove -y velluto
+! command -v velluto
+INSIDE
+chroot "$root" sh /try.sh >build/try-package.log 2>&1 || {
+    tail -n 40 build/try-package.log >&2
+    complain "The package failed its trial; the whole story is in build/try-package.log"
+    exit 1
+}
+cp "$root/home/musician/window.png" build/try-package.png
+say "The package installs, starts, opens a file, ends and goes: $(basename "$package"), build/try-package.png"
