@@ -1,5 +1,5 @@
 // Texts as characters, one element each, where columns count: UTF-8 texts and the single bytes of instrument files side
-// by side. Used by the listings, the guide and the notebook.
+// by side. The one table of Windows-1252. Used by the listings, the guide, the notebook, and the faces.
 #pragma once
 
 #include <optional>

@@ -1,30 +1,19 @@
 #include "desktop/Words.h"
 
+#include "app/Characters.h"
+
 #include <algorithm>
-#include <array>
 
 namespace velluto {
 
 namespace {
 
-constexpr char16_t kNoCharacter = 0xFFFD;
-constexpr unsigned char kFirstPrintable = 0x20;
-constexpr unsigned char kDelete = 0x7F;
-constexpr unsigned char kTableStart = 0x80;
+constexpr char32_t kNoCharacter = 0xFFFD;
 
-// The characters of bytes 0x80 to 0x9F; from 0xA0 on a byte is its own character.
-constexpr std::array<char16_t, 32> kWindows1252 = {0x20AC,       kNoCharacter, 0x201A, 0x0192, 0x201E, 0x2026,       0x2020, 0x2021,
-                                                   0x02C6,       0x2030,       0x0160, 0x2039, 0x0152, kNoCharacter, 0x017D, kNoCharacter,
-                                                   kNoCharacter, 0x2018,       0x2019, 0x201C, 0x201D, 0x2022,       0x2013, 0x2014,
-                                                   0x02DC,       0x2122,       0x0161, 0x203A, 0x0153, kNoCharacter, 0x017E, 0x0178};
-
-char16_t CharacterOf(unsigned char byte)
+// Control codes of ASCII, and those that stand for the bytes without a character.
+bool IsControl(char32_t character)
 {
-    if (byte < kFirstPrintable || byte == kDelete) {
-        return kNoCharacter;
-    }
-    const auto inTable = static_cast<std::size_t>(byte - kTableStart);
-    return byte >= kTableStart && inTable < kWindows1252.size() ? kWindows1252.at(inTable) : byte;
+    return character < U' ' || (character >= 0x7F && character < 0xA0);
 }
 
 } // namespace
@@ -41,10 +30,9 @@ std::string ToUtf8(const QString &text)
 
 QString FromWindows1252(std::string_view bytes)
 {
-    const std::string_view drawn = bytes.substr(0, bytes.find('\0'));
-    QString text(static_cast<qsizetype>(drawn.size()), Qt::Uninitialized);
-    std::ranges::transform(drawn, text.begin(), [](char byte) { return QChar(CharacterOf(static_cast<unsigned char>(byte))); });
-    return text;
+    std::u32string drawn = CharactersOfBytes(bytes.substr(0, bytes.find('\0')));
+    std::ranges::replace_if(drawn, IsControl, kNoCharacter);
+    return QString::fromStdU32String(drawn);
 }
 
 QString WithAccessKey(std::string_view caption)
