@@ -22,19 +22,24 @@ std::string_view WithoutPadding(std::string_view record)
 
 } // namespace
 
-RuntimeError ReadNotebook(FileStore &files, const std::string &path, std::string &record)
+RuntimeError ReadNotebook(FileStore &files, const std::string &path, NotebookFile &file)
 {
-    std::unique_ptr<RandomAccessFile> file;
-    if (const RuntimeError error = files.Open(path, file); error.Failed()) {
+    std::unique_ptr<RandomAccessFile> opened;
+    if (const RuntimeError error = files.Open(path, opened); error.Failed()) {
+        return error;
+    }
+    std::uint64_t length = 0;
+    if (const RuntimeError error = opened->Length(length); error.Failed()) {
         return error;
     }
     std::vector<std::uint8_t> bytes(kNotebookLength);
     std::size_t got = 0;
-    if (const RuntimeError error = file->Read(0, bytes, got); error.Failed()) {
+    if (const RuntimeError error = opened->Read(0, bytes, got); error.Failed()) {
         return error;
     }
-    record.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(got));
-    record.resize(kNotebookLength, kPadding);
+    file.record.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(got));
+    file.record.resize(kNotebookLength, kPadding);
+    file.hasRest = length > kNotebookLength;
     return {};
 }
 

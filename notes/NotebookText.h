@@ -11,9 +11,13 @@ namespace velluto {
 
 inline constexpr std::size_t kNotebookLength = 32000; // bytes, and characters: a line end is two
 
-// Reads the record, which a missing file is made for; bytes that the file lacks read as blanks. record is left alone
-// where that fails.
-[[nodiscard]] RuntimeError ReadNotebook(FileStore &files, const std::string &path, std::string &record);
+// What the file holds.
+struct NotebookFile {
+    std::string record;   // 32000 bytes; those that the file lacks are blanks
+    bool hasRest = false; // of a foreign file: more bytes than the record
+};
+// Reads the file, which is made where it is missing. file is left alone where that fails.
+[[nodiscard]] RuntimeError ReadNotebook(FileStore &files, const std::string &path, NotebookFile &file);
 // Writes the record of 32000 bytes; what a longer file holds behind it stays.
 [[nodiscard]] RuntimeError WriteNotebook(FileStore &files, const std::string &path, const std::string &record);
 

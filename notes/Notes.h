@@ -24,6 +24,7 @@ struct NotesState {
     std::string GuideText;        // the guide's bytes from the reading of the file until its window has them
     std::int32_t GuideLength = 0; // of the guide's file, bytes
     std::string NotebookText;     // while the notebook is open: its 32000 bytes, blank-padded
+    bool NotebookHasRest = false; // its file, a foreign one, holds more
 
     std::unique_ptr<frmGuida> guide;
     std::unique_ptr<frmBloccoNote> notebook;

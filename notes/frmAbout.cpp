@@ -1,16 +1,13 @@
 #include "notes/frmAbout.h"
 
 #include "app/Catalogue.h"
-#include "app/StoredPlace.h"
+#include "notes/NotesWindow.h"
 
 #include <algorithm>
 
 namespace velluto {
 
 namespace {
-
-constexpr std::uint8_t kClosed = 0;
-constexpr std::uint8_t kOpen = 1;
 
 // Twips.
 constexpr int kMargin = 300;
@@ -33,7 +30,7 @@ frmAbout::frmAbout(NotesState &notes) : Form("frmAbout"), notes_(notes), app_(no
 
 void frmAbout::Form_Load()
 {
-    app_.settings.PlacementTable.at(PlacementEntry::About).State = kOpen;
+    app_.settings.PlacementTable.at(PlacementEntry::About).State = NotesWindow::kNormal;
     app_.frame.mnuInfo.enabled = false;
     const Messages &messages = app_.messages;
     caption = std::string(kProgramTitle) + " - " + messages.Text(TextId::InfoAbout) + std::string(kProgramName);
@@ -58,15 +55,7 @@ void frmAbout::Form_Load()
 
 void frmAbout::Form_Unload()
 {
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::About);
-    StorePosition(entry, *this);
-    StoreSize(entry, *this);
-    if (!app_.children.ClosingAll) {
-        entry.State = kClosed;
-    }
-    app_.frame.mnuInfo.enabled = true;
-    --app_.children.ChildCount;
-    RefreshAfterClose(app_);
+    LeaveFrame(app_, app_.settings.PlacementTable.at(PlacementEntry::About), *this, app_.frame.mnuInfo);
     app_.children.Bury(std::move(notes_.about));
 }
 

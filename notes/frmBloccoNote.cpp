@@ -2,9 +2,9 @@
 
 #include "app/Catalogue.h"
 #include "app/Characters.h"
-#include "app/StoredPlace.h"
 #include "files/ErrorTrap.h"
 #include "notes/NotebookText.h"
+#include "notes/NotesWindow.h"
 
 #include <algorithm>
 #include <string_view>
@@ -14,9 +14,6 @@ namespace velluto {
 namespace {
 
 constexpr Font kNotebookFont{"Courier New", 10, 400};
-constexpr std::uint8_t kClosed = 0;
-constexpr std::uint8_t kNormal = 1;
-constexpr std::uint8_t kMinimised = 2;
 
 // Twips.
 constexpr std::uint16_t kNaturalWidth = 12000;
@@ -29,12 +26,15 @@ struct Words {
     std::string_view refused;
     std::string_view full;
     std::string_view tooLong;
+    std::string_view rest;
     std::string_view use;
 };
 constexpr Words kItalian{"Il blocco note non può contenere il carattere «_»", "Il blocco note è pieno: contiene 32000 caratteri",
-                         "Il testo è troppo lungo per essere modificato qui", "_ caratteri su 32000"};
+                         "Il testo è troppo lungo per essere modificato qui",
+                         "Il file è più lungo del blocco note: il resto non si vede e rimane com'è", "_ caratteri su 32000"};
 constexpr Words kEnglish{"The notebook cannot hold the character \"_\"", "The notebook is full: it holds 32000 characters",
-                         "The text is too long to be edited here", "_ of 32000 characters"};
+                         "The text is too long to be edited here",
+                         "The file is longer than the notebook: the rest is not shown and stays as it is", "_ of 32000 characters"};
 
 const Words &WordsOf(const Modulo1 &app)
 {
@@ -78,7 +78,7 @@ void frmBloccoNote::Form_Load()
         entry.MinHeight = kNaturalHeight;
     }
     place = Place{entry.Left, entry.Top, entry.Width, entry.Height};
-    entry.State = kNormal;
+    entry.State = NotesWindow::kNormal;
     Tag = ToolTag(ViewKind::Notebook);
     app_.frame.mnuBloccoNote.enabled = false;
     const std::string title = app_.messages.Text(TextId::Notebook);
@@ -89,7 +89,11 @@ void frmBloccoNote::Form_Load()
     const ShownNotebook shown = ShowNotebook(notes_.NotebookText);
     if (shown.isWhole) {
         Text1.text = shown.text;
-        TellUse(CharactersOfText(shown.text).size());
+        if (notes_.NotebookHasRest) {
+            lblStato.caption = std::string(WordsOf(app_).rest);
+        } else {
+            TellUse(CharactersOfText(shown.text).size());
+        }
     } else {
         Text1.readOnly = true;
         Text1.Change = nullptr;
@@ -114,16 +118,8 @@ bool frmBloccoNote::Form_QueryUnload()
 
 void frmBloccoNote::Form_Unload()
 {
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Notebook);
-    StorePosition(entry, *this);
-    StoreSize(entry, *this);
-    if (!app_.children.ClosingAll) {
-        entry.State = kClosed;
-    }
-    app_.frame.mnuBloccoNote.enabled = true;
-    --app_.children.ChildCount;
+    LeaveFrame(app_, app_.settings.PlacementTable.at(PlacementEntry::Notebook), *this, app_.frame.mnuBloccoNote);
     notes_.NotebookText.clear();
-    RefreshAfterClose(app_);
     app_.children.Bury(std::move(notes_.notebook));
 }
 
@@ -142,13 +138,7 @@ void frmBloccoNote::Form_Resize()
     const int leastHeight = entry.MinHeight;
     place = Place{Left(), Top(), std::max(Width(), leastWidth), std::max(Height(), leastHeight)};
     LayOut();
-    StorePosition(entry, *this);
-    StoreSize(entry, *this);
-    if (windowState == WindowState::Normal) {
-        entry.State = kNormal;
-    } else if (windowState == WindowState::Minimised) {
-        entry.State = kMinimised;
-    }
+    StoreResized(entry, *this);
 }
 
 void frmBloccoNote::TellUse(std::size_t characters)
@@ -177,9 +167,12 @@ void mnuBloccoNote_Click(NotesState &notes)
     Modulo1 &app = notes.app;
     if (notes.notebook == nullptr) {
         app.CurrentOperation = app.messages.Text(TextId::Opening) + FileNameOf(app.paths.NotebookPath);
-        if (!Trapped([&] { return ReadNotebook(app.ports.files, app.paths.NotebookPath, notes.NotebookText); }, ClassifyingJudge{app})) {
+        NotebookFile file;
+        if (!Trapped([&] { return ReadNotebook(app.ports.files, app.paths.NotebookPath, file); }, ClassifyingJudge{app})) {
             return;
         }
+        notes.NotebookText = std::move(file.record);
+        notes.NotebookHasRest = file.hasRest;
         notes.notebook = std::make_unique<frmBloccoNote>(notes);
     }
     app.children.Show(*notes.notebook);

@@ -2,9 +2,9 @@
 
 #include "app/Catalogue.h"
 #include "app/Characters.h"
-#include "app/StoredPlace.h"
 #include "files/ErrorTrap.h"
 #include "notes/GuideText.h"
+#include "notes/NotesWindow.h"
 
 #include <algorithm>
 
@@ -14,9 +14,6 @@ namespace {
 
 constexpr Font kGuideFont{"courier new", 10, 400};
 constexpr std::uint8_t kItalian = 1;
-constexpr std::uint8_t kClosed = 0;
-constexpr std::uint8_t kNormal = 1;
-constexpr std::uint8_t kMinimised = 2;
 
 // Twips.
 constexpr int kWidth = 9600;
@@ -59,7 +56,7 @@ void frmGuida::LayOut()
 void frmGuida::Form_Load()
 {
     app_.children.RestoringLayout = true;
-    app_.settings.PlacementTable.at(PlacementEntry::Guide).State = kNormal;
+    app_.settings.PlacementTable.at(PlacementEntry::Guide).State = NotesWindow::kNormal;
     // Always in the same place, whatever the entry holds.
     const int height = app_.face.Workspace().height - app_.frame.Picture1.place.Get().height - kBelow;
     place = Place{0, 0, kWidth, std::max(height, kLeastHeight)};
@@ -77,15 +74,7 @@ void frmGuida::Form_Load()
 
 void frmGuida::Form_Unload()
 {
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Guide);
-    StorePosition(entry, *this);
-    StoreSize(entry, *this);
-    if (!app_.children.ClosingAll) {
-        entry.State = kClosed;
-    }
-    app_.frame.mnuGuida.enabled = true;
-    --app_.children.ChildCount;
-    RefreshAfterClose(app_);
+    LeaveFrame(app_, app_.settings.PlacementTable.at(PlacementEntry::Guide), *this, app_.frame.mnuGuida);
     app_.children.Bury(std::move(notes_.guide));
 }
 
@@ -101,13 +90,7 @@ void frmGuida::Form_Resize()
     }
     LayOut();
     WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Guide);
-    StorePosition(entry, *this);
-    StoreSize(entry, *this);
-    if (windowState == WindowState::Normal) {
-        entry.State = kNormal;
-    } else if (windowState == WindowState::Minimised) {
-        entry.State = kMinimised;
-    }
+    StoreResized(entry, *this);
 }
 
 // The text is for reading: whatever the key, nothing becomes of it. To scroll by key is the face's business.

@@ -4,6 +4,7 @@
 #include "unit/notes/NotesProgram.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace velluto::test {
 namespace {
@@ -137,6 +138,37 @@ INSTANTIATE_TEST_SUITE_P(Shipped, GuidesTest,
                          testing::Values(Guide{TestProgram::English, kEnglishGuide, "CONTENTS"},
                                          Guide{TestProgram::Italian, kItalianGuide, "INDICE"}),
                          [](const auto &guide) { return guide.param.language == TestProgram::English ? "English" : "Italian"; });
+
+// A guide as a row of signs, one for each line that begins something: '=' the rule of a chapter, '1' a numbered line, '-'
+// an item, '.' a paragraph.
+std::string ShapeOf(const char *file)
+{
+    const Bytes shipped = ReadBytes(std::string(VELLUTO_DATA) + "/" + file);
+    std::istringstream lines(std::string(shipped.begin(), shipped.end()));
+    std::string shape;
+    bool isAfterBlank = false;
+    for (std::string line; std::getline(lines, line, '\r'); lines.ignore()) {
+        const std::size_t words = line.find_first_not_of(" 0123456789");
+        if (line.starts_with("---")) {
+            shape += '=';
+        } else if (line.starts_with(" - ")) {
+            shape += '-';
+        } else if (words != std::string::npos && words > 0 && line.substr(words, 2) == ". ") {
+            shape += '1';
+        } else if (isAfterBlank && !line.empty()) {
+            shape += '.';
+        }
+        isAfterBlank = line.empty();
+    }
+    return shape;
+}
+
+TEST(GuidesSideBySide, HaveTheSameChaptersWithTheSameStepsItemsAndParagraphs)
+{
+    const std::string english = ShapeOf(kEnglishGuide);
+    EXPECT_EQ(english, ShapeOf(kItalianGuide));
+    EXPECT_EQ(std::ranges::count(english, '='), 27);
+}
 
 // What the guides quote from the menus is what the menus say.
 TEST(GuideWords, ChaptersAboutMenusQuoteTheCaptionsOfTheirLanguage)

@@ -226,6 +226,21 @@ TEST_F(NotebookTest, ATextThatWasChangedSinceIsKeptAnew)
     EXPECT_EQ(File(kNotebook), Record("more"));
 }
 
+TEST_F(NotebookTest, ItsFileTakenAwayOrMadeAFolderWhileItIsOpenIsToldAndTheTextStays)
+{
+    frmBloccoNote &form = Open();
+    Type(form, "precious", 8);
+    std::filesystem::remove(run.At(kNotebook));
+    std::filesystem::create_directory(run.At(kNotebook));
+    EXPECT_FALSE(run.Close(form));
+    EXPECT_EQ(TheBox(), "Saving Velluto-Notebook.txt: Read only file");
+    EXPECT_EQ(form.Text1.text.Get(), "precious");
+    // Taken away altogether it is made anew.
+    std::filesystem::remove(run.At(kNotebook));
+    EXPECT_TRUE(run.Close(form));
+    EXPECT_EQ(File(kNotebook), Record("precious"));
+}
+
 TEST_F(NotebookTest, AnUnreadyDiskIsAskedUntilItIsReady)
 {
     FailNext(FileFault::Operation::Open, FileError::kDiskNotReady, 2);
@@ -243,12 +258,14 @@ TEST_F(NotebookTest, AShortTextOfSomebodyElsesIsShownAndKept)
     EXPECT_EQ(File(kNotebook), Record("from another\r\neditor\r\n"));
 }
 
-TEST_F(NotebookTest, WhatALongerFileHoldsBehindTheRecordStays)
+TEST_F(NotebookTest, WhatALongerFileHoldsBehindTheRecordStaysAndThatIsSaid)
 {
     PutFile(kNotebook, Record("page") + "tail");
     frmBloccoNote &form = Open();
     EXPECT_EQ(form.Text1.text.Get(), "page");
+    EXPECT_EQ(form.lblStato.caption.Get(), "The file is longer than the notebook: the rest is not shown and stays as it is");
     Type(form, "pages", 5);
+    EXPECT_EQ(form.lblStato.caption.Get(), "5 of 32000 characters");
     run.Close(form);
     EXPECT_EQ(File(kNotebook), Record("pages") + "tail");
 }
@@ -295,6 +312,11 @@ TEST_F(NotesTest, TheItalianNotebook)
     form.Text1.caret = 32001;
     form.Text1.text = std::string(32001, 'a');
     EXPECT_EQ(form.lblStato.caption.Get(), "Il blocco note è pieno: contiene 32000 caratteri");
+    run.Close(form);
+    PutFile(kNotebook, std::string(32001, 'a'));
+    run.Choose(menu.mnuBloccoNote);
+    ASSERT_NE(notes.notebook, nullptr);
+    EXPECT_EQ(notes.notebook->lblStato.caption.Get(), "Il file è più lungo del blocco note: il resto non si vede e rimane com'è");
 }
 
 } // namespace
