@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Presses the mouse button on a key of a piano on the display, again and again, and tells how long the byte took to arrive.
+"""Presses the mouse button on two keys of a piano on the display, in turn, and tells how long the bytes took to arrive.
 
     key_latency.py X Y PRESSES heard FILE     FILE is what tests/system/jack-instrument writes with --times
     key_latency.py X Y PRESSES datagrams      notes come as datagrams to the group and port of MIDI over a network
@@ -20,6 +20,7 @@ from Xlib.ext import xtest
 
 GROUP, PORT = "225.0.0.37", 21928
 PATIENCE = 5.0
+STRIDE = 40  # pixels to the other key: at the same place again it would be a double click, which not every program plays
 WARM = 20
 NOTE_OFF, NOTE_ON = 0x80, 0x90
 
@@ -76,11 +77,11 @@ def main():
         xtest.fake_input(screen, event, detail, **at)
         screen.flush()
 
-    fake(X.MotionNotify, x=x, y=y)
     for _ in source.messages():
         pass
     taken = []
     for number in range(WARM + presses):
+        fake(X.MotionNotify, x=x + number % 2 * STRIDE, y=y)
         time.sleep(random.uniform(0.005, 0.025))  # in step with nobody's period
         pressed = time.monotonic()
         fake(X.ButtonPress, 1)

@@ -16,6 +16,11 @@ screen_height=800
 frames=64
 most_ms=2.67 # two periods
 
+# shellcheck disable=SC2317 # wait_until reaches it
+vmpk_is_up() {
+    xdotool search --name "Virtual MIDI Piano" >/dev/null
+}
+
 install_packages "${build_packages[@]}" "${test_packages[@]}" vmpk python3-xlib
 build release velluto
 build dev jack-instrument
@@ -25,7 +30,7 @@ start_jack "$frames"
 start_instrument build/dev/tests/system/jack-instrument PA80 --times
 export HOME=$stage/home QT_QPA_PLATFORM=xcb
 
-# A point on a white key of each, below the black ones.
+# A point on a white key of each, below the black ones; so is the one a little to the right.
 start_in_english "$root/build/release/velluto"
 choose_last_output PA80:midi_in
 changing press alt+v
@@ -46,9 +51,9 @@ ThruEnabled=false
 interface=lo
 END
 start_program vmpk
-wait_until "vmpk" xdotool search --name "Virtual MIDI Piano"
+wait_until "vmpk" vmpk_is_up
 settle
-xdotool search --name "Virtual MIDI Piano" windowmove 0 0
+xdotool search --name "Virtual MIDI Piano" windowmove 0 0 >/dev/null
 settle
 theirs="" theirs_95="" theirs_most=""
 read -r theirs theirs_95 theirs_most < <(/usr/bin/python3 bench/key_latency.py 100 170 "$presses" datagrams) ||
