@@ -1,0 +1,125 @@
+#!/usr/bin/env bash
+# The on-screen keyboard played with a real mouse, and what the instrument hears of it: presses, a press released elsewhere,
+# the pointer passing over the keys, and the window closed while a key is held.
+#
+#     gui-keyboard.sh PROGRAM INSTRUMENT PICTURES
+set -euo pipefail
+program=$(realpath "$1")
+instrument=$(realpath "$2")
+pictures=$(realpath "$3")
+here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
+# shellcheck source=tests/system/gui-lib.sh
+. "$here/gui-lib.sh"
+screen_width=1400 # room for the window and some around it
+known=0           # messages that have been looked at
+
+# expect WHAT MESSAGE...: exactly these have come since the last look, each as "90 24 40".
+expect() {
+    local what=$1 want
+    shift
+    want=$(printf '%s\n' "$@")
+    wait_until "$what" heard_lines $((known + $#))
+    [ "$(heard | tail -n +$((known + 1)))" = "$want" ] || fail "$what: heard $(heard | tail -n +$((known + 1)) | tr '\n' ',')"
+    known=$((known + $#))
+}
+
+# Where the piano is: what changes as the cursor moves from its first key to its last. The keyboard is in the piano. Sets
+# piano_left, piano_top, piano_width and piano_height.
+find_piano() {
+    changing press Home
+    cp "$stage/now.ppm" "$stage/first.ppm"
+    changing press End
+    read -r piano_left piano_top piano_width piano_height < <(changed_box "$stage/first.ppm" "$stage/now.ppm")
+    [ "$((piano_width > 300 && piano_height > 60))" -eq 1 ] ||
+        fail "no piano seen at $piano_left $piano_top $piano_width $piano_height"
+}
+
+# over_white NUMBER: the pointer onto a white key (from 0), below the black ones.
+over_white() {
+    xdotool mousemove $((piano_left + (2 * $1 + 1) * piano_width / 72)) $((piano_top + piano_height * 5 / 6))
+}
+
+# The pointer onto the empty ground below the window.
+away() {
+    xdotool mousemove $((piano_left + piano_width / 2)) $((piano_top + 3 * piano_height))
+}
+
+# Notes that were begun and not ended, over all that was heard.
+still_sounding() {
+    heard | awk '
+        $1 ~ /^9/ && $3 != "00" { on[substr($1, 2), $2] = 1; next }
+        $1 ~ /^[89]/ { delete on[substr($1, 2), $2] }
+        $1 ~ /^B/ && $2 == "7B" { for (key in on) if (index(key, substr($1, 2)) == 1) delete on[key] }
+        END { for (key in on) count++; print count + 0 }'
+}
+
+set_stage keyboard "$pictures"
+start_jack
+start_instrument "$instrument" Instrument
+seed "$here/../../data" "$stage/home"
+start_in_english "$program"
+choose_last_output Instrument:midi_in
+changing press alt+v
+changing press k
+# The sliders as the settings have them: a value other than 0 goes out twice, and the velocities send the pan again.
+expect "the opening" "B0 07 64" "B0 07 64" "B0 0A 40" "B0 0A 40" "B0 0A 40" "B0 0A 40" "B0 0A 40" "B0 0A 40" "B0 49 00" \
+    "B0 48 00" "E0 7F 40" "E0 7F 40" "B0 01 00" "B0 02 00" "B0 5B 00" "B0 5D 00"
+find_piano
+
+over_white 0
+xdotool mousedown 1
+expect "a press" "90 24 40"
+xdotool mouseup 1
+expect "its release" "80 24 40"
+over_white 14
+xdotool click 1
+expect "a click on a C two octaves up" "90 3C 40" "80 3C 40"
+over_white 35
+xdotool click 3
+expect "a click with the right button on the last key" "90 60 40" "80 60 40"
+
+over_white 7
+xdotool mousedown 1
+expect "a press that is released elsewhere" "90 30 40"
+over_white 20
+xdotool mouseup 1
+expect "a release on another key" "80 30 40"
+over_white 7
+xdotool mousedown 1
+expect "a press that is released outside" "90 30 40"
+away
+xdotool mouseup 1
+expect "a release outside the window" "80 30 40"
+
+changing press Tab Tab Tab space # Click Key off
+settle
+for white in 0 1 2 3 4 5 6 7 8 9; do
+    over_white "$white"
+done
+away
+expect "a sweep over ten white keys" "90 24 40" "80 24 40" "90 26 40" "80 26 40" "90 28 40" "80 28 40" "90 29 40" "80 29 40" \
+    "90 2B 40" "80 2B 40" "90 2D 40" "80 2D 40" "90 2F 40" "80 2F 40" "90 30 40" "80 30 40" "90 32 40" "80 32 40" "90 34 40" "80 34 40"
+# Along the upper edge in one leap from C to A: no key on the way is left out.
+xdotool mousemove $((piano_left + 2)) $((piano_top + 5))
+xdotool mousemove $((piano_left + 11 * piano_width / 72)) $((piano_top + 5))
+away
+expect "a leap over ten keys" "90 24 40" "80 24 40" "90 25 40" "80 25 40" "90 26 40" "80 26 40" "90 27 40" "80 27 40" \
+    "90 28 40" "80 28 40" "90 29 40" "80 29 40" "90 2A 40" "80 2A 40" "90 2B 40" "80 2B 40" "90 2C 40" "80 2C 40" "90 2D 40" "80 2D 40"
+
+changing press space # Click Key on
+over_white 3
+xdotool mousedown 1
+expect "a press that the window does not outlive" "90 29 40"
+changing xdotool key ctrl+w # not press, which would let go of the mouse button first
+expect "the closing" "B0 7B 00"
+xdotool mouseup 1
+[ "$(still_sounding)" -eq 0 ] || fail "notes ring on after the closing: $(heard)"
+
+changing press alt+f
+press x
+wait_until "the end of the program" program_has_gone
+status=0
+wait "$program_pid" || status=$?
+[ "$status" -eq 0 ] || fail "the program ended with $status"
+[ "$(still_sounding)" -eq 0 ] || fail "notes ring on: $(heard)"
+say "The instrument heard presses, two sweeps over ten keys and the end of every note"
