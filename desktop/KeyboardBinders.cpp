@@ -66,7 +66,7 @@ void ScrollBinder::TakeRange()
     slider_->setInvertedAppearance(turned);
     slider_->setInvertedControls(turned);
     const int stops = slider_->maximum() - slider_->minimum();
-    slider_->setTickPosition(stops > 0 && stops <= kMostMarks ? QSlider::TicksBelow : QSlider::NoTicks);
+    slider_->setTickPosition(stops > 0 && stops <= kMostMarks ? QSlider::TicksBothSides : QSlider::NoTicks);
     slider_->setTickInterval(bar_.smallChange);
     slider_->setValue(bar_.value);
 }

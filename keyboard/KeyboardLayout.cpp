@@ -31,7 +31,7 @@ constexpr int kColumn4 = kMargin + kFrameWidth - 2 * kWideButton - kMargin;
 constexpr int kColumn5 = kMargin + kFrameWidth - kWideButton;
 
 constexpr int kSlidersLeft = kMargin + kFrameWidth + 180;
-constexpr int kSliderPitch = 840;
+constexpr int kSliderPitch = 870;
 constexpr int kSliderWidth = 360;
 constexpr int kSliderText = 240; // height of a title, a mark or a readout
 constexpr int kInnerWidth = kSlidersLeft + kSliderCount * kSliderPitch + kMargin / 2;

@@ -53,6 +53,8 @@ frmTastiera::frmTastiera(KeyboardState &keyboard) : Form("frmTastiera"), midi(ke
     VScroll1.value = kLowestSplit;
     Text1.readOnly = true;
     Text3.readOnly = true;
+    Text1.font = kPlainFont;
+    Text3.font = kPlainFont;
     Label1[0].caption = std::string("C3");
     Label1[6].caption = std::string("MIDI Channel");
     Label1[7].caption = std::string("Note (Number)");
