@@ -87,6 +87,9 @@ TEST(Sliders, TheChannelChosenAfterASliderResendsNothing)
     EXPECT_EQ(link.Taken(), Sent{});
     form.VScroll[1].value = 10;
     EXPECT_EQ(link.Taken(), (Sent{Controller(10, 10, 3)}));
+    form.Combo1.ListIndex = 5;
+    link.Click(24);
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(60, 64, 5), NoteOff(60, 64, 5)}));
 }
 
 TEST(Sliders, BothScrollAndChangeSendWhileAHandDrawsThem)

@@ -112,6 +112,32 @@ TEST(Opening, InGlideModeTheHoldBoxAndTheChordButtonAreDisabled)
     EXPECT_FALSE(form.CommHoldChord.enabled);
 }
 
+TEST(Opening, WithTheHoldBoxOnInGlideModeSilencesFirstAndDisablesTheBox)
+{
+    KeyboardLink link;
+    link.record = {0, 0, 1, 2, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+    mnuTastiera_Click(link.keyboard);
+    const Sent sent = link.Taken();
+    ASSERT_GE(sent.size(), 2U);
+    EXPECT_EQ(sent[0], AllNotesOff());
+    EXPECT_EQ(sent[1], Controller(7, 1));
+    EXPECT_TRUE(link.Form().CheckHoldNote.value);
+    EXPECT_FALSE(link.Form().CheckHoldNote.enabled);
+    EXPECT_FALSE(link.Form().CommHoldChord.enabled);
+    EXPECT_FALSE(link.Form().notes.ClickGuard);
+}
+
+TEST(Opening, OnTheLowestOctaveTheCaptionsAreWrittenToo)
+{
+    KeyboardLink link;
+    link.record[3] = 0; // the slider's own first value: no change tells of it
+    frmTastiera &form = link.Open();
+    EXPECT_EQ(form.notes.BaseNote, 12);
+    EXPECT_EQ(form.Label1[0].caption.Get(), "C3");
+    EXPECT_EQ(form.Label1[1].caption.Get(), "C1");
+    EXPECT_EQ(form.Label1[5].caption.Get(), "C5");
+}
+
 TEST(Opening, DamagedBytesGiveTheNearestThatTheControlsCanShow)
 {
     KeyboardLink link;
