@@ -7,6 +7,7 @@
 #include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velluto {
 
@@ -48,12 +49,19 @@ void TellReading(frmMIDIPlayer &form, const RowReading &reading)
     HandlePlayerError(form, reading.error, PreparedText(form, reading.path, TextId::OpeningStep));
 }
 
-// The first row whose name sorts behind the given one, without regard to case; the number of rows where none does.
-std::size_t RowBehind(const std::vector<std::string> &rows, std::string_view name)
+// By what the rows are sorted: their names without regard to case.
+std::vector<std::string> KeysOf(const std::vector<std::string> &rows)
 {
-    const std::string key = UpperCase(name);
-    const auto behind = std::ranges::find_if(rows, [&key](const std::string &row) { return UpperCase(BareName(row)) > key; });
-    return static_cast<std::size_t>(behind - rows.begin());
+    std::vector<std::string> keys;
+    std::ranges::transform(rows, std::back_inserter(keys), [](const std::string &row) { return UpperCase(BareName(row)); });
+    return keys;
+}
+
+// The first row that sorts behind the key; the number of rows where none does. A file from elsewhere may hold them in any order.
+std::size_t RowBehind(const std::vector<std::string> &keys, const std::string &key)
+{
+    const auto behind = std::ranges::find_if(keys, [&key](const std::string &other) { return other > key; });
+    return static_cast<std::size_t>(behind - keys.begin());
 }
 
 } // namespace
@@ -90,10 +98,12 @@ void AddFilesToCompilation(frmMIDIPlayer &form, int first, int last)
     std::string &image = form.state.image;
     const std::string &directory = form.app.settings.PlayerDir;
     std::vector<std::string> rows = form.ListMidiCorr.Rows();
+    std::vector<std::string> keys = KeysOf(rows);
     RowReading reading;
     for (int k = first; k <= last; ++k) {
         const std::string &name = form.FileMidiSel.Row(k);
-        const std::size_t behind = RowBehind(rows, name);
+        const std::string key = UpperCase(name);
+        const std::size_t behind = RowBehind(keys, key);
         int row = 0;
         if (rows.empty()) {
             image = ImageOfOne(directory, name);
@@ -107,8 +117,10 @@ void AddFilesToCompilation(frmMIDIPlayer &form, int first, int last)
         const bool agree = reading.complete && static_cast<std::size_t>(row) == behind;
         if (agree && !LengthOf(form, JoinPath(directory, name), length).Failed()) {
             rows.insert(rows.begin() + row, FileRow(name, length));
+            keys.insert(keys.begin() + row, key);
         } else {
             reading = ReadRows(form, 0, rows);
+            keys = KeysOf(rows);
         }
     }
     form.ListMidiCorr.RewriteRows(rows);

@@ -158,10 +158,8 @@ void NormalEnd(frmMIDIPlayer &form)
         Repeat(form);
     } else if (IsOn(form.CommPlayAll)) {
         PlayAll(form);
-    } else if (ShowsOpenCompilation(form) && form.ListMidiCorr.ListIndex() >= 0 &&
-               form.ListMidiCorr.ListIndex() != form.state.CurrentCompRow) {
-        // The row that was chosen while the file played.
-        ListMidiCorr_Click(form);
+    } else if (ShowsOpenCompilation(form) && form.ListMidiCorr.ListIndex() != form.state.CurrentCompRow) {
+        ListMidiCorr_Click(form); // the row that was chosen while the file played, or none where it was removed
     }
 }
 

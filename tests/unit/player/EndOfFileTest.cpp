@@ -86,6 +86,21 @@ TEST_F(EndOfFile, ARowChosenWhileTheFilePlayedIsOpenedAtItsEnd)
     EXPECT_EQ(state().CurrentCompRow, 1);
 }
 
+TEST_F(EndOfFile, AFileRemovedFromItsCompilationWhileItPlayedIsClosedAtItsEnd)
+{
+    Start();
+    Click(form().ListComp, 0);
+    DoubleClick(form().ListMidiCorr, 0); // leaves the button that removes on
+    Press(form().CommRim);
+    ASSERT_EQ(form().ListMidiCorr.Rows(), Rows{"b.mid   (3)"});
+    EXPECT_EQ(device().Mode(), 526);
+    Clock(2000);
+    EXPECT_EQ(device().Mode(), 524);
+    EXPECT_EQ(settings().PlayerFile, "");
+    EXPECT_EQ(form().LabTrackLenght.caption.Get(), "0");
+    EXPECT_EQ(form().LabStart.caption.Get(), "Start");
+}
+
 TEST_F(EndOfFile, WithAnotherCompilationShownNoRowIsOpened)
 {
     StartWithCompilation();
