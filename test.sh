@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing and runs every check and test of the project.
 #
-#     ./test.sh            all of it: format, rooms, tests, clang-tidy, tests with sanitizers, a short fuzzing
-#     ./test.sh --quick    format, rooms and the tests of the dev build
+#     ./test.sh            all of it: format, rooms, coverage, tests, clang-tidy, tests with sanitizers, a short fuzzing
+#     ./test.sh --quick    format, rooms, coverage and the tests of the dev build
 #
 # The last line says "N passed, M failed"; each check counts as one. The exit code is 0 where nothing failed.
 set -euo pipefail
@@ -91,6 +91,7 @@ install_packages "${build_packages[@]}" "${test_packages[@]}"
 mkdir -p build
 check format check_format
 check rooms tools/check-rooms
+check coverage tools/check-coverage
 tests dev
 if ! $quick; then
     if [ -f build/dev/compile_commands.json ]; then
