@@ -120,6 +120,32 @@ TEST_F(GuideOnDeskTest, WhereLinesAreBrokenTheHeadingStillComesToTheTop)
     EXPECT_EQ(Text(Guide()).cursorForPosition(QPoint(8, 8)).blockNumber(), 3);
 }
 
+// As far as there is text below a heading to fill the view.
+TEST_F(GuideOnDeskTest, EveryLineOfTheContentsOfBothShippedGuidesBringsItsHeadingToTheTop)
+{
+    for (const char *file : {"Velluto-UserGuide.txt", "Velluto-GuidaUtente.txt"}) {
+        const Bytes shipped = ReadBytes(std::string(VELLUTO_DATA) + "/" + file);
+        PutFile("Velluto-UserGuide.txt", {reinterpret_cast<const char *>(shipped.data()), shipped.size()});
+        Window(Guide()).close();
+        Settle();
+        ChooseMenu(app.frame.mnuGuida);
+        Settle();
+        const QTextDocument &document = *Text(Guide()).document();
+        QScrollBar &bar = *Text(Guide()).verticalScrollBar();
+        int lines = 0;
+        for (int line = 7; !document.findBlockByNumber(line).text().isEmpty(); ++line, ++lines) {
+            const QString words = document.findBlockByNumber(line).text();
+            bar.setValue(line);
+            DoubleClickLine(line);
+            const int heading = Text(Guide()).textCursor().blockNumber();
+            EXPECT_EQ(document.findBlockByNumber(heading).text(), words);
+            EXPECT_EQ(document.findBlockByNumber(heading + 1).text(), QString(words.size(), QLatin1Char('-')));
+            EXPECT_EQ(bar.value(), std::min(heading, bar.maximum())) << words.toStdString();
+        }
+        EXPECT_EQ(lines, 27) << file;
+    }
+}
+
 TEST_F(GuideOnDeskTest, KeysScrollAndChangeNothing)
 {
     QPlainTextEdit &text = Text(Guide());
