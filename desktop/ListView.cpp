@@ -4,8 +4,6 @@
 #include "desktop/Fonts.h"
 #include "desktop/Keys.h"
 
-#include <QPaintEvent>
-#include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -18,7 +16,6 @@ namespace {
 
 // Between two columns the background shows, so that selected rows of neighbouring columns stay apart.
 constexpr int kColumnGap = 2;
-constexpr int kTextInset = 2; // logical pixels from a row's left edge to its first character
 
 bool IsListKey(int code)
 {
@@ -239,54 +236,6 @@ void ListView::scrollTo(const QModelIndex &index, ScrollHint /*hint*/)
         bar->setValue(bar->value() + rect.right() - viewport()->width() + 1);
     }
     viewport()->update();
-}
-
-// ---- drawing
-
-void ListView::paintEvent(QPaintEvent *event)
-{
-    if (list_ == nullptr) {
-        return;
-    }
-    QPainter painter(viewport());
-    int first = std::max((event->rect().left() + horizontalOffset()) / columnWidth_ * rowsPerColumn_, 0);
-    int last = std::min(((event->rect().right() + horizontalOffset()) / columnWidth_ + 1) * rowsPerColumn_, list_->ListCount());
-    if (ScrollsDown()) {
-        first = (event->rect().top() + verticalOffset()) / rowHeight_;
-        last = std::min((event->rect().bottom() + verticalOffset()) / rowHeight_ + 1, list_->ListCount());
-    }
-    for (int row = first; row < last; ++row) {
-        DrawRow(painter, row);
-    }
-}
-
-void ListView::DrawRow(QPainter &painter, int row) const
-{
-    const QRect rect = RowRect(row);
-    const bool selected = list_->Selected(row);
-    QPalette::ColorGroup group = hasFocus() ? QPalette::Active : QPalette::Inactive;
-    if (!isEnabled()) {
-        group = QPalette::Disabled;
-    }
-    if (selected) {
-        painter.fillRect(rect, palette().color(group, QPalette::Highlight));
-    }
-    const QColor ink = palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text);
-    painter.setPen(ink);
-    painter.setClipRect(rect);
-    QString text = model_->Text(row);
-    if (ScrollsDown()) { // names may be long, and what tells them apart stands at their end
-        text = painter.fontMetrics().elidedText(text, Qt::ElideMiddle, rect.width() - 2 * kTextInset);
-    }
-    painter.drawText(QPoint(rect.left() + kTextInset, rect.top() + baseline_), text);
-    // Where no row is current the keyboard starts from the first.
-    if (hasFocus() && row == std::max(list_->ListIndex(), 0)) {
-        QColor mark = ink;
-        mark.setAlphaF(selected ? 0.8F : 0.55F);
-        painter.setPen(QPen(mark, 1, Qt::DotLine));
-        painter.drawRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
-    }
-    painter.setClipping(false);
 }
 
 // ---- hands

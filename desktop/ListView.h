@@ -30,6 +30,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -45,6 +46,8 @@ protected:
     [[nodiscard]] int verticalOffset() const override;
 
 private:
+    static constexpr int kTextInset = 2; // logical pixels from a row's left edge to its first character
+
     [[nodiscard]] bool ScrollsDown() const { return list_->columns == 0; }
     void LayOutColumns();
     void LayOutDown();

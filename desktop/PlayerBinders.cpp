@@ -2,13 +2,16 @@
 
 #include "desktop/Twips.h"
 #include "desktop/Words.h"
+#include "view/Gestures.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace velluto {
 
@@ -64,10 +67,9 @@ QPainterPath PathOf(Glyph glyph)
     return path;
 }
 
-// A pointer whose tip is the middle of its lower edge.
 class MarkerView : public QWidget {
 public:
-    using QWidget::QWidget;
+    MarkerView(bool endsSection, QWidget *parent) : QWidget(parent), endsSection_(endsSection) { setCursor(Qt::SizeHorCursor); }
 
 protected:
     void paintEvent(QPaintEvent * /*event*/) override
@@ -77,8 +79,11 @@ protected:
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette().color(isEnabled() ? QPalette::Highlight : QPalette::Mid));
         const QRectF area(rect());
-        painter.drawPolygon(QPolygonF({area.topLeft(), area.topRight(), {area.center().x(), area.bottom()}}));
+        painter.drawPolygon(QPolygonF({area.topLeft(), area.topRight(), endsSection_ ? area.bottomLeft() : area.bottomRight()}));
     }
+
+private:
+    bool endsSection_;
 };
 
 class LineView : public QWidget {
@@ -143,7 +148,73 @@ void ToggleBinder::Show(Aspect aspect)
     }
 }
 
-MarkerBinder::MarkerBinder(Marker &marker, EventGate &gate, QWidget *parent) : Binder(marker, gate, new MarkerView(parent)) {}
+MarkerBinder::MarkerBinder(Marker &marker, EventGate &gate, QWidget *parent)
+    : Binder(marker, gate, new MarkerView(marker.endsSection, parent)), marker_(marker)
+{
+    widget()->setAttribute(Qt::WA_NoMousePropagation);
+    events_ = new WidgetEvents(widget(), [this](QEvent &event) { return Look(event); });
+}
+
+MarkerBinder::~MarkerBinder()
+{
+    events_->Stop();
+}
+
+void MarkerBinder::Show(Aspect aspect)
+{
+    if (aspect == Aspect::Place) {
+        const Place place = marker_.place;
+        const int half = place.width / 2;
+        widget()->setGeometry(ToPixels(Place{place.left + (marker_.endsSection ? half : 0), place.top, half, place.height}));
+    }
+}
+
+bool MarkerBinder::Look(QEvent &event)
+{
+    if (marker_.slider == nullptr) {
+        return false;
+    }
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        Take(static_cast<const QMouseEvent &>(event));
+        return true;
+    case QEvent::MouseMove:
+        DragTo(static_cast<const QMouseEvent &>(event));
+        return true;
+    case QEvent::MouseButtonRelease:
+        if (held_ && static_cast<const QMouseEvent &>(event).button() == Qt::LeftButton) {
+            held_ = false;
+            const EventGate::Pass pass(gate());
+            ScrollGesture::LetGo(*marker_.slider);
+        }
+        return true;
+    default:
+        return false;
+    }
+}
+
+void MarkerBinder::Take(const QMouseEvent &event)
+{
+    if (event.button() == Qt::LeftButton) {
+        held_ = true;
+        takenAt_ = event.globalPosition().x();
+        takenValue_ = marker_.slider->value;
+    }
+}
+
+// The marker goes where the hand goes: from where it was taken, not from where it stands.
+void MarkerBinder::DragTo(const QMouseEvent &event)
+{
+    const int travel = ToPixels(marker_.travel);
+    if (!held_ || travel <= 0) {
+        return;
+    }
+    ScrollBar &slider = *marker_.slider;
+    const double moved = (event.globalPosition().x() - takenAt_) / travel * (slider.max - slider.min);
+    const EventGate::Pass pass(gate());
+    ScrollGesture::DragTo(slider, takenValue_ + static_cast<int>(std::lround(moved)));
+}
 
 ScaleLineBinder::ScaleLineBinder(Line &line, EventGate &gate, QWidget *parent)
     : Binder(line, gate, new LineView(parent)), line_(line), drawn_(widget())

@@ -3,8 +3,11 @@
 
 #include "desktop/FittedButton.h"
 #include "desktop/SimpleBinders.h"
+#include "desktop/WidgetEvents.h"
 #include "view/FolderControls.h"
 #include "view/ScaleControls.h"
+
+#include <QMouseEvent>
 
 namespace velluto {
 
@@ -37,12 +40,25 @@ private:
     PictureButton *drawn_;
 };
 
+// A hand on the marker draws its slider along.
 class MarkerBinder : public Binder {
 public:
     MarkerBinder(Marker &marker, EventGate &gate, QWidget *parent);
+    ~MarkerBinder() override;
 
 protected:
-    void Show(Aspect /*aspect*/) override {}
+    void Show(Aspect aspect) override;
+
+private:
+    bool Look(QEvent &event);
+    void Take(const QMouseEvent &event);
+    void DragTo(const QMouseEvent &event);
+
+    Marker &marker_;
+    WidgetEvents *events_; // its widget's
+    bool held_ = false;
+    double takenAt_ = 0; // logical pixels across the screen
+    int takenValue_ = 0; // of the slider
 };
 
 class ScaleLineBinder : public Binder {

@@ -81,6 +81,9 @@ LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(
     drawn->setTextFormat(Qt::PlainText);
     QFont font = drawn->font();
     font.setBold(label.bold);
+    if (label.points > 0) {
+        font.setPointSize(label.points);
+    }
     drawn->setFont(font);
     events_ = new WidgetEvents(drawn, [&label, &gate](QEvent &event) {
         TellMousePress(label, gate, event);

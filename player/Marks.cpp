@@ -93,6 +93,8 @@ void EnableMarks(frmMIDIPlayer &form)
 {
     const std::int32_t length = form.MMControl1.Length();
     constexpr int kLargeSteps = 10;
+    form.Picture2.enabled = true;
+    form.Picture3.enabled = true;
     for (ScrollBar *slider : {&form.HScrollStart, &form.HScrollStop}) {
         slider->enabled = true;
         slider->largeChange = length / kLargeSteps;
@@ -106,8 +108,9 @@ void EnableMarks(frmMIDIPlayer &form)
 
 void DisableMarks(frmMIDIPlayer &form)
 {
-    form.HScrollStart.enabled = false;
-    form.HScrollStop.enabled = false;
+    for (Control *mark : std::initializer_list<Control *>{&form.HScrollStart, &form.HScrollStop, &form.Picture2, &form.Picture3}) {
+        mark->enabled = false;
+    }
     form.LabStart.caption = std::string("Start");
     form.LabStop.caption = std::string("Stop");
     form.LabStart.alignment = Alignment::Centre;

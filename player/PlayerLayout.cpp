@@ -9,7 +9,7 @@ namespace velluto {
 namespace {
 
 constexpr int kMargin = 120;  // round the frames and inside them
-constexpr int kCaption = 285; // of a frame, above what it holds
+constexpr int kCaption = 405; // of a frame, above what it holds
 constexpr int kGap = 90;
 constexpr int kButtonHeight = 390;
 constexpr int kEditHeight = 360;
@@ -17,7 +17,7 @@ constexpr int kLabelHeight = 285;
 
 constexpr int kNarrowWidth = 9600;
 constexpr int kPanelWidth = 4200;
-constexpr int kDeckHeight = 2460;
+constexpr int kDeckHeight = 2880;
 constexpr int kListsHeight = 4200; // at least
 constexpr int kCompilationsWidth = 3000;
 
@@ -26,16 +26,18 @@ constexpr int kPulsWidth = 645;
 constexpr int kPulsHeight = 540;
 constexpr int kPulsGap = 45;
 constexpr int kToggleWidth = 1050;
+constexpr int kReadingsHeight = 585; // of the elapsed time's large letters
 
 // The scale. At each position the tips of the markers, the line in the bar and the middle of a slider's handle stand above
 // each other: the markers begin 100 from the left, the line 30 inside the bar, and neither travels the last 135 of its width.
-constexpr int kBarLeft = 145;
-constexpr int kHalfHandle = 105; // of a slider
-constexpr int kUntravelled = 135;
+constexpr int kMarkerLeft = 100;
+constexpr int kMarkerWidth = 330; // two halves, each wide enough for a hand
+constexpr int kMarkerHeight = 180;
 constexpr int kLineInBar = 30;
+constexpr int kBarLeft = kMarkerLeft + kMarkerWidth / 2 - kLineInBar;
 constexpr int kBarHeight = 240;
-constexpr int kMarkerWidth = 150;
-constexpr int kMarkerHeight = 120;
+constexpr int kUntravelled = 135;
+constexpr int kHalfHandle = 105; // of a slider
 constexpr int kSliderHeight = 330;
 constexpr int kMarkLabelWidth = 780;
 
@@ -69,19 +71,20 @@ void LayOutButtons(frmMIDIPlayer &form, const Holder &deck, int width)
 
 void LayOutReadings(frmMIDIPlayer &form, const Holder &deck, int top, int width)
 {
-    constexpr int kTitleWidth = 780;
-    constexpr int kNumberWidth = 1200;
+    constexpr int kTitleWidth = 900;
+    constexpr int kNumberWidth = 1100;
     constexpr int kPositionWidth = 1800;
+    constexpr int kTimeWidth = 2400;
     int left = kMargin;
     const auto next = [&](Control &control, int taken) {
-        deck.Put(control, {left, top, taken, kLabelHeight});
+        deck.Put(control, {left, top + (kReadingsHeight - kLabelHeight) / 2, taken, kLabelHeight});
         left += taken;
     };
     next(form.Label2[0], kTitleWidth);
     next(form.LabTrackLenght, kNumberWidth);
     next(form.Label2[1], kTitleWidth);
     next(form.LabTrackPosition, kPositionWidth);
-    deck.Put(form.Label1, {width - kMargin - kNumberWidth, top, kNumberWidth, kLabelHeight});
+    deck.Put(form.Label1, {width - kMargin - kTimeWidth, top, kTimeWidth, kReadingsHeight});
 }
 
 // Bar, line and markers stand on one scale with the handles of the sliders below.
@@ -98,6 +101,7 @@ void LayOutScale(frmMIDIPlayer &form, const Holder &deck, int top, int width)
     Holder(form.Picture1).Put(form.Line1, {form.Line1.X1(), 0, 0, kBarHeight});
     for (Marker *marker : {&form.Picture2, &form.Picture3}) {
         deck.Put(*marker, {marker->place.Get().left, markersTop, kMarkerWidth, kMarkerHeight});
+        marker->travel = barWidth - kUntravelled;
     }
     const auto slider = [&](ScrollBar &bar, Label &label, int at) {
         deck.Put(bar, {sliderLeft, at, sliderWidth, kSliderHeight});
@@ -171,9 +175,9 @@ void LayOutPlayer(frmMIDIPlayer &form, Size inside)
     form.Frame1.place = Place{left, kMargin, deckWidth, kDeckHeight};
     const Holder deck(form.Frame1);
     LayOutButtons(form, deck, deckWidth);
-    const int readingsTop = kCaption + kPulsHeight + kGap;
+    const int readingsTop = kCaption + kPulsHeight + kGap / 2;
     LayOutReadings(form, deck, readingsTop, deckWidth);
-    LayOutScale(form, deck, readingsTop + kLabelHeight + kGap, deckWidth);
+    LayOutScale(form, deck, readingsTop + kReadingsHeight, deckWidth);
 
     form.Frame2.place = Place{left, listsTop, kCompilationsWidth, listsHeight};
     LayOutCompilations(form, {kCompilationsWidth, listsHeight});

@@ -51,6 +51,8 @@ void NameControls(frmMIDIPlayer &form)
     form.HScrollStop.toolTip = word(kStopMark);
     form.Picture2.accessibleName = word(kStartMark);
     form.Picture3.accessibleName = word(kStopMark);
+    form.Picture2.toolTip = word(kStartMark);
+    form.Picture3.toolTip = word(kStopMark);
     form.Label1.toolTip = word(kElapsed);
     form.ListComp.accessibleName = word(kCompilations);
     form.Text2.accessibleName = word(kCompilationName);

@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kWindowNormal = 1;
 constexpr int kWindowMinimised = 2;
+constexpr int kTimePoints = 22; // the elapsed time is read from afar
 
 } // namespace
 
@@ -56,7 +57,11 @@ void frmMIDIPlayer::Dress()
     LabStart.caption = std::string("Start");
     LabStop.caption = std::string("Stop");
     Label1.bold = true;
+    Label1.points = kTimePoints;
     Label1.alignment = Alignment::Right;
+    Picture2.slider = &HScrollStart;
+    Picture3.slider = &HScrollStop;
+    Picture3.endsSection = true;
     ListComp.multiSelect = false;
     for (ListBox *list : {&ListComp, &File1, &ListMidiCorr, &ListMidiSel, &FileMidiSel}) {
         list->encoding = ListBox::Encoding::Utf8;

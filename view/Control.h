@@ -94,6 +94,7 @@ public:
     Label(Form &form, std::string name, int index = kNoIndex) : Control(form, std::move(name), index) {}
     Property<Alignment> alignment{*this, Aspect::Caption};
     bool bold = false;
+    int points = 0; // size of its letters; 0: that of the machine's own
     Handler DblClick;
 };
 
