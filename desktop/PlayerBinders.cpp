@@ -69,7 +69,11 @@ QPainterPath PathOf(Glyph glyph)
 
 class MarkerView : public QWidget {
 public:
-    MarkerView(bool endsSection, QWidget *parent) : QWidget(parent), endsSection_(endsSection) { setCursor(Qt::SizeHorCursor); }
+    MarkerView(bool endsSection, QWidget *parent) : QWidget(parent), endsSection_(endsSection)
+    {
+        setCursor(Qt::SizeHorCursor);
+        setMouseTracking(true);
+    }
 
 protected:
     void paintEvent(QPaintEvent * /*event*/) override
@@ -166,6 +170,8 @@ void MarkerBinder::Show(Aspect aspect)
         const Place place = marker_.place;
         const int half = place.width / 2;
         widget()->setGeometry(ToPixels(Place{place.left + (marker_.endsSection ? half : 0), place.top, half, place.height}));
+    } else if (aspect == Aspect::Enabled && !marker_.enabled) {
+        LetGo(); // no release will come
     }
 }
 
@@ -183,10 +189,8 @@ bool MarkerBinder::Look(QEvent &event)
         DragTo(static_cast<const QMouseEvent &>(event));
         return true;
     case QEvent::MouseButtonRelease:
-        if (held_ && static_cast<const QMouseEvent &>(event).button() == Qt::LeftButton) {
-            held_ = false;
-            const EventGate::Pass pass(gate());
-            ScrollGesture::LetGo(*marker_.slider);
+        if (static_cast<const QMouseEvent &>(event).button() == Qt::LeftButton) {
+            LetGo();
         }
         return true;
     default:
@@ -207,6 +211,9 @@ void MarkerBinder::Take(const QMouseEvent &event)
 void MarkerBinder::DragTo(const QMouseEvent &event)
 {
     const int travel = ToPixels(marker_.travel);
+    if (!event.buttons().testFlag(Qt::LeftButton)) { // the release got lost
+        LetGo();
+    }
     if (!held_ || travel <= 0) {
         return;
     }
@@ -214,6 +221,15 @@ void MarkerBinder::DragTo(const QMouseEvent &event)
     const double moved = (event.globalPosition().x() - takenAt_) / travel * (slider.max - slider.min);
     const EventGate::Pass pass(gate());
     ScrollGesture::DragTo(slider, takenValue_ + static_cast<int>(std::lround(moved)));
+}
+
+void MarkerBinder::LetGo()
+{
+    if (held_) {
+        held_ = false;
+        const EventGate::Pass pass(gate());
+        ScrollGesture::LetGo(*marker_.slider);
+    }
 }
 
 ScaleLineBinder::ScaleLineBinder(Line &line, EventGate &gate, QWidget *parent)
@@ -241,6 +257,8 @@ DriveBinder::DriveBinder(DriveList &drives, EventGate &gate, QComboBox *drawn) :
         const EventGate::Pass pass(gate);
         drives.Choose(row);
     });
+    // A wheel turned in passing leads nowhere.
+    events_ = new WidgetEvents(drawn, [drawn](const QEvent &event) { return event.type() == QEvent::Wheel && !drawn->hasFocus(); });
 }
 
 void DriveBinder::Show(Aspect aspect)

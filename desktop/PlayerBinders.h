@@ -53,6 +53,7 @@ private:
     bool Look(QEvent &event);
     void Take(const QMouseEvent &event);
     void DragTo(const QMouseEvent &event);
+    void LetGo();
 
     Marker &marker_;
     WidgetEvents *events_; // its widget's
@@ -83,6 +84,7 @@ protected:
 private:
     DriveList &drives_;
     QComboBox *drawn_;
+    WidgetEvents *events_; // its widget's
 };
 
 } // namespace velluto

@@ -45,6 +45,7 @@ void NameControls(frmMIDIPlayer &form)
         form.MCIPuls[i].toolTip = form.MCIPuls[i].accessibleName;
     }
     form.Picture1.accessibleName = word(kPosition);
+    form.Line1.accessibleName = word(kPosition);
     form.HScrollStart.accessibleName = word(kStartMark);
     form.HScrollStop.accessibleName = word(kStopMark);
     form.HScrollStart.toolTip = word(kStartMark);
@@ -61,6 +62,7 @@ void NameControls(frmMIDIPlayer &form)
     form.DriveMidiSel.accessibleName = word(kDrive);
     form.DirMidiSel.accessibleName = word(kFolder);
     form.ListMidiSel.accessibleName = word(kFolderFiles);
+    form.FileMidiSel.accessibleName = word(kFolderFiles);
 }
 
 } // namespace velluto

@@ -5,6 +5,7 @@
 #include "files/frmStyUserAll.h"
 #include "midi/frmMIDISetup.h"
 #include "midi/frmMsgEx.h"
+#include "player/MMControl.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -25,7 +26,7 @@ protected:
             const auto *widget = window.findChild<QWidget *>(FromUtf8(control->FullName()));
             // The keys are parts of the piano, and named there.
             if (dynamic_cast<const Timer *>(control) != nullptr || dynamic_cast<const MenuEntry *>(control) != nullptr ||
-                dynamic_cast<const PianoKey *>(control) != nullptr) {
+                dynamic_cast<const PianoKey *>(control) != nullptr || dynamic_cast<const MMControl *>(control) != nullptr) {
                 continue;
             }
             ASSERT_NE(widget, nullptr) << control->FullName();
@@ -53,8 +54,9 @@ TEST_F(AccessTest, EveryControlOfEveryWindowHasAName)
     }
     ShowPrfUserAllWindow(program.files);
     ChooseMenu(app.frame.mnuTastiera);
+    ChooseMenu(app.frame.mnuMidiPlayer);
     Settle();
-    ASSERT_EQ(app.children.All().size(), 13U);
+    ASSERT_EQ(app.children.All().size(), 14U);
     for (const Form *form : app.children.All()) {
         EachHasAName(Window(*form), *form);
     }

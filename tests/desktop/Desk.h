@@ -5,6 +5,7 @@
 #include "desktop/ChildWindow.h"
 #include "desktop/ListView.h"
 #include "desktop/QtFace.h"
+#include "desktop/QtTicks.h"
 #include "desktop/Twips.h"
 #include "desktop/Words.h"
 #include "unit/support/TestProgram.h"
@@ -173,8 +174,8 @@ protected:
     StandinPrinter printer;
     StandinSequencer sequencer;
     PosixFolders folders;
-    StandinTicks tickTimer;
     QtFace face;
+    QtTicks tickTimer{face.Gate()};
     Velluto program{Ports{machine, midi, clock, printer, sequencer, folders, tickTimer}, face};
     Modulo1 &app = program.app;
     TestProgram::Language language = TestProgram::English;
