@@ -58,6 +58,8 @@ void NameControls(frmMIDIPlayer &form)
     form.ListComp.accessibleName = word(kCompilations);
     form.Text2.accessibleName = word(kCompilationName);
     form.Text2.toolTip = word(kCompilationName);
+    form.Dir1.accessibleName = word(kFolder);
+    form.File1.accessibleName = word(kCompilations);
     form.ListMidiCorr.accessibleName = word(kCompilationFiles);
     form.DriveMidiSel.accessibleName = word(kDrive);
     form.DirMidiSel.accessibleName = word(kFolder);

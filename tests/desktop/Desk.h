@@ -113,9 +113,13 @@ protected:
     }
     void TearDown() override
     {
+        ++test_;
         app.children.ChildCount = 0;
         face.Detach();
         Settle();
+        // A test that has ended the program has asked Qt to quit: until it has, no later box would stay open.
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QApplication::exec();
     }
     static void Settle()
     {
@@ -153,11 +157,14 @@ protected:
     // A form that lives until the face has let go of it.
     StubForm &NewForm() { return *forms_.emplace_back(std::make_unique<StubForm>()); }
 
-    // Runs once a modal window is up; what it does has to close it.
+    // Runs once a modal window is up; what it does has to close it. Waits no longer than its test.
     template <class Acts>
     static void WhenModal(Acts acts)
     {
-        QTimer::singleShot(0, qApp, [acts] {
+        QTimer::singleShot(0, qApp, [acts, test = test_] {
+            if (test != test_) {
+                return;
+            }
             QWidget *modal = QApplication::activeModalWidget();
             if (modal == nullptr) {
                 WhenModal(acts);
@@ -181,6 +188,7 @@ protected:
     TestProgram::Language language = TestProgram::English;
 
 private:
+    static inline int test_ = 0; // counts them: who still waits for a modal window then gives up
     std::vector<std::unique_ptr<StubForm>> forms_;
 };
 

@@ -303,7 +303,7 @@ TEST_F(PlayerTest, TheRightButtonPopsUpTheEditMenuOnTheWindowAndOnEachFrame)
     }
 }
 
-TEST_F(PlayerTest, ClosedInTheMiddleOfAPlayTheFileIsClosed)
+TEST_F(PlayerTest, ClosedInTheMiddleOfAPlayTheFileIsHeardToItsEnd)
 {
     Open();
     DoubleClickRow(Form().ListMidiSel, 0);
@@ -311,8 +311,12 @@ TEST_F(PlayerTest, ClosedInTheMiddleOfAPlayTheFileIsClosed)
     Window(Form()).close();
     Settle();
     EXPECT_EQ(program.player.window, nullptr);
-    EXPECT_EQ(sequencer.Mode(), SequencerMode::kNotReady);
+    EXPECT_EQ(sequencer.Mode(), SequencerMode::kPlaying);
     EXPECT_TRUE(app.frame.mnuMidiPlayer.enabled);
+    PlayToTheEnd();
+    ChooseMenu(app.frame.mnuMidiPlayer);
+    Settle();
+    EXPECT_EQ(Mode(), SequencerMode::kNotReady);
 }
 
 } // namespace

@@ -44,15 +44,6 @@ away() {
     xdotool mousemove $((piano_left + piano_width / 2)) $((piano_top + 3 * piano_height))
 }
 
-# Notes that were begun and not ended, over all that was heard.
-still_sounding() {
-    heard | awk '
-        $1 ~ /^9/ && $3 != "00" { on[substr($1, 2), $2] = 1; next }
-        $1 ~ /^[89]/ { delete on[substr($1, 2), $2] }
-        $1 ~ /^B/ && $2 == "7B" { for (key in on) if (index(key, substr($1, 2)) == 1) delete on[key] }
-        END { for (key in on) count++; print count + 0 }'
-}
-
 set_stage keyboard "$pictures"
 start_jack
 start_instrument "$instrument" Instrument

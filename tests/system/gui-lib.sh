@@ -120,6 +120,15 @@ heard_lines() {
     [ "$(heard | wc -l)" -ge "$1" ]
 }
 
+# How many notes were begun and not ended, over all that was heard.
+still_sounding() {
+    heard | awk '
+        $1 ~ /^9/ && $3 != "00" { on[substr($1, 2), $2] = 1; next }
+        $1 ~ /^[89]/ { delete on[substr($1, 2), $2] }
+        $1 ~ /^B/ && $2 == "7B" { for (key in on) if (index(key, substr($1, 2)) == 1) delete on[key] }
+        END { for (key in on) count++; print count + 0 }'
+}
+
 # start_program PROGRAM: in its own folder; its process is program_pid.
 start_program() {
     (cd "$stage/home" && exec "$1") >"$stage/program.log" 2>&1 &

@@ -1,0 +1,161 @@
+#!/usr/bin/env bash
+# The MIDI player with a real mouse: a file plays to an instrument that is patched to the player's port; pause, stop, back and
+# forward leave no note sounding; a compilation plays from file to file; without its window a file plays on; the end of the program
+# ends every note.
+#
+#     gui-player.sh PROGRAM INSTRUMENT PICTURES
+set -euo pipefail
+program=$(realpath "$1")
+instrument=$(realpath "$2")
+pictures=$(realpath "$3")
+here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
+# shellcheck source=tests/system/gui-lib.sh
+. "$here/gui-lib.sh"
+
+# song PATH TEMPO EVENTS: a MIDI file of one track with 96 parts to the beat. TEMPO is six digits, the microseconds of a beat;
+# EVENTS are bytes, times and all. Everything in hexadecimal.
+song() {
+    local track length
+    track="00 FF 51 03 ${2:0:2} ${2:2:2} ${2:4:2} $3 00 FF 2F 00"
+    track=${track// /}
+    printf -v length %08x $((${#track} / 2))
+    # shellcheck disable=SC2001 # no pattern of the shell can say "each two"
+    printf '%b' "$(sed 's/../\\x&/g' <<<"4D546864000000060000000100604D54726B$length$track")" >"$1"
+}
+
+# Where the player stands: below the first line in the colour of an active title, at the left edge of the frame.
+find_player() {
+    take "$stage/now.ppm"
+    player_top=$(convert "$stage/now.ppm" -crop "1x500+1+0" +repage txt: |
+        awk -F '[,:]' '/#8E2446/ && !seen++ { print $2 }')
+    [ -n "$player_top" ] || fail "no player on the screen"
+}
+
+# at LEFT TOP COMMAND...: with the pointer on that place of the form, in its own twips.
+at() {
+    local border=4 title=24 twips=15
+    xdotool mousemove $((border + $1 / twips)) $((player_top + title + $2 / twips))
+    shift 2
+    "$@"
+}
+
+click_here() {
+    xdotool click 1
+}
+
+double_click_here() {
+    xdotool click --repeat 2 --delay 50 1
+}
+
+shift_click_here() {
+    xdotool keydown Shift_L click 1 keyup Shift_L
+}
+
+# The controls, by the middle of each.
+transport() { # 0 to 6
+    at $((560 + $1 * 690)) 795 click_here
+}
+play_all() { at 6825 795 click_here; }
+file_panel() { at 8400 795 click_here; }
+new_compilation() { at 900 6975 click_here; }
+add_selected() { at 4800 6495 click_here; }
+compilation_row() { # ROW [WAY OF CLICKING]
+    at 4500 $((3660 + $1 * 270)) "${2-click_here}"
+}
+folder_row() {
+    at 10500 $((3670 + $1 * 270)) "${2-click_here}"
+}
+
+is_sounding() {
+    [ "$(still_sounding)" -gt 0 ]
+}
+
+is_silent() {
+    [ "$(still_sounding)" -eq 0 ]
+}
+
+# Silent, and staying so while the screen stands still.
+await_silence() {
+    local lines
+    wait_until "silence after $1" is_silent
+    lines=$(heard | wc -l)
+    settle
+    [ "$(heard | wc -l)" -eq "$lines" ] || fail "the instrument was sent more after $1: $(heard | tail -n 3)"
+}
+
+player_port_is_there() {
+    jack_lsp | grep -qx 'Velluto:Velluto player'
+}
+
+# expect_since LINES MESSAGES: what the instrument has heard next after so many lines.
+expect_since() {
+    local lines
+    lines=$(heard | sed -n "$(($1 + 1)),$(($1 + $(wc -l <<<"$2")))p")
+    [ "$lines" = "$2" ] || fail "the instrument heard: $lines"
+}
+
+set_stage player "$pictures"
+start_jack
+start_instrument "$instrument" Instrument
+
+# Two short files of 50 ms to the beat, and one of ten minutes whose notes of a second leave no gap.
+song "$stage/home/a.mid" 00C350 '00 C0 05 00 90 3C 64 60 90 3C 00 00 90 3E 64 60 90 3E 00'
+song "$stage/home/b.mid" 00C350 '00 C1 07 00 91 40 50 60 81 40 40'
+a=$'C0 05\n90 3C 64\n90 3C 00\n90 3E 64\n90 3E 00'
+b=$'C1 07\n91 40 50\n81 40 40'
+long=
+for ((second = 0; second < 600; second++)); do
+    long+='00 90 30 64 60 80 30 40 '
+done
+song "$stage/home/long.mid" 0F4240 "$long"
+
+start_in_english "$program"
+changing press alt+i
+find_player
+changing file_panel
+changing folder_row 0
+wait_until "the player's port" player_port_is_there
+jack_connect 'Velluto:Velluto player' Instrument:midi_in
+transport 2
+wait_until "the first file" heard_lines 5
+expect_since 0 "$a"
+
+changing folder_row 2 double_click_here
+wait_until "a note" is_sounding
+transport 3
+await_silence "a pause"
+transport 3
+wait_until "a note after the pause" is_sounding
+transport 5
+transport 5
+wait_until "a note after going forward" is_sounding
+transport 4
+wait_until "a note after going back" is_sounding
+transport 6
+await_silence "a stop"
+
+changing new_compilation
+changing xdotool type --delay 10 Evening
+changing folder_row 0
+changing folder_row 2 shift_click_here
+changing add_selected
+changing compilation_row 0
+changing play_all
+before=$(heard | wc -l)
+transport 2
+wait_until "all files" heard_lines $((before + 9))
+import -window root "$pictures/player.png"
+expect_since "$before" "$a"$'\n'"$b"$'\n90 30 64'
+
+changing press ctrl+F4 # the window goes, the music does not
+before=$(heard | wc -l)
+wait_until "more notes without the window" heard_lines $((before + 2))
+
+changing press alt+f
+press x
+wait_until "the end of the program" program_has_gone
+status=0
+wait "$program_pid" || status=$?
+[ "$status" -eq 0 ] || fail "the program ended with $status"
+wait_until "silence after the end of the program" is_silent
+say "The instrument heard the files, and nothing sounds on"
