@@ -19,6 +19,7 @@ package=$(find build/release -maxdepth 1 -name '*.deb' | head -n 1)
 cp "$package" build/
 
 root=$(mktemp -d)
+chmod 755 "$root" # it is everybody's there
 # shellcheck disable=SC2317 # a trap reaches it
 leave() {
     trap - EXIT INT TERM
