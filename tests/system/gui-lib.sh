@@ -57,7 +57,7 @@ leave_stage() {
         [ ! -s "$stage/program.log" ] || cat "$stage/program.log" >&2
     fi
     end_processes "${started_pids[@]}"
-    rm -rf "$stage"
+    rm -rf --one-file-system "$stage" || true
     exit "$status"
 }
 
