@@ -92,6 +92,9 @@ mkdir -p build
 check format check_format
 check rooms tools/check-rooms
 check coverage tools/check-coverage
+if command -v x86_64-w64-mingw32-g++-posix >/dev/null; then
+    check windows tools/check-windows
+fi
 tests dev
 if ! $quick; then
     if [ -f build/dev/compile_commands.json ]; then

@@ -1,30 +1,17 @@
 // The ALSA sequencer as a MIDI system. It is looked at, since RtMidi passes none of its announcements on.
 #pragma once
 
-#include "platform/rtmidi/MidiSystem.h"
-
-#include <memory>
-#include <mutex>
+#include "platform/rtmidi/ListedSystem.h"
 
 namespace velluto {
 
-class AlsaSystem : public MidiSystem {
+class AlsaSystem : public ListedSystem {
 public:
-    [[nodiscard]] RtMidi::Api Api() const override { return RtMidi::LINUX_ALSA; }
-    [[nodiscard]] bool Alive() const override { return connected_.load(); }
-    bool Connect() override;
-    std::vector<std::string> Names(PortKind kind) override;
-    [[nodiscard]] bool TellsChanges() const override { return false; }
-    bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
-    void Settle(const std::string & /*portName*/) override {} // ALSA connects at once
-    void LetPass() override {}                                // and delivers at once
-    std::unique_ptr<SourcePort> MakeSource() override;
+    AlsaSystem() : ListedSystem(RtMidi::LINUX_ALSA) {}
 
-private:
-    std::mutex mutex_;                   // the two objects are asked by the interface thread and by the one that watches
-    std::unique_ptr<RtMidiOut> outputs_; // kept for listing; a new one for each look would leak clients
-    std::unique_ptr<RtMidiIn> inputs_;
-    std::atomic<bool> connected_ = false;
+protected:
+    // Without its device RtMidi's constructor fails and tells the standard error stream so, twice over.
+    [[nodiscard]] bool Present() const override;
 };
 
 } // namespace velluto

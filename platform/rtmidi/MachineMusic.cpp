@@ -1,10 +1,13 @@
 #include "platform/rtmidi/MachineMusic.h"
 
 #include "platform/fluidsynth/Synthesizer.h"
-#include "platform/rtmidi/AlsaSystem.h"
-#include "platform/rtmidi/JackSystem.h"
+#include "platform/rtmidi/ListedSystem.h"
 #include "platform/rtmidi/MachineMidi.h"
 #include "platform/rtmidi/MachineOutputs.h"
+#ifdef __linux__
+#include "platform/rtmidi/AlsaSystem.h"
+#include "platform/rtmidi/JackSystem.h"
+#endif
 
 #include <algorithm>
 
@@ -19,12 +22,20 @@ std::vector<std::unique_ptr<RtMidiPorts>> MakeSystems()
     RtMidi::getCompiledApi(compiled);
     const auto has = [&](RtMidi::Api api) { return std::ranges::find(compiled, api) != compiled.end(); };
     std::vector<std::unique_ptr<RtMidiPorts>> systems;
+#ifdef __linux__
     if (has(RtMidi::LINUX_ALSA)) {
         systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<AlsaSystem>()));
     }
     if (has(RtMidi::UNIX_JACK)) {
         systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<JackSystem>()));
     }
+#else
+    for (const RtMidi::Api api : {RtMidi::WINDOWS_MM, RtMidi::MACOSX_CORE}) {
+        if (has(api)) {
+            systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<ListedSystem>(api)));
+        }
+    }
+#endif
     return systems;
 }
 

@@ -3,7 +3,9 @@
 #include "platform/rtmidi/WholeFile.h"
 #include "platform/sequencer/MidiFile.h"
 
+#ifdef __linux__
 #include <sys/prctl.h>
+#endif
 
 #include <new>
 #include <system_error>
@@ -24,6 +26,14 @@ Moment Now()
 Clock::time_point TimePointOf(Moment moment)
 {
     return Clock::time_point(std::chrono::duration_cast<Clock::duration>(std::chrono::nanoseconds(moment)));
+}
+
+// The calling thread's waits end when they are to, where the system has to be asked for that.
+void WakeOnTime()
+{
+#ifdef __linux__
+    ::prctl(PR_SET_TIMERSLACK, 1UL); // nanosecond, instead of 50 microseconds
+#endif
 }
 
 // What the user reads where the file is not even bytes; empty where it is.
@@ -199,7 +209,7 @@ void MachineSequencer::Send(std::span<const std::uint8_t> message, Moment due)
 
 void MachineSequencer::Run()
 {
-    ::prctl(PR_SET_TIMERSLACK, 1UL); // nanosecond, instead of 50 microseconds
+    WakeOnTime();
     std::unique_lock lock(mutex_);
     while (!ending_) {
         const SongPlayer::Step step = player_.Run(Now(), kBurst);

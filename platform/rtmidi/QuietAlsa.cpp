@@ -1,5 +1,7 @@
 #include "platform/rtmidi/QuietAlsa.h"
 
+#ifdef __linux__
+
 #include <alsa/asoundlib.h>
 
 namespace velluto {
@@ -17,3 +19,9 @@ void QuietAlsa()
 }
 
 } // namespace velluto
+
+#else
+
+void velluto::QuietAlsa() {}
+
+#endif

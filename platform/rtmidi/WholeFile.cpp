@@ -1,66 +1,35 @@
 #include "platform/rtmidi/WholeFile.h"
 
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
 
 namespace velluto {
 
-namespace {
-
-class Descriptor {
-public:
-    explicit Descriptor(const std::string &path) : number_(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
-    ~Descriptor()
-    {
-        if (number_ >= 0) {
-            ::close(number_);
-        }
-    }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-
-    [[nodiscard]] int Number() const { return number_; }
-
-private:
-    int number_;
-};
-
-// False where the bytes could not all be read.
-bool Fill(int descriptor, std::span<std::uint8_t> bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t got = ::read(descriptor, bytes.data(), bytes.size());
-        if (got < 0 && errno == EINTR) {
-            continue;
-        }
-        if (got <= 0) {
-            return false;
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(got));
-    }
-    return true;
-}
-
-} // namespace
-
 FileReading ReadWholeFile(const std::string &path, std::size_t limit, SharedBytes &bytes)
 {
-    const Descriptor file(path);
-    if (file.Number() < 0) {
-        return errno == ENOENT || errno == ENOTDIR ? FileReading::NotFound : FileReading::NotReadable;
+    const std::filesystem::path file(std::u8string(path.begin(), path.end()));
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(file, error);
+    if (status.type() == std::filesystem::file_type::not_found) {
+        return FileReading::NotFound;
     }
-    struct stat about {};
-    if (::fstat(file.Number(), &about) != 0 || !S_ISREG(about.st_mode)) {
+    if (status.type() != std::filesystem::file_type::regular) {
         return FileReading::NotReadable;
     }
-    const auto size = static_cast<std::size_t>(about.st_size);
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    if (error) {
+        return FileReading::NotReadable;
+    }
     if (size > limit) {
         return FileReading::TooLarge;
     }
-    bytes = SharedBytes(size);
-    return Fill(file.Number(), bytes.Writable()) ? FileReading::Success : FileReading::NotReadable;
+    std::ifstream stream(file, std::ios::binary);
+    bytes = SharedBytes(static_cast<std::size_t>(size));
+    const std::span<std::uint8_t> room = bytes.Writable();
+    // The stream's own view of bytes.
+    stream.read(reinterpret_cast<char *>(room.data()), static_cast<std::streamsize>(room.size()));
+    return stream ? FileReading::Success : FileReading::NotReadable;
 }
 
 } // namespace velluto
