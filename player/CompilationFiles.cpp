@@ -32,10 +32,8 @@ std::vector<std::string> CompilationFiles(const Modulo1 &app)
 {
     std::vector<ListedFile> files;
     (void)app.ports.folders.Files(app.paths.AppDir, "*.cmp", files);
-    std::vector<std::string> names;
-    for (const ListedFile &file : files) {
-        names.push_back(file.name);
-    }
+    std::vector<std::string> names(files.size());
+    std::ranges::transform(files, names.begin(), &ListedFile::name);
     return names;
 }
 

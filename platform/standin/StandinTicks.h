@@ -30,8 +30,8 @@ public:
 
 private:
     struct Event {
-        Milliseconds delay;
-        Milliseconds due; // from now
+        Milliseconds delay{};
+        Milliseconds due{}; // from now
         std::function<void()> callback;
     };
     std::map<TimerId, Event> running_;

@@ -29,8 +29,6 @@ protected:
     static constexpr int kNext = TransportButton::Next;
     static constexpr int kPlay = TransportButton::Play;
     static constexpr int kPause = TransportButton::Pause;
-    static constexpr int kBack = TransportButton::Back;
-    static constexpr int kForward = TransportButton::Forward;
     static constexpr int kStop = TransportButton::Stop;
     void Transported(int button) { PlayerRun::Transport(button); }
 };
@@ -273,113 +271,6 @@ TEST_F(Transport, AFileThatDoesNotOpenInTheSwitchIsNotTold)
     Clock(250); // position 0 is at the stop mark
     EXPECT_FALSE(form().Timer1.enabled);
     EXPECT_EQ(Buttons(), "1110000");
-}
-
-TEST_F(Transport, ForwardStepsBy5PercentAndEstimatesTheTime)
-{
-    StartWithPanel();
-    Click(form().ListMidiSel, 0);
-    Transported(kPlay);
-    Clock(2000); // position 20, 10 ticks
-    Transported(kForward);
-    EXPECT_EQ(device().Mode(), 526);
-    EXPECT_EQ(device().From(), 25);
-    EXPECT_EQ(device().Position(), 25);
-    EXPECT_EQ(state().TickCount, 12); // 25 times 10 by 20
-    EXPECT_TRUE(form().Timer1.enabled);
-    EXPECT_TRUE(session.ticks.Running());
-}
-
-TEST_F(Transport, ForwardStopsAtTheStopMark)
-{
-    StartWithPanel();
-    Click(form().ListMidiSel, 0);
-    Set(form().HScrollStop, 22);
-    Transported(kPlay);
-    Clock(2000);
-    Transported(kForward);
-    EXPECT_EQ(device().From(), 22);
-    EXPECT_EQ(state().TickCount, 12); // as if it had gone all the way
-}
-
-TEST_F(Transport, ForwardAtTheVeryStartLeavesTheTime)
-{
-    StartWithPanel();
-    Click(form().ListMidiSel, 0);
-    Transported(kPlay);
-    state().TickCount = 4;
-    Transported(kForward);
-    EXPECT_EQ(device().From(), 5);
-    EXPECT_EQ(state().TickCount, 4);
-}
-
-TEST_F(Transport, ForwardFromPausedPlays)
-{
-    StartWithPanel();
-    Click(form().ListMidiSel, 0);
-    Transported(kPlay);
-    Clock(2000);
-    Transported(kPause);
-    Transported(kForward);
-    EXPECT_EQ(device().Mode(), 526);
-    EXPECT_EQ(Buttons(), "1111111"); // as the pause has left them
-}
-
-TEST_F(Transport, BackGoesToTheNearestPositionBeforeWhoseTimeIsKnown)
-{
-    StartWithPanel();
-    Click(form().ListMidiSel, 0);
-    Transported(kPlay);
-    Clock(2000); // Timer1 has seen 2, 5, 7, 10, 12, 15, 17, 20
-    EXPECT_EQ(state().TickMap[15], 7);
-    EXPECT_EQ(state().TickMap[12], 6);
-    EXPECT_EQ(state().TickMap[13], 0);
-    Transported(kBack); // 15
-    EXPECT_EQ(device().From(), 15);
-    EXPECT_EQ(state().TickCount, 7);
-    Clock(100);         // 16
-    Transported(kBack); // 11: nothing is known there, at 10 it is
-    EXPECT_EQ(device().From(), 10);
-    EXPECT_EQ(state().TickCount, 5);
-    EXPECT_EQ(device().Mode(), 526);
-}
-
-TEST_F(Transport, BackStopsAtTheStartMark)
-{
-    StartWithPanel();
-    Click(form().ListMidiSel, 0);
-    Set(form().HScrollStart, 30);
-    Transported(kPlay);
-    Clock(250); // 32
-    state().TickMap[30] = 1;
-    Transported(kBack);
-    EXPECT_EQ(device().From(), 30);
-    EXPECT_EQ(state().TickCount, 1);
-}
-
-TEST_F(Transport, BackWithoutAKnownTimeGoesToTheBeginning)
-{
-    StartWithPanel();
-    Click(form().ListMidiSel, 0);
-    Set(form().HScrollStart, 30);
-    Transported(kPlay);
-    Clock(100);
-    Transported(kBack); // the start mark, or the nearest earlier position for which a time is known
-    EXPECT_EQ(device().From(), 0);
-    EXPECT_EQ(state().TickCount, 0);
-}
-
-TEST_F(Transport, BackFromBeyondTheTableFallsToItsLastKnownPosition)
-{
-    session.sequencer.songs[At("d/a.mid")].length = 100000;
-    StartWithPanel();
-    Click(form().ListMidiSel, 0);
-    Set(form().HScrollStart, 40000);
-    Transported(kPlay);
-    state().TickMap[29999] = 77;
-    Transported(kBack);
-    EXPECT_EQ(device().From(), 29999);
-    EXPECT_EQ(state().TickCount, 77);
 }
 
 TEST_F(Transport, StopRewindsByTheEventThatFollows)
