@@ -5,7 +5,8 @@
     key_latency.py X Y PRESSES datagrams      notes come as datagrams to the group and port of MIDI over a network
 
 Prints the median, the 95th and the greatest of the times from the pressed button, as it is handed to the display, to the
-Note On, in milliseconds. Both ends read the same monotonic clock.
+Note On, in milliseconds, and how many notes never came: a MIDI server that is kept from running in time skips a period with
+all that is in it. Both ends read the same monotonic clock.
 """
 import random
 import select
@@ -19,7 +20,8 @@ from Xlib import X, display
 from Xlib.ext import xtest
 
 GROUP, PORT = "225.0.0.37", 21928
-PATIENCE = 5.0
+PATIENCE = 1.0
+MOST_LOST = 0.1  # of the presses; beyond that there is no telling what was measured
 STRIDE = 40  # pixels to the other key: at the same place again it would be a double click, which not every program plays
 WARM = 20
 NOTE_OFF, NOTE_ON = 0x80, 0x90
@@ -59,13 +61,13 @@ class Datagrams:
 
 
 def await_status(source, wanted):
-    """When the next message of this status came. What came before it is of no interest."""
+    """When the next message of this status came, or None. What came before it is of no interest."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
         for when, status in source.messages():
             if status & 0xF0 == wanted:
                 return when
-    sys.exit(f"no message {wanted:02X} came")
+    return None
 
 
 def main():
@@ -80,6 +82,7 @@ def main():
     for _ in source.messages():
         pass
     taken = []
+    lost = 0
     for number in range(WARM + presses):
         fake(X.MotionNotify, x=x + number % 2 * STRIDE, y=y)
         time.sleep(random.uniform(0.005, 0.025))  # in step with nobody's period
@@ -88,10 +91,14 @@ def main():
         came = await_status(source, NOTE_ON)
         fake(X.ButtonRelease, 1)
         await_status(source, NOTE_OFF)
-        if number >= WARM:
+        if came is None:
+            lost += 1
+            if lost > MOST_LOST * presses:
+                sys.exit("too many notes never came")
+        elif number >= WARM:
             taken.append((came - pressed) * 1000)
     taken.sort()
-    print(f"{statistics.median(taken):.2f} {taken[len(taken) * 95 // 100]:.2f} {taken[-1]:.2f}")
+    print(f"{statistics.median(taken):.2f} {taken[len(taken) * 95 // 100]:.2f} {taken[-1]:.2f} {lost}")
 
 
 if __name__ == "__main__":

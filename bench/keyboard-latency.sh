@@ -35,7 +35,7 @@ start_in_english "$root/build/release/velluto"
 choose_last_output PA80:midi_in
 changing press alt+v
 changing press k
-read -r ours ours_95 ours_most < <(/usr/bin/python3 bench/key_latency.py 100 250 "$presses" heard "$stage/heard")
+read -r ours ours_95 ours_most ours_lost < <(/usr/bin/python3 bench/key_latency.py 100 250 "$presses" heard "$stage/heard")
 changing press alt+f
 press x
 wait_until "the end of the program" program_has_gone
@@ -55,14 +55,14 @@ wait_until "vmpk" vmpk_is_up
 settle
 xdotool search --name "Virtual MIDI Piano" windowmove 0 0 >/dev/null
 settle
-theirs="" theirs_95="" theirs_most=""
-read -r theirs theirs_95 theirs_most < <(/usr/bin/python3 bench/key_latency.py 100 170 "$presses" datagrams) ||
+theirs="" theirs_95="" theirs_most="" theirs_lost=""
+read -r theirs theirs_95 theirs_most theirs_lost < <(/usr/bin/python3 bench/key_latency.py 100 170 "$presses" datagrams) ||
     complain "vmpk could not be measured here"
 
-row="%-58s %6s ms %5s ms%s   (95%%: %s, most: %s)\n"
+row="%-58s %6s ms %5s ms%s   (95%%: %s, most: %s, lost: %s)\n"
 over=$(awk -v a="$ours" -v m="$most_ms" 'BEGIN { print a <= m ? "" : "  OVER" }')
 # shellcheck disable=SC2059
-printf "$row" "Key press to the byte at the JACK instrument, median" "$ours" "$most_ms" "$over" "$ours_95" "$ours_most"
+printf "$row" "Key press to the byte at the JACK instrument, median" "$ours" "$most_ms" "$over" "$ours_95" "$ours_most" "$ours_lost"
 # shellcheck disable=SC2059
-[ -z "$theirs" ] || printf "$row" "vmpk: key press to the datagram, median" "$theirs" "-" "" "$theirs_95" "$theirs_most"
+[ -z "$theirs" ] || printf "$row" "vmpk: key press to the datagram, median" "$theirs" "-" "" "$theirs_95" "$theirs_most" "$theirs_lost"
 [ -z "$over" ]

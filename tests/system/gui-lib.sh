@@ -104,7 +104,7 @@ start_instrument() {
     mkfifo "$stage/instrument"
     "$@" <>"$stage/instrument" >"$stage/heard" 2>"$stage/instrument.log" &
     started_pids+=($!)
-    wait_until "the instrument" grep -qx ready "$stage/heard"
+    wait_until "the instrument" grep -qsx ready "$stage/heard"
 }
 
 # is_connected PORT: somebody plays into it.
