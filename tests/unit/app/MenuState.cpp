@@ -55,7 +55,9 @@ struct MenuStateTest : testing::Test {
 TEST_F(MenuStateTest, WithoutAChildTheFileMenuOffersNoCloseNoSaveNoPrint)
 {
     menu.mnuSalva.enabled = true;
+    menu.mnuSalvaAs.enabled = true;
     menu.mnuChiudi.enabled = true;
+    menu.mnuStampa.enabled = true;
     run.program.files.OpenChainCode = 5;
     DropMenu(menu.mnuFile);
     EXPECT_FALSE(menu.mnuChiudi.enabled);
@@ -194,6 +196,7 @@ TEST_F(MenuStateTest, ALanguageChangeAndBackShowsTwoBoxesAndChangesNothingElse)
     run.Choose(menu.mnuInglese);
     EXPECT_EQ(app.settings.Lingua, 2);
     EXPECT_TRUE(menu.mnuInglese.checked);
+    EXPECT_FALSE(menu.mnuItaliano.checked);
     EXPECT_EQ(app.messages.LinguaBase, 200);
     EXPECT_EQ(menu.mnuView.caption.Get(), "&View");
     ASSERT_EQ(run.face.boxes.size(), 2U);
@@ -229,6 +232,15 @@ TEST_F(MenuStateTest, ExitClosesDevicesWritesTheSettingsAndTheFrameGoes)
     EXPECT_EQ(app.CurrentOperation, "Closing MIDI out device");
     EXPECT_EQ(run.Ini().at(20 - 1), 0); // the output device chosen
     EXPECT_TRUE(run.face.boxes.empty());
+}
+
+TEST_F(MenuStateTest, ExitWithThruOffHasNothingToLetGo)
+{
+    run.Choose(menu.mnuDevMIDIOut[0]);
+    run.Choose(menu.mnuDevMIDIIn[0]);
+    run.midi.thru.clear();
+    run.Exit();
+    EXPECT_TRUE(run.midi.thru.empty());
 }
 
 TEST_F(MenuStateTest, ExitWithoutDevicesClosesNone)

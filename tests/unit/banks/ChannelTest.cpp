@@ -117,6 +117,19 @@ TEST(Channel, AnOverviewWithoutASelectedRowHasNone)
     EXPECT_EQ(ResolveChannel(link.recall, other), 99);
 }
 
+TEST(Channel, AnOverviewWithoutASelectedRowDoesNotTakeTheRoleOfTheLastLookup)
+{
+    RolesLink link;
+    link.settings.PcgDocTable[9].Role = 5;
+    EXPECT_EQ(link.Channel(14, 9), 4);
+    PerformanceOverview performances(24);
+    EXPECT_EQ(ResolveChannel(link.recall, performances), 99);
+    for (int kind = 25; kind <= 28; ++kind) {
+        StyleOverview styles(kind);
+        EXPECT_EQ(ResolveChannel(link.recall, styles), 99) << kind;
+    }
+}
+
 TEST(Channel, OnlyTheFirst8And16RowsOfAnOverviewAreLookedAt)
 {
     RolesLink link;

@@ -152,6 +152,32 @@ TEST_F(FactoryWindowTest, AWindowComesBackWhereItStood)
     EXPECT_EQ(Entry(2).MinWidth, kBankNatural.width);
 }
 
+TEST_F(FactoryWindowTest, AnEntryThatWasNeverLaidOutGivesAwayItsOldPlace)
+{
+    Entry(1).Left = 700;
+    Entry(1).Top = -300;
+    EXPECT_EQ(Bank(2).place.Get(), kBankNatural);
+    EXPECT_EQ(Entry(1).Left, 0);
+    EXPECT_EQ(Entry(1).Top, 0);
+}
+
+TEST_F(FactoryWindowTest, AResizeAndACloseChangeNothingOfTheOtherWindowsEntry)
+{
+    frmBank117 &first = Bank(2);
+    Entry(1).Role = 7;
+    Bank(3);
+    app.children.Resize(first, kBankNatural.width + 300, kBankNatural.height);
+    EXPECT_EQ(Entry(1).Role, 7);
+    EXPECT_EQ(Entry(1).Width, kBankNatural.width + 300);
+    EXPECT_EQ(Entry(2).Role, 2);
+    EXPECT_EQ(Entry(2).Width, kBankNatural.width);
+    Bank(4);
+    run.Close(first);
+    EXPECT_EQ(Entry(1).Role, 7);
+    EXPECT_EQ(Entry(1).State, 0);
+    EXPECT_EQ(Entry(3).State, 1);
+}
+
 TEST_F(FactoryWindowTest, AStyleListThatClosesFreesItsOwnCommandAndEntry)
 {
     frmSty &second = Styles(2);

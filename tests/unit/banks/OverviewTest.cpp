@@ -148,6 +148,15 @@ TEST(Overview, OfTheTwoOnlyThePerformancesArmTheMonitorWithoutAChannel)
     EXPECT_EQ(link.files.CurrentPrfSlot, 0);
 }
 
+TEST(Overview, WithAChannelTheStylesArmTheMonitorToo)
+{
+    OverviewLink link;
+    StyleOverview styles(25);
+    styles.Pick(3, 0);
+    SelectFromOverview(link.recall, styles, 3);
+    EXPECT_TRUE(link.midi.MonitorEnabled);
+}
+
 TEST(Overview, AListThatTheWindowDoesNotHaveDoesNothing)
 {
     OverviewLink link;

@@ -137,6 +137,38 @@ TEST(Monitor, AllNotesOffShowsASecondLineOfTwoBytes)
     EXPECT_EQ(form.Text1.text.Get(), "B1 7B 00 \r\n\r\nB1 7B \r\n\r\n");
 }
 
+TEST(Monitor, OnADisarmedPathANoteOnlyClears)
+{
+    MonitorLink link;
+    link.OpenOneOut();
+    frmMsgEx &form = link.Open();
+    SendNoteOn(link.midi, 1, 60, 100);
+    link.midi.SendArmed = false;
+    SendNoteOff(link.midi, 1, 60, 0);
+    EXPECT_EQ(form.Text1.text.Get(), "");
+}
+
+TEST(Monitor, OnADisarmedPathAllNotesOffShowsItsTwoBytesAlone)
+{
+    MonitorLink link;
+    link.OpenOneOut();
+    frmMsgEx &form = link.Open();
+    SendNoteOn(link.midi, 1, 60, 100);
+    link.midi.SendArmed = false;
+    SendAllNotesOff(link.midi, 1);
+    EXPECT_EQ(form.Text1.text.Get(), "B1 7B \r\n\r\n");
+}
+
+TEST(Monitor, WithoutADeviceANoteLeavesWhatStandsThere)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    MonitorReport(link.midi, "\xB0");
+    SendNoteOn(link.midi, 1, 60, 100);
+    SendNoteOff(link.midi, 1, 60, 0);
+    EXPECT_EQ(form.Text1.text.Get(), "B0 \r\n\r\n");
+}
+
 TEST(MonitorWindow, TheFirstOpeningHasItsNaturalSizeAtTheTopLeft)
 {
     MonitorLink link;
@@ -239,6 +271,26 @@ TEST(MonitorWindow, MinimisedItsStateIs2AndRestored1)
     EXPECT_EQ(link.entry.State, 2);
     link.app.children.Restore(form);
     EXPECT_EQ(link.entry.State, 1);
+}
+
+TEST(MonitorWindow, MaximisedItsStateStaysWhatItWas)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    link.app.children.Minimise(form);
+    link.app.children.Maximise(form);
+    EXPECT_EQ(link.entry.State, 2);
+}
+
+TEST(MonitorWindow, WhileALoadRunsAResizeStoresNothing)
+{
+    MonitorLink link;
+    frmMsgEx &form = link.Open();
+    const Size natural = link.Natural();
+    link.app.children.RestoringLayout = true;
+    link.app.children.Resize(form, natural.width + 900, natural.height + 900);
+    EXPECT_EQ(link.entry.Width, natural.width);
+    EXPECT_EQ(link.entry.Height, natural.height);
 }
 
 TEST(MonitorWindow, TheTextFillsTheInnerSizeLess400InHeight)

@@ -28,6 +28,15 @@ TEST(Roles, TheLowestChannelWithTheRoleWins)
     EXPECT_EQ(ChannelForRole(settings, 14), 15);
 }
 
+TEST(Roles, EachOfTheFourteenFindsItsChannel)
+{
+    Settings settings;
+    settings.ChannelRole = {0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14};
+    for (int role = 1; role <= 14; ++role) {
+        EXPECT_EQ(ChannelForRole(settings, role), role + 1) << role;
+    }
+}
+
 TEST(Roles, OffAndRolesThatNoChannelHasGiveNothing)
 {
     Settings settings;
@@ -142,6 +151,16 @@ TEST(Setup, AChoiceTakesEffectOnlyWhenTheWindowIsLeft)
     EXPECT_EQ(link.roles[4], 0);
     form.Form_Deactivate();
     EXPECT_EQ(link.roles[4], 7);
+}
+
+TEST(Setup, ABoxSetToOffSwitchesItsChannelOff)
+{
+    SetupLink link;
+    link.roles[0] = 2;
+    frmMIDISetup &form = link.Open();
+    form.Combo1[1].ListIndex = 0;
+    form.Form_Deactivate();
+    EXPECT_EQ(link.roles[0], 0);
 }
 
 TEST(Setup, LosingTheFocusTakesTheChoicesOverWhileStateIs1)

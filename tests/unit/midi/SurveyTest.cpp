@@ -106,6 +106,34 @@ TEST(Survey, ADeviceWhoseQueryFailsIsNotValid)
     EXPECT_STREQ(link.midi.MidiOutCaps[2].name.data(), "Out 2");
 }
 
+TEST(Survey, AnInputWhoseQueryFailsIsNotValidAndStaysClosed)
+{
+    MidiLink link;
+    link.AddOuts(1);
+    link.AddIns(2);
+    link.devices.ins[1].codes.caps = 2;
+    link.app.settings.MidiOutDev = 0;
+    link.app.settings.MidiInDev = 1;
+    link.app.settings.ThruOn = true;
+    link.Survey();
+    EXPECT_EQ(link.midi.MidiInValid, (std::array<std::int16_t, 8>{1, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_TRUE(link.midi.MidiOutOpen);
+    EXPECT_FALSE(link.midi.MidiInOpen);
+    EXPECT_FALSE(link.app.settings.ThruOn);
+    EXPECT_TRUE(link.face.boxes.empty());
+}
+
+TEST(Survey, ThePathIsArmedWithAndWithoutADevice)
+{
+    MidiLink none;
+    none.Survey();
+    EXPECT_TRUE(none.midi.SendArmed);
+    MidiLink outputs;
+    outputs.AddOuts(1);
+    outputs.Survey();
+    EXPECT_TRUE(outputs.midi.SendArmed);
+}
+
 TEST(Survey, SavedOutput99OpensNothingAndShowsNothing)
 {
     MidiLink link;
