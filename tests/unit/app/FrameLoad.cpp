@@ -190,6 +190,18 @@ TEST_F(FrameLoadTest, StyleAndPerformanceBanksNameTheirFilesToo)
                     {&menu.mnuPrfUser[20], "20 user twenty.prf"}});
 }
 
+TEST_F(FrameLoadTest, WithoutATiedBankNoOverviewAndNoSubmenuIsOffered)
+{
+    StartOverFile();
+    const std::vector<const MenuEntry *> entries{&menu.mnuStyUserAll,     &menu.mnuStyDirectHD19,  &menu.mnuStyDirectHD123,
+                                                 &menu.mnuStyDirectHD456, &menu.mnuStyDirectHD789, &menu.mnuPrfUserAll,
+                                                 &menu.mnuPrfUser120,     &menu.mnuPcgUser[9],     &menu.mnuStyUser[9],
+                                                 &menu.mnuStyDirectHD[1], &menu.mnuPrfUser[1]};
+    for (const MenuEntry *entry : entries) {
+        EXPECT_FALSE(entry->enabled) << entry->FullName();
+    }
+}
+
 TEST_F(FrameLoadTest, CommandsAreOfferedUnlessTheirBankHoldsNothing)
 {
     ini.PutPath(22, "/music/one.sty");

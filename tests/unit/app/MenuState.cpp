@@ -126,6 +126,20 @@ TEST_F(MenuStateTest, AllChildrenClosed)
     EXPECT_FALSE(menu.mnuChiudi.enabled);
 }
 
+TEST_F(MenuStateTest, RefreshAfterCloseGoesByTheChildrenThatAreLeft)
+{
+    app.children.ChildCount = 1;
+    menu.mnuModifica.enabled = false;
+    menu.mnuWindow.enabled = true;
+    RefreshAfterClose(app);
+    EXPECT_TRUE(menu.mnuModifica.enabled);
+    EXPECT_TRUE(menu.mnuWindow.enabled);
+    app.children.ChildCount = 0;
+    RefreshAfterClose(app);
+    EXPECT_FALSE(menu.mnuModifica.enabled);
+    EXPECT_FALSE(menu.mnuWindow.enabled);
+}
+
 TEST_F(MenuStateTest, RefreshWindowMenuDoesNotSwitchTheEditMenuOff)
 {
     menu.mnuModifica.enabled = true;

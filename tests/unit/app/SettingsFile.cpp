@@ -51,6 +51,24 @@ TEST_F(SettingsFileTest, DocumentsLieInRecords4To61)
     EXPECT_EQ(settings.PrfDocTable[9].Path.Trimmed(), "");
 }
 
+TEST_F(SettingsFileTest, DocumentsAreWrittenToRecords4To61)
+{
+    Start();
+    settings.PcgDocTable[1].Path.Set("/pcg 1");
+    settings.PcgDocTable[10].Path.Set("/pcg 10");
+    settings.StyDocTable[1].Path.Set("/sty 1");
+    settings.StyDocTable[20].Path.Set("/sty 20");
+    settings.PrfDocTable[1].Path.Set("/prf 1");
+    settings.PrfDocTable[28].Path.Set("/prf 28");
+    IniFile after = ExitAndRead();
+    EXPECT_EQ(after.Text(4, 1, 234), Padded("/pcg 1", 234));
+    EXPECT_EQ(after.Text(13, 1, 234), Padded("/pcg 10", 234));
+    EXPECT_EQ(after.Text(14, 1, 234), Padded("/sty 1", 234));
+    EXPECT_EQ(after.Text(33, 1, 234), Padded("/sty 20", 234));
+    EXPECT_EQ(after.Text(34, 1, 234), Padded("/prf 1", 234));
+    EXPECT_EQ(after.Text(61, 1, 234), Padded("/prf 28", 234));
+}
+
 TEST_F(SettingsFileTest, RecentFilesLieInRecords62To77)
 {
     ini.PutPath(62, "/newest.pcg");
@@ -291,6 +309,8 @@ TEST_F(SettingsFileTest, AReadFailureEndsInSilenceWithWhatHasBeenRead)
 {
     ini.PutText(3, 1, "/music");
     ini.PutPath(4, "/a.pcg");
+    ini.PutPath(14, "/a.sty");
+    ini.PutText(80, 1, "/song.mid");
     ini.At(1, 23) = 9;
     ini.WriteTo(run);
     // Record 1 and record 3 are read, record 4 is not.
@@ -303,6 +323,28 @@ TEST_F(SettingsFileTest, AReadFailureEndsInSilenceWithWhatHasBeenRead)
     EXPECT_EQ(settings.LastDir, "/music");
     EXPECT_EQ(settings.PcgDocTable[1].Path.Trimmed(), "");
     EXPECT_EQ(settings.PcgDocTable[1].Role, 2);
+    EXPECT_EQ(settings.StyDocTable[1].Path.Trimmed(), "") << "nor is anything behind it";
+    EXPECT_EQ(settings.PlayerFile, "");
+}
+
+TEST_F(SettingsFileTest, AFirstRecordThatCannotBeReadIsNoFirstRun)
+{
+    ini.At(1, 23) = 9;
+    ini.WriteTo(run);
+    run.files.faults.push_back({FileFault::Operation::Read, run.At("Velluto.ini"), 57, 1});
+    EXPECT_TRUE(run.Start());
+    EXPECT_EQ(run.languageQuestions, 0);
+    EXPECT_TRUE(run.face.boxes.empty());
+    EXPECT_EQ(run.Ini(), ini.bytes);
+}
+
+TEST_F(SettingsFileTest, AFileThatEndsBehindADocumentHasNoOtherDocument)
+{
+    ini.PutPath(4, "/a.pcg");
+    ini.bytes.resize(500 * 4);
+    Start();
+    EXPECT_EQ(settings.PcgDocTable[1].Path.Trimmed(), "/a.pcg");
+    EXPECT_EQ(settings.PcgDocTable[2].Path.Trimmed(), "");
 }
 
 TEST_F(SettingsFileTest, ADiskNotReadyWhileReadingIsTriedUntilItIs)
@@ -330,6 +372,23 @@ TEST_F(SettingsFileTest, AWriteFailureIsShownOnceUnderTheClosingTitleAndTheProgr
     IniFile after = IniFile::Of(run);
     EXPECT_EQ(after.Record(3), Padded("/music", 500));
     EXPECT_EQ(after.Record(4), std::string(500, ' '));
+    EXPECT_EQ(after.Record(80), std::string(500, ' '));
+}
+
+TEST_F(SettingsFileTest, BehindAPlayersFolderThatCannotBeWrittenNothingIs)
+{
+    Start();
+    settings.PlayerDir = "/music";
+    settings.PlayerName = "Waltzes";
+    settings.PlayerFile = "/music/one.mid";
+    // Records 1, 3 and 4 to 77 come before the folder's.
+    run.files.faults.push_back({FileFault::Operation::Write, run.At("Velluto.ini"), 0, 76});
+    run.files.faults.push_back({FileFault::Operation::Write, run.At("Velluto.ini"), 61, 1});
+    EXPECT_TRUE(run.Exit());
+    ASSERT_EQ(run.face.boxes.size(), 1U);
+    IniFile after = IniFile::Of(run);
+    EXPECT_EQ(after.Record(78), std::string(500, ' '));
+    EXPECT_EQ(after.Record(79), std::string(500, ' '));
     EXPECT_EQ(after.Record(80), std::string(500, ' '));
 }
 

@@ -243,6 +243,31 @@ TEST(DocumentRecord, EachFieldStandsAtItsPosition)
     }
 }
 
+TEST(DocumentRecord, EachFieldIsReadFromItsPosition)
+{
+    SettingsRecord record = Zeros();
+    record.PutText(1, 234, "/music/a.pcg" + std::string(222, ' '));
+    record.PutWord(235, 16010);
+    record.PutWord(237, 15980);
+    record.PutWord(239, 3000);
+    record.PutWord(241, 4000);
+    record.PutByte(243, 2);
+    record.PutByte(245, 6);
+    record.PutWord(247, 2900);
+    record.PutWord(249, 3900);
+    DocRecord document;
+    TakeDocument(record, document);
+    EXPECT_EQ(document.Path.Trimmed(), "/music/a.pcg");
+    EXPECT_EQ(document.Top, 10);
+    EXPECT_EQ(document.Left, -20);
+    EXPECT_EQ(document.Width, 3000);
+    EXPECT_EQ(document.Height, 4000);
+    EXPECT_EQ(document.State, 2);
+    EXPECT_EQ(document.Tag6, 6);
+    EXPECT_EQ(document.MinWidth, 2900);
+    EXPECT_EQ(document.MinHeight, 3900);
+}
+
 TEST(DocumentRecord, RoleAndTag7AreReadButWrittenAsZero)
 {
     SettingsRecord record = Zeros();

@@ -111,6 +111,7 @@ TEST_F(OverviewWindowTest, StyleListsStandSideBySideAndEachIs58CharactersWide)
         EXPECT_EQ(list.top, window.List1[1].place.Get().top);
         const Place label = window.Label1[k].place;
         EXPECT_EQ(label.left + label.width / 2, list.left + list.width / 2) << "centred";
+        EXPECT_LT(label.width, list.width);
         EXPECT_LE(label.top + label.height, list.top);
         EXPECT_LE(list.left + list.width, window.ScaleWidth());
         EXPECT_LE(list.top + list.height, window.ScaleHeight());
@@ -120,6 +121,19 @@ TEST_F(OverviewWindowTest, StyleListsStandSideBySideAndEachIs58CharactersWide)
     EXPECT_EQ(entry.MinWidth, window.Width());
     EXPECT_EQ(entry.MinHeight, window.Height());
     EXPECT_EQ(entry.Left, 0);
+}
+
+TEST_F(OverviewWindowTest, AnEntryThatWasNeverLaidOutGivesAwayItsOldPlace)
+{
+    WindowPlacement &entry = app.settings.PlacementTable[24];
+    entry.Left = 700;
+    entry.Top = 300;
+    TieSty(9, Styles("one.sty"));
+    run.Choose(app.frame.mnuStyUserAll);
+    EXPECT_EQ(StyAll(25).Left(), 0);
+    EXPECT_EQ(StyAll(25).Top(), 0);
+    EXPECT_EQ(entry.Left, 0);
+    EXPECT_EQ(entry.Top, 0);
 }
 
 TEST_F(OverviewWindowTest, ALabelIsNeverWiderThanItsList)

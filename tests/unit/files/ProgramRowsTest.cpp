@@ -89,6 +89,14 @@ TEST_F(ProgramRowsTest, ASlotByteOf128OrMoreGetsNoRow)
     }
 }
 
+TEST_F(ProgramRowsTest, BehindTheLastEntryNothingIsReadAsOne)
+{
+    Bytes body(24, 0x7E);
+    body[20] = 5;
+    Open(PutItems("a.pcg", {{"Grand Piano", 0, body}}));
+    EXPECT_EQ(RowOf(1, 5), " 006 ");
+}
+
 TEST_F(ProgramRowsTest, ADirectoryThatRunsBeyondTheEndShowsWhatThereIs)
 {
     Bytes file = InstrumentFile({{"First           ", 0, {}}});

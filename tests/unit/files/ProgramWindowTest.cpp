@@ -87,6 +87,16 @@ TEST_F(ProgramWindowTest, CommUserLeavesAMinimisedBankOpen)
     EXPECT_EQ(Record(9).State, 2);
 }
 
+TEST_F(ProgramWindowTest, AClosedWindowLeavesItsKindAndSlotInTheGlobals)
+{
+    Open(Put("a.pcg", FileOfLength(200)));
+    Open(Put("b.pcg", FileOfLength(200)));
+    app.ViewKind = 0;
+    run.Close(Window(1));
+    EXPECT_EQ(app.ViewKind, 14);
+    EXPECT_EQ(files.CurrentPcgSlot, 1);
+}
+
 TEST_F(ProgramWindowTest, CommUserSurvivesAStateThatNoWindowStandsBehind)
 {
     Open(Put("a.pcg", FileOfLength(200)));

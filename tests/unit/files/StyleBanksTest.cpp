@@ -76,6 +76,57 @@ TEST_F(StyleBanksTest, AnOpenBankIsUnloadedBeforeItIsTiedToAnotherFile)
     }
 }
 
+TEST_F(StyleBanksTest, TyingAProgramFileLeavesTheStyleBankOfThatSlotOpen)
+{
+    OpenBank(9, Put("a.sty", FileWithItems({{"Samba", 0}, {"Rumba", 1}})));
+    Open(Put("a.pcg", FileOfLength(200)));
+    Press(Window(1).CommUser[9]);
+    run.Choose(app.frame.mnuPcgUser[9]);
+    Press(Window(1).CommUser[9]);
+    app.children.Sweep();
+    EXPECT_FALSE(HasWindow(9));
+    EXPECT_TRUE(HasSty(9));
+}
+
+TEST_F(StyleBanksTest, OpeningStylesAndPerformancesLeavesTheMarkOfAKnownProgramFile)
+{
+    const std::string styles = Put("a.sty", FileWithItems({{"Samba", 0}, {"Rumba", 1}}));
+    const std::string performances = Put("a.prf", FileWithItems({{"Ballad", 0}}));
+    files.KnownFileFlag = 1;
+    OpenSty(styles);
+    OpenPrf(performances);
+    EXPECT_EQ(files.KnownFileFlag, 1) << "neither was known";
+    run.Close(Sty(1));
+    run.Close(Prf(1));
+    files.KnownFileFlag = 0;
+    OpenSty(styles);
+    OpenPrf(performances);
+    EXPECT_EQ(files.KnownFileFlag, 0) << "both are known now";
+}
+
+TEST_F(StyleBanksTest, ANewFileTakesThePlaceOfItsOwnSlot)
+{
+    StyRecord(0).MinWidth = 100;
+    StyRecord(0).MinHeight = 100;
+    StyRecord(0).Left = 450;
+    StyRecord(0).Top = 600;
+    StyRecord(0).Width = 9000;
+    StyRecord(0).Height = 4500;
+    PrfRecord(0) = StyRecord(0);
+    files.WorkStyRecord = DocRecord();
+    files.WorkPrfRecord = DocRecord();
+    run.Choose(app.frame.mnuStyNuovo);
+    EXPECT_EQ(Sty(0).place.Get(), (Place{450, 600, 9000, 4500}));
+    EXPECT_EQ(files.CurrentStySlot, 0);
+    run.Choose(app.frame.mnuPrfNuovo);
+    EXPECT_EQ(Prf(0).place.Get(), (Place{450, 600, 9000, 4500}));
+    EXPECT_EQ(files.CurrentPrfSlot, 0);
+    run.Choose(app.frame.mnuPcgNuovo64);
+    EXPECT_EQ(files.CurrentPcgSlot, 11);
+    run.Choose(app.frame.mnuPcgNuovo128);
+    EXPECT_EQ(files.CurrentPcgSlot, 12);
+}
+
 TEST_F(StyleBanksTest, AMinimisedBankStaysOpenWhenItIsTied)
 {
     frmStyUN &bank = OpenBank(9, Put("bank.sty", FileWithItems({{"Bossa", 0}})));
