@@ -264,6 +264,22 @@ TEST_F(PerformanceWindowTest, CommUserTiesTheFileWithThisWindowsRectangleAndRole
     EXPECT_EQ(Prf(20).Width(), 9000);
 }
 
+TEST_F(PerformanceWindowTest, CommUserTiesTheNameAndTheRoleOfTheWindowAndNotThoseOfItsSlot)
+{
+    frmPrfUN &file = PerformanceOf(FileWithItems({{"Ballad", 0}}));
+    SaveAs(run.At("b.prf"));
+    ASSERT_EQ(PrfRecord(1).Path.Trimmed(), run.At("a.prf")) << "the slot keeps the old name";
+    const int role = file.Tag.At(TagPosition::Role);
+    PrfRecord(1).Role = static_cast<std::uint8_t>(role + 1);
+    app.frame.mnuPrfUser120.enabled = false;
+    app.frame.mnuPrfUserAll.enabled = false;
+    Press(file.CommUser[12]);
+    EXPECT_EQ(PrfRecord(20).Path.Trimmed(), run.At("b.prf"));
+    EXPECT_EQ(PrfRecord(20).Role, role);
+    EXPECT_TRUE(app.frame.mnuPrfUser120.enabled);
+    EXPECT_TRUE(app.frame.mnuPrfUserAll.enabled);
+}
+
 TEST_F(PerformanceWindowTest, TheCaptionOfABankBelowTenLosesItsBlank)
 {
     EXPECT_EQ(app.frame.mnuPrfUser[3].caption.Get().substr(0, 2), " 3");

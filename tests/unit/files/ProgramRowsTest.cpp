@@ -173,6 +173,16 @@ TEST_F(ProgramRowsTest, ANewFileOf128PlacesHasRowsAndNoImage)
     EXPECT_EQ(Record(12).Path.Trimmed(), "") << "the invented name stays in the window";
 }
 
+TEST_F(ProgramRowsTest, ANewFileHasItsOwnPlacesWhateverWasReadBefore)
+{
+    Open(PutItems("large.pcg", {{"Alone", 64, {}}}));
+    run.Choose(app.frame.mnuPcgNuovo64);
+    EXPECT_EQ(Window(11).List1.ListCount(), 64);
+    Open(PutItems("small.pcg", {{"Alone", 63, {}}}));
+    run.Choose(app.frame.mnuPcgNuovo128);
+    EXPECT_EQ(Window(12).List1.ListCount(), 128);
+}
+
 TEST_F(ProgramRowsTest, NewFilesTakeTheirEntriesUntilTheyClose)
 {
     frmMain &menu = app.frame;
