@@ -84,8 +84,9 @@ window_manager_is_up() {
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
 }
 
-# start_jack [FRAMES]: a MIDI server of its own, with no sound behind it, in periods of so many frames. Always of one of the same few names: JACK keeps a list of eight
-# servers for the whole machine, and takes a killed one off it only for another of its name.
+# start_jack [FRAMES]: a MIDI server of its own, with no sound behind it, in periods of so many frames; long ones, since what a
+# client sends too late for its period is lost, and the machine may be busy. Always of one of the same few names: JACK keeps a list
+# of eight servers for the whole machine, and takes a killed one off it only for another of its name.
 start_jack() {
     export JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
     local number
@@ -94,7 +95,7 @@ start_jack() {
         [ "$(jack_wait -c 2>/dev/null | tail -n 1)" != running ] || continue
         break
     done
-    jackd -n "$JACK_DEFAULT_SERVER" --no-realtime -d dummy -r 48000 -p "${1-256}" >"$stage/jackd.log" 2>&1 &
+    jackd -n "$JACK_DEFAULT_SERVER" --no-realtime -d dummy -r 48000 -p "${1-1024}" >"$stage/jackd.log" 2>&1 &
     started_pids+=($!)
     jack_wait -w -t "$patience" >/dev/null 2>&1 || fail "jackd did not start: $(tail -n 5 "$stage/jackd.log")"
 }
