@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# Takes the picture of the documentation from the program itself: first-click.png, beside this script. It shows a file, the bank
-# that it is tied to, and the bytes that a click on a row has sent. Needs what ./test.sh installs.
+# Takes the pictures of the documentation from the program itself, beside this script. first-click.png shows a file, the bank that
+# it is tied to, and the bytes that a click on a row has sent; player.png the player with a compilation and a marked section.
+# Needs what ./test.sh installs.
 set -euo pipefail
 here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 root=$(realpath "$here/../..")
 cd "$root"
 # shellcheck source=tests/system/gui-lib.sh
 . tests/system/gui-lib.sh
+# shellcheck source=tests/system/player-lib.sh
+. tests/system/player-lib.sh
 screen_width=1280
 screen_height=800
 
@@ -35,3 +38,29 @@ changing click $((grip_x + 740)) $((grip_y + 130))
 
 import -window root -strip "$here/first-click.png"
 say "$here/first-click.png"
+
+long=
+for ((beat = 0; beat < 240; beat++)); do
+    long+='00 90 30 64 60 80 30 40 '
+done
+for title in 'Autumn waltz' 'Blue bossa in A' 'Mazurka no. 3' 'Sunday polka' 'Tango of the lamps'; do
+    song "$stage/home/$title.mid" 07A120 "$long"
+    long+='00 90 30 64 60 80 30 40 '
+done
+changing press alt+i
+find_player
+changing file_panel
+changing new_compilation
+changing xdotool type --delay 10 'Saturday night'
+changing folder_row 0
+changing folder_row 3 shift_click_here
+changing add_selected
+changing compilation_row 1
+bar=$((player_top + 142))
+changing drag 27 "$bar" 122 "$bar"  # the start marker
+changing drag 566 "$bar" 460 "$bar" # the stop marker
+changing repeat
+transport 2
+sleep 5 # for a time to look at
+import -window root -crop "928x522+0+$player_top" +repage -strip "$here/player.png"
+say "$here/player.png"
