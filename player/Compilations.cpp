@@ -191,8 +191,11 @@ void CommCanc_Click(frmMIDIPlayer &form)
     if (name == form.app.settings.PlayerName) {
         form.app.settings.PlayerName.clear();
     }
-    form.ListComp.RemoveItem(row);
-    if (state.CompilationIndex > row) {
+    // The row that goes is the one of that name, on purpose: under the guard another one may have been selected meanwhile.
+    const std::vector<std::string> &names = form.ListComp.Rows();
+    const auto named = static_cast<int>(std::ranges::find(names, name) - names.begin());
+    form.ListComp.RemoveItem(named);
+    if (state.CompilationIndex > named) {
         --state.CompilationIndex;
     }
     const Raised guard(state.SelectionGuard);

@@ -318,6 +318,48 @@ TEST_F(Compilations, DeleteLeavesTheNameOfAnotherOnesOpenFile)
     EXPECT_EQ(state().CompilationIndex, 0); // still that of "two"
 }
 
+TEST_F(Compilations, DeleteRemovesTheRowOfTheNameAndTheFileOfTheSelectedRow)
+{
+    Compilation("one", {"a.mid"});
+    Compilation("two", {"b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    state().SelectionGuard = true; // as the previous button leaves it in the folder's list
+    Click(form().ListComp, 1);
+    ASSERT_EQ(form().Text2.text.Get(), "one");
+    Press(form().CommCanc);
+    EXPECT_TRUE(std::filesystem::exists(At("c-one.cmp")));
+    EXPECT_FALSE(std::filesystem::exists(At("c-two.cmp")));
+    EXPECT_EQ(form().ListComp.Rows(), Rows{"two"});
+    EXPECT_EQ(form().ListComp.ListIndex(), 0); // the selected row has moved up
+}
+
+TEST_F(Compilations, DeleteOfANameThatNoRowHasLeavesTheRows)
+{
+    Compilation("one", {"a.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    state().SelectionGuard = true;
+    Do("type frmMIDIPlayer Text2 other");
+    Press(form().CommCanc);
+    EXPECT_FALSE(std::filesystem::exists(At("c-one.cmp")));
+    EXPECT_EQ(form().ListComp.Rows(), Rows{"one"});
+    EXPECT_EQ(form().Text2.text.Get(), "");
+}
+
+TEST_F(Compilations, DeleteOfANameThatTwoRowsHaveRemovesTheFirst)
+{
+    Compilation("one", {"a.mid"});
+    Compilation("two", {"b.mid"});
+    Start();
+    Click(form().ListComp, 1);
+    Do("type frmMIDIPlayer Text2 one"); // the second row is "one" too now
+    Press(form().CommCanc);
+    EXPECT_FALSE(std::filesystem::exists(At("c-one.cmp")));
+    EXPECT_EQ(form().ListComp.Rows(), Rows{"one"});
+    EXPECT_EQ(form().ListComp.ListIndex(), 0);
+}
+
 TEST_F(Compilations, DeleteDropsTheChanges)
 {
     Compilation("one", {"a.mid", "b.mid"});
