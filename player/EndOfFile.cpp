@@ -57,7 +57,8 @@ bool FolderIsGone(const frmMIDIPlayer &form)
 std::string NextInCompilation(frmMIDIPlayer &form)
 {
     PlayerState &state = form.state;
-    if (!ShowsOpenCompilation(form) && state.CompilationIndex >= 0) {
+    const bool listed = state.CompilationIndex >= 0 && state.CompilationIndex < form.ListComp.ListCount();
+    if (!ShowsOpenCompilation(form) && listed) {
         form.ListComp.ClearSelection();
         form.ListComp.SetListIndex(state.CompilationIndex);
         form.ListComp.Select(state.CompilationIndex, true);

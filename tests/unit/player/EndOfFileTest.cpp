@@ -188,6 +188,19 @@ TEST_F(EndOfFile, PlayAllComesBackToItsCompilation)
     EXPECT_EQ(device().FileName, At("d/b.mid"));
 }
 
+TEST_F(EndOfFile, PlayAllOfACompilationWhoseRowHasGoneLeavesTheOneShown)
+{
+    StartWithCompilation();
+    Press(form().CommPlayAll);
+    Play();
+    Click(form().ListComp, 1);
+    state().CompilationIndex = 2; // its row was the last one, and has been deleted
+    Clock(2600);
+    EXPECT_EQ(form().ListComp.ListIndex(), 1);
+    EXPECT_EQ(form().ListMidiCorr.Rows(), Rows{"c.mid   (3)"});
+    EXPECT_EQ(device().FileName, At("d/c.mid"));
+}
+
 TEST_F(EndOfFile, PlayAllPutsBackARowThatWasMoved)
 {
     WriteText("c-mix.cmp", "\1" + At("d") + "\0a.mid\0b.mid\0c.mid\0\xFF"s);
