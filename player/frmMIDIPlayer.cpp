@@ -151,7 +151,6 @@ void frmMIDIPlayer::Form_Load()
     }
     place = Place{entry_.Left, entry_.Top, 0, entry_.MinWidth == 0 ? 0 : entry_.Height};
     Frame4.visible = settings.PlayerPanelOpen;
-    ReadOffColors();
     TakeFormWidth();
     entry_.Height = NearestIn<std::uint16_t>(Height());
     entry_.State = kWindowNormal;
@@ -168,6 +167,7 @@ void frmMIDIPlayer::Form_Load()
     if (settings.PlayerPanelOpen) {
         CommSel.color = kToggledColor;
     }
+    ReadOffColors(); // behind the line above, on purpose: where the panel is open at the load, its button keeps its green for the run
     Label1.caption = std::string("0:00");
     ResetPositionLine(*this);
     ResetMarkers(*this);
@@ -177,9 +177,6 @@ void frmMIDIPlayer::Form_Load()
     app.ports.ticks.Ticked = [this] { GoOn(*this); };
     FillFilePanel(*this);
     FillCompilations(*this);
-    if (!settings.PlayerPanelOpen) {
-        CommAddAll.enabled = false;
-    }
     UpdateRemoveButtons(*this);
     if (settings.PlayerFile.empty()) {
         ResetPlayerCaption(*this);

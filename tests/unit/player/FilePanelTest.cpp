@@ -58,13 +58,25 @@ TEST_F(FilePanel, ThePanelStaysOpenBetweenRuns)
     EXPECT_FALSE(form().CommAdd.enabled);
 }
 
-TEST_F(FilePanel, AClosedPanelOffersNothingToAdd)
+TEST_F(FilePanel, APanelThatIsOpenAtTheLoadLeavesItsButtonGreenForTheRun)
+{
+    StartWithPanel();
+    StartAgain();
+    Press(form().CommSel);
+    EXPECT_FALSE(form().Frame4.visible);
+    EXPECT_EQ(form().CommSel.color, 0x00FF00);
+    EXPECT_EQ(form().CommRep.color, Button::kPlainColor);
+}
+
+TEST_F(FilePanel, AClosedPanelFillsItsListAtTheLoadAndOffersAllOfIt)
 {
     StartWithPanel();
     Press(form().CommSel);
+    EXPECT_FALSE(form().CommAddAll.enabled); // as long as this run lasts
     StartAgain();
     EXPECT_EQ(form().ListMidiSel.ListCount(), 2);
-    EXPECT_FALSE(form().CommAddAll.enabled);
+    EXPECT_TRUE(form().CommAddAll.enabled);
+    EXPECT_FALSE(form().CommAdd.enabled);
 }
 
 TEST_F(FilePanel, AFolderShowsItsMidiFilesInAnyCase)

@@ -166,6 +166,20 @@ TEST_F(Marks, ADragOfTheStopSlider)
     EXPECT_EQ(state().StopMark, 200);
 }
 
+TEST_F(Marks, LabelsMayCrossWhileASliderIsHeldButNotOnceItIsLetGo)
+{
+    StartWithFile();
+    Set(form().HScrollStart, 80);
+    Drag(form().HScrollStop, 20);
+    EXPECT_EQ(form().LabStart.caption.Get(), "80");
+    EXPECT_EQ(form().LabStop.caption.Get(), "20");
+    EXPECT_EQ(state().StopMark, 200);
+    Set(form().HScrollStop, 20); // lets it go where it is
+    EXPECT_EQ(form().LabStop.caption.Get(), "80");
+    EXPECT_EQ(form().HScrollStop.value, 80);
+    EXPECT_EQ(state().StopMark, 80);
+}
+
 TEST_F(Marks, ADragWhilePlayingLeavesTheLine)
 {
     StartWithFile();
