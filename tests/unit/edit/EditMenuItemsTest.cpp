@@ -142,6 +142,16 @@ TEST_F(OfferTest, AFileOfSixtyFourPlacesIsLookedAtAsFarAsThat)
     EXPECT_EQ(With(rows, {0}), kNothing);
 }
 
+TEST_F(OfferTest, ARunReachesToTheVeryLastRow)
+{
+    Show(22, 1);
+    Hold(22);
+    Texts rows = kPerformances;
+    rows.insert(rows.end(), {" 7 Samba", " 8                 "});
+    EXPECT_EQ(With(rows, {6, 7}), kNothing);
+    EXPECT_EQ(With(rows, {6}), kCutAndCopy);
+}
+
 TEST_F(OfferTest, SixteenStylesAndEightPerformancesAreLookedAt)
 {
     Show(20, 1);

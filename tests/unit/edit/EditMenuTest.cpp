@@ -410,6 +410,18 @@ TEST(RoleCommand, TheCheckMarkMovesAndEntry0KeepsItsOwn)
     EXPECT_EQ(link.Checked(), (Numbers{2}));
 }
 
+TEST(RoleCommand, LeavesTheWindowsKindAndSlotInTheGlobals)
+{
+    EditLink link;
+    ListWindow window(20, 17);
+    link.Drop(window);
+    link.app.ViewKind = 0;
+    link.app.slot = 0;
+    mnuMIDIStp_Click(link.files, 14);
+    EXPECT_EQ(link.app.ViewKind, 20);
+    EXPECT_EQ(link.app.slot, 17);
+}
+
 TEST(RoleCommand, ANumberThatIsNoRoleDoesNothing)
 {
     EditLink link;

@@ -129,7 +129,7 @@ TEST_F(StyleWindowTest, CommSTSLeavesItsOwnImageInLoadImageAndItsRowsInRowBuffer
 {
     const Bytes first = FileWithItems({{"Bossa", 0}, {"One Touch", 0}});
     frmStyUN &window = StyleOf(first);
-    OpenSty(Put("b.sty", FileWithItems({{"Beat", 0}})));
+    OpenSty(Put("b.sty", FileWithItems({{"Beat", 0}, {"Its STS", 0}, {"Rock", 1}, {"Its STS", 1}})));
     Press(window.CommSTS);
     EXPECT_EQ(BytesOf(files.LoadImage), first);
     EXPECT_EQ(files.RowBuffer.size(), 448U);
