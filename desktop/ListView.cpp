@@ -305,13 +305,20 @@ void ListView::keyPressEvent(QKeyEvent *event)
     event->setAccepted(IsListKey(code) || opens);
     // Held down a moment too long, Delete would come again: to a row that is empty by now, and a Cut that finds no item
     // leaves the file with none.
-    if (event->isAutoRepeat() && code == Key::Delete) {
+    if (code == Key::Delete && (event->isAutoRepeat() || event->timestamp() == releasedAt_)) {
         return;
     }
     if (list_ != nullptr && code != 0) {
         const EventGate::Pass pass(gate_);
         PressKey(*list_, code, ToModifier(event->modifiers()));
     }
+}
+
+void ListView::keyReleaseEvent(QKeyEvent *event)
+{
+    // A display tells of a key that repeats as released and pressed at one moment, and Qt does not always see the two as one.
+    releasedAt_ = event->timestamp();
+    QListView::keyReleaseEvent(event);
 }
 
 void ListView::wheelEvent(QWheelEvent *event)

@@ -9,6 +9,8 @@
 
 #include <QListView>
 
+#include <optional>
+
 namespace velluto {
 
 class ListView : public QListView {
@@ -37,6 +39,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -67,6 +70,7 @@ private:
     int longestRow_ = 0; // characters, without blanks at the end
     int topInset_ = 0;
     bool dragging_ = false;
+    std::optional<quint64> releasedAt_; // when a key was let go of last: the display's milliseconds
 };
 
 } // namespace velluto

@@ -17,6 +17,7 @@ namespace velluto {
 
 namespace {
 
+constexpr int kReleaseDoubt = 2; // milliseconds: the press that belongs to a release is on its way already
 QRect RectOfPlace(const Place &place)
 {
     return {place.left, place.top, place.width, place.height};
@@ -145,6 +146,7 @@ void Piano::Press(int number, int button)
 
 void Piano::EndPress()
 {
+    release_.stop();
     const int number = pressed_;
     const int button = button_ == Qt::NoButton ? MouseButton::Left : ButtonCode(button_);
     pressed_ = -1;
@@ -280,6 +282,13 @@ void Piano::MoveCursor(int number)
 void Piano::keyPressEvent(QKeyEvent *event)
 {
     if (IsPressingKey(event->key())) {
+        if (release_.isActive()) {
+            if (event->timestamp() == releasedAt_) {
+                release_.stop(); // held all the while
+                return;
+            }
+            EndPress();
+        }
         if (!event->isAutoRepeat() && pressed_ < 0 && KeyCount() > 0) {
             cursorShown_ = true;
             Press(cursor_, MouseButton::Left);
@@ -308,8 +317,19 @@ void Piano::keyReleaseEvent(QKeyEvent *event)
 {
     if (!IsPressingKey(event->key())) {
         QWidget::keyReleaseEvent(event);
-    } else if (!event->isAutoRepeat() && button_ == Qt::NoButton) {
+    } else if (!event->isAutoRepeat() && button_ == Qt::NoButton && pressed_ >= 0) {
+        // A display tells of a key that repeats as released and pressed at one moment, and Qt does not always see the two as one.
+        releasedAt_ = event->timestamp();
+        release_.start(kReleaseDoubt, Qt::PreciseTimer, this);
+    }
+}
+
+void Piano::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() == release_.timerId()) {
         EndPress();
+    } else {
+        QWidget::timerEvent(event);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "desktop/EventGate.h"
 #include "view/Control.h"
 
+#include <QBasicTimer>
 #include <QWidget>
 
 #include <optional>
@@ -44,6 +45,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     bool event(QEvent *event) override;
@@ -69,6 +71,8 @@ private:
     QRect twips_;                   // around all keys
     std::optional<QPointF> passed_; // where the pointer last was, while it is over the piano
     int pressed_ = -1;              // the key that the next release ends
+    QBasicTimer release_;           // runs while it is not certain that the computer's key has been let go of
+    quint64 releasedAt_ = 0;        // the display's milliseconds
     Qt::MouseButton button_ = Qt::NoButton;
     int cursor_ = 0;
     bool cursorShown_ = false;

@@ -127,6 +127,22 @@ TEST_F(EditingTest, DeleteHeldDownCutsOnce)
     EXPECT_EQ(Image(*source), Legible(Written({{"Piano", 0}, {"Organ", 1}}, "AAAbb", {84, 87})));
 }
 
+TEST_F(EditingTest, DeleteHeldDownCutsOnceEvenIfTheDisplayTellsOfReleases)
+{
+    Pick(*source, 2);
+    for (const quint64 at : {1000, 1030, 1060}) {
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Delete, Qt::NoModifier);
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+        release.setTimestamp(at);
+        press.setTimestamp(at);
+        if (at != 1000) {
+            QCoreApplication::sendEvent(&List(*source), &release);
+        }
+        QCoreApplication::sendEvent(&List(*source), &press);
+    }
+    EXPECT_EQ(Image(*source), Legible(Written({{"Piano", 0}, {"Organ", 1}}, "AAAbb", {84, 87})));
+}
+
 TEST_F(EditingTest, DeleteOnAButtonOfTheWindowCutsNothing)
 {
     Pick(*source, 2);

@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# The MIDI server is killed while a key is held, and comes back: the program answers all the while, says what has gone, and
+# plays again on the device once it has been chosen anew.
+#
+#     gui-server-gone.sh PROGRAM INSTRUMENT PICTURES
+set -euo pipefail
+program=$(realpath "$1")
+instrument=$(realpath "$2")
+pictures=$(realpath "$3")
+here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
+# shellcheck source=tests/system/gui-lib.sh
+. "$here/gui-lib.sh"
+
+last_is() {
+    [ "$(heard | tail -n 1)" = "$1" ]
+}
+
+is_listed() {
+    jack_lsp 2>/dev/null | grep -qxF "$1"
+}
+
+# Plays on until the program has noticed: a server that is killed tells nobody. No key while the words may be coming up, which
+# it would take away again.
+has_told() {
+    local look
+    for look in 1 2 3 4 5 6 7 8 9 10; do
+        sleep 0.1
+        ! has_focus "Velluto v 1.1" || return 0
+    done
+    xdotool key space
+    return 1
+}
+
+set_stage server-gone "$pictures"
+start_jack
+server_pid=${started_pids[-1]}
+start_instrument "$instrument" Instrument
+seed "$here/../../data" "$stage/home"
+start_in_english "$program"
+choose_last_output Instrument:midi_in
+changing press alt+v
+changing press k
+changing press Home # the first key of the piano
+xdotool keydown space
+wait_until "the note" last_is "90 24 40"
+
+kill -KILL "$server_pid"
+wait "$server_pid" 2>/dev/null || true
+xdotool keyup space
+wait_until "the words about the device" has_told
+changing press Return
+settle
+
+rm "$stage/instrument"
+start_jack
+start_instrument "$instrument" Instrument
+choose_last_output Instrument:midi_in
+press space # the piano still has the keyboard
+wait_until "the note" last_is "80 24 40"
+
+changing press alt+f
+press x
+wait_until "the end of the program" program_has_gone
+status=0
+wait "$program_pid" || status=$?
+[ "$status" -eq 0 ] || fail "the program ended with $status"
+say "told, chosen anew, heard again"
