@@ -22,6 +22,9 @@ void MMControl::Take()
 void MMControl::LetGo()
 {
     device_.Done = nullptr;
+    if (InPlay()) {
+        device_.SetCommand("stop");
+    }
 }
 
 } // namespace velluto

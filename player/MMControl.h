@@ -32,8 +32,8 @@ public:
     // Playing or paused.
     [[nodiscard]] bool InPlay() const { return Mode() == SequencerMode::kPlaying || Mode() == SequencerMode::kPaused; }
 
-    // The window takes hold of the device, and lets it go. It is not closed with the window: what plays is heard to its end, unless
-    // the next window takes the device over first.
+    // The window takes hold of the device, and lets it go. It is not closed with the window, but nothing sounds on; the next window
+    // begins without a file.
     void Take();
     void LetGo();
 

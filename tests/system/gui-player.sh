@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The MIDI player with a real mouse: a file plays to an instrument that is patched to the player's port; pause, stop, back and
-# forward leave no note sounding; a compilation plays from file to file; without its window a file plays on; the end of the program
-# ends every note.
+# forward leave no note sounding; a compilation plays from file to file; its window ends every note, and so does the
+# end of the program.
 #
 #     gui-player.sh PROGRAM INSTRUMENT PICTURES
 set -euo pipefail
@@ -95,9 +95,14 @@ wait_until "all files" heard_lines $((before + 9))
 import -window root "$pictures/player.png"
 expect_since "$before" "$a"$'\n'"$b"$'\n90 30 64'
 
-changing press ctrl+F4 # the window goes, the music does not
-before=$(heard | wc -l)
-wait_until "more notes without the window" heard_lines $((before + 2))
+wait_until "a note before the window goes" is_sounding
+changing press ctrl+w
+await_silence "the end of the window"
+
+changing press alt+i
+find_player
+folder_row 2 double_click_here
+wait_until "a note in the window opened again" is_sounding
 
 changing press alt+f
 press x

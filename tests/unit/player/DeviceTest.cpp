@@ -25,16 +25,25 @@ TEST_F(Device, IsNotClosedWithItsWindowAndBeginsAnewWithTheNext)
     DoubleClick(form().ListMidiSel, 0);
     Clock(1000);
     Do("close frmMIDIPlayer");
-    EXPECT_EQ(session.sequencer.Command(), "play");
-    EXPECT_FALSE(session.ticks.Running()); // the tick alone is stopped
-    Clock(1000);
-    EXPECT_EQ(session.sequencer.Position(), 20);
+    EXPECT_EQ(session.sequencer.Mode(), 525); // stopped, with its file open
+    EXPECT_FALSE(session.ticks.Running());
     Start();
     EXPECT_EQ(device().Mode(), 524);
     EXPECT_EQ(device().Command(), "");
     EXPECT_EQ(Buttons(), "1111111");
     Clock(10000);
     EXPECT_EQ(device().Command(), ""); // nothing is heard of the file before
+}
+
+TEST_F(Device, WhatPausesIsStoppedWithItsWindowToo)
+{
+    Song("d/a.mid", 50);
+    StartWithPanel();
+    DoubleClick(form().ListMidiSel, 0);
+    Press(form().MCIPuls[3]);
+    EXPECT_EQ(device().Mode(), 529);
+    Do("close frmMIDIPlayer");
+    EXPECT_EQ(session.sequencer.Mode(), 525);
 }
 
 TEST_F(Device, WhatEndsWithoutAWindowIsToldToNobody)
@@ -46,7 +55,7 @@ TEST_F(Device, WhatEndsWithoutAWindowIsToldToNobody)
     Do("close frmMIDIPlayer");
     Clock(60000);
     EXPECT_EQ(session.sequencer.Mode(), 525);
-    EXPECT_EQ(session.sequencer.Command(), "play");
+    EXPECT_EQ(session.sequencer.Command(), "stop"); // no second file was begun
 }
 
 TEST_F(Device, TheCaptionNamesTheFile)
