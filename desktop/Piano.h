@@ -35,6 +35,9 @@ public:
     [[nodiscard]] int Cursor() const { return cursor_; }
     void PressAndRelease(int number);
 
+    // The computer's key has been let go of, if no repeat of it says otherwise in a moment.
+    [[nodiscard]] bool DoubtsRelease() const { return release_.isActive(); }
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

@@ -116,6 +116,7 @@ private:
     {
         if (space_) {
             QTest::keyRelease(&Keys(), Qt::Key_Space);
+            EXPECT_TRUE(QTest::qWaitFor([this] { return !Keys().DoubtsRelease(); }));
             space_ = false;
         }
         return "space up";
