@@ -130,7 +130,7 @@ TEST_F(EditingTest, DeleteHeldDownCutsOnce)
 TEST_F(EditingTest, DeleteHeldDownCutsOnceEvenIfTheDisplayTellsOfReleases)
 {
     Pick(*source, 2);
-    for (const quint64 at : {1000, 1030, 1060}) {
+    for (const quint64 at : {1000ULL, 1030ULL, 1060ULL}) {
         QKeyEvent release(QEvent::KeyRelease, Qt::Key_Delete, Qt::NoModifier);
         QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
         release.setTimestamp(at);
