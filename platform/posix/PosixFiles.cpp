@@ -1,5 +1,7 @@
 #include "platform/posix/PosixFiles.h"
 
+#include "platform/posix/ErrorNumbers.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -11,33 +13,6 @@
 namespace velluto {
 
 namespace {
-
-RuntimeError FromErrno(int code)
-{
-    switch (code) {
-    case ENOENT:
-    case ENOTDIR:
-    case ENAMETOOLONG:
-        return {FileError::kPathNotFound};
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-        return {FileError::kPathFileAccess};
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return {FileError::kDiskFull};
-    case ENXIO:
-    case ENODEV:
-    case ENOMEDIUM:
-        return {FileError::kDiskNotReady};
-    case EIO:
-        return {FileError::kDeviceInputOutput};
-    default:
-        return {FileError::kOther};
-    }
-}
 
 // A zero byte would end the path early and name another file.
 bool IsWellFormed(const std::string &path)

@@ -1,6 +1,6 @@
 #include "platform/posix/PosixFolders.h"
 
-#include "platform/FileStore.h"
+#include "platform/posix/ErrorNumbers.h"
 
 #include <algorithm>
 #include <array>
@@ -16,28 +16,6 @@
 namespace velluto {
 
 namespace {
-
-RuntimeError FromErrno(int code)
-{
-    switch (code) {
-    case ENOENT:
-    case ENOTDIR:
-    case ENAMETOOLONG:
-    case ELOOP:
-        return {FileError::kPathNotFound};
-    case EACCES:
-    case EPERM:
-        return {FileError::kPathFileAccess};
-    case ENXIO:
-    case ENODEV:
-    case ENOMEDIUM:
-        return {FileError::kDiskNotReady};
-    case EIO:
-        return {FileError::kDeviceInputOutput};
-    default:
-        return {FileError::kOther};
-    }
-}
 
 struct CloseFolder {
     void operator()(DIR *folder) const { ::closedir(folder); }
