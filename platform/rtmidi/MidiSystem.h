@@ -1,5 +1,5 @@
 // One of the machine's MIDI systems behind RtMidi: whether it is there, which ports it has, when they change. RtMidi
-// itself tells neither a port that disappears nor a server that ends. Used by RtMidiPorts.
+// itself tells neither a port that disappears nor a server that ends. Used by RtMidiPorts and what it is made of.
 #pragma once
 
 #include "platform/rtmidi/SourcePort.h"

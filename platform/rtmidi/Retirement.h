@@ -13,6 +13,14 @@ public:
     Retirement();
     // Runs the work on a thread of its own; at once where no thread is to be had.
     void Retire(std::function<void()> work);
+    // Ends an object in that way.
+    template <typename T>
+    void End(std::unique_ptr<T> object)
+    {
+        if (object) {
+            Retire([shared = std::shared_ptr<T>(std::move(object))]() mutable { shared.reset(); });
+        }
+    }
     // Waits until all of it is done. False where that takes longer than the limit; the work goes on all the same.
     bool Wait(std::chrono::milliseconds limit);
 

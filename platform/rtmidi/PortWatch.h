@@ -1,0 +1,59 @@
+// The watch over the connections to one MIDI system. A thread waits for word that ports have changed (or looks at them,
+// where the system gives no word) and lets go of every connection whose port has gone. Used by RtMidiPorts and by the
+// connections.
+#pragma once
+
+#include "platform/rtmidi/MidiSystem.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+namespace velluto {
+
+// A connection as the watch sees it.
+class WatchedPort {
+public:
+    virtual ~WatchedPort() = default;
+    // The port is no longer there: lets go of RtMidi's object. Called by the watching thread or the interface thread.
+    virtual void LetGo() = 0;
+
+    PortKind kind = PortKind::Output;
+    std::string name; // a source has none
+};
+
+class PortWatch {
+public:
+    explicit PortWatch(MidiSystem &system); // takes the system's `changed`
+    ~PortWatch() { End(); }
+    PortWatch(const PortWatch &) = delete;
+    PortWatch &operator=(const PortWatch &) = delete;
+
+    void Add(WatchedPort &port);
+    void Remove(WatchedPort &port); // LetGo is not called any more once this returns
+    // Lets go at once of what has gone, without waiting for word.
+    void Look();
+    // Ends the thread. Nothing is watched any more.
+    void End();
+
+private:
+    void Run();
+
+    // What rouses the watching thread. Shared with the system's callback, which may outlive this object when a server
+    // hangs. Its mutex is held for the flags only, never while the system is asked.
+    struct Signal {
+        std::mutex mutex;
+        std::condition_variable rouse;
+        bool changed = false;
+        bool watching = false; // something is open
+        bool ending = false;
+    };
+
+    MidiSystem &system_;
+    std::mutex portsMutex_;
+    std::vector<WatchedPort *> ports_;
+    std::shared_ptr<Signal> signal_ = std::make_shared<Signal>();
+    std::thread thread_; // begun with the first connection
+};
+
+} // namespace velluto
