@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing and runs every check and test of the project.
 #
-#     ./test.sh            all of it: format, rooms, coverage, tests, clang-tidy, tests with sanitizers, a short fuzzing
+#     ./test.sh            all of it: format, rooms, coverage, tests, clang-tidy, valgrind, tests with sanitizers, a short fuzzing
 #     ./test.sh --quick    format, rooms, coverage and the tests of the dev build
 #
 # The last line says "N passed, M failed"; each check counts as one. The exit code is 0 where nothing failed.
@@ -99,6 +99,9 @@ tests dev
 if ! $quick; then
     if [ -f build/dev/compile_commands.json ]; then
         check tidy tools/check-tidy build/dev
+    fi
+    if [ -x build/dev/tests/scenarios/run_scenario ]; then
+        check memory tools/check-memory build/dev
     fi
     tests asan
     check fuzz tests/fuzz/smoke.sh "$seconds_fuzzed"
