@@ -1,102 +1,11 @@
-// What Program, Style and Performance windows do alike, run on each of the three: open, bank, close with changes, save,
-// minimise, open again, select on the instrument.
-#include "unit/files/BankFiles.h"
+// What Program, Style and Performance windows do alike, run on each of the three: open, bank, minimise, open again, select
+// on the instrument.
+#include "unit/files/DocumentKinds.h"
 
 namespace velluto::test {
 namespace {
 
-// What the suite needs to know of a type, and what is not alike.
-struct Kind {
-    std::string name;
-    const DocumentType *type;
-    std::string extension;
-    std::string form;
-    int viewKind;
-    int firstBank; // the slot of User 1
-    int newSlot;
-    int buttonOffset; // from a bank's slot to the number of its button and of its menu entry
-    Bytes file;
-    std::string row0; // of the file's first item, as the window begins it
-    std::uint32_t msb;
-    std::uint32_t lsb; // of User 1
-    std::string question;
-    bool freesSlot;
-    int clearedByNo;
-};
-
-std::vector<Kind> Kinds()
-{
-    return {
-        {"Program", &ProgramType(), ".pcg", "frmPcgUN", 14, 9, 11, 0, FileWithItems({{"Grand Piano", 0}, {"Organ", 5}}), " 001 Grand Piano",
-         121, 64, "File Program - a.pcg (1)", true, TagPosition::ProgramEdited},
-        {"Style", &StyleType(), ".sty", "frmStyUN", 20, 9, 0, 0, FileWithItems({{"Bossa", 0}, {"STS", 0}, {"Beat", 5}, {"STS", 5}}),
-         " 01 Bossa                1  ", 0, 17, "File Style: ", false, TagPosition::ProgramEdited},
-        {"Performance", &PerformanceType(), ".prf", "frmPrfUN", 22, 9, 0, 8, FileWithItems({{"Ballad", 0}, {"Waltz", 5}}), " 1 Ballad", 1,
-         0, "File a.prf (1)", true, TagPosition::Modified},
-    };
-}
-
-class DocumentWindowTest : public BankFilesTest, public ::testing::WithParamInterface<Kind> {
-protected:
-    const Kind &kind = GetParam();
-
-    void SetUp() override
-    {
-        BankFilesTest::SetUp();
-        app.settings.ChannelRole = {14, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
-        run.Choose(app.frame.mnuDevMIDIOut[0]);
-        run.midi.sent.clear();
-    }
-    std::string PutFile(const std::string &name) { return Put(name + kind.extension, kind.file); }
-    void OpenFile(const std::string &path)
-    {
-        run.face.choices.push_back({false, path, kind.type->filterIndex});
-        run.Choose(app.frame.*(kind.type->openCommand));
-    }
-    bool Has(int slot) { return Find(slot) != nullptr; }
-    Form *Find(int slot)
-    {
-        for (Form *form : app.children.All()) {
-            if (form->name() == kind.form && form->number() == slot) {
-                return form;
-            }
-        }
-        return nullptr;
-    }
-    Form &Window(int slot)
-    {
-        if (Form *form = Find(slot)) {
-            return *form;
-        }
-        throw std::runtime_error("no window in slot " + std::to_string(slot));
-    }
-    static ListBox &List(Form &form) { return dynamic_cast<ListBox &>(*form.Find("List1")); }
-    DocRecord &Record(int slot) { return kind.type->table(app.settings)[static_cast<std::size_t>(slot)]; }
-    MenuEntry &BankEntry()
-    {
-        if (kind.type == &ProgramType()) {
-            return app.frame.mnuPcgUser[9];
-        }
-        return kind.type == &StyleType() ? app.frame.mnuStyUser[9] : app.frame.mnuPrfUser[1];
-    }
-    MenuEntry &NewEntry()
-    {
-        if (kind.type == &ProgramType()) {
-            return app.frame.mnuPcgNuovo64;
-        }
-        return kind.type == &StyleType() ? app.frame.mnuStyNuovo : app.frame.mnuPrfNuovo;
-    }
-    Control &BankButton(Form &form) { return *form.Find("CommUser", kind.firstBank - kind.buttonOffset); }
-    std::array<bool, 9> &OpenFlags() { return files.*(kind.type->openFlags); }
-    // Opens the file, ties it to User 1 and opens that bank.
-    Form &OpenBankOf(const std::string &path)
-    {
-        OpenFile(path);
-        Press(BankButton(Window(1)));
-        run.Choose(BankEntry());
-        return Window(kind.firstBank);
-    }
-};
+class DocumentWindowTest : public EachDocumentTest {};
 
 TEST_P(DocumentWindowTest, AnOpenedFileShowsItsRowsAndKeepsItsBytes)
 {
@@ -189,106 +98,6 @@ TEST_P(DocumentWindowTest, ARoleSetInABankIsItsOwnAndAFileTakesNone)
     EXPECT_FALSE(run.Choose(app.frame.mnuMIDIStp[14]));
     mnuMIDIStp_Click(files, 14);
     EXPECT_EQ(Record(1).Role, before);
-}
-
-TEST_P(DocumentWindowTest, CancelKeepsAChangedWindowAndEndsAnExit)
-{
-    OpenFile(PutFile("a"));
-    MarkModified(Window(1));
-    run.face.answers.push_back(Box::kCancel);
-    EXPECT_FALSE(run.Exit());
-    EXPECT_TRUE(Has(1));
-    EXPECT_FALSE(app.children.ClosingAll);
-    EXPECT_EQ(run.face.boxes.back().title.substr(0, kind.question.size()), kind.question);
-    EXPECT_EQ(run.face.boxes.back().text, "Il file è stato modificato\r\nSalvare le modifiche ?");
-}
-
-TEST_P(DocumentWindowTest, NoLetsTheChangesGo)
-{
-    const std::string path = PutFile("a");
-    OpenFile(path);
-    Form &window = Window(1);
-    window.Tag.image = ImageOf(InstrumentFile({}));
-    MarkModified(window);
-    window.Tag.Set(TagPosition::ProgramEdited, 1);
-    run.face.answers.push_back(Box::kNo);
-    EXPECT_TRUE(window.Form_QueryUnload());
-    EXPECT_EQ(window.Tag.At(kind.clearedByNo), 0);
-    run.face.answers.push_back(Box::kNo);
-    EXPECT_TRUE(run.Close(window));
-    EXPECT_EQ(ReadBytes(path), kind.file);
-}
-
-TEST_P(DocumentWindowTest, YesSavesAndAFailingSaveKeepsTheWindow)
-{
-    const std::string path = PutFile("a");
-    OpenFile(path);
-    const Bytes edited = InstrumentFile({Sized("New", 1, 77)});
-    Window(1).Tag.image = ImageOf(edited);
-    MarkModified(Window(1));
-    Fail(FileFault::Operation::Write, path, 57);
-    run.face.answers.push_back(Box::kYes);
-    EXPECT_FALSE(run.Close(Window(1)));
-    EXPECT_EQ(Window(1).Tag.At(TagPosition::Modified), 1);
-    run.face.answers.push_back(Box::kYes);
-    EXPECT_TRUE(run.Close(Window(1)));
-    EXPECT_EQ(ReadBytes(path), edited);
-}
-
-TEST_P(DocumentWindowTest, SaveWritesTheImageAsItStands)
-{
-    const std::string path = PutFile("a");
-    OpenFile(path);
-    run.Choose(app.frame.mnuSalva);
-    EXPECT_EQ(ReadBytes(path), kind.file) << "opening and saving changes no byte";
-    Window(1).Tag.image = ImageOf(InstrumentFile({}));
-    MarkModified(Window(1));
-    run.Choose(app.frame.mnuSalva);
-    EXPECT_EQ(ReadBytes(path), InstrumentFile({}));
-    EXPECT_EQ(Window(1).Tag.At(TagPosition::Modified), 0);
-}
-
-TEST_P(DocumentWindowTest, SaveAsTakesTheNewNameAndOnlyProgramRecordsFollow)
-{
-    const std::string path = PutFile("a");
-    const std::string other = run.At("b" + kind.extension);
-    OpenFile(path);
-    SaveAs(other);
-    EXPECT_EQ(run.face.dialogs.back().filterIndex, kind.type->filterIndex);
-    EXPECT_EQ(run.face.dialogs.back().extension, kind.extension.substr(1));
-    EXPECT_EQ(run.face.dialogs.back().proposed, "SenzaNome" + kind.extension);
-    EXPECT_EQ(ReadBytes(other), kind.file);
-    EXPECT_TRUE(Exists(path)) << "the old file stays";
-    EXPECT_EQ(Window(1).Tag.Path(), other);
-    EXPECT_EQ(Window(1).caption.Get().substr(0, 16), "File User: b" + kind.extension);
-    EXPECT_EQ(Record(1).Path.Trimmed(), kind.type == &ProgramType() ? other : path);
-}
-
-TEST_P(DocumentWindowTest, ANewFileAsksForItsNameAndItsCommandIsOffUntilItCloses)
-{
-    EXPECT_TRUE(run.Choose(NewEntry()));
-    Form &window = Window(kind.newSlot);
-    EXPECT_FALSE(run.Choose(NewEntry()));
-    EXPECT_EQ(window.Tag.At(TagPosition::Untitled), 1);
-    window.Tag.image = ImageOf(kind.file);
-    MarkModified(window);
-    run.face.answers.push_back(Box::kYes);
-    EXPECT_FALSE(run.Close(window)) << "the dialog is cancelled";
-    run.face.choices.push_back({false, run.At("new" + kind.extension), 1});
-    run.Choose(app.frame.mnuSalva);
-    EXPECT_EQ(ReadBytes(run.At("new" + kind.extension)), kind.file);
-    EXPECT_EQ(window.Tag.At(TagPosition::Untitled), 0);
-    EXPECT_FALSE(NewEntry().enabled) << "a real path, but still the slot of the new file";
-    EXPECT_TRUE(run.Close(window));
-    EXPECT_TRUE(NewEntry().enabled);
-}
-
-TEST_P(DocumentWindowTest, AWindowWithoutChangesAsksNothing)
-{
-    OpenFile(PutFile("a"));
-    run.Choose(NewEntry());
-    EXPECT_TRUE(run.Exit());
-    EXPECT_THAT(Boxes(), IsEmpty());
 }
 
 TEST_P(DocumentWindowTest, AMinimisedFileIsReadAgainAndItsWindowBroughtUpAsItIs)
@@ -402,8 +211,7 @@ TEST_P(DocumentWindowTest, AnyBytesWithTheMarksOfAFileAreShownWithoutHarm)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, DocumentWindowTest, ::testing::ValuesIn(Kinds()),
-                         [](const ::testing::TestParamInfo<Kind> &row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Files, DocumentWindowTest, ::testing::ValuesIn(DocumentKinds()), NameOfKind);
 
 } // namespace
 } // namespace velluto::test
