@@ -135,13 +135,13 @@ Json Sent(Session &session, const Words & /*words*/)
 Json Boxes(Session &session, const Words & /*words*/)
 {
     Json boxes = Json::array();
-    for (; session.boxesTold < session.face.boxes.size(); ++session.boxesTold) {
-        const ShownBox &box = session.face.boxes[session.boxesTold];
+    for (const ShownBox &box : session.face.boxes) {
         boxes.push_back({{"title", ProgramText(box.title)},
                          {"text", ProgramText(box.text)},
                          {"buttons", box.style == Box::kYesNoCancel ? "yesnocancel" : "ok"},
                          {"answer", WordOfButton(box.answer)}});
     }
+    session.face.boxes.clear();
     Json told = Good();
     told["boxes"] = std::move(boxes);
     return told;
@@ -150,8 +150,7 @@ Json Boxes(Session &session, const Words & /*words*/)
 Json Dialogs(Session &session, const Words & /*words*/)
 {
     Json dialogs = Json::array();
-    for (; session.dialogsTold < session.face.dialogs.size(); ++session.dialogsTold) {
-        const FileDialog &dialog = session.face.dialogs[session.dialogsTold];
+    for (const FileDialog &dialog : session.face.dialogs) {
         dialogs.push_back({{"mode", dialog.mode == FileDialog::Mode::Open ? "open" : "save"},
                            {"title", ProgramText(dialog.title)},
                            {"folder", ProgramText(dialog.folder)},
@@ -160,6 +159,7 @@ Json Dialogs(Session &session, const Words & /*words*/)
                            {"proposed", ProgramText(dialog.proposed)},
                            {"extension", ProgramText(dialog.extension)}});
     }
+    session.face.dialogs.clear();
     Json told = Good();
     told["dialogs"] = std::move(dialogs);
     return told;

@@ -75,7 +75,6 @@ Json PopUp(Session &session, const Words &words)
 {
     Control *control = words.size() > 1 ? &Reach(session, words[0], words[1]) : nullptr;
     Form &window = Touch(session, words[0]);
-    const std::size_t before = session.face.popUps.size();
     if (control != nullptr) {
         Raise(control->MouseDown, MouseButton::Right);
         if (const auto *key = dynamic_cast<PianoKey *>(control)) {
@@ -85,8 +84,8 @@ Json PopUp(Session &session, const Words &words)
         window.Form_MouseDown(MouseButton::Right);
     }
     Json told = Good();
-    const bool shown = session.face.popUps.size() > before;
-    told["menu"] = shown ? Json(session.face.popUps.back()->FullName()) : Json();
+    const std::vector<MenuEntry *> &shown = session.face.popUps;
+    told["menu"] = shown.empty() ? Json() : Json(shown.back()->FullName());
     return told;
 }
 

@@ -39,8 +39,16 @@ std::optional<std::string> Session::Answer(std::string_view line)
     return OneLine(Run(line));
 }
 
+void Session::ForgetCalls()
+{
+    midi.calls.clear();
+    files.calls.clear();
+    face.popUps.clear();
+}
+
 Json Session::Run(std::string_view line)
 {
+    ForgetCalls();
     try {
         Json answer = RunCommand(*this, SplitWords(line));
         Settle();
@@ -101,7 +109,6 @@ Velluto &Session::NewProgram()
     midi.ReleaseAll();
     sequencer.Release();
     ticks.Release();
-    face.popUps.clear();
     program_ = std::make_unique<Velluto>(Ports{files, midi, clock, printer, sequencer, folders, ticks}, face);
     return *program_;
 }

@@ -42,9 +42,6 @@ public:
     StandinTicks ticks;
     StandinFace face;
     Timers timers;
-    // How much of boxes and dialogs the looking commands have told already.
-    std::size_t boxesTold = 0;
-    std::size_t dialogsTold = 0;
 
     // The frame is up.
     [[nodiscard]] bool Running() const { return program_ != nullptr && face.frame != nullptr; }
@@ -65,6 +62,8 @@ public:
     void PassTime(Timers::Milliseconds time);
 
 private:
+    // The stand-ins write down what they are asked for; what no command tells is of no use here, and a long run is long.
+    void ForgetCalls();
     // What the program's own reader makes of a file that the sequencer was told nothing about.
     StandinSong RealSong(const std::string &path);
 

@@ -16,7 +16,7 @@ import tempfile
 
 HOURS = 7 * 24
 SETTLED = 24  # hours after which everything has been used and its memory taken
-GROWTH = 4 * 1024  # KiB that the memory may grow by after that: the allocator's play
+GROWTH = 512  # KiB that the memory may grow by after that: the allocator's play
 
 FILES = {"Pcg": "Full-64.pcg", "Sty": "Grouped-16.sty", "Prf": "Full-8.prf"}
 FILTERS = {"Pcg": 1, "Sty": 2, "Prf": 3}
@@ -59,7 +59,7 @@ def an_hour(program, chance):
         for _ in range(20):
             program.ask(f"click {window} List1 {chance.randrange(8)}")
             program.ask(f"menu {chance.choice(['mnuCopia', 'mnuTaglia', 'mnuIncolla'])}")
-        if chance.random() < 0.5:
+        if chance.random() < 0.5 and program.ask("menus")["menus"]["mnuSalvaAs"]["enabled"]:
             program.ask("choose save Saved.tmp")
             program.ask("menu mnuSalvaAs")
     for entry in WINDOWS:
