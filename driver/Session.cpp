@@ -62,17 +62,20 @@ Json Session::Run(std::string_view line)
 
 StandinSong Session::RealSong(const std::string &path)
 {
+    const auto refused = [this](int number, const Refusal &refusal) {
+        return StandinSong{0, number, Sentence(refusal, Program().app.messages.LinguaBase)};
+    };
     std::unique_ptr<RandomAccessFile> file;
     RuntimeError error = files.OpenToRead(path, file);
     if (error.number == FileError::kFileNotFound || error.number == FileError::kPathNotFound) {
-        return {0, StandinError::kFileNotFound, "The MIDI file cannot be found."};
+        return refused(SequencerError::kFileNotFound, {Refusal::Why::NotFound});
     }
     std::uint64_t length = 0;
     if (!error.Failed()) {
         error = file->Length(length);
     }
     if (!error.Failed() && length > kLargestMidiFile) {
-        return {0, StandinError::kInvalidFile, "The MIDI file is larger than 16 MB."};
+        return refused(SequencerError::kInvalidFile, {Refusal::Why::TooLarge, kLargestMidiFile >> 20});
     }
     SharedBytes bytes(static_cast<std::size_t>(length));
     std::size_t got = 0;
@@ -80,10 +83,10 @@ StandinSong Session::RealSong(const std::string &path)
         error = file->Read(0, bytes.Writable(), got);
     }
     if (error.Failed() || got < length) {
-        return {0, StandinError::kInvalidFile, "The MIDI file cannot be read."};
+        return refused(SequencerError::kInvalidFile, {Refusal::Why::NotReadable});
     }
     const MidiFile read = ReadMidiFile(std::move(bytes));
-    return read.refusal.empty() ? StandinSong{read.song.length, 0, {}} : StandinSong{0, StandinError::kInvalidFile, read.refusal};
+    return read.refusal ? refused(SequencerError::kInvalidFile, read.refusal) : StandinSong{read.song.length, 0, {}};
 }
 
 Velluto &Session::Program()

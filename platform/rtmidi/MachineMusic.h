@@ -12,7 +12,7 @@ namespace velluto {
 // The sequencer plays through systems that the devices own, and goes before them.
 struct MachineMusic {
     std::unique_ptr<MidiDevices> midi;
-    std::unique_ptr<Sequencer> sequencer;
+    std::unique_ptr<MachineSequencer> sequencer;
 };
 
 // Quick: devices and ports are opened when they are asked for.

@@ -36,20 +36,20 @@ void WakeOnTime()
 #endif
 }
 
-// What the user reads where the file is not even bytes; empty where it is.
-const char *Words(FileReading reading)
+// What is wrong where the file is not even bytes.
+Refusal RefusalOf(FileReading reading)
 {
     switch (reading) {
     case FileReading::NotFound:
-        return "The MIDI file cannot be found.";
+        return {Refusal::Why::NotFound};
     case FileReading::NotReadable:
-        return "The MIDI file cannot be read.";
+        return {Refusal::Why::NotReadable};
     case FileReading::TooLarge:
-        return "The MIDI file is larger than 16 MB.";
+        return {Refusal::Why::TooLarge, kLargestMidiFile >> 20};
     case FileReading::Success:
         break;
     }
-    return "";
+    return {};
 }
 
 } // namespace
@@ -111,10 +111,15 @@ void MachineSequencer::SetFrom(std::int32_t position)
     fromIsFresh_ = true;
 }
 
-void MachineSequencer::Fail(int error, std::string message)
+std::string MachineSequencer::ErrorMessage() const
+{
+    return Sentence(refusal_, *linguaBase_);
+}
+
+void MachineSequencer::Fail(int error, const Refusal &refusal)
 {
     error_ = error;
-    errorMessage_ = std::move(message);
+    refusal_ = refusal;
 }
 
 void MachineSequencer::SetCommand(std::string_view word)
@@ -133,12 +138,12 @@ void MachineSequencer::SetCommand(std::string_view word)
         } else if (word == "close") {
             Halt(&SongPlayer::Close, true);
         } else {
-            Fail(SequencerError::kUnknownCommand, "The sequencer does not know this command.");
+            Fail(SequencerError::kUnknownCommand, {Refusal::Why::UnknownCommand});
         }
     } catch (const std::bad_alloc &) {
-        Fail(SequencerError::kNoMemory, "There is not enough memory.");
+        Fail(SequencerError::kNoMemory, {Refusal::Why::NoMemory});
     } catch (const std::system_error &) {
-        Fail(SequencerError::kNoMemory, "The system has no room for a further thread.");
+        Fail(SequencerError::kNoMemory, {Refusal::Why::NoThread});
     }
 }
 
@@ -149,12 +154,12 @@ void MachineSequencer::Open()
     fromIsFresh_ = false;
     SharedBytes bytes;
     if (const FileReading reading = ReadWholeFile(fileName_, kLargestMidiFile, bytes); reading != FileReading::Success) {
-        Fail(reading == FileReading::NotFound ? SequencerError::kFileNotFound : SequencerError::kInvalidFile, Words(reading));
+        Fail(reading == FileReading::NotFound ? SequencerError::kFileNotFound : SequencerError::kInvalidFile, RefusalOf(reading));
         return;
     }
     MidiFile file = ReadMidiFile(std::move(bytes));
-    if (!file.refusal.empty()) {
-        Fail(SequencerError::kInvalidFile, std::move(file.refusal));
+    if (file.refusal) {
+        Fail(SequencerError::kInvalidFile, file.refusal);
         return;
     }
     if (!thread_.joinable()) {
@@ -169,7 +174,7 @@ void MachineSequencer::Play()
 {
     const Turn turn(*this);
     if (player_.Mode() == SequencerMode::kNotReady) {
-        Fail(SequencerError::kNotOpen, "No MIDI file is open.");
+        Fail(SequencerError::kNotOpen, {Refusal::Why::NoFileOpen});
         return;
     }
     if (outputs_->Wake()) {

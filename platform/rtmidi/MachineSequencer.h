@@ -4,6 +4,7 @@
 
 #include "platform/Sequencer.h"
 #include "platform/rtmidi/PlayerOutputs.h"
+#include "platform/sequencer/Refusal.h"
 #include "platform/sequencer/SongPlayer.h"
 
 #include <atomic>
@@ -41,15 +42,19 @@ public:
     [[nodiscard]] std::int32_t From() const override { return from_; }
     void SetFrom(std::int32_t position) override;
     [[nodiscard]] int Error() const override { return error_; }
-    [[nodiscard]] std::string ErrorMessage() const override { return errorMessage_; }
+    [[nodiscard]] std::string ErrorMessage() const override;
+
+    // linguaBase: 0 while the run's language is Italian. It outlives the sequencer's use. English until then.
+    void Follow(const int &linguaBase) { linguaBase_ = &linguaBase; }
 
 private:
     class Turn;
+    static constexpr int kEnglish = 200;
 
     void Open();
     void Play();
     void Halt(void (SongPlayer::*halt)(Moment), bool tells);
-    void Fail(int error, std::string message);
+    void Fail(int error, const Refusal &refusal);
     void PostDone(int notifyCode);
     void Send(std::span<const std::uint8_t> message, Moment due) override;
 
@@ -61,7 +66,8 @@ private:
     std::int32_t from_ = 0;
     bool fromIsFresh_ = false; // written since the last play
     int error_ = 0;
-    std::string errorMessage_;
+    Refusal refusal_; // the reason for error_
+    const int *linguaBase_ = &kEnglish;
     Post post_;
     std::chrono::milliseconds linger_;
     std::shared_ptr<int> alive_ = std::make_shared<int>(); // what was posted looks whether this has gone

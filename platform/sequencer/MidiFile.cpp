@@ -11,6 +11,7 @@ namespace velluto {
 namespace {
 
 using Bytes = std::span<const std::uint8_t>;
+using Why = Refusal::Why;
 
 constexpr std::size_t kChunkHead = 8; // four letters and a length of four bytes
 constexpr std::size_t kHeaderLength = 6;
@@ -47,7 +48,7 @@ std::optional<Chunk> TakeChunk(Bytes &bytes)
 }
 
 struct Header {
-    int format = 0;
+    std::uint32_t format = 0;
     std::size_t tracks = 0;
     TimeDivision division;
 };
@@ -67,97 +68,67 @@ std::optional<Ratio> FramesPerSecond(int written)
     }
 }
 
-std::string ReadDivision(std::uint32_t word, TimeDivision &division)
+Refusal ReadDivision(std::uint32_t word, TimeDivision &division)
 {
     division.inFrames = (word & 0x8000U) != 0;
     if (!division.inFrames) {
         division.ticksPerBeat = word;
-        return word != 0 ? "" : "The MIDI file is damaged: it counts no ticks to a beat.";
+        return {word != 0 ? Why::None : Why::NoTicks};
     }
     const std::optional<Ratio> frames = FramesPerSecond(static_cast<int>(word >> 8) - 0x100);
     const std::int64_t ticksPerFrame = word & 0xFFU;
     if (!frames || ticksPerFrame == 0) {
-        return "The MIDI file is damaged: it counts time in frames of no known length.";
+        return {Why::NoFrameLength};
     }
     division.ticksPerSecond = {frames->above * ticksPerFrame, frames->below};
     return {};
 }
 
 // Takes the header off the front of the bytes. Returns the refusal.
-std::string ReadHeader(Bytes &bytes, Header &header)
+Refusal ReadHeader(Bytes &bytes, Header &header)
 {
     if (bytes.size() < 4 || !std::ranges::equal(bytes.first(4), std::string_view("MThd"))) {
-        return "This is not a MIDI file.";
+        return {Why::NoMidiFile};
     }
     const std::optional<Chunk> chunk = TakeChunk(bytes);
     if (!chunk || chunk->content.size() < kHeaderLength) {
-        return "The MIDI file is damaged: its header is cut short.";
+        return {Why::HeaderShort};
     }
     const Bytes content = chunk->content;
-    header.format = static_cast<int>(BigEndian(content.subspan(0, 2)));
+    header.format = BigEndian(content.subspan(0, 2));
     header.tracks = BigEndian(content.subspan(2, 2));
     if (header.format == 2) {
-        return "MIDI files of format 2 cannot be played.";
+        return {Why::FormatTwo};
     }
     if (header.format > 2) {
-        return "The MIDI file is of an unknown format (" + std::to_string(header.format) + ").";
+        return {Why::UnknownFormat, header.format};
     }
     if (header.tracks == 0 || (header.format == 0 && header.tracks != 1)) {
-        return "The MIDI file is damaged: a file of format " + std::to_string(header.format) + " with " + std::to_string(header.tracks) +
-               " tracks.";
+        return {Why::CountOfTracks, header.format, header.tracks};
     }
     return ReadDivision(BigEndian(content.subspan(4, 2)), header.division);
 }
 
 // Finds the tracks that the header declares. Returns the refusal.
-std::string FindTracks(Bytes bytes, std::size_t declared, std::vector<Bytes> &tracks)
+Refusal FindTracks(Bytes bytes, std::size_t declared, std::vector<Bytes> &tracks)
 {
     if (declared > kMostTracks) {
-        return "The MIDI file has more than " + std::to_string(kMostTracks) + " tracks.";
+        return {Why::TooManyTracks, kMostTracks};
     }
     while (tracks.size() < declared) {
         const bool more = bytes.size() >= kChunkHead;
         const std::optional<Chunk> chunk = TakeChunk(bytes);
-        const std::string number = std::to_string(tracks.size() + 1);
         if (!chunk) {
-            return more ? "The MIDI file is damaged: track " + number + " is cut short."
-                        : "The MIDI file is damaged: track " + number + " of " + std::to_string(declared) + " is missing.";
+            return more ? Refusal{Why::TrackShort, tracks.size() + 1} : Refusal{Why::TrackMissing, tracks.size() + 1, declared};
         }
         if (chunk->isHeader) {
-            return "The MIDI file is damaged: it has a second header.";
+            return {Why::SecondHeader};
         }
         if (chunk->isTrack) {
             tracks.push_back(chunk->content);
         }
     }
     return {};
-}
-
-const char *Words(TrackFault fault)
-{
-    switch (fault) {
-    case TrackFault::None:
-        break;
-    case TrackFault::EndsInEvent:
-        return "ends in the middle of an event.";
-    case TrackFault::NumberTooLong:
-        return "holds a number of more than four bytes.";
-    case TrackFault::NoStatus:
-        return "holds data that belong to no event.";
-    case TrackFault::UnknownStatus:
-        return "holds an event that has no place in a file.";
-    case TrackFault::HighData:
-        return "holds a data byte above 127.";
-    case TrackFault::BadTempo:
-        return "holds a tempo that is none.";
-    case TrackFault::BadEnd:
-        return "has an end that is not empty.";
-    case TrackFault::EndMissing:
-        return "has no end.";
-    case TrackFault::EndEarly:
-        return "goes on after its end.";
-    }
-    return "";
 }
 
 // What all tracks together come to.
@@ -193,19 +164,19 @@ TrackFault SurveyTrack(Bytes bytes, Survey &survey)
     }
 }
 
-std::string ReadTracks(const Header &header, Song &song)
+Refusal ReadTracks(const Header &header, Song &song)
 {
     Survey survey;
     for (std::size_t i = 0; i < song.tracks.size(); ++i) {
         if (const TrackFault fault = SurveyTrack(song.tracks[i], survey); fault != TrackFault::None) {
-            return "The MIDI file is damaged: track " + std::to_string(i + 1) + " " + Words(fault);
+            return {fault, i + 1};
         }
     }
     if (survey.events > kMostEvents) {
-        return "The MIDI file has more than " + std::to_string(kMostEvents) + " events.";
+        return {Why::TooManyEvents, kMostEvents};
     }
     std::ranges::stable_sort(survey.tempo, {}, &TempoChange::tick);
-    return SetTime(song, header.division, survey.tempo, survey.endTick) ? "" : "The MIDI file lasts longer than a day.";
+    return SetTime(song, header.division, survey.tempo, survey.endTick) ? Refusal{} : Refusal{Why::TooLong};
 }
 
 } // namespace
@@ -214,19 +185,19 @@ MidiFile ReadMidiFile(SharedBytes bytes)
 {
     MidiFile result;
     if (bytes.size() > kLargestMidiFile) {
-        result.refusal = "The MIDI file is larger than " + std::to_string(kLargestMidiFile >> 20) + " MB.";
+        result.refusal = {Why::TooLarge, kLargestMidiFile >> 20};
         return result;
     }
     Bytes rest = bytes.View();
     Header header;
     result.refusal = ReadHeader(rest, header);
-    if (result.refusal.empty()) {
+    if (!result.refusal) {
         result.refusal = FindTracks(rest, header.tracks, result.song.tracks);
     }
-    if (result.refusal.empty()) {
+    if (!result.refusal) {
         result.refusal = ReadTracks(header, result.song);
     }
-    if (result.refusal.empty()) {
+    if (!result.refusal) {
         result.song.file = std::move(bytes);
     } else {
         result.song = {};

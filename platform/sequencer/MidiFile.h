@@ -1,9 +1,8 @@
 // The reader of Standard MIDI Files. Used by the machine's sequencer and by the stand-in that opens real files.
 #pragma once
 
+#include "platform/sequencer/Refusal.h"
 #include "platform/sequencer/Song.h"
-
-#include <string>
 
 namespace velluto {
 
@@ -12,8 +11,8 @@ inline constexpr std::size_t kLargestMidiFile = std::size_t{16} << 20; // bytes
 inline constexpr std::int64_t kMostEvents = 4'000'000;                 // in all tracks together
 
 struct MidiFile {
-    std::string refusal; // why the file cannot be played, as a sentence for the user; empty where it can
-    Song song;           // empty with a refusal
+    Refusal refusal; // why the file cannot be played; none where it can
+    Song song;       // empty with a refusal
 };
 
 // Reads a whole file of format 0 or 1. Every event is looked at before the first is played, and a file is refused rather

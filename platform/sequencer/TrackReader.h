@@ -2,6 +2,8 @@
 // once, and by SongCursor, which plays them.
 #pragma once
 
+#include "platform/sequencer/Refusal.h"
+
 #include <array>
 #include <cstdint>
 #include <span>
@@ -9,18 +11,7 @@
 namespace velluto {
 
 // What is wrong with a track; None where nothing is.
-enum class TrackFault : std::uint8_t {
-    None,
-    EndsInEvent,   // the track's bytes are used up within an event
-    NumberTooLong, // a variable-length number of more than four bytes
-    NoStatus,      // a data byte where no event came before whose status it could share
-    UnknownStatus, // a status byte that belongs on a cable and not in a file
-    HighData,      // a data byte above 127
-    BadTempo,      // a tempo that is not three bytes long, or 0
-    BadEnd,        // an end of track that is not empty
-    EndMissing,    // the bytes are used up, and no end of track has come
-    EndEarly,      // bytes behind the end of track
-};
+using TrackFault = Refusal::Why;
 
 struct TrackEvent {
     enum class Kind : std::uint8_t {

@@ -81,7 +81,7 @@ void StandinSequencer::SetCommand(std::string_view word)
         }
         length_ = word == "stop" ? length_ : 0;
     } else {
-        Fail(StandinError::kUnknownCommand, "unknown command");
+        Fail(SequencerError::kUnknownCommand, "unknown command");
     }
 }
 
@@ -98,7 +98,7 @@ void StandinSequencer::Open()
     from_ = 0;
     fromFresh_ = false;
     const auto known = songs.find(fileName_);
-    const StandinSong missing{0, StandinError::kFileNotFound, "The file cannot be found."};
+    const StandinSong missing{0, SequencerError::kFileNotFound, "The file cannot be found."};
     const StandinSong song = known != songs.end() ? known->second : (OtherSong ? OtherSong(fileName_) : missing);
     if (song.error != 0) {
         Fail(song.error, song.errorMessage);
@@ -111,7 +111,7 @@ void StandinSequencer::Open()
 void StandinSequencer::Play()
 {
     if (mode_ == SequencerMode::kNotReady) {
-        Fail(StandinError::kNotOpen, "No file is open.");
+        Fail(SequencerError::kNotOpen, "No file is open.");
         return;
     }
     const std::int32_t begin = fromFresh_ ? from_ : Position();

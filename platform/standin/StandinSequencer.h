@@ -17,13 +17,6 @@ struct StandinSong {
     std::string errorMessage;
 };
 
-namespace StandinError {
-inline constexpr int kUnknownCommand = 261;
-inline constexpr int kNotOpen = 263;
-inline constexpr int kFileNotFound = 275;
-inline constexpr int kInvalidFile = 296;
-} // namespace StandinError
-
 class StandinSequencer : public Sequencer {
 public:
     using Milliseconds = std::chrono::milliseconds;

@@ -13,11 +13,11 @@ protected:
             test::WriteBytes(folder.At(name), test::Bytes{1, 2, 3});
         }
     }
-    void StartPlayer()
+    void StartPlayer(const std::string &language = "en")
     {
         Ok("device out One");
         Ok("device in One");
-        Ok("start en");
+        Ok("start " + language);
         Ok("menu mnuMidiPlayer");
         Ok("press frmMIDIPlayer CommSel");
         Ok("set frmMIDIPlayer DirMidiSel d");
@@ -90,6 +90,13 @@ TEST_F(PlayerCommands, WhatItWasNotToldOfIsReadForReal)
     std::filesystem::remove(folder.At("d/c.mid"));
     Ok("click frmMIDIPlayer ListMidiSel 2");
     EXPECT_EQ(Ok("boxes").at("boxes").at(0).at("text"), "The MIDI file cannot be found.");
+}
+
+TEST_F(PlayerCommands, ARefusalIsInTheLanguageOfTheRun)
+{
+    StartPlayer("it");
+    Ok("click frmMIDIPlayer ListMidiSel 0");
+    EXPECT_EQ(Ok("boxes").at("boxes").at(0).at("text"), "Questo non è un file MIDI.");
 }
 
 TEST_F(PlayerCommands, AWaitingHandlerLetsOtherCommandsIn)

@@ -164,6 +164,16 @@ TEST_F(MachineSequencerTest, ADamagedFileIsRefusedInTheReadersWords)
     EXPECT_EQ(sequencer->Length(), 0);
 }
 
+TEST_F(MachineSequencerTest, ItsWordsAreInTheLanguageOfTheRun)
+{
+    int linguaBase = 0;
+    sequencer->Follow(linguaBase);
+    Open(folder.At("nothing.mid"));
+    EXPECT_EQ(sequencer->ErrorMessage(), "Il file MIDI non si trova.");
+    linguaBase = 200;
+    EXPECT_EQ(sequencer->ErrorMessage(), "The MIDI file cannot be found.");
+}
+
 TEST_F(MachineSequencerTest, FoldersAndPipesAreNotRead)
 {
     Open(folder.Path());

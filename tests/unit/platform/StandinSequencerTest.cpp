@@ -41,7 +41,7 @@ TEST_F(StandinSequencerTest, BeginsNotReady)
     EXPECT_EQ(device.Position(), 0);
     EXPECT_EQ(device.Command(), "");
     device.SetCommand("play");
-    EXPECT_EQ(device.Error(), StandinError::kNotOpen);
+    EXPECT_EQ(device.Error(), SequencerError::kNotOpen);
     EXPECT_EQ(device.Mode(), 524);
     device.SetCommand("stop");
     device.SetCommand("close");
@@ -63,7 +63,7 @@ TEST_F(StandinSequencerTest, OpensWhatItWasToldOf)
     EXPECT_EQ(device.ErrorMessage(), "No.");
     EXPECT_EQ(device.Length(), 0);
     Open("unknown");
-    EXPECT_EQ(device.Error(), StandinError::kFileNotFound);
+    EXPECT_EQ(device.Error(), SequencerError::kFileNotFound);
     device.OtherSong = [](const std::string &path) { return StandinSong{static_cast<int>(path.size()), 0, {}}; };
     Open("unknown");
     EXPECT_EQ(device.Length(), 7);
@@ -185,7 +185,7 @@ TEST_F(StandinSequencerTest, AnUnknownWordIsAnErrorAndTheLastCommand)
 {
     Open("a");
     device.SetCommand("rewind");
-    EXPECT_EQ(device.Error(), StandinError::kUnknownCommand);
+    EXPECT_EQ(device.Error(), SequencerError::kUnknownCommand);
     EXPECT_EQ(device.Command(), "rewind");
     EXPECT_EQ(device.Mode(), 525);
     device.SetCommand("play");

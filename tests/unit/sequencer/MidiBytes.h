@@ -60,4 +60,11 @@ inline Bytes EndAfter(unsigned ticks)
     return {static_cast<std::uint8_t>(0x80 | ticks >> 7), static_cast<std::uint8_t>(ticks & 0x7F), 0xFF, 0x2F, 0x00};
 }
 
+// Why the file is refused, in English; empty where it is not.
+inline std::string WordsOf(const MidiFile &file)
+{
+    constexpr int kEnglish = 200;
+    return Sentence(file.refusal, kEnglish);
+}
+
 } // namespace velluto::test

@@ -19,7 +19,7 @@ std::size_t Frames(int perSecond, std::size_t ticks)
 TEST(MidiFile, FourBeatsAreSixteenPositions)
 {
     const MidiFile file = Read(File(0, k96, {EndAfter(4 * 96)}));
-    EXPECT_EQ(file.refusal, "");
+    EXPECT_EQ(WordsOf(file), "");
     EXPECT_EQ(file.song.length, 16);
     EXPECT_EQ(file.song.duration, 2 * kSecond);
 }
@@ -35,7 +35,7 @@ TEST(MidiFile, APartOfAPositionAtTheEndCountsAsAWholeOne)
 TEST(MidiFile, ASongOfNothingHasNoLength)
 {
     const MidiFile file = Read(File(0, k96, {{0, 0xFF, 0x2F, 0}}));
-    EXPECT_EQ(file.refusal, "");
+    EXPECT_EQ(WordsOf(file), "");
     EXPECT_EQ(file.song.length, 0);
     EXPECT_EQ(file.song.duration, 0);
 }
@@ -50,7 +50,7 @@ TEST(MidiFile, TimeOfAFormat1FileIsThatOfItsTempoTrack)
     // One beat at 120 a minute, then one at 60, then one at 240.
     const Bytes tempo = {96, 0xFF, 0x51, 3, 0x0F, 0x42, 0x40, 96, 0xFF, 0x51, 3, 0x03, 0xD0, 0x90, 0, 0xFF, 0x2F, 0};
     const MidiFile file = Read(File(1, k96, {tempo, EndAfter(288)}));
-    EXPECT_EQ(file.refusal, "");
+    EXPECT_EQ(WordsOf(file), "");
     EXPECT_EQ(file.song.length, 12);
     EXPECT_EQ(file.song.duration, kSecond / 2 + kSecond + kSecond / 4);
 }
@@ -70,7 +70,7 @@ TEST(MidiFile, OfSeveralTemposAtOneTickTheLastCounts)
 TEST(MidiFile, AFileInFramesIsMeasuredInTenthsOfASecond)
 {
     const MidiFile file = Read(File(0, Frames(25, 40), {EndAfter(2500)})); // a thousand ticks a second
-    EXPECT_EQ(file.refusal, "");
+    EXPECT_EQ(WordsOf(file), "");
     EXPECT_EQ(file.song.length, 25);
     EXPECT_EQ(file.song.duration, kSecond * 5 / 2);
     EXPECT_EQ(Read(File(0, Frames(24, 1), {EndAfter(48)})).song.length, 20);
@@ -97,7 +97,7 @@ TEST(MidiFile, AStatusIsLeftOutBehindOneOfTheSameKind)
 TEST(MidiFile, AStatusStaysInForceBehindMetaEventsAndExclusiveMessages)
 {
     const Bytes track = {0, 0x90, 60, 100, 0, 0xFF, 0x01, 1, 'x', 48, 60, 0, 0, 0xF0, 2, 0x42, 0xF7, 48, 62, 100, 0, 0xFF, 0x2F, 0};
-    EXPECT_EQ(Read(File(0, k96, {track})).refusal, "");
+    EXPECT_EQ(WordsOf(Read(File(0, k96, {track}))), "");
     EXPECT_EQ(Read(File(0, k96, {track})).song.length, 4);
 }
 
@@ -111,14 +111,14 @@ TEST(MidiFile, MetaEventsOfEveryTypeArePassedOver)
     }
     Append(track, {0, 0xFF, 0x2F, 0});
     const MidiFile file = Read(File(0, k96, {track}));
-    EXPECT_EQ(file.refusal, "");
+    EXPECT_EQ(WordsOf(file), "");
     EXPECT_EQ(file.song.endTick, 126);
 }
 
 TEST(MidiFile, TheLongestNumberIsFourBytes)
 {
     const MidiFile file = Read(File(0, 0x7FFF, {{0xFF, 0xFF, 0xFF, 0x7F, 0xFF, 0x2F, 0}}));
-    EXPECT_EQ(file.refusal, "");
+    EXPECT_EQ(WordsOf(file), "");
     EXPECT_EQ(file.song.endTick, 0x0FFFFFFF);
 }
 
@@ -135,7 +135,7 @@ TEST(MidiFile, OtherChunksAndALongerHeaderArePassedOver)
     Append(bytes, Chunk("XFKM", {}));
     Append(bytes, Chunk("MTrk", EndAfter(192)));
     const MidiFile file = Read(bytes);
-    EXPECT_EQ(file.refusal, "");
+    EXPECT_EQ(WordsOf(file), "");
     EXPECT_EQ(file.song.length, 8);
 }
 
@@ -159,9 +159,9 @@ TEST(MidiFile, ASongOfADayIsReadAndALongerOneIsNot)
         return Read(File(0, k96, {{0, 0xFF, 0x51, 3, 0x92, 0x7C, 0x00, 0xB4, 0xDE, last, 0xFF, 0x2F, 0}}));
     };
     static_assert((0x34 << 14 | 0x5E << 7 | 0x00) == 864'000);
-    EXPECT_EQ(ofTicks(0x00).refusal, "");
+    EXPECT_EQ(WordsOf(ofTicks(0x00)), "");
     EXPECT_EQ(ofTicks(0x00).song.duration, kLongestSong);
-    EXPECT_EQ(ofTicks(0x01).refusal, "The MIDI file lasts longer than a day.");
+    EXPECT_EQ(WordsOf(ofTicks(0x01)), "The MIDI file lasts longer than a day.");
 }
 
 TEST(MidiFile, AFileOfTheLargestTempoAndTheLargestTimesIsTooLong)
@@ -171,16 +171,16 @@ TEST(MidiFile, AFileOfTheLargestTempoAndTheLargestTimesIsTooLong)
         Append(track, {0xFF, 0xFF, 0xFF, 0x7F, 0x90, 60, 100});
     }
     Append(track, {0, 0xFF, 0x2F, 0});
-    EXPECT_EQ(Read(File(0, 1, {track})).refusal, "The MIDI file lasts longer than a day.");
+    EXPECT_EQ(WordsOf(Read(File(0, 1, {track}))), "The MIDI file lasts longer than a day.");
 }
 
 TEST(MidiFile, AFileLargerThanTheLimitIsRefused)
 {
     Bytes bytes = File(0, k96, {EndAfter(96)});
     bytes.resize(kLargestMidiFile);
-    EXPECT_EQ(Read(bytes).refusal, "");
+    EXPECT_EQ(WordsOf(Read(bytes)), "");
     bytes.push_back(0);
-    EXPECT_EQ(Read(bytes).refusal, "The MIDI file is larger than 16 MB.");
+    EXPECT_EQ(WordsOf(Read(bytes)), "The MIDI file is larger than 16 MB.");
 }
 
 TEST(MidiFile, MoreEventsThanTheLimitAreRefused)
@@ -193,7 +193,7 @@ TEST(MidiFile, MoreEventsThanTheLimitAreRefused)
             track.push_back(5);
         }
         Append(track, {0, 0xFF, 0x2F, 0});
-        return Read(File(0, k96, {track})).refusal;
+        return WordsOf(Read(File(0, k96, {track})));
     };
     EXPECT_EQ(withEvents(kMostEvents), "");
     EXPECT_EQ(withEvents(kMostEvents + 1), "The MIDI file has more than 4000000 events.");
@@ -204,10 +204,10 @@ TEST(MidiFile, AFileCutOffAtAnyByteIsRefused)
     const Bytes tempo = {0, 0xFF, 0x51, 3, 0x07, 0xA1, 0x20, 0, 0xFF, 0x58, 4, 4, 2, 24, 8, 0, 0xFF, 0x2F, 0};
     const Bytes music = {0, 0xC0, 5, 0, 0x90, 60, 100, 0x83, 0x60, 60, 0, 0, 0xF0, 3, 0x7E, 0x09, 0xF7, 0, 0xE0, 0, 64, 0, 0xFF, 0x2F, 0};
     const Bytes whole = File(1, 480, {tempo, music});
-    ASSERT_EQ(Read(whole).refusal, "");
+    ASSERT_EQ(WordsOf(Read(whole)), "");
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const MidiFile file = Read(Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)));
-        EXPECT_NE(file.refusal, "") << length;
+        EXPECT_NE(WordsOf(file), "") << length;
         EXPECT_TRUE(file.song.tracks.empty()) << length;
     }
 }
@@ -215,10 +215,10 @@ TEST(MidiFile, AFileCutOffAtAnyByteIsRefused)
 TEST(MidiFile, ATrackCutOffAtAnyByteOfItIsRefused)
 {
     const Bytes music = {0, 0xC0, 5, 0, 0x90, 60, 100, 0x83, 0x60, 60, 0, 0, 0xF0, 3, 0x7E, 0x09, 0xF7, 0, 0xE0, 0, 64, 0, 0xFF, 0x2F, 0};
-    ASSERT_EQ(Read(File(0, 480, {music})).refusal, "");
+    ASSERT_EQ(WordsOf(Read(File(0, 480, {music}))), "");
     for (std::size_t length = 0; length < music.size(); ++length) {
         const Bytes cut(music.begin(), music.begin() + static_cast<std::ptrdiff_t>(length));
-        EXPECT_NE(Read(File(0, 480, {cut})).refusal, "") << length;
+        EXPECT_NE(WordsOf(Read(File(0, 480, {cut}))), "") << length;
     }
 }
 
@@ -317,7 +317,7 @@ class RefusedFile : public testing::TestWithParam<Refused> {};
 TEST_P(RefusedFile, IsToldInPlainWords)
 {
     const MidiFile file = Read(GetParam().bytes);
-    EXPECT_EQ(file.refusal, GetParam().words);
+    EXPECT_EQ(WordsOf(file), GetParam().words);
     EXPECT_EQ(file.song.length, 0);
     EXPECT_TRUE(file.song.tracks.empty());
 }

@@ -31,7 +31,7 @@ struct PlayerTest : testing::Test, SongOutput {
     void Open(const Bytes &bytes)
     {
         const MidiFile file = Read(bytes);
-        ASSERT_EQ(file.refusal, "");
+        ASSERT_EQ(WordsOf(file), "");
         player.Open(std::make_shared<const Song>(file.song));
     }
     // The song goes on until so long after the morning.

@@ -12,7 +12,7 @@ using testing::ElementsAre;
 Song Taken(const Bytes &bytes)
 {
     const MidiFile file = Read(bytes);
-    EXPECT_EQ(file.refusal, "");
+    EXPECT_EQ(WordsOf(file), "");
     return file.song;
 }
 

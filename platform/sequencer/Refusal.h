@@ -1,0 +1,57 @@
+// Why the sequencer refuses a file or a command, and the sentence that tells the user. Used by the reader of MIDI files, by the
+// machine's sequencer and by the stand-in that opens real files.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace velluto {
+
+struct Refusal {
+    // N and M stand for the numbers that go with a reason.
+    enum class Why : std::uint8_t {
+        None,
+        UnknownCommand,
+        NoMemory,
+        NoThread,
+        NoFileOpen,
+        NotFound,
+        NotReadable,
+        TooLarge, // more than N MB
+        NoMidiFile,
+        HeaderShort,
+        FormatTwo,
+        UnknownFormat, // N
+        CountOfTracks, // format N with M tracks
+        NoTicks,
+        NoFrameLength,
+        TooManyTracks, // more than N
+        TrackShort,    // the chunk of track N, from 1, is longer than the file
+        TrackMissing,  // track N, from 1, of M
+        SecondHeader,
+        // In track N, from 1:
+        EndsInEvent,   // the track's bytes are used up within an event
+        NumberTooLong, // a variable-length number of more than four bytes
+        NoStatus,      // a data byte where no event came before whose status it could share
+        UnknownStatus, // a status byte that belongs on a cable and not in a file
+        HighData,      // a data byte above 127
+        BadTempo,      // a tempo that is not three bytes long, or 0
+        BadEnd,        // an end of track that is not empty
+        EndMissing,    // the bytes are used up, and no end of track has come
+        EndEarly,      // bytes behind the end of track
+        // In the song:
+        TooManyEvents, // more than N
+        TooLong,
+    };
+
+    Why why = Why::None;
+    std::uint64_t n = 0;
+    std::uint64_t m = 0;
+
+    explicit operator bool() const { return why != Why::None; }
+};
+
+// A sentence for the user, in UTF-8; empty for Why::None. linguaBase is the run's: 0 Italian, else English.
+std::string Sentence(const Refusal &refusal, int linguaBase);
+
+} // namespace velluto
