@@ -220,6 +220,28 @@ TEST_F(MenuStateTest, ALanguageChangeAndBackShowsTwoBoxesAndChangesNothingElse)
     }
 }
 
+TEST(MenuStateInItalianTest, AChangeToEnglishAndBackShowsTwoBoxesAndLinguaEndsAt1)
+{
+    TestProgram run;
+    ASSERT_TRUE(run.Start(TestProgram::Italian));
+    frmMain &menu = run.program.app.frame;
+    EXPECT_TRUE(run.Choose(menu.mnuInglese));
+    EXPECT_EQ(run.program.app.settings.Lingua, 2);
+    EXPECT_TRUE(run.Choose(menu.mnuItaliano));
+    EXPECT_EQ(run.program.app.settings.Lingua, 1);
+    EXPECT_TRUE(menu.mnuItaliano.checked);
+    EXPECT_FALSE(menu.mnuInglese.checked);
+    EXPECT_EQ(run.program.app.messages.LinguaBase, 0);
+    EXPECT_EQ(menu.mnuView.caption.Get(), "&Visualizza");
+    ASSERT_EQ(run.face.boxes.size(), 2U);
+    for (const ShownBox &box : run.face.boxes) {
+        EXPECT_EQ(box.title, "Cambio lingua");
+        EXPECT_EQ(box.text, "Il cambio avr\xC3\xA0 effetto alla prossima esecuzione del programma");
+    }
+    run.Exit();
+    EXPECT_EQ(run.Ini().at(25 - 1), 1);
+}
+
 TEST_F(MenuStateTest, TheNewLanguageTakesEffectInTheNextRun)
 {
     run.Choose(menu.mnuItaliano);

@@ -101,6 +101,15 @@ TEST_F(CopyTest, ARunMayReachTheLastRowOfAHundredAndTwentyEight)
     EXPECT_EQ(clipboard.ClipCount, 2);
 }
 
+TEST_F(CopyTest, ASmallBankIsLookedAtAsFarAsALargeOne)
+{
+    frmPcgUN &window = Pcg("a.pcg", kThreePrograms);
+    window.List1.AddItem(" 065 Beyond");
+    Copy(window, {64});
+    EXPECT_EQ(clipboard.ClipFirstRow, 65);
+    EXPECT_EQ(clipboard.ClipCount, 1);
+}
+
 TEST_F(CopyTest, AProgramOfOneLetterIsAnItem)
 {
     frmPcgUN &window = Pcg("a.pcg", {{"X", 5, "AAA"}});

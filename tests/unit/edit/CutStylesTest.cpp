@@ -223,6 +223,16 @@ TEST_F(CutStylesTest, OfTheLastItemOfAnOpenedFileSettlesNothing)
     EXPECT_EQ(window.Tag.At(TagPosition::PasteFixed), 1);
 }
 
+TEST_F(CutStylesTest, OfANewFileThatKeepsAnItemStaysSettled)
+{
+    Copy(Style("a.sty", {{"Bossa", 0, "AAA"}, {"Beguine", 1, "BBBB"}}), {0, 1});
+    frmStyUN &window = NewSty();
+    Paste(window, {0, 1});
+    Cut(window, {0});
+    ASSERT_EQ(CountItems(window.Tag.image.View()), 1);
+    EXPECT_EQ(window.Tag.At(TagPosition::PasteFixed), 1);
+}
+
 TEST_F(CutStylesTest, OfANewFileThatWasSavedItIsStillNew)
 {
     frmStyUN &source = Style("a.sty", kTwoPairs);
@@ -250,6 +260,19 @@ TEST_F(CutStylesTest, WithNothingSelectedAtFirstTheFileBecomesWhatTheLastEditBui
     EXPECT_EQ(clipboard.ClipFirstRow, 17);
     EXPECT_EQ(clipboard.ClipCount, 0);
     EXPECT_EQ(Legible(BytesOf(clipboard.ClipImage)), Legible(FileOf(kTwoPairs)));
+}
+
+TEST_F(CutStylesTest, AWindowThatLostItsImageThatWayStaysAsItIs)
+{
+    frmStyUN &window = Style("a.sty", kTwoPairs);
+    Cut(window, {});
+    ASSERT_TRUE(window.Tag.image.empty());
+    clipboard.ClipValid = 0;
+    const Everything before = All(window);
+    Cut(window, {0}); // the row is still shown
+    EXPECT_EQ(All(window), before);
+    EXPECT_EQ(clipboard.ClipValid, 0);
+    EXPECT_EQ(files.CutCount, 0);
 }
 
 TEST_F(CutStylesTest, WithNothingSelectedTheFileMayBecomeOneOfPrograms)

@@ -144,6 +144,18 @@ TEST_F(CutTest, OfALargeBankReachesItsLastRow)
     EXPECT_EQ(clipboard.ClipCount, 2);
 }
 
+TEST_F(CutTest, OfTheVeryLastRowAlone)
+{
+    frmPcgUN &window = Pcg("a.pcg", {{"Piano", 0, "AAA"}, {"Organ", 1, "bb"}, {"Choir", 63, "CCCC"}});
+    Cut(window, {0});
+    EXPECT_EQ(clipboard.ClipCount, 1);
+    files.CutCount = 2; // of some Cut before
+    Cut(window, {63});
+    EXPECT_EQ(clipboard.ClipFirstRow, 64);
+    EXPECT_EQ(clipboard.ClipCount, 1);
+    EXPECT_EQ(Image(window), Legible(Written({{"Organ", 1}}, "bb", {60})));
+}
+
 TEST_F(CutTest, TheTablesDescribeTheNewImage)
 {
     frmPcgUN &window = Pcg("a.pcg", kThreePrograms);
@@ -222,6 +234,16 @@ TEST_F(CutTest, ARowShorterThanAnEmptyOneDoesNotEndTheRun)
     EXPECT_EQ(Image(window), kNoItems);
 }
 
+TEST_F(CutTest, ARowShorterThanAnEmptyOneDoesNotBeginTheRun)
+{
+    frmPcgUN &window = Pcg("a.pcg", kThreePrograms);
+    window.List1.SetRow(0, " 00");
+    Cut(window, {0, 1});
+    EXPECT_EQ(clipboard.ClipFirstRow, 2);
+    EXPECT_EQ(clipboard.ClipCount, 1);
+    EXPECT_EQ(Row(window, 0), " 00");
+}
+
 // --- The window and the clipboard
 
 TEST_F(CutTest, TheWindowIsMarkedAsChangedAndNothingElseOfItsStateChanges)
@@ -235,6 +257,15 @@ TEST_F(CutTest, TheWindowIsMarkedAsChangedAndNothingElseOfItsStateChanges)
     EXPECT_EQ(window.caption.Get(), title);
     EXPECT_THAT(Boxes(), IsEmpty());
     EXPECT_TRUE(run.midi.sent.empty());
+}
+
+TEST_F(CutTest, TheNewStateAndImageAreLeftInTheBuildTexts)
+{
+    frmPcgUN &window = Pcg("a.pcg", kThreePrograms);
+    Cut(window, {1});
+    EXPECT_EQ(files.BuildPrefix, window.Tag.prefix);
+    EXPECT_EQ(files.BuildPrefix.at(5), '\x01');
+    EXPECT_EQ(Legible(BytesOf(files.BuildImage)), Image(window));
 }
 
 TEST_F(CutTest, TheClipboardHoldsTheFileAsItWasBefore)

@@ -104,6 +104,18 @@ TEST_F(SaveAsTest, ANewFileWithoutAPasteIsWrittenEmptyAndLaterFoundMissing)
     EXPECT_FALSE(Exists(run.At("new.pcg")));
 }
 
+TEST_F(SaveAsTest, ANewPerformanceFileWithoutAPasteIsWrittenEmptyToo)
+{
+    run.Choose(app.frame.mnuPrfNuovo);
+    ASSERT_TRUE(app.children.Active()->Tag.image.empty());
+    SaveAs(run.At("new.prf"));
+    ASSERT_TRUE(Exists(run.At("new.prf")));
+    EXPECT_EQ(ReadBytes(run.At("new.prf")), Bytes{});
+    Open(run.At("new.prf"));
+    EXPECT_THAT(Boxes(), ElementsAre("Apertura di new.prf: File assente"));
+    EXPECT_FALSE(Exists(run.At("new.prf")));
+}
+
 TEST_F(SaveAsTest, OnlyProgramSlotsAreLookedThroughForTheOldPath)
 {
     const std::string oldPath = run.At("a.sty");
