@@ -52,6 +52,18 @@ TEST(AllNotesOff, OutsideLatchModeHoldChordGoesOff)
     EXPECT_EQ(link.State(), "click - box -");
 }
 
+TEST(AllNotesOff, WithHoldNoteOnInGlideModeHoldChordGoesOff)
+{
+    ModesLink link;
+    link.FreezeOne();
+    link.Push(link.Form().CheckClickKey);
+    link.Push(link.Form().CheckHoldNote);
+    ASSERT_EQ(link.State(), "- hold box -");
+    link.Form().CommHoldChord.enabled = true;
+    link.Push(link.Form().CommAllNoteOff);
+    EXPECT_EQ(link.State(), "- hold box -");
+}
+
 TEST(AllNotesOff, GoesToTheChannelOfNow)
 {
     ModesLink link;

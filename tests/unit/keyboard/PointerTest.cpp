@@ -72,6 +72,21 @@ TEST(PressMode, ThePlacesOfTheTopAndTheBottomNoteAreReached)
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(12), NoteOff(12)}));
 }
 
+TEST(PressMode, AKeyWhoseNoteIsStillFlaggedAsHeldPlaysLikeAnyOther)
+{
+    KeyboardLink link;
+    frmTastiera &form = link.OpenLatch();
+    link.Click(0); // note 36
+    form.HScroll1.value = 3;
+    link.Push(form.CheckHoldNote); // silences, but clears the flags on screen only
+    form.HScroll1.value = 2;
+    ASSERT_EQ(link.Held(), (Ints{36}));
+    link.Taken();
+    link.Click(0);
+    EXPECT_EQ(link.Taken(), (Sent{NoteOn(36), NoteOff(36)}));
+    EXPECT_EQ(link.Held(), (Ints{36}));
+}
+
 // ---- Latch: both on
 
 TEST(LatchMode, PressLatchesAndReleaseSaysNothing)
@@ -306,6 +321,15 @@ TEST(ChordMode, ReleaseIsSilent)
     link.Click(0);
     EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(36), NoteOn(40)}));
     EXPECT_EQ(link.Dots(), (Ints{0, 4}));
+}
+
+TEST(ChordMode, ReleaseIsSilentWithTheHoldBoxOffToo)
+{
+    ChordLink link;
+    link.Open();
+    link.Form().notes.ChordArmed = true; // no hand freezes a chord in Press mode; the rule is there all the same
+    link.Up(24);
+    EXPECT_EQ(link.Taken(), Sent{});
 }
 
 TEST(ChordMode, AllNotesOffEndsItAndKeepsTheOldChordUnused)
