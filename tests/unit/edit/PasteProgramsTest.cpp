@@ -83,6 +83,27 @@ TEST_F(PasteProgramsTest, IntoANewFileBuildsItsFirstImage)
     ExpectTheSameAfterSaveAndOpen(window);
 }
 
+TEST_F(PasteProgramsTest, IntoANewFileTheLengthsAreThoseOfTheItemsAndNotOfTheRows)
+{
+    Copy(Pcg("a.pcg", {{"Piano", 1, "AAA"}, {"Organ", 2, "bb"}, {"Choir", 3, "CCCC"}, {"Flute", 4, "ddddd"}}), {2, 3});
+    frmPcgUN &window = NewPcg64();
+    Paste(window, {0});
+    EXPECT_EQ(Image(window), Legible(Written({{"Organ", 0}, {"Choir", 1}}, "bbCCCC", {84, 86})));
+    EXPECT_EQ(files.BuildItemIndex[128], 2);
+    EXPECT_EQ(files.BuildItemIndex[128 + 1], 4);
+    ExpectTheSameAfterSaveAndOpen(window);
+}
+
+TEST_F(PasteProgramsTest, TheNewStateAndImageAreLeftInTheBuildTexts)
+{
+    Copy(Pcg("a.pcg", kSource), {0});
+    frmPcgUN &window = NewPcg64();
+    Paste(window, {9});
+    EXPECT_EQ(files.BuildPrefix, window.Tag.prefix);
+    EXPECT_EQ(files.BuildPrefix.at(5), '\x01');
+    EXPECT_EQ(Legible(BytesOf(files.BuildImage)), Image(window));
+}
+
 TEST_F(PasteProgramsTest, TheNewFileOf128PlacesTakesItemsInItsLastRow)
 {
     Copy(Pcg("a.pcg", kSource), {1});
@@ -159,6 +180,16 @@ TEST_F(PasteProgramsTest, BehindAllItemsTheNewOnesAreAppended)
     EXPECT_EQ(files.BuildItemIndex[128 + 2], 2);
     EXPECT_EQ(files.BuildItemIndex[128 + 3], 4);
     ExpectTheSameAfterSaveAndOpen(window);
+}
+
+TEST_F(PasteProgramsTest, BehindAllItemsTheLengthsAreThoseOfTheItemsAndNotOfTheRows)
+{
+    Copy(Pcg("a.pcg", {{"Piano", 1, "AAA"}, {"Organ", 2, "bb"}, {"Choir", 3, "CCCC"}, {"Flute", 4, "ddddd"}}), {2, 3});
+    frmPcgUN &window = Pcg("b.pcg", {{"Strings", 0, "S"}});
+    Paste(window, {5});
+    EXPECT_EQ(Image(window), Legible(Written({{"Strings", 0}, {"Organ", 5}, {"Choir", 6}}, "SbbCCCC", {108, 109, 111})));
+    EXPECT_EQ(files.BuildItemIndex[128 + 1], 2);
+    EXPECT_EQ(files.BuildItemIndex[128 + 2], 4);
 }
 
 TEST_F(PasteProgramsTest, DirectlyBehindTheLastItem)

@@ -94,6 +94,15 @@ TEST_F(PrintingTest, TheNameOfANewFileIsCentredWithoutItsBlanks)
     EXPECT_EQ(link.Heading(14, 11, "SenzaNome.pcg"), Line("Velluto - Velluto v 1.1             SenzaNome.pcg              14/05/2005"));
 }
 
+TEST_F(PrintingTest, TheNameIsReadFromPosition21To260)
+{
+    const std::string longest = "/" + std::string(224, 'd') + "/Bank.pcg"; // 234 characters: to position 254
+    EXPECT_EQ(link.Heading(14, 1, longest), Line("Velluto - Velluto v 1.1               Bank.pcg                 14/05/2005"));
+    Window window(14, 1, longest);
+    window.Tag.Put(255, "123456789");
+    EXPECT_EQ(link.Texts(window).at(0), Line("Velluto - Velluto v 1.1            Bank.pcg123456              14/05/2005"));
+}
+
 TEST_F(PrintingTest, TheDateIsInTheSystemsShortForm)
 {
     link.clock.shortDate = "5/14/05";
