@@ -1,7 +1,10 @@
 #include "desktop/ChildArea.h"
 
+#include "desktop/WindowAccess.h"
+
 #include <QEvent>
 #include <QScrollBar>
+#include <QShortcut>
 
 namespace velluto {
 
@@ -11,6 +14,15 @@ ChildArea::ChildArea(QWidget *parent) : QMdiArea(parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setFrameShape(QFrame::NoFrame);
+    InstallWindowAccess();
+    connect(this, &QMdiArea::subWindowActivated, this, &TellActiveWindow);
+    // To minimise, maximise, move and size a window without a mouse.
+    const auto *keys = new QShortcut(QKeySequence(static_cast<int>(Qt::ALT) | Qt::Key_Minus), this);
+    connect(keys, &QShortcut::activated, this, [this] {
+        if (QMdiSubWindow *active = activeSubWindow()) {
+            active->showSystemMenu();
+        }
+    });
     TakeBackground();
 }
 

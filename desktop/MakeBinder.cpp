@@ -6,6 +6,7 @@
 #include "desktop/PlayerBinders.h"
 #include "desktop/SimpleBinders.h"
 #include "desktop/TextBinder.h"
+#include "desktop/WindowAccess.h"
 #include "desktop/Words.h"
 
 #include <QCheckBox>
@@ -30,9 +31,7 @@ QWidget *MakeFrame(const Frame &frame, QWidget *parent)
     if (!frame.caption.Get().empty()) {
         return new QGroupBox(FromUtf8(frame.caption.Get()), parent);
     }
-    auto *box = new QFrame(parent);
-    box->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
-    return box;
+    return new BorderBox(parent);
 }
 
 } // namespace
@@ -70,7 +69,7 @@ std::unique_ptr<Binder> MakeBinder(Control &control, QWidget *parent, EventGate 
         return std::make_unique<EmblemBinder>(*emblem, gate, parent);
     }
     if (auto *picture = dynamic_cast<Picture *>(&control)) {
-        return std::make_unique<PictureBinder>(*picture, gate, new QFrame(parent));
+        return std::make_unique<PictureBinder>(*picture, gate, new BorderBox(parent));
     }
     if (auto *frame = dynamic_cast<Frame *>(&control)) {
         return std::make_unique<FrameBinder>(*frame, gate, MakeFrame(*frame, parent));

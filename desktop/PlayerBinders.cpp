@@ -1,6 +1,7 @@
 #include "desktop/PlayerBinders.h"
 
 #include "desktop/Twips.h"
+#include "desktop/WindowAccess.h"
 #include "desktop/Words.h"
 #include "view/Gestures.h"
 
@@ -263,6 +264,9 @@ DriveBinder::DriveBinder(DriveList &drives, EventGate &gate, QComboBox *drawn) :
 
 void DriveBinder::Show(Aspect aspect)
 {
+    if (aspect == Aspect::Caption) {
+        NameCombo(*drawn_, AccessibleNameOf(drives_));
+    }
     if (aspect == Aspect::Rows) {
         drawn_->clear();
         for (const std::string &path : drives_.rows) {

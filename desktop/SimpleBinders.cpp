@@ -105,9 +105,8 @@ void LabelBinder::Show(Aspect aspect)
 
 EmblemBinder::EmblemBinder(Emblem &emblem, EventGate &gate, QWidget *parent) : Binder(emblem, gate, new EmblemView(parent)) {}
 
-PictureBinder::PictureBinder(Picture &picture, EventGate &gate, QFrame *box) : Binder(picture, gate, box)
+PictureBinder::PictureBinder(Picture &picture, EventGate &gate, BorderBox *box) : Binder(picture, gate, box)
 {
-    box->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     box->lower();
 }
 
@@ -135,7 +134,9 @@ ComboBinder::ComboBinder(ComboBox &combo, EventGate &gate, QComboBox *drawn) : B
 
 void ComboBinder::Show(Aspect aspect)
 {
-    if (aspect == Aspect::Current) {
+    if (aspect == Aspect::Caption) {
+        NameCombo(*drawn_, AccessibleNameOf(combo_));
+    } else if (aspect == Aspect::Current) {
         drawn_->setCurrentIndex(combo_.ListIndex);
     }
 }

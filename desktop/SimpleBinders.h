@@ -4,6 +4,7 @@
 #include "desktop/Binder.h"
 #include "desktop/ListView.h"
 #include "desktop/WidgetEvents.h"
+#include "desktop/WindowAccess.h"
 #include "view/Control.h"
 
 #include <QAbstractButton>
@@ -52,7 +53,7 @@ protected:
 
 class PictureBinder : public Binder {
 public:
-    PictureBinder(Picture &picture, EventGate &gate, QFrame *box);
+    PictureBinder(Picture &picture, EventGate &gate, BorderBox *box);
 
 protected:
     void Show(Aspect /*aspect*/) override {}

@@ -78,6 +78,68 @@ TEST_F(AccessTest, AListIsAListWithItsRowsAndTheirSelection)
     EXPECT_TRUE(list->child(2)->rect().isValid());
 }
 
+TEST_F(AccessTest, AChildWindowSaysWhetherItIsTheActiveOne)
+{
+    StubForm &first = NewForm();
+    app.children.Show(first);
+    StubForm &second = NewForm();
+    app.children.Show(second);
+    QAccessibleInterface *one = QAccessible::queryAccessibleInterface(&Window(first));
+    QAccessibleInterface *other = QAccessible::queryAccessibleInterface(&Window(second));
+    EXPECT_EQ(one->role(), QAccessible::Window);
+    EXPECT_EQ(one->text(QAccessible::Name), QStringLiteral("Stub"));
+    EXPECT_FALSE(one->state().active);
+    EXPECT_TRUE(other->state().active);
+    app.children.Activate(first);
+    Settle();
+    EXPECT_TRUE(one->state().active);
+    EXPECT_FALSE(other->state().active);
+}
+
+TEST_F(AccessTest, AChildWindowThatReachesOutOfTheFrameIsInView)
+{
+    StubForm &form = NewForm();
+    form.place = Place{300, 600, 30000, 30000};
+    app.children.Show(form);
+    const QAccessible::State state = QAccessible::queryAccessibleInterface(&Window(form))->state();
+    EXPECT_FALSE(state.offscreen);
+    EXPECT_FALSE(state.invisible);
+}
+
+TEST_F(AccessTest, TheMenuOfAChildWindowComesByKeyAndBelongsToIt)
+{
+    StubForm &form = NewForm();
+    app.children.Show(form);
+    QAccessibleInterface *window = QAccessible::queryAccessibleInterface(&Window(form));
+    ASSERT_EQ(window->childCount(), 1);
+    QTest::keyClick(&Frame(), Qt::Key_Minus, Qt::AltModifier);
+    ASSERT_EQ(window->childCount(), 2);
+    QAccessibleInterface *menu = window->child(1);
+    EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+    EXPECT_EQ(window->indexOfChild(menu), 1);
+    Window(form).systemMenu()->hide();
+    EXPECT_EQ(window->childCount(), 1);
+}
+
+TEST_F(AccessTest, AFrameAroundControlsIsAGroupAndNoWindow)
+{
+    ChooseMenu(app.frame.mnuTastiera);
+    auto *box = Window(*app.children.Active()).findChild<QFrame *>(QStringLiteral("Frame1"));
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(box)->role(), QAccessible::Grouping);
+}
+
+TEST_F(AccessTest, AComboBoxIsNamedByALabelThatNobodySees)
+{
+    ChooseMenu(app.frame.mnuMIDISetup);
+    auto *combo = Window(*app.children.Active()).findChild<QComboBox *>(QStringLiteral("Combo1(3)"));
+    ASSERT_NE(combo, nullptr);
+    const auto relations = QAccessible::queryAccessibleInterface(combo)->relations(QAccessible::Label);
+    ASSERT_EQ(relations.size(), 1);
+    EXPECT_EQ(relations[0].first->text(QAccessible::Name), QStringLiteral("MIDI Channel 3"));
+    EXPECT_TRUE(relations[0].first->state().invisible);
+}
+
 TEST_F(AccessTest, ALabelIsNotReachedByTabAndABoxWithWordsIs)
 {
     StubForm &form = NewForm();
