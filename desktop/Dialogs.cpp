@@ -124,7 +124,12 @@ FileChoice ChooseFile(QWidget *parent, const FileDialog &dialog, const QString &
     }
     chooser.resize(kFileDialogSize);
     LayOutFileList(chooser);
-    if (chooser.exec() != QDialog::Accepted) {
+    const bool accepted = chooser.exec() == QDialog::Accepted;
+    // A window manager that sees the dialog go together with a question above it may forget who had the keyboard before them.
+    if (parent != nullptr) {
+        parent->activateWindow();
+    }
+    if (!accepted) {
         return {};
     }
     const QStringList chosen = chooser.selectedFiles();
