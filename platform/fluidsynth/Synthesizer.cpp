@@ -1,9 +1,8 @@
 #include "platform/fluidsynth/Synthesizer.h"
 
 #include "platform/MidiDevices.h"
+#include "platform/fluidsynth/FluidLibrary.h"
 #include "platform/rtmidi/QuietAlsa.h"
-
-#include <fluidsynth.h>
 
 #include <array>
 #include <cstdlib>
@@ -18,53 +17,47 @@ using namespace std::chrono_literals;
 
 constexpr auto kWaitAtEnd = 3000ms;
 
-struct DeleteSettings {
-    void operator()(fluid_settings_t *settings) const { delete_fluid_settings(settings); }
-};
-struct DeleteSynth {
-    void operator()(fluid_synth_t *synth) const { delete_fluid_synth(synth); }
-};
-struct DeleteDriver {
-    void operator()(fluid_audio_driver_t *driver) const { delete_fluid_audio_driver(driver); }
-};
-
-using SettingsPointer = std::unique_ptr<fluid_settings_t, DeleteSettings>;
-using SynthPointer = std::unique_ptr<fluid_synth_t, DeleteSynth>;
-using DriverPointer = std::unique_ptr<fluid_audio_driver_t, DeleteDriver>;
+// What one of the library's own functions takes away.
+template <typename Thing>
+using Owned = std::unique_ptr<Thing, void (*)(Thing *)>;
 
 void Quiet(int /*level*/, const char * /*text*/, void * /*unused*/) {}
 
-// Once, before anything else of the library: no words on the standard error stream, and no look at drivers that are not
-// wanted (one of them waits seconds for a server that does not run).
-void PrepareLibrary()
+// The library, told once and before anything else to write no words on the standard error stream, and to look at no drivers
+// that are not wanted (one of them waits seconds for a server that does not run). Nothing where there is none.
+const FluidLibrary *PreparedLibrary()
 {
-    static const bool done = []() {
-        for (int level = 0; level < LAST_LOG_LEVEL; ++level) {
-            fluid_set_log_function(level, &Quiet, nullptr);
+    static const FluidLibrary *const prepared = []() {
+        const FluidLibrary *const fluid = FluidLibrary::Open();
+        if (fluid != nullptr) {
+            for (int level = 0; level < LAST_LOG_LEVEL; ++level) {
+                fluid->fluid_set_log_function(level, &Quiet, nullptr);
+            }
+            QuietAlsa();
+            static const char *drivers[] = {"pulseaudio", "alsa", "file", nullptr};
+            fluid->fluid_audio_driver_register(drivers);
         }
-        QuietAlsa();
-        static const char *drivers[] = {"pulseaudio", "alsa", "file", nullptr};
-        fluid_audio_driver_register(drivers);
-        return true;
+        return fluid;
     }();
-    static_cast<void>(done);
+    return prepared;
 }
 
 // The first audio that is to be had; in the end a file that goes nowhere, in real time, so that notes end.
-DriverPointer StartAudio(fluid_settings_t *settings, fluid_synth_t *synth)
+Owned<fluid_audio_driver_t> StartAudio(const FluidLibrary &fluid, fluid_settings_t *settings, fluid_synth_t *synth)
 {
+    Owned<fluid_audio_driver_t> driver(nullptr, fluid.delete_fluid_audio_driver);
     for (const char *name : {"pulseaudio", "alsa", "file"}) {
-        fluid_settings_setstr(settings, "audio.driver", name);
+        fluid.fluid_settings_setstr(settings, "audio.driver", name);
         if (std::string(name) == "file") {
-            fluid_settings_setstr(settings, "audio.file.name", "/dev/null");
-            fluid_settings_setstr(settings, "audio.file.type", "raw");
+            fluid.fluid_settings_setstr(settings, "audio.file.name", "/dev/null");
+            fluid.fluid_settings_setstr(settings, "audio.file.type", "raw");
         }
-        DriverPointer driver(new_fluid_audio_driver(settings, synth));
+        driver.reset(fluid.new_fluid_audio_driver(settings, synth));
         if (driver) {
-            return driver;
+            break;
         }
     }
-    return nullptr;
+    return driver;
 }
 
 } // namespace
@@ -73,18 +66,20 @@ class Synthesizer {
 public:
     explicit Synthesizer(const std::string &soundFont)
     {
-        PrepareLibrary();
-        settings_.reset(new_fluid_settings());
+        if (fluid_ == nullptr) {
+            return;
+        }
+        settings_ = {fluid_->new_fluid_settings(), fluid_->delete_fluid_settings};
         if (!settings_) {
             return;
         }
-        fluid_settings_setint(settings_.get(), "synth.dynamic-sample-loading", 1); // opens in a third of the time and memory
-        synth_.reset(new_fluid_synth(settings_.get()));
-        if (!synth_ || fluid_synth_sfload(synth_.get(), soundFont.c_str(), 1) == FLUID_FAILED) {
+        fluid_->fluid_settings_setint(settings_.get(), "synth.dynamic-sample-loading", 1); // opens in a third of the time and memory
+        synth_ = {fluid_->new_fluid_synth(settings_.get()), fluid_->delete_fluid_synth};
+        if (!synth_ || fluid_->fluid_synth_sfload(synth_.get(), soundFont.c_str(), 1) == FLUID_FAILED) {
             synth_.reset();
             return;
         }
-        driver_ = StartAudio(settings_.get(), synth_.get());
+        driver_ = StartAudio(*fluid_, settings_.get(), synth_.get());
     }
 
     [[nodiscard]] bool Made() const { return synth_ != nullptr; }
@@ -100,7 +95,7 @@ public:
         } else if (message.front() < 0xF0) {
             PlayChannelMessage(message);
         } else if (message.front() == 0xFF) {
-            fluid_synth_system_reset(synth_.get());
+            fluid_->fluid_synth_system_reset(synth_.get());
         }
     }
 
@@ -109,8 +104,8 @@ private:
     {
         const bool whole = message.size() > 2 && message.back() == 0xF7;
         if (whole) {
-            fluid_synth_sysex(synth_.get(), reinterpret_cast<const char *>(message.data()) + 1, static_cast<int>(message.size()) - 2,
-                              nullptr, nullptr, nullptr, 0);
+            fluid_->fluid_synth_sysex(synth_.get(), reinterpret_cast<const char *>(message.data()) + 1,
+                                      static_cast<int>(message.size()) - 2, nullptr, nullptr, nullptr, 0);
         }
     }
 
@@ -122,25 +117,25 @@ private:
         const int data2 = message.size() > 2 ? message[2] : 0;
         switch (message[0] & 0xF0) {
         case 0x80:
-            fluid_synth_noteoff(synth, channel, data1);
+            fluid_->fluid_synth_noteoff(synth, channel, data1);
             break;
         case 0x90:
-            fluid_synth_noteon(synth, channel, data1, data2);
+            fluid_->fluid_synth_noteon(synth, channel, data1, data2);
             break;
         case 0xA0:
-            fluid_synth_key_pressure(synth, channel, data1, data2);
+            fluid_->fluid_synth_key_pressure(synth, channel, data1, data2);
             break;
         case 0xB0:
             PlayController(channel, data1, data2);
             break;
         case 0xC0:
-            fluid_synth_program_change(synth, channel, data1);
+            fluid_->fluid_synth_program_change(synth, channel, data1);
             break;
         case 0xD0:
-            fluid_synth_channel_pressure(synth, channel, data1);
+            fluid_->fluid_synth_channel_pressure(synth, channel, data1);
             break;
         case 0xE0:
-            fluid_synth_pitch_bend(synth, channel, data1 | data2 << 7);
+            fluid_->fluid_synth_pitch_bend(synth, channel, data1 | data2 << 7);
             break;
         default:
             break;
@@ -153,14 +148,15 @@ private:
         constexpr int kDrumBank = 120; // the two banks that General MIDI 2 gives a meaning to
         constexpr int kMelodicBank = 121;
         if (number == kBankSelectMsb && (value == kDrumBank || value == kMelodicBank)) {
-            fluid_synth_set_channel_type(synth_.get(), channel, value == kDrumBank ? CHANNEL_TYPE_DRUM : CHANNEL_TYPE_MELODIC);
+            fluid_->fluid_synth_set_channel_type(synth_.get(), channel, value == kDrumBank ? CHANNEL_TYPE_DRUM : CHANNEL_TYPE_MELODIC);
         }
-        fluid_synth_cc(synth_.get(), channel, number, value);
+        fluid_->fluid_synth_cc(synth_.get(), channel, number, value);
     }
 
-    SettingsPointer settings_;
-    SynthPointer synth_;
-    DriverPointer driver_; // ends first: it renders the synthesizer
+    const FluidLibrary *fluid_ = PreparedLibrary();
+    Owned<fluid_settings_t> settings_{nullptr, nullptr};
+    Owned<fluid_synth_t> synth_{nullptr, nullptr};
+    Owned<fluid_audio_driver_t> driver_{nullptr, nullptr}; // ends first: it renders the synthesizer
 };
 
 namespace {
