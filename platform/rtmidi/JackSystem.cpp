@@ -45,6 +45,7 @@ void JackSystem::CloseClient()
         jack_client_close(client_);
         client_ = nullptr;
     }
+    active_ = false;
     alive_ = false;
 }
 
@@ -88,8 +89,17 @@ bool JackSystem::Connect()
             return 0;
         },
         this);
-    if (jack_activate(client_) != 0) {
-        CloseClient();
+    return alive_;
+}
+
+bool JackSystem::Activate()
+{
+    const std::lock_guard lock(mutex_);
+    if (alive_ && !active_) {
+        active_ = jack_activate(client_) == 0;
+        if (!active_) {
+            CloseClient();
+        }
     }
     return alive_;
 }

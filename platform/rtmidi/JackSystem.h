@@ -22,6 +22,7 @@ public:
     [[nodiscard]] RtMidi::Api Api() const override { return RtMidi::UNIX_JACK; }
     [[nodiscard]] bool Alive() const override { return alive_.load(); }
     bool Connect() override;
+    bool Activate() override;
     std::vector<std::string> Names(PortKind kind) override;
     [[nodiscard]] bool TellsChanges() const override { return true; }
     bool HasRoom(SendBudget &budget, std::size_t messageBytes) const override;
@@ -35,8 +36,9 @@ private:
     void Process(jack_nframes_t frames);
     void CloseClient();
 
-    std::mutex mutex_; // guards client_: listed by the interface thread and by the one that watches
+    std::mutex mutex_; // guards what follows: ports are listed by the interface thread and by the one that watches
     jack_client_t *client_ = nullptr;
+    bool active_ = false; // the server calls it in each of its periods, which costs the machine something
     std::atomic<bool> alive_ = false;
     std::atomic<std::uint32_t> cycles_ = 0; // periods that the server has run
     SpinLock sourceLock_;                   // guards source_; JACK's thread only tries it

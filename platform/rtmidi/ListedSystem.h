@@ -16,6 +16,7 @@ public:
     [[nodiscard]] RtMidi::Api Api() const override { return api_; }
     [[nodiscard]] bool Alive() const override { return connected_.load(); }
     bool Connect() override;
+    bool Activate() override { return Alive(); }
     std::vector<std::string> Names(PortKind kind) override;
     [[nodiscard]] bool TellsChanges() const override { return false; }
     bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }

@@ -29,6 +29,10 @@ std::vector<std::unique_ptr<RtMidiPorts>> MakeSystems()
     if (has(RtMidi::UNIX_JACK)) {
         systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<JackSystem>()));
     }
+    // A JACK server answers in its own time, some periods of it, in which the program has other things to do.
+    for (const auto &system : systems) {
+        system->LookAhead();
+    }
 #else
     for (const RtMidi::Api api : {RtMidi::WINDOWS_MM, RtMidi::MACOSX_CORE}) {
         if (has(api)) {

@@ -15,7 +15,8 @@ struct MachineMusic {
     std::unique_ptr<MachineSequencer> sequencer;
 };
 
-// Quick: devices and ports are opened when they are asked for.
+// Quick: devices and ports are opened when they are asked for. Where a look for a MIDI system takes its time, it begins here
+// on another thread, and the first count of the devices waits for it.
 MachineMusic MakeMachineMusic(MachineSequencer::Post post);
 
 } // namespace velluto

@@ -33,6 +33,9 @@ public:
     // Finds the system; false where it is not there. Quick and silent in both cases. To be called only when nothing is
     // open on an earlier one that died.
     virtual bool Connect() = 0;
+    // Makes ready for connections to its ports, of which it tells the changes from now on; listing them needs none of this.
+    // False where the system has gone.
+    virtual bool Activate() = 0;
     // The ports there are now, without the program's own. Any thread.
     virtual std::vector<std::string> Names(PortKind kind) = 0;
     // True where the system calls `changed`; otherwise whoever wants to know has to look.

@@ -28,19 +28,27 @@ RtMidiPorts::~RtMidiPorts()
     retirement_.Wait(kWaitAtEnd);
 }
 
+void RtMidiPorts::LookAhead()
+{
+    const auto look = std::make_shared<std::packaged_task<void()>>([&system = *system_]() { system.Connect(); });
+    lookedAhead_ = look->get_future();
+    // Like an ending it may take for ever on a server that hangs, and must not hold the program's end.
+    retirement_.Retire([look]() { (*look)(); });
+}
+
 int RtMidiPorts::OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port)
 {
-    return EnsureAlive() ? ConnectOutput(Host(), name, port) : MidiCode::kNoDevice;
+    return EnsureActive() ? ConnectOutput(Host(), name, port) : MidiCode::kNoDevice;
 }
 
 int RtMidiPorts::OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<InputPort> &port)
 {
-    return EnsureAlive() ? ConnectInput(Host(), name, std::move(sink), port) : MidiCode::kNoDevice;
+    return EnsureActive() ? ConnectInput(Host(), name, std::move(sink), port) : MidiCode::kNoDevice;
 }
 
 std::unique_ptr<SourcePort> RtMidiPorts::OpenSource()
 {
-    return EnsureAlive() ? ConnectSource(Host()) : nullptr;
+    return EnsureActive() ? ConnectSource(Host()) : nullptr;
 }
 
 std::vector<std::string> RtMidiPorts::List(PortKind kind)
@@ -50,11 +58,20 @@ std::vector<std::string> RtMidiPorts::List(PortKind kind)
 
 bool RtMidiPorts::EnsureAlive()
 {
+    if (lookedAhead_.valid()) {
+        lookedAhead_.wait();
+        lookedAhead_ = {};
+    }
     if (system_->Alive()) {
         return true;
     }
     watch_.Look(); // everything on a dead system is let go
     return retirement_.Wait(kWaitForTheDead) && system_->Connect();
+}
+
+bool RtMidiPorts::EnsureActive()
+{
+    return EnsureAlive() && system_->Activate();
 }
 
 } // namespace velluto

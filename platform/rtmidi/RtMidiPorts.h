@@ -4,6 +4,8 @@
 
 #include "platform/rtmidi/RtConnections.h"
 
+#include <future>
+
 namespace velluto {
 
 class RtMidiPorts : public MidiPorts {
@@ -12,6 +14,9 @@ public:
     ~RtMidiPorts() override;
     RtMidiPorts(const RtMidiPorts &) = delete;
     RtMidiPorts &operator=(const RtMidiPorts &) = delete;
+
+    // Begins to look for the system on another thread. Whoever asks for its ports first waits for the end of that look.
+    void LookAhead();
 
     std::vector<std::string> Outputs() override { return List(PortKind::Output); }
     std::vector<std::string> Inputs() override { return List(PortKind::Input); }
@@ -25,10 +30,12 @@ private:
     std::vector<std::string> List(PortKind kind);
     // Finds a system that is not there, or that died, once more.
     bool EnsureAlive();
+    bool EnsureActive(); // the same, for who opens something
     ConnectionHost Host() { return {*system_, retirement_, watch_}; }
 
     std::unique_ptr<MidiSystem> system_;
     Retirement retirement_;
+    std::future<void> lookedAhead_; // valid until somebody has waited for it
     PortWatch watch_;
 };
 

@@ -222,6 +222,23 @@ TEST_F(DevicesTest, AnInstrumentThatGoesAwayGives68AndComesBackUnderItsNumber)
     EXPECT_TRUE(Arrives({"C0 04"}));
 }
 
+TEST_F(DevicesTest, AServerThatEndsWhileNothingIsOpenIsMissedAndFoundAgain)
+{
+    StartAll(JackServer::Temper::Hasty);
+    const int number = NumberOf(Outs(), "pa80:midi_in");
+    server_.End(SIGKILL);
+    MidiHandle out = 0;
+    EXPECT_TRUE(Eventually([&]() { return midi_->midiOutOpen(out, number) == 68; }));
+
+    instrument_->End(SIGKILL);
+    keys_->End(SIGKILL);
+    server_.Start(JackServer::Temper::Patient);
+    StartInstrument();
+    ASSERT_EQ(midi_->midiOutOpen(out, number), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), 0);
+    EXPECT_TRUE(Arrives({"C0 04"}));
+}
+
 class ServerEndTest : public DevicesTest, public testing::WithParamInterface<int> {};
 
 TEST_P(ServerEndTest, ASendIsRefusedWith68AndTheDeviceOpensAgainAfterARestart)

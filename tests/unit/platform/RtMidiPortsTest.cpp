@@ -1,0 +1,140 @@
+#include "platform/rtmidi/RtMidiPorts.h"
+
+#include "platform/MidiDevices.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <atomic>
+#include <latch>
+
+namespace velluto::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// What was asked of a system on paper, and how it answers. Outlives the system.
+struct Paper {
+    std::vector<bool> answers; // of Connect, in turn; the last one from then on
+    std::atomic<int> connects = 0;
+    int activations = 0;
+    bool activates = true;
+    std::latch *heldUntil = nullptr; // Connect waits for it
+};
+
+class PaperSource : public SourcePort {
+public:
+    void Send(std::span<const std::uint8_t> /*message*/, TimePoint /*due*/) override {}
+};
+
+class PaperSystem : public MidiSystem {
+public:
+    explicit PaperSystem(Paper &paper) : paper_(paper) {}
+
+    [[nodiscard]] RtMidi::Api Api() const override { return RtMidi::RTMIDI_DUMMY; }
+    [[nodiscard]] bool Alive() const override { return alive_.load(); }
+    bool Connect() override
+    {
+        const auto turn = static_cast<std::size_t>(paper_.connects++);
+        if (paper_.heldUntil != nullptr) {
+            paper_.heldUntil->wait();
+        }
+        alive_ = paper_.answers.at(std::min(turn, paper_.answers.size() - 1));
+        return alive_;
+    }
+    bool Activate() override
+    {
+        ++paper_.activations;
+        return paper_.activates;
+    }
+    std::vector<std::string> Names(PortKind kind) override { return {kind == PortKind::Output ? "synth" : "keys"}; }
+    [[nodiscard]] bool TellsChanges() const override { return false; }
+    bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
+    void Settle(const std::string & /*portName*/) override {}
+    void LetPass() override {}
+    std::unique_ptr<SourcePort> MakeSource() override { return std::make_unique<PaperSource>(); }
+
+private:
+    Paper &paper_;
+    std::atomic<bool> alive_ = false;
+};
+
+TEST(RtMidiPorts, ASystemIsLookedForWhenItsPortsAreAskedFor)
+{
+    Paper paper{.answers = {true}};
+    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    EXPECT_EQ(paper.connects, 0);
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
+    EXPECT_THAT(ports.Inputs(), ElementsAre("keys"));
+    EXPECT_EQ(paper.connects, 1);
+}
+
+TEST(RtMidiPorts, ALookAheadHoldsNobodyUpAndIsTheOnlyOne)
+{
+    std::latch answered(1);
+    Paper paper{.answers = {true}, .heldUntil = &answered};
+    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    ports.LookAhead(); // comes back although the system has not answered
+    answered.count_down();
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
+    EXPECT_THAT(ports.Inputs(), ElementsAre("keys"));
+    EXPECT_EQ(paper.connects, 1);
+}
+
+TEST(RtMidiPorts, ALookAheadThatFoundNothingIsNotTheLastWord)
+{
+    Paper paper{.answers = {false, true}};
+    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    ports.LookAhead();
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
+    EXPECT_EQ(paper.connects, 2);
+}
+
+TEST(RtMidiPorts, WithoutTheSystemThereAreNoPorts)
+{
+    Paper paper{.answers = {false}};
+    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    ports.LookAhead();
+    EXPECT_THAT(ports.Outputs(), IsEmpty());
+    EXPECT_EQ(ports.OpenSource(), nullptr);
+    EXPECT_EQ(paper.activations, 0);
+}
+
+TEST(RtMidiPorts, ALookAheadThatNobodyAsksAboutEndsWithThePorts)
+{
+    Paper paper{.answers = {true}};
+    {
+        RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+        ports.LookAhead();
+    }
+    EXPECT_EQ(paper.connects, 1);
+}
+
+TEST(RtMidiPorts, OnlyWhoOpensSomethingActivatesTheSystem)
+{
+    Paper paper{.answers = {true}};
+    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    ports.LookAhead();
+    ports.Outputs();
+    ports.Inputs();
+    EXPECT_EQ(paper.activations, 0);
+    EXPECT_NE(ports.OpenSource(), nullptr);
+    EXPECT_EQ(paper.activations, 1);
+}
+
+TEST(RtMidiPorts, NothingIsOpenedOnASystemThatCannotBeActivated)
+{
+    Paper paper{.answers = {true}, .activates = false};
+    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    EXPECT_EQ(ports.OpenSource(), nullptr);
+    std::unique_ptr<OutputPort> port;
+    EXPECT_EQ(ports.OpenOutput("synth", port), MidiCode::kNoDevice);
+    EXPECT_EQ(port, nullptr);
+    std::unique_ptr<InputPort> input;
+    EXPECT_EQ(ports.OpenInput("keys", nullptr, input), MidiCode::kNoDevice);
+    EXPECT_EQ(input, nullptr);
+}
+
+} // namespace
+} // namespace velluto::test
