@@ -20,11 +20,6 @@ QFont ToQFont(const Font &font)
     return result;
 }
 
-void ReadFonts()
-{
-    static_cast<void>(CellWidth(QApplication::font()));
-}
-
 int RowHeight(const QFont &font)
 {
     return QFontInfo(font).pixelSize() + 1;

@@ -9,10 +9,6 @@ namespace velluto {
 
 [[nodiscard]] QFont ToQFont(const Font &font);
 
-// Reads what Qt must know of the machine's fonts before it draws the first word, which takes it some milliseconds. Whoever
-// needs a font without having called this waits then.
-void ReadFonts();
-
 // Row height and width of "A" in logical pixels. A row is one pixel higher than the letters' nominal size, closer than
 // Qt's own line spacing: sixteen rows, a row of buttons and a title bar have to fit in a small window.
 [[nodiscard]] int RowHeight(const QFont &font);

@@ -1,8 +1,10 @@
 #include "desktop/Icon.h"
 
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPalette>
 
 #include <array>
 
@@ -59,6 +61,19 @@ void DrawWarning(QPainter &painter)
     painter.drawEllipse(QPointF(32, 47), 3, 3);
 }
 
+// Two angles that point to the right.
+void DrawMore(QPainter &painter)
+{
+    QPen pen(QGuiApplication::palette().color(QPalette::ButtonText), 6);
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    for (const double left : {14.0, 34.0}) {
+        painter.drawPolyline(QPolygonF({QPointF(left, 16), QPointF(left + 16, 32), QPointF(left, 48)}));
+    }
+}
+
 using Drawing = void (*)(QPainter &);
 
 class Engine : public QIconEngine {
@@ -105,6 +120,11 @@ QIcon ProgramIcon()
 QIcon WarningIcon()
 {
     return QIcon(new Engine(DrawWarning));
+}
+
+QIcon MoreIcon()
+{
+    return QIcon(new Engine(DrawMore));
 }
 
 } // namespace velluto

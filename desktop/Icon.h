@@ -9,5 +9,7 @@ namespace velluto {
 [[nodiscard]] QIcon ProgramIcon();
 // For message boxes.
 [[nodiscard]] QIcon WarningIcon();
+// On the button for the menus that a narrow frame has no room for; in the colour of the words beside it.
+[[nodiscard]] QIcon MoreIcon();
 
 } // namespace velluto

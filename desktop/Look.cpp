@@ -4,7 +4,9 @@
 #include "desktop/TitleBar.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -179,7 +181,14 @@ int Look::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *w
 
 QIcon Look::standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const
 {
-    return icon == SP_MessageBoxWarning ? WarningIcon() : QProxyStyle::standardIcon(icon, option, widget);
+    switch (icon) {
+    case SP_MessageBoxWarning:
+        return WarningIcon();
+    case SP_ToolBarHorizontalExtensionButton: // the style's own is a black image, even on a dark menu bar
+        return MoreIcon();
+    default:
+        return QProxyStyle::standardIcon(icon, option, widget);
+    }
 }
 
 void SetUpLook()
@@ -194,6 +203,12 @@ void SetUpLook()
     } else if (theme == "light" || stock) {
         QApplication::setPalette(MakePalette(kLight));
     }
+}
+
+void GetReadyToDraw()
+{
+    const QMenuBar unseen;
+    static_cast<void>(QFontMetrics(unseen.font()).horizontalAdvance(QLatin1Char('A')));
 }
 
 } // namespace velluto

@@ -22,4 +22,8 @@ public:
 // "light".
 void SetUpLook();
 
+// Lets Qt do at once what it does before its first window: read the machine's fonts, find the desktop's bus. That takes it
+// some milliseconds; where this is not called, the first window waits for it.
+void GetReadyToDraw();
+
 } // namespace velluto

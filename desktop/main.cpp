@@ -2,7 +2,6 @@
 #include "app/FrameCommands.h"
 #include "app/Velluto.h"
 #include "desktop/EndSignals.h"
-#include "desktop/Fonts.h"
 #include "desktop/Look.h"
 #include "desktop/QtClock.h"
 #include "desktop/QtFace.h"
@@ -35,7 +34,7 @@ int Run()
     QtClock clock;
     QtFace face;
     const MachineMusic music = MakeMachineMusic([&face](std::function<void()> call) { face.Post(std::move(call)); });
-    ReadFonts(); // while the MIDI systems are looked for
+    GetReadyToDraw(); // while the MIDI systems are looked for
     QtPrinter printer(face);
     PosixFolders folders;
     QtTicks ticks(face.Gate());

@@ -1,11 +1,14 @@
 // The program's picture: what the code draws and what the drawing in the repository shows are the same.
 #include "desktop/Icon.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPalette>
 #include <QRegularExpression>
+#include <QStyle>
 #include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
@@ -110,6 +113,15 @@ TEST(ProgramIcon, IsTheDrawingOfTheRepository)
     }
     EXPECT_LT(differing, kSide); // fewer than one in a hundred, along edges
     EXPECT_GT(shown.pixelColor(kSide / 2, kSide / 8).alpha(), 200);
+}
+
+TEST(MoreIcon, IsOfTheColourOfWords)
+{
+    const QColor words = QGuiApplication::palette().color(QPalette::ButtonText);
+    const QImage shown = QApplication::style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton).pixmap(QSize(64, 64)).toImage();
+    EXPECT_EQ(shown.pixelColor(30, 32), words); // the points of the two angles
+    EXPECT_EQ(shown.pixelColor(50, 32), words);
+    EXPECT_EQ(shown.pixelColor(40, 32).alpha(), 0); // between them
 }
 
 } // namespace
