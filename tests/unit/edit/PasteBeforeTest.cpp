@@ -18,6 +18,25 @@ TEST_F(PasteBeforeTest, BeforeAnItemOfTheSameLengthTheBodiesFitTheirEntries)
     ExpectTheSameAfterSaveAndOpen(window);
 }
 
+TEST_F(PasteBeforeTest, DirectlyBeforeAnItem)
+{
+    Copy(Pcg("a.pcg", kSource), {1});
+    frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FFF"}, {"Oboe", 2, "oo"}});
+    Paste(window, {1});
+    EXPECT_EQ(Image(window), Legible(Written({{"Flute", 0}, {"Organ", 1}, {"Oboe", 2}}, "FFFbboo", {108, 111, 113})));
+    ExpectTheSameAfterSaveAndOpen(window);
+}
+
+TEST_F(PasteBeforeTest, AnItemWithABlankNameLeavesItsRowFreeAndStaysBeforeWhatComesThere)
+{
+    Copy(Pcg("a.pcg", kSource), {1});
+    frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FFF"}, {std::string(16, ' '), 3, "n"}, {"Oboe", 5, "oo"}});
+    ASSERT_EQ(Row(window, 3), " 004 ");
+    Paste(window, {3});
+    EXPECT_EQ(Image(window),
+              Legible(Written({{"Flute", 0}, {std::string(16, ' '), 3}, {"Organ", 3}, {"Oboe", 5}}, "FFFnbboo", {132, 135, 136, 138})));
+}
+
 TEST_F(PasteBeforeTest, BeforeAShorterItemTheCopyRunsOnIntoTheIndex)
 {
     Copy(Pcg("a.pcg", kSource), {1});

@@ -94,6 +94,17 @@ TEST_F(PasteFilledStylesTest, AnOddGroupedTargetLosesItsLastEntry)
                                              "AAADDSSSSPaass", {204, 207, 209, 213, 214, 216, 218})));
 }
 
+TEST_F(PasteFilledStylesTest, BeforeAllOfAnOddGroupedTargetTheLastEntryIsLostToo)
+{
+    Copy(Style("a.sty", kInterleaved), {0});
+    frmStyUN &window =
+        Style("b.sty", {{"Bossa", 1, "AAA"}, {"Dance", 2, "DD"}, {"Polka", 3, "P"}, {"Bossa STS", 1, "aa"}, {"Dance STS", 2, "d"}});
+    Paste(window, {0});
+    // Two entries behind Samba, two behind its STS; of the bodies none is lost.
+    EXPECT_EQ(Image(window), Legible(Written({{"Samba", 0}, {"Bossa", 1}, {"Dance", 2}, {"Samba STS", 0}, {"Polka", 3}, {"Bossa STS", 1}},
+                                             "SSSSAAADDssPaad", {204, 208, 211, 213, 215, 216, 218})));
+}
+
 TEST_F(PasteFilledStylesTest, OfStylesWithoutStsIntoAGroupedTargetTheEntryHalfwayOnStandsInForTheSts)
 {
     Copy(Style("a.sty", kStylesOnly), {0});

@@ -201,6 +201,14 @@ TEST_F(PasteProgramsTest, DirectlyBehindTheLastItem)
     ExpectTheSameAfterSaveAndOpen(window);
 }
 
+TEST_F(PasteProgramsTest, DirectlyBehindTheLastItemTheLengthsAreThoseOfTheItemsToo)
+{
+    Copy(Pcg("a.pcg", {{"Piano", 1, "AAA"}, {"Organ", 2, "bb"}, {"Choir", 3, "CCCC"}, {"Flute", 4, "ddddd"}}), {2, 3});
+    frmPcgUN &window = Pcg("b.pcg", {{"Strings", 0, "S"}});
+    Paste(window, {1});
+    EXPECT_EQ(Image(window), Legible(Written({{"Strings", 0}, {"Organ", 1}, {"Choir", 2}}, "SbbCCCC", {108, 109, 111})));
+}
+
 TEST_F(PasteProgramsTest, AppendedTheWholeBlockIsCopiedThoughTwoEntriesFit)
 {
     Copy(Pcg("a.pcg", kSource), {0, 1, 2});

@@ -74,6 +74,38 @@ TEST_F(EndOfFile, NothingHappensUnlessTheDeviceIsStopped)
     EXPECT_EQ(device().Command(), "play");
 }
 
+TEST_F(EndOfFile, NothingHappensWithoutAnOpenFile)
+{
+    StartWithPanel();
+    form().LabTrackPosition.caption = std::string("as it was");
+    MMControl1_Done(form(), 4);
+    EXPECT_EQ(form().LabTrackPosition.caption.Get(), "as it was");
+    MMControl1_Done(form(), 1);
+    EXPECT_EQ(device().Command(), "");
+}
+
+TEST_F(EndOfFile, TheStopMarkGivesTheAddButtonsBack)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Set(form().HScrollStop, 10);
+    Play();
+    EXPECT_FALSE(form().CommAddAll.enabled);
+    Clock(1250);
+    EXPECT_EQ(device().Mode(), 525);
+    EXPECT_TRUE(form().CommAddAll.enabled);
+    EXPECT_TRUE(form().CommAdd.enabled);
+}
+
+TEST_F(EndOfFile, ARowChosenWhileAFileOfTheCompilationPlaysCannotBeRemoved)
+{
+    StartWithCompilation();
+    Play();
+    Click(form().ListMidiCorr, 1);
+    EXPECT_FALSE(form().CommRim.enabled);
+    EXPECT_FALSE(form().CommRimAll.enabled);
+}
+
 TEST_F(EndOfFile, ARowChosenWhileTheFilePlayedIsOpenedAtItsEnd)
 {
     StartWithCompilation();
@@ -254,6 +286,24 @@ TEST_F(EndOfFile, PlayAllEndsWithoutThePanel)
     Press(form().CommSel);
     Clock(5000);
     EXPECT_EQ(form().CommPlayAll.color, Button::kPlainColor);
+    EXPECT_EQ(device().Mode(), 525);
+}
+
+TEST_F(EndOfFile, PlayAllEndsInAFolderThatHasBecomeEmpty)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Press(form().CommPlayAll);
+    Play();
+    for (const char *name : {"d/a.mid", "d/b.mid", "d/c.mid"}) {
+        std::filesystem::remove(At(name));
+    }
+    Do("set frmMIDIPlayer DirMidiSel " + At("d"));
+    ASSERT_EQ(form().ListMidiSel.ListCount(), 0);
+    ASSERT_EQ(state().PlayDir, settings().PlayerDir);
+    Clock(5000);
+    EXPECT_EQ(form().CommPlayAll.color, Button::kPlainColor);
+    EXPECT_FALSE(state().PlayAllArmed);
     EXPECT_EQ(device().Mode(), 525);
 }
 

@@ -192,6 +192,18 @@ TEST_F(Transport, NextStartsFromTheRowOfTheOpenFile)
     EXPECT_EQ(device().FileName, At("d/b.mid"));
 }
 
+TEST_F(Transport, NextUnselectsTheCurrentRowAndThatOfTheOpenFile)
+{
+    StartWithPanel();
+    Click(form().ListMidiSel, 0);
+    Transported(kPlay);
+    CtrlClick(form().ListMidiSel, 2);
+    ASSERT_THAT(Selected(form().ListMidiSel), ElementsAre(0, 2));
+    Transported(kNext);
+    EXPECT_THAT(Selected(form().ListMidiSel), ElementsAre(1));
+    EXPECT_EQ(form().ListMidiSel.ListIndex(), 1);
+}
+
 TEST_F(Transport, NextInAnEmptyListDoesNothing)
 {
     Start();
@@ -273,38 +285,19 @@ TEST_F(Transport, AFileThatDoesNotOpenInTheSwitchIsNotTold)
     EXPECT_EQ(Buttons(), "1110000");
 }
 
-TEST_F(Transport, StopRewindsByTheEventThatFollows)
+TEST_F(Transport, TheSwitchLocksWhatRemovesAndNotWhatAdds)
 {
     StartWithPanel();
     Click(form().ListMidiSel, 0);
-    Set(form().HScrollStart, 10);
-    Transported(kPlay);
-    Clock(1000);
-    Transported(kStop);
-    EXPECT_EQ(device().Mode(), 525);
-    EXPECT_EQ(Buttons(), "1110000");
-    EXPECT_EQ(form().Label1.caption.Get(), "0:00");
-    EXPECT_FALSE(form().Timer1.enabled);
-    EXPECT_FALSE(session.ticks.Running());
-    EXPECT_TRUE(form().CommAddAll.enabled);
+    ASSERT_TRUE(form().CommAdd.enabled);
+    form().CommRim.enabled = true;
+    form().CommRimAll.enabled = true;
+    Transported(kNext);
+    Clock(10);
+    EXPECT_FALSE(form().CommRim.enabled);
+    EXPECT_FALSE(form().CommRimAll.enabled);
     EXPECT_TRUE(form().CommAdd.enabled);
-    // The device reports the end of the play once the handler has returned.
-    EXPECT_EQ(device().From(), 10);
-    EXPECT_EQ(form().LabTrackPosition.caption.Get(), "10 (10%)");
-}
-
-TEST_F(Transport, StopOpensTheFileOfACompilationAnew)
-{
-    StartWithCompilation();
-    Click(form().ListMidiCorr, 1);
-    Transported(kPlay);
-    Clock(1000);
-    Transported(kStop);
-    EXPECT_EQ(device().Command(), "open");
-    EXPECT_EQ(device().Mode(), 525);
-    EXPECT_EQ(device().Position(), 0);
-    EXPECT_EQ(form().LabTrackLenght.caption.Get(), "60");
-    EXPECT_EQ(form().caption.Get(), "MIDI PLAYER - b.mid");
+    EXPECT_TRUE(form().CommAddAll.enabled);
 }
 
 TEST_F(Transport, RepeatAndPlayAllExcludeEachOtherAsTheyDo)

@@ -143,6 +143,19 @@ TEST_F(PlayerWindow, TheFileOfTheLastRunIsSelectedAMomentAfterTheLoad)
     EXPECT_FALSE(form().TimerListMidiCorr.enabled);
 }
 
+TEST_F(PlayerWindow, TheFileOfTheLastRunIsTheOneOfItsWholeName)
+{
+    Song("d/b.mid.mid", 10);
+    WriteText("c-mix.cmp", "\1" + At("d") + "\0b.mid.mid\0b.mid\0\xFF"s);
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 1);
+    StartAgain();
+    Clock(10);
+    EXPECT_THAT(Selected(form().ListMidiCorr), ElementsAre(1));
+    EXPECT_EQ(device().FileName, At("d/b.mid"));
+}
+
 TEST_F(PlayerWindow, AFileOfTheLastRunThatIsNoLongerListedSelectsNothing)
 {
     Start();
