@@ -1,15 +1,20 @@
-// Any bytes as a MIDI file, read and, where it is not refused, walked and played from its beginning and from its middle.
+// Any bytes as a MIDI file, or as the tracks of one whose frame is as it should be, since a random change seldom leaves a frame
+// true. The file is read and, where it is not refused, walked and played from its beginning and from its middle.
 // Nothing is sent that is no MIDI message, times only rise, positions stay within the song, and a stop leaves no note.
 #include "platform/sequencer/MidiFile.h"
 #include "platform/sequencer/SongPlayer.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <fuzzer/FuzzedDataProvider.h>
 #include <span>
+#include <vector>
 
 using namespace velluto;
 
 namespace {
+
+using Bytes = std::vector<std::uint8_t>;
 
 void Demand(bool condition)
 {
@@ -51,11 +56,50 @@ void PlayOut(SongPlayer &player, Listener &listener, Moment &now)
     Demand(Silencing(listener.heard).empty());
 }
 
+void Append(Bytes &bytes, const Bytes &more)
+{
+    bytes.insert(bytes.end(), more.begin(), more.end());
+}
+
+Bytes Word(std::size_t value)
+{
+    return {static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};
+}
+
+// Some tracks in a true frame, most of them with an end.
+Bytes FramedFile(FuzzedDataProvider &bytes)
+{
+    const auto tracks = bytes.ConsumeIntegralInRange<std::size_t>(1, 4);
+    Bytes file = {'M', 'T', 'h', 'd', 0, 0, 0, 6};
+    Append(file, Word(tracks > 1 || bytes.ConsumeBool() ? 1 : 0));
+    Append(file, Word(tracks));
+    Append(file, Word(bytes.PickValueInArray<std::size_t>({96, 1, 480, 0x7FFF, 0xE728, 0xE250, 0xFF01})));
+    for (std::size_t i = tracks; i > 0; --i) {
+        const bool ends = bytes.ConsumeIntegralInRange(0, 7) > 0;
+        const std::size_t length = i == 1 ? bytes.remaining_bytes() : bytes.ConsumeIntegralInRange<std::size_t>(0, bytes.remaining_bytes());
+        auto track = bytes.ConsumeBytes<std::uint8_t>(length);
+        if (ends) {
+            Append(track, {0, 0xFF, 0x2F, 0});
+        }
+        Append(file, {'M', 'T', 'r', 'k'});
+        Append(file, Word(track.size() >> 16));
+        Append(file, Word(track.size()));
+        Append(file, track);
+    }
+    return file;
+}
+
+Bytes AnyFile(const std::uint8_t *data, std::size_t size)
+{
+    FuzzedDataProvider bytes(data, size);
+    return bytes.ConsumeBool() ? FramedFile(bytes) : bytes.ConsumeRemainingBytes<std::uint8_t>();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    const MidiFile file = ReadMidiFile(SharedBytes(std::span(data, size)));
+    const MidiFile file = ReadMidiFile(SharedBytes(std::span<const std::uint8_t>(AnyFile(data, size))));
     Demand(!file.refusal || file.song.tracks.empty());
     if (file.refusal) {
         return 0;
