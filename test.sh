@@ -104,7 +104,7 @@ if ! $quick; then
         check memory tools/check-memory build/dev
     fi
     tests asan
-    check fuzz tests/fuzz/smoke.sh "$seconds_fuzzed"
+    check fuzz tests/fuzz/run.sh "$seconds_fuzzed"
 fi
 
 [ "$skipped" -eq 0 ] || say "$skipped skipped"
