@@ -19,8 +19,5 @@ const std::vector<Limit> kLimits = {
 
 int main(int argc, char **argv)
 {
-    benchmark::Initialize(&argc, argv);
-    velluto::bench::RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    return reporter.PrintTable(velluto::bench::kLimits) ? 0 : 1;
+    return velluto::bench::RunBenchmarks(argc, argv, velluto::bench::kLimits) ? 0 : 1;
 }

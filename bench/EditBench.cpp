@@ -250,9 +250,6 @@ bool PrintMemory()
 
 int main(int argc, char **argv)
 {
-    benchmark::Initialize(&argc, argv);
-    velluto::bench::RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    const bool fast = reporter.PrintTable(velluto::bench::kLimits);
+    const bool fast = velluto::bench::RunBenchmarks(argc, argv, velluto::bench::kLimits);
     return velluto::bench::PrintMemory() && fast ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 // A large Program file: reading and listing it beside a plain read of it, and the way from a click on a row to the last of
 // its three messages at the device.
+#include "PlainRead.h"
 #include "Stage.h"
 #include "files/Banks.h"
 #include "files/Opening.h"

@@ -36,4 +36,12 @@ bool RatioReporter::PrintTable(const std::vector<Limit> &limits) const
     return all;
 }
 
+bool RunBenchmarks(int argc, char **argv, const std::vector<Limit> &limits)
+{
+    benchmark::Initialize(&argc, argv);
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return reporter.PrintTable(limits);
+}
+
 } // namespace velluto::bench

@@ -28,4 +28,7 @@ private:
     std::map<std::string, double> taken_;
 };
 
+// Runs the benchmarks that the command line names, all without one, and prints the table. False where one is over its limit.
+[[nodiscard]] bool RunBenchmarks(int argc, char **argv, const std::vector<Limit> &limits);
+
 } // namespace velluto::bench

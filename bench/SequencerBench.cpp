@@ -1,11 +1,11 @@
 // What a user waits for who opens a MIDI file of 1 MB: from the command until the length is known, beside a plain read of
 // the file.
+#include "PlainRead.h"
 #include "RatioReporter.h"
 #include "platform/rtmidi/MachineSequencer.h"
 
 #include <malloc.h>
 
-#include <cstdio>
 #include <fstream>
 #include <random>
 
@@ -64,15 +64,7 @@ struct NoOutputs : PlayerOutputs {
 void PlainRead(benchmark::State &state)
 {
     for (auto _ : state) {
-        std::FILE *file = std::fopen(kPath, "rb");
-        std::fseek(file, 0, SEEK_END);
-        const auto length = static_cast<std::size_t>(std::ftell(file));
-        std::rewind(file);
-        std::setvbuf(file, nullptr, _IONBF, 0);
-        const auto buffer = std::make_unique_for_overwrite<std::uint8_t[]>(length);
-        benchmark::DoNotOptimize(std::fread(buffer.get(), 1, length, file));
-        benchmark::DoNotOptimize(buffer.get());
-        std::fclose(file);
+        ReadPlainly(kPath);
     }
 }
 
@@ -105,8 +97,5 @@ int main(int argc, char **argv)
     // Memory comes fresh from the system for each file, as it does for a program that opens one now and then.
     ::mallopt(M_MMAP_THRESHOLD, 1 << 17);
     velluto::bench::WriteLargeFile();
-    benchmark::Initialize(&argc, argv);
-    velluto::bench::RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    return reporter.PrintTable(velluto::bench::kLimits) ? 0 : 1;
+    return velluto::bench::RunBenchmarks(argc, argv, velluto::bench::kLimits) ? 0 : 1;
 }

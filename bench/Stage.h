@@ -1,5 +1,4 @@
-// What the benchmarks share: instrument files of about 15 MiB, the plain read that the program's own is held against, and
-// a running program with stand-ins for the machine.
+// What the benchmarks share: instrument files of about 15 MiB, and a running program with stand-ins for the machine.
 #pragma once
 
 #include "unit/support/TestProgram.h"
@@ -13,9 +12,6 @@ inline constexpr std::size_t kFileLength = 15U << 20;
 
 // A file of about kFileLength whose entries have these slots in this order, and bodies of equal length.
 [[nodiscard]] test::Bytes LargeFile(const std::vector<int> &slots);
-
-// Reads the whole file with one call into memory that nobody else writes.
-void ReadPlainly(const std::string &path);
 
 // A program in a folder of its own, in English, with one output that counts what it gets.
 struct Stage {

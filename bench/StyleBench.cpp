@@ -1,4 +1,5 @@
 // Large Style files: opening and listing one, switching it to its STS and back, and the overview of three of them.
+#include "PlainRead.h"
 #include "Stage.h"
 #include "files/Banks.h"
 #include "files/Documents.h"
