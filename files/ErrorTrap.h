@@ -1,4 +1,4 @@
-// The error trap of the routines that read and write an instrument's file: an operation that fails is judged, and
+// The error trap of the routines that read and write whole files: an operation that fails is judged, and
 // repeated for as long as the judgement says so.
 #pragma once
 

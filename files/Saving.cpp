@@ -3,7 +3,7 @@
 #include "app/Catalogue.h"
 #include "app/ViewKind.h"
 #include "files/Documents.h"
-#include "files/ErrorTrap.h"
+#include "files/ReplaceFile.h"
 #include "files/WindowTitle.h"
 
 #include <algorithm>
@@ -35,25 +35,6 @@ const DocumentType *TypeOfKind(int kind)
     default:
         return nullptr;
     }
-}
-
-// Writes the image to the path in one call. An old file of any length is deleted first. False where judge gave up.
-template <class Judge>
-bool WriteImage(FileStore &store, const std::string &path, const FileImage &image, Judge judge)
-{
-    std::unique_ptr<RandomAccessFile> file;
-    const auto open = [&] { return store.Open(path, file); };
-    std::uint64_t oldLength = 0;
-    if (!Trapped(open, judge) || !Trapped([&] { return file->Length(oldLength); }, judge)) {
-        return false;
-    }
-    if (oldLength > 0) {
-        file.reset();
-        if (!Trapped([&] { return store.Delete(path); }, judge) || !Trapped(open, judge)) {
-            return false;
-        }
-    }
-    return image.empty() || Trapped([&] { return file->Write(0, image.View()); }, judge);
 }
 
 // The judge of Save As: a full disk and a disk that is not ready make it wait, everything else ends it.
@@ -114,7 +95,7 @@ int SaveDocument(FilesState &files, const WindowTag &tag)
     WindowTag saved = tag;
     const std::string path = saved.Path();
     app.CurrentOperation = app.messages.Text(TextId::Saving) + FileNameOf(path);
-    if (!WriteImage(app.ports.files, path, saved.image, ClassifyingJudge{app})) {
+    if (!ReplaceFile(app.ports.files, path, saved.image.View(), ClassifyingJudge{app})) {
         return kNotSaved;
     }
     saved.Set(TagPosition::Modified, 0);
@@ -144,7 +125,7 @@ int SaveDocumentAs(FilesState &files, const WindowTag &tag)
         return kNotSaved;
     }
     const auto judge = [&app](RuntimeError error) { return JudgeSaveAs(app.messages, error); };
-    if (!WriteImage(app.ports.files, files.FilePath, saved.image, judge)) {
+    if (!ReplaceFile(app.ports.files, files.FilePath, saved.image.View(), judge)) {
         return kNotSaved;
     }
     RenameKnownSlot(files, saved.Path(), files.FilePath);

@@ -1,5 +1,7 @@
 #include "player/CompilationFiles.h"
 
+#include "files/ReplaceFile.h"
+
 #include <algorithm>
 #include <span>
 
@@ -67,23 +69,14 @@ RuntimeError ReadCompilation(const Modulo1 &app, const std::string &path, std::s
 
 RuntimeError WriteCompilation(const Modulo1 &app, const std::string &path, std::string_view image)
 {
-    std::unique_ptr<RandomAccessFile> file;
-    RuntimeError error = app.ports.files.Open(path, file);
-    std::uint64_t length = 0;
-    if (!error.Failed()) {
-        error = file->Length(length);
-    }
-    if (!error.Failed() && length > 0) {
-        file.reset();
-        error = app.ports.files.Delete(path);
-        if (!error.Failed()) {
-            error = app.ports.files.Open(path, file);
-        }
-    }
-    if (error.Failed() || image.empty()) {
-        return error;
-    }
-    return file->Write(0, std::span(reinterpret_cast<const std::uint8_t *>(image.data()), image.size()));
+    RuntimeError error;
+    const auto firstFailure = [&error](RuntimeError failure) {
+        error = failure;
+        return Verdict::GiveUp;
+    };
+    const std::span bytes(reinterpret_cast<const std::uint8_t *>(image.data()), image.size());
+    (void)ReplaceFile(app.ports.files, path, bytes, firstFailure);
+    return error;
 }
 
 } // namespace velluto

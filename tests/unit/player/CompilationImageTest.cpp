@@ -125,40 +125,36 @@ TEST(CompilationImage, AppendGivesAnEndMarkToAnImageWithoutOne)
     EXPECT_EQ(image, "\1/d\0a\0b\0\xFF"s);
 }
 
+std::string Without(std::string image, std::string_view name)
+{
+    RemoveByName(image, name);
+    return image;
+}
+
 TEST(CompilationImage, RemoveAFileAmongOthersOfItsGroup)
 {
-    std::string image = "\1/d\0a\0b\0c\0\xFF"s;
-    RemoveByName(image, "b");
-    EXPECT_EQ(image, "\1/d\0a\0c\0\xFF"s);
-    RemoveByName(image, "a");
-    EXPECT_EQ(image, "\1/d\0c\0\xFF"s);
+    EXPECT_EQ(Without("\1/d\0a\0b\0c\0\xFF"s, "b"), "\1/d\0a\0c\0\xFF"s);
+    EXPECT_EQ(Without("\1/d\0a\0c\0\xFF"s, "a"), "\1/d\0c\0\xFF"s);
 }
 
 TEST(CompilationImage, RemovingTheLastFileOfALargerGroupKeepsItsHead)
 {
-    std::string image = "\1/d\0a\0b\0\1/e\0c\0\xFF"s;
-    RemoveByName(image, "b");
-    EXPECT_EQ(image, "\1/d\0a\0\1/e\0c\0\xFF"s);
+    EXPECT_EQ(Without("\1/d\0a\0b\0\1/e\0c\0\xFF"s, "b"), "\1/d\0a\0\1/e\0c\0\xFF"s);
 }
 
 TEST(CompilationImage, RemovingTheOnlyFileOfTheFirstGroupTakesItsHeadToo)
 {
-    std::string image = "\1/d\0a\0\1/e\0b\0\xFF"s;
-    RemoveByName(image, "a");
-    EXPECT_EQ(image, "\1/e\0b\0\xFF"s);
+    EXPECT_EQ(Without("\1/d\0a\0\1/e\0b\0\xFF"s, "a"), "\1/e\0b\0\xFF"s);
 }
 
 TEST(CompilationImage, RemovingTheLastFileOfAllLeavesNothing)
 {
-    std::string image = "\1/d\0a.mid\0\xFF"s;
-    RemoveByName(image, "a.mid");
-    EXPECT_EQ(image, "");
+    EXPECT_EQ(Without("\1/d\0a.mid\0\xFF"s, "a.mid"), "");
 }
 
 TEST(CompilationImage, RemovingTheOnlyFileOfALaterGroupRepeatsAStretch)
 {
-    std::string image = "\1/d\0a\0\1/e\0b\0\xFF"s;
-    RemoveByName(image, "b");
+    const std::string image = Without("\1/d\0a\0\1/e\0b\0\xFF"s, "b");
     // The first directory's terminator and all up to the file's own directory stand there twice.
     EXPECT_EQ(image, "\1/d\0a\0\0a\0\1/e\xFF"s);
     EXPECT_EQ(Files(image), (List{"/d:a", "/d:", "/d:a"})); // a list of the files ends at the one without a name
@@ -166,50 +162,37 @@ TEST(CompilationImage, RemovingTheOnlyFileOfALaterGroupRepeatsAStretch)
 
 TEST(CompilationImage, RemovingTheOnlyFileOfAGroupInTheMiddleRepeatsAStretchToo)
 {
-    std::string image = "\1/d\0a\0\1/e\0b\0\1/f\0c\0\xFF"s;
-    RemoveByName(image, "b");
-    EXPECT_EQ(image, "\1/d\0a\0\0a\0\1/e\1/f\0c\0\xFF"s);
+    EXPECT_EQ(Without("\1/d\0a\0\1/e\0b\0\1/f\0c\0\xFF"s, "b"), "\1/d\0a\0\0a\0\1/e\1/f\0c\0\xFF"s);
 }
 
 TEST(CompilationImage, RemoveHitsTheFirstPlaceWhereTheNameStands)
 {
-    std::string image = "\1/d\0my song.mid\0\1/e\0a.mid\0song.mid\0\xFF"s;
-    RemoveByName(image, "song.mid");
     // The longer name loses its tail and the byte before it.
-    EXPECT_EQ(image, "\1/d\0my\0\1/e\0a.mid\0song.mid\0\xFF"s);
+    EXPECT_EQ(Without("\1/d\0my song.mid\0\1/e\0a.mid\0song.mid\0\xFF"s, "song.mid"), "\1/d\0my\0\1/e\0a.mid\0song.mid\0\xFF"s);
 }
 
 TEST(CompilationImage, RemoveOfATailInsideALargerGroupLeavesTheRestOfTheName)
 {
-    std::string image = "\1/d\0a\0my-b\0b\0c\0\xFF"s;
-    RemoveByName(image, "b");
-    EXPECT_EQ(image, "\1/d\0a\0my\0b\0c\0\xFF"s);
+    EXPECT_EQ(Without("\1/d\0a\0my-b\0b\0c\0\xFF"s, "b"), "\1/d\0a\0my\0b\0c\0\xFF"s);
 }
 
 TEST(CompilationImage, RemoveMayHitADirectory)
 {
-    std::string image = "\1/x/a\0a\0b\0\xFF"s;
-    RemoveByName(image, "a");
     // The name stands in the directory: what precedes it back to 0x01 counts as a head, and the next byte is no mark.
-    EXPECT_EQ(image, "\1/x\0a\0b\0\xFF"s);
+    EXPECT_EQ(Without("\1/x/a\0a\0b\0\xFF"s, "a"), "\1/x\0a\0b\0\xFF"s);
 }
 
 TEST(CompilationImage, RemoveOfNothingOrOfWhatIsNotThereChangesNothing)
 {
-    std::string image = "\1/d\0a\0\xFF"s;
-    RemoveByName(image, "");
-    RemoveByName(image, "z");
-    EXPECT_EQ(image, "\1/d\0a\0\xFF"s);
-    image.clear();
-    RemoveByName(image, "a");
-    EXPECT_EQ(image, "");
+    EXPECT_EQ(Without("\1/d\0a\0\xFF"s, ""), "\1/d\0a\0\xFF"s);
+    EXPECT_EQ(Without("\1/d\0a\0\xFF"s, "z"), "\1/d\0a\0\xFF"s);
+    EXPECT_EQ(Without("", "a"), "");
 }
 
 TEST(CompilationImage, RemoveFromADamagedOneStaysInside)
 {
-    for (std::string image : {"a"s, "a\xFF"s, "xa"s, "\1a"s, "\1a\0a"s, "\0a\0\1"s}) {
-        RemoveByName(image, "a");
-        EXPECT_LE(image.size(), 6U);
+    for (const std::string &image : {"a"s, "a\xFF"s, "xa"s, "\1a"s, "\1a\0a"s, "\0a\0\1"s}) {
+        EXPECT_LE(Without(image, "a").size(), 6U);
     }
 }
 
