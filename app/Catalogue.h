@@ -16,8 +16,9 @@ inline constexpr int About = 5;
 inline constexpr int Close = 8;
 inline constexpr int Banks = 11;
 inline constexpr int OpeningStep = 17;
-inline constexpr int OutputDeviceMissing = 20;
 inline constexpr int InputDeviceError = 19;
+inline constexpr int OutputDeviceMissing = 20;
+inline constexpr int MidiChannel = 22;
 inline constexpr int Delete = 23;
 inline constexpr int InfoAbout = 30;
 inline constexpr int UserGuide = 47;
@@ -38,6 +39,7 @@ inline constexpr int MidiMessages = 91;
 inline constexpr int AddAll = 92;
 inline constexpr int TileHorizontal = 94;
 inline constexpr int Keyboard = 106;
+inline constexpr int PathNotFound = 110;
 inline constexpr int Opening = 111;
 inline constexpr int OpeningMidiOut = 113;
 inline constexpr int ClosingMidiOut = 114;
@@ -47,6 +49,7 @@ inline constexpr int Notebook = 128;
 inline constexpr int ProgramTitleLine = 129;
 inline constexpr int OutputDeviceError = 130;
 inline constexpr int Version = 131;
+inline constexpr int Print = 147;
 } // namespace TextId
 
 // The text of an id. An id that the catalogue does not hold is a programming error: std::out_of_range.

@@ -30,6 +30,13 @@ void RefreshAfterClose(Modulo1 &app)
     }
 }
 
+void PopUpEditMenu(Modulo1 &app, int button)
+{
+    if (button == MouseButton::Right && DropMenu(app.frame.mnuModifica)) {
+        app.face.PopUpMenu(app.frame.mnuModifica);
+    }
+}
+
 int ClassifyIoError(const Messages &messages, std::string_view title, RuntimeError error)
 {
     constexpr int kGiveUp = 1;

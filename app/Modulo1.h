@@ -67,6 +67,8 @@ struct Modulo1 {
 // The child-window contract: called at the activation of every child, and after the unload of one.
 void RefreshWindowMenu(Modulo1 &app);
 void RefreshAfterClose(Modulo1 &app);
+// The right button on a child pops up the Edit menu, its state computed afresh.
+void PopUpEditMenu(Modulo1 &app, int button);
 
 // From a run-time file error to a box under the title and a verdict: 1 give up, 2 repeat the operation.
 int ClassifyIoError(const Messages &messages, std::string_view title, RuntimeError error);

@@ -15,13 +15,20 @@ inline constexpr int kRoleCount = 15;
 inline constexpr int kUserAssignedRolePrograms = 2; // "UP.1"
 inline constexpr int kUserAssignedRoleControl = 14; // "CONTRL"
 
+// What the record of a child window says of it.
+namespace StoredState {
+inline constexpr std::uint8_t Closed = 0;
+inline constexpr std::uint8_t Normal = 1;
+inline constexpr std::uint8_t Minimised = 2;
+} // namespace StoredState
+
 // Placement of the frame or of a window without a document. Geometry in twips.
 struct WindowPlacement {
     std::int16_t Top = 0;
     std::int16_t Left = 0;
     std::uint16_t Width = 0;
     std::uint16_t Height = 0;
-    std::uint8_t State = 0;
+    std::uint8_t State = StoredState::Closed; // the frame's holds the number of its WindowState
     std::uint8_t Role = 2;
     std::uint16_t MinWidth = 0; // 0: never laid out
     std::uint16_t MinHeight = 0;
@@ -31,7 +38,7 @@ struct WindowPlacement {
 struct DocRecord {
     PathText Path;
     std::uint8_t Role = 0;
-    std::uint8_t State = 0; // 0 no window, 1 normal, 2 minimised
+    std::uint8_t State = StoredState::Closed;
     std::int16_t Left = 0;
     std::int16_t Top = 0;
     std::int16_t Width = 0;

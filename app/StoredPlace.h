@@ -1,4 +1,4 @@
-// Carrying a window's geometry into the 16-bit fields that the settings keep. Used by every window with a placement.
+// Carrying a window's geometry and state into the fields that the settings keep. Used by every window with a placement.
 #pragma once
 
 #include "app/Settings.h"
@@ -29,6 +29,16 @@ inline void StoreSize(WindowPlacement &placement, const Form &form)
 {
     placement.Width = NearestIn<std::uint16_t>(form.Width());
     placement.Height = NearestIn<std::uint16_t>(form.Height());
+}
+
+// A maximised window keeps the State that it had.
+inline void StoreState(WindowPlacement &placement, const Form &form)
+{
+    if (form.windowState == WindowState::Normal) {
+        placement.State = StoredState::Normal;
+    } else if (form.windowState == WindowState::Minimised) {
+        placement.State = StoredState::Minimised;
+    }
 }
 
 } // namespace velluto

@@ -11,8 +11,6 @@ namespace velluto {
 namespace {
 
 constexpr Font kListFont{"courier new", 11, 400};
-constexpr int kOpen = 1;
-constexpr int kOpenMinimised = 2;
 
 } // namespace
 
@@ -61,7 +59,7 @@ void FactoryForm::PlaceWindow()
         work.MinHeight = work.Height;
     }
     place = Place{work.Left, work.Top, work.Width, work.Height};
-    work.State = kOpen;
+    work.State = StoredState::Normal;
     Entry(kind_) = work;
 }
 
@@ -101,9 +99,7 @@ void FactoryForm::Form_Resize()
     WindowPlacement &work = recall_.files.WorkPlacement;
     work = Entry(kind_);
     StoreSize(work, *this);
-    if (windowState != WindowState::Maximised) {
-        work.State = windowState == WindowState::Minimised ? kOpenMinimised : kOpen;
-    }
+    StoreState(work, *this);
     Entry(kind_) = work;
     RefreshWindowMenu(app);
 }
@@ -122,7 +118,7 @@ void FactoryForm::Form_Unload()
     work = Entry(kind);
     StorePosition(work, *this);
     StoreSize(work, *this);
-    work.State = 0;
+    work.State = StoredState::Closed;
     Entry(kind) = work;
     --app.children.ChildCount;
     RefreshAfterClose(app);

@@ -2,6 +2,8 @@
 
 #include "banks/BankLayout.h"
 #include "banks/RecallTables.h"
+#include "files/OverviewForm.h"
+#include "files/Slots.h"
 #include "files/WindowRole.h"
 #include "midi/Monitor.h"
 #include "midi/Roles.h"
@@ -35,8 +37,8 @@ bool TakeWindowRole(RecallState &recall, const Form &window)
     const int slot = window.Tag.Slot();
     RolePlace place = RolePlaceOf(window);
     const bool isOverview = kind == ViewKind::PerformanceOverview || IsStyleOverview(kind);
-    const bool isOutside = kind == ViewKind::PerformanceFile && !IsBankSlot(slot, kLastPrfBankSlot);
-    if (isOutside && slot <= kLastPrfBankSlot) {
+    const bool isOutside = kind == ViewKind::PerformanceFile && !IsBankSlot(slot, kLastPrfUserSlot);
+    if (isOutside && slot <= kLastPrfUserSlot) {
         place = {RolePlace::Table::Prf, slot}; // a Performance file's role is read as a bank's is
     }
     if (place.table != RolePlace::Table::None) {
@@ -101,13 +103,13 @@ Address FactoryStyleAddress(int kind, int row)
 
 Address UserProgramAddress(int slot, int row)
 {
-    const bool isBank = IsBankSlot(slot, kLastPcgBankSlot);
+    const bool isBank = IsBankSlot(slot, kLastPcgUserSlot);
     return {kMsbUserPrograms, isBank ? kLsbProgramUser1 + slot - kFirstBankSlot : 0, row};
 }
 
 Address UserStyleAddress(int slot, int row)
 {
-    if (!IsBankSlot(slot, kLastStyBankSlot)) {
+    if (!IsBankSlot(slot, kLastDirectHdSlot)) {
         return {};
     }
     return {kMsbStyles, slot + kLsbStyleSlotOffset, row};
@@ -140,7 +142,7 @@ std::optional<Address> AddressOf(const RecallState &recall, int kind, int slot, 
     case ViewKind::StyleFile:
         return UserStyleAddress(slot, row);
     case ViewKind::PerformanceFile:
-        if (!IsBankSlot(slot, kLastPrfBankSlot)) {
+        if (!IsBankSlot(slot, kLastPrfUserSlot)) {
             return std::nullopt;
         }
         return Address{kMsbPerformances, slot - kFirstBankSlot, row};

@@ -13,12 +13,6 @@
 
 namespace velluto {
 
-namespace {
-
-constexpr int kPathNotFoundText = 110;
-
-} // namespace
-
 QtFace::~QtFace()
 {
     Detach();
@@ -89,7 +83,7 @@ FileChoice QtFace::ShowFileDialog(const FileDialog &dialog)
     TakeLanguage();
     const EventGate::Pass pass(gate_);
     const int base = program_ ? program_->linguaBase : 0;
-    return ChooseFile(DialogParent(), dialog, FromUtf8(LoadResString(kPathNotFoundText + base)));
+    return ChooseFile(DialogParent(), dialog, FromUtf8(LoadResString(TextId::PathNotFound + base)));
 }
 
 void QtFace::ShowModal(Form &form)

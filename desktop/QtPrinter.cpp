@@ -19,7 +19,6 @@ namespace velluto {
 
 namespace {
 
-constexpr int kPrintText = 147;
 constexpr int kPdfResolution = 1200; // dots an inch
 constexpr double kTwentiethsPerInch = 1440.0;
 constexpr double kSameWidth = 0.01; // of a cell: what rounding may make of a character's width
@@ -202,7 +201,7 @@ RuntimeError QtPrinter::BeginPdf(const Listed &listed)
     dialog.mode = FileDialog::Mode::Save;
     dialog.title = kProgramTitle;
     if (app_ != nullptr) {
-        dialog.title += " - " + app_->messages.Text(kPrintText);
+        dialog.title += " - " + app_->messages.Text(TextId::Print);
     }
     dialog.folder = listed.folder;
     dialog.filter = "PDF (*.pdf)|*.pdf|";

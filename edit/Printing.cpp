@@ -4,8 +4,10 @@
 #include "app/Characters.h"
 #include "app/Paths.h"
 #include "edit/PrintLine.h"
+#include "files/Files.h"
+#include "files/PerformanceRows.h"
+#include "files/Slots.h"
 #include "files/StyleLayout.h"
-#include "files/WindowRole.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -24,13 +26,9 @@ constexpr int kDatePosition = 64;
 
 // Where the heading finds the file's path, with the blanks behind it.
 constexpr int kPathField = 240;
-constexpr int kLastStyUserSlot = 11;
-constexpr int kUserBankBase = 8; // slot less this is the number of the user bank
 
 constexpr int kProgramColumns = 4;
 constexpr int kProgramColumnWidth = 20; // one less than a row: its last character yields to the next column
-constexpr int kStyleRows = 16;
-constexpr int kPerformanceRows = 8;
 
 constexpr std::u32string_view kProgramHead = U" No  Program         No  Program         No  Program         No  Program";
 constexpr std::u32string_view kStyleHead = U" No Style             Bytes";
@@ -140,8 +138,8 @@ std::string DocumentName(const WindowTag &tag)
     const std::string name = FileNameOf(RightTrimmed(path));
     const int slot = tag.Slot();
     const bool userBank = (tag.Kind() == ViewKind::StyleFile && IsBankSlot(slot, kLastStyUserSlot)) ||
-                          (tag.Kind() == ViewKind::PerformanceFile && IsBankSlot(slot, kLastPrfBankSlot));
-    return userBank ? "User" + Plain(slot - kUserBankBase) + ": " + name : name;
+                          (tag.Kind() == ViewKind::PerformanceFile && IsBankSlot(slot, kLastPrfUserSlot));
+    return userBank ? "User" + Plain(slot - kFirstBankSlot + 1) + ": " + name : name;
 }
 
 void PrintHeading(PrintJob &job, const WindowTag &tag, const std::string &date)
@@ -235,7 +233,7 @@ void PrintPerformances(PrintJob &job, const ListRows &rows)
     constexpr std::size_t kNumber = 2;
     constexpr std::size_t kName = 3;
     job.PrintHead(kPerformanceHead);
-    for (int i = 0; i < kPerformanceRows; ++i) {
+    for (int i = 0; i < kPerformancePlaces; ++i) {
         const std::u32string row = rows.Row(i);
         PrintLine line;
         line.Set(std::u32string(Part(row, 1, kNumber)) + U' ' + std::u32string(Part(row, kName, Korf::kNameLength)));

@@ -26,13 +26,6 @@ void KeepNoSmaller(Modulo1 &app, Form &window, Size least)
     app.children.RestoringLayout = false;
 }
 
-void PopUpEditMenu(Modulo1 &app, int button)
-{
-    if (button == MouseButton::Right && DropMenu(app.frame.mnuModifica)) {
-        app.face.PopUpMenu(app.frame.mnuModifica);
-    }
-}
-
 ButtonColumns ColumnsIn(int room, int count, int widest, int gap)
 {
     const int gaps = (count - 1) * gap;

@@ -1,4 +1,4 @@
-// What the child windows of the file room do alike with their size and with the right mouse button.
+// What the child windows of the file room do alike with their size.
 #pragma once
 
 #include "app/Modulo1.h"
@@ -9,8 +9,6 @@ namespace velluto {
 [[nodiscard]] Size InnerSize(const Modulo1 &app, const Form &window);
 // Keeps a normal window no smaller than that, its outer size in twips; not to be taken for a second resize.
 void KeepNoSmaller(Modulo1 &app, Form &window, Size least);
-// The right button pops up the Edit menu, its state computed afresh.
-void PopUpEditMenu(Modulo1 &app, int button);
 
 // Columns of one width side by side, in the middle of what there is room for. Twips.
 struct ButtonColumns {

@@ -84,7 +84,7 @@ void DocumentForm::PlaceWindow()
         record.Height = NearestIn<std::int16_t>(natural.height);
         record.MinHeight = record.Height;
     }
-    record.State = 1;
+    record.State = StoredState::Normal;
     record.Tag7 = static_cast<std::uint8_t>(files_.RecentKind);
     place = Place{record.Left, record.Top, record.Width, record.Height};
     StoreSlot(files_, type_, slot_);
@@ -137,7 +137,7 @@ void DocumentForm::Form_Unload()
         files_.clipboard.ClipValid = 0;
     }
     TakeSlot(files_, type_, slot_);
-    Work().State = 0;
+    Work().State = StoredState::Closed;
     StorePlace(Work(), *this);
     StoreSlot(files_, type_, slot_);
     if (IsFileWindow()) {
@@ -184,7 +184,7 @@ void DocumentForm::CommClose_Click()
 void DocumentForm::TakeBank(int bankSlot)
 {
     TakeSlot(files_, type_, bankSlot);
-    if (Work().State != 1) {
+    if (Work().State != StoredState::Normal) {
         return;
     }
     for (Form *form : files_.app.children.All()) {

@@ -111,7 +111,7 @@ bool FindOpen(FilesState &files, const DocumentType &type, std::string_view path
     for (int slot = kFirstFileSlot; slot <= kLastFileSlot; ++slot) {
         TakeSlot(files, type, slot);
         const DocRecord &record = files.*type.work;
-        if (record.State == 1 && record.Path.Trimmed() == path) {
+        if (record.State == StoredState::Normal && record.Path.Trimmed() == path) {
             return true;
         }
     }

@@ -3,37 +3,13 @@
 #pragma once
 
 #include "files/Files.h"
+#include "files/Slots.h"
 
 #include <array>
 #include <span>
 #include <string_view>
 
 namespace velluto {
-
-// Slots 1 to 8 of every type hold the files that were opened.
-inline constexpr int kFirstFileSlot = 1;
-inline constexpr int kLastFileSlot = 8;
-// The slots of new Program files and of the Program user banks.
-inline constexpr int kFirstPcgUserSlot = 9;
-inline constexpr int kLastPcgUserSlot = 10;
-inline constexpr int kNewPcg64Slot = 11;
-inline constexpr int kNewPcg128Slot = 12;
-// The slots of Style files beyond the first eight: the new file, User 1 to 3, Direct HD 1 to 9.
-inline constexpr int kNewStySlot = 0;
-inline constexpr int kFirstStyUserSlot = 9;
-inline constexpr int kLastStyUserSlot = 11;
-inline constexpr int kFirstDirectHdSlot = 12;
-inline constexpr int kLastDirectHdSlot = 20;
-inline constexpr int kDirectHdInGroup = 3; // banks under one entry such as "Direct HD 123"
-// Those of Performance files: the new file, User 1 to 20.
-inline constexpr int kNewPrfSlot = 0;
-inline constexpr int kFirstPrfUserSlot = 9;
-inline constexpr int kLastPrfUserSlot = 28;
-
-[[nodiscard]] constexpr bool IsFileSlot(int slot)
-{
-    return slot >= kFirstFileSlot && slot <= kLastFileSlot;
-}
 
 struct DocumentType {
     int kind;                   // ViewKind of its files, and the number ChooseFile is called with

@@ -157,7 +157,7 @@ void OverviewForm::Form_Unload()
     if (app.ViewKind == kind_) {
         WindowPlacement &work = files_.WorkPlacement;
         work = Entry();
-        work.State = 0;
+        work.State = StoredState::Closed;
         StorePosition(work, *this);
         StoreSize(work, *this);
         Entry() = work;

@@ -12,6 +12,10 @@
 
 namespace velluto {
 
+// The lists of each overview, one for a bank.
+inline constexpr int kPrfOverviewLists = 20;
+inline constexpr int kStyOverviewLists = 3;
+
 class OverviewForm : public Form {
 public:
     void Form_Load() final;

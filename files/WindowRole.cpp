@@ -1,5 +1,8 @@
 #include "files/WindowRole.h"
 
+#include "files/OverviewForm.h"
+#include "files/PerformanceRows.h"
+#include "files/Slots.h"
 #include "view/NumberedLists.h"
 
 namespace velluto {
@@ -8,14 +11,14 @@ namespace {
 
 RolePlace InPrfOverview(const Form &window, int shorterRows)
 {
-    const int list = NumberedLists<kPrfOverviewLists>(window, "List1").FirstSelected(kPrfOverviewRows, shorterRows);
+    const int list = NumberedLists<kPrfOverviewLists>(window, "List1").FirstSelected(kPerformancePlaces, shorterRows);
     // The entry with the list's own number, eight below the bank's slot: the overview keeps roles of its own.
     return list == 0 ? RolePlace{} : RolePlace{RolePlace::Table::Prf, list};
 }
 
 RolePlace InStyOverview(const Form &window, int kind)
 {
-    const int list = NumberedLists<kStyOverviewLists>(window, "List1").FirstSelected(kStyOverviewRows);
+    const int list = NumberedLists<kStyOverviewLists>(window, "List1").FirstSelected(kStyleRows);
     const int firstSlot = kFirstBankSlot + kStyOverviewLists * (kind - ViewKind::StyleOverview);
     return list == 0 ? RolePlace{} : RolePlace{RolePlace::Table::Sty, firstSlot + list - 1};
 }
@@ -61,11 +64,6 @@ bool IsStyleOverview(int kind)
     return kind >= ViewKind::StyleOverview && kind <= ViewKind::StyleOverviewLast;
 }
 
-bool IsBankSlot(int slot, int last)
-{
-    return slot >= kFirstBankSlot && slot <= last;
-}
-
 RolePlace RolePlaceOf(const Form &window, int shorterRows)
 {
     const int kind = window.Tag.Kind();
@@ -79,13 +77,13 @@ RolePlace RolePlaceOf(const Form &window, int shorterRows)
     if (kind == ViewKind::PerformanceOverview) {
         return InPrfOverview(window, shorterRows);
     }
-    if (kind == ViewKind::ProgramFile && IsBankSlot(slot, kLastPcgBankSlot)) {
+    if (kind == ViewKind::ProgramFile && IsBankSlot(slot, kLastPcgUserSlot)) {
         return {RolePlace::Table::Pcg, slot};
     }
-    if (kind == ViewKind::StyleFile && IsBankSlot(slot, kLastStyBankSlot)) {
+    if (kind == ViewKind::StyleFile && IsBankSlot(slot, kLastDirectHdSlot)) {
         return {RolePlace::Table::Sty, slot};
     }
-    if (kind == ViewKind::PerformanceFile && IsBankSlot(slot, kLastPrfBankSlot)) {
+    if (kind == ViewKind::PerformanceFile && IsBankSlot(slot, kLastPrfUserSlot)) {
         return {RolePlace::Table::Prf, slot};
     }
     return {};

@@ -6,22 +6,9 @@
 
 namespace velluto {
 
-// The slots that are banks of the instrument, of every type from 9 on.
-inline constexpr int kFirstBankSlot = 9;
-inline constexpr int kLastPcgBankSlot = 10;
-inline constexpr int kLastStyBankSlot = 20;
-inline constexpr int kLastPrfBankSlot = 28;
-
-// The lists of the overviews, and the rows looked at in each.
-inline constexpr int kPrfOverviewLists = 20;
-inline constexpr int kPrfOverviewRows = 8;
-inline constexpr int kStyOverviewLists = 3;
-inline constexpr int kStyOverviewRows = 16;
-
 [[nodiscard]] bool IsFactoryPrograms(int kind);
 [[nodiscard]] bool IsFactoryStyles(int kind);
 [[nodiscard]] bool IsStyleOverview(int kind);
-[[nodiscard]] bool IsBankSlot(int slot, int last);
 
 struct RolePlace {
     enum class Table { None, Placement, Pcg, Sty, Prf };

@@ -132,7 +132,7 @@ std::unique_ptr<Form> frmPcgUN::TakeOut()
 
 bool frmPcgUN::SelectsRow(std::size_t trimmedLength) const
 {
-    return trimmedLength != kIgnoredRow && Tag.Slot() >= kFirstPcgUserSlot && Tag.Slot() <= kLastPcgUserSlot;
+    return trimmedLength != kIgnoredRow && IsBankSlot(Tag.Slot(), kLastPcgUserSlot);
 }
 
 // Ties this file to a user bank. The window stays a file window; the bank is opened from the View menu.

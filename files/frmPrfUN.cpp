@@ -20,8 +20,8 @@ constexpr int kButtonGap = 30;
 constexpr int kWidestButton = 1260;
 constexpr int kButtonsInRow = 10;
 
-constexpr int kBankOffset = 8;         // from a bank's number to its slot
-constexpr std::size_t kIgnoredRow = 3; // length of a trimmed row that a click ignores: a row of a file without items
+constexpr int kBankOffset = kFirstPrfUserSlot - 1; // from a bank's number to its slot
+constexpr std::size_t kIgnoredRow = 3;             // length of a trimmed row that a click ignores: a row of a file without items
 
 } // namespace
 
@@ -119,7 +119,7 @@ void frmPrfUN::CommUser_Click(int index)
     const std::string path = Tag.Path();
     Work().Path.Set(path);
     Work().Role = static_cast<std::uint8_t>(Tag.At(TagPosition::Role));
-    Work().State = 0;
+    Work().State = StoredState::Closed;
     frmMain &menu = App().frame;
     StoreBank(bankSlot, menu.mnuPrfUser[index], std::to_string(index) + " " + FileNameOf(path));
     menu.mnuPrfUser120.enabled = true;

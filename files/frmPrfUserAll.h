@@ -11,8 +11,8 @@ class frmPrfUserAll : public OverviewForm {
 public:
     explicit frmPrfUserAll(FilesState &files);
 
-    ControlArray<Label, 1, 20> Label1{*this, "Label1"};
-    ControlArray<ListBox, 1, 20> List1{*this, "List1"};
+    ControlArray<Label, 1, kPrfOverviewLists> Label1{*this, "Label1"};
+    ControlArray<ListBox, 1, kPrfOverviewLists> List1{*this, "List1"};
 
 private:
     [[nodiscard]] Grid NaturalGrid() const override;

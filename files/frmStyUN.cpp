@@ -188,7 +188,7 @@ std::unique_ptr<Form> frmStyUN::TakeOut()
 
 bool frmStyUN::SelectsRow(std::size_t trimmedLength) const
 {
-    return trimmedLength != kIgnoredRow && Tag.Slot() >= kFirstStyUserSlot && Tag.Slot() <= kLastDirectHdSlot;
+    return trimmedLength != kIgnoredRow && IsBankSlot(Tag.Slot(), kLastDirectHdSlot);
 }
 
 void frmStyUN::TieTo(int bankSlot)

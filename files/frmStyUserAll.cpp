@@ -7,7 +7,6 @@ namespace velluto {
 
 namespace {
 
-constexpr int kLists = 3;
 constexpr int kListColumns = 2;
 constexpr int kListCharacters = 58; // natural width of a list
 constexpr int kLetterSize = 9;      // points; the three lists then have room side by side on a screen of 1280 pixels
@@ -26,7 +25,7 @@ Font ListFont()
 
 int FirstSlot(int kind)
 {
-    return kFirstStyUserSlot + kLists * (kind - ViewKind::StyleOverview);
+    return kFirstStyUserSlot + kStyOverviewLists * (kind - ViewKind::StyleOverview);
 }
 
 std::size_t WindowIndex(int kind)
@@ -48,7 +47,7 @@ frmStyUserAll::frmStyUserAll(FilesState &files, int kind) : OverviewForm("frmSty
 OverviewForm::Grid frmStyUserAll::NaturalGrid() const
 {
     const Size letter = Files().app.face.MeasureA(ListFont());
-    return {kLists, 1, {kListCharacters * letter.width, kListHalfLines * letter.height / 2}, kLabelHeight, kGap};
+    return {kStyOverviewLists, 1, {kListCharacters * letter.width, kListHalfLines * letter.height / 2}, kLabelHeight, kGap};
 }
 
 std::vector<std::string> frmStyUserAll::RowsFor(ImageView image)

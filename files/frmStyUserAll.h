@@ -12,8 +12,8 @@ public:
     // kind 25 to 28
     frmStyUserAll(FilesState &files, int kind);
 
-    ControlArray<Label, 1, 3> Label1{*this, "Label1"};
-    ControlArray<ListBox, 1, 3> List1{*this, "List1"};
+    ControlArray<Label, 1, kStyOverviewLists> Label1{*this, "Label1"};
+    ControlArray<ListBox, 1, kStyOverviewLists> List1{*this, "List1"};
 
 private:
     [[nodiscard]] Grid NaturalGrid() const override;

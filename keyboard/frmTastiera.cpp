@@ -21,8 +21,6 @@ constexpr int kHighestShift = 3; // octaves
 constexpr int kHighestSplit = 96;
 constexpr int kLowestSplit = 36;
 constexpr int kHighestValue = 127;
-constexpr std::uint8_t kWindowOpen = 1;
-constexpr std::uint8_t kWindowMinimised = 2;
 
 // Bytes of the KeyboardRecord.
 constexpr std::size_t kChannelByte = 0;
@@ -145,7 +143,7 @@ void frmTastiera::TakePlace()
         entry.MinHeight = entry.Height;
     }
     place = Place{entry.Left, entry.Top, natural_.width, natural_.height};
-    entry.State = kWindowOpen;
+    entry.State = StoredState::Normal;
 }
 
 void frmTastiera::TakeLanguage()
@@ -217,7 +215,7 @@ void frmTastiera::Form_Unload()
 {
     WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Keyboard);
     StorePosition(entry, *this);
-    entry.State = 0;
+    entry.State = StoredState::Closed;
     app_.children.Bury(std::move(keyboard_.window));
 }
 
@@ -237,19 +235,15 @@ void frmTastiera::Form_Resize()
         return;
     }
     WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Keyboard);
+    StoreState(entry, *this);
     if (windowState == WindowState::Normal) {
-        entry.State = kWindowOpen;
         place = Place{Left(), Top(), natural_.width, natural_.height};
-    } else if (windowState == WindowState::Minimised) {
-        entry.State = kWindowMinimised;
     }
 }
 
 void frmTastiera::Form_MouseDown(int button)
 {
-    if (button == MouseButton::Right && DropMenu(app_.frame.mnuModifica)) {
-        app_.face.PopUpMenu(app_.frame.mnuModifica);
-    }
+    PopUpEditMenu(app_, button);
 }
 
 void frmTastiera::Form_MouseMove()

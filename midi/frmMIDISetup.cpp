@@ -1,5 +1,6 @@
 #include "midi/frmMIDISetup.h"
 
+#include "app/Catalogue.h"
 #include "app/StoredPlace.h"
 #include "midi/Roles.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int kChannels = 16;
 constexpr int kRowsPerColumn = 8; // channels 1 to 8 at the left, 9 to 16 at the right
-constexpr int kMidiChannelText = 22;
 
 // Twips.
 constexpr int kMargin = 120;
@@ -46,7 +46,7 @@ void frmMIDISetup::LayOut()
         const int top = kMargin + row * kRowPitch;
         Label1Ch[channel].place = Place{left, top + (kComboHeight - kLabelHeight) / 2, kLabelWidth, kLabelHeight};
         Combo1[channel].place = Place{left + kLabelWidth, top, kComboWidth, kComboHeight};
-        Combo1[channel].accessibleName = app_.messages.Text(kMidiChannelText) + " " + std::to_string(channel);
+        Combo1[channel].accessibleName = app_.messages.Text(TextId::MidiChannel) + " " + std::to_string(channel);
     }
 }
 
@@ -65,7 +65,7 @@ void frmMIDISetup::Form_Load()
         entry.MinWidth = NearestIn<std::uint16_t>(naturalWidth);
     }
     place = Place{entry.Left, entry.Top, naturalWidth, naturalHeight};
-    entry.State = 1;
+    entry.State = StoredState::Normal;
 
     for (int channel = 1; channel <= kChannels; ++channel) {
         const int role = app_.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1));
@@ -92,7 +92,7 @@ void frmMIDISetup::Form_Deactivate()
 
 void frmMIDISetup::Form_LostFocus()
 {
-    if (app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup).State == 1) {
+    if (app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup).State == StoredState::Normal) {
         TakeOverRoles();
     }
 }
@@ -102,7 +102,7 @@ void frmMIDISetup::Form_Unload()
     TakeOverRoles();
     WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup);
     StorePosition(entry, *this);
-    entry.State = 0;
+    entry.State = StoredState::Closed;
     app_.frame.mnuMIDISetup.enabled = true;
     --app_.children.ChildCount;
     RefreshAfterClose(app_);
@@ -116,9 +116,7 @@ void frmMIDISetup::Form_Activate()
 
 void frmMIDISetup::Form_MouseDown(int button)
 {
-    if (button == MouseButton::Right && DropMenu(app_.frame.mnuModifica)) {
-        app_.face.PopUpMenu(app_.frame.mnuModifica);
-    }
+    PopUpEditMenu(app_, button);
 }
 
 void mnuMIDISetup_Click(MidiState &midi)

@@ -13,8 +13,6 @@ constexpr Font kMonitorFont{"courier new", 10, 400};
 constexpr int kNaturalColumns = 64; // widths of "A"
 constexpr int kNaturalRows = 30;    // heights of "A"
 constexpr int kBelowText = 400;     // twips that the text box leaves free at the bottom
-constexpr int kWindowNormal = 1;
-constexpr int kWindowMinimised = 2;
 
 } // namespace
 
@@ -55,7 +53,7 @@ void frmMsgEx::Form_Load()
         entry.MinHeight = entry.Height;
     }
     place = Place{entry.Left, entry.Top, entry.Width, entry.Height};
-    entry.State = kWindowNormal;
+    entry.State = StoredState::Normal;
     Text1.text = std::string();
     LayOut();
 
@@ -72,7 +70,7 @@ void frmMsgEx::Form_Unload()
     WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Monitor);
     StorePosition(entry, *this);
     StoreSize(entry, *this);
-    entry.State = 0;
+    entry.State = StoredState::Closed;
     --app_.children.ChildCount;
     midi_.MonitorEnabled = false;
     RefreshAfterClose(app_);
@@ -94,19 +92,13 @@ void frmMsgEx::Form_Resize()
     const int leastHeight = entry.MinHeight;
     place = Place{Left(), Top(), std::max(Width(), leastWidth), std::max(Height(), leastHeight)};
     StoreSize(entry, *this);
-    if (windowState == WindowState::Normal) {
-        entry.State = kWindowNormal;
-    } else if (windowState == WindowState::Minimised) {
-        entry.State = kWindowMinimised;
-    }
+    StoreState(entry, *this);
     LayOut();
 }
 
 void frmMsgEx::Form_MouseDown(int button)
 {
-    if (button == MouseButton::Right && DropMenu(app_.frame.mnuModifica)) {
-        app_.face.PopUpMenu(app_.frame.mnuModifica);
-    }
+    PopUpEditMenu(app_, button);
 }
 
 void mnuMsgEx_Click(MidiState &midi)

@@ -8,11 +8,7 @@ void StoreResized(WindowPlacement &entry, const Form &form)
 {
     StorePosition(entry, form);
     StoreSize(entry, form);
-    if (form.windowState == WindowState::Normal) {
-        entry.State = NotesWindow::kNormal;
-    } else if (form.windowState == WindowState::Minimised) {
-        entry.State = NotesWindow::kMinimised;
-    }
+    StoreState(entry, form);
 }
 
 void LeaveFrame(Modulo1 &app, WindowPlacement &entry, const Form &form, MenuEntry &command)
@@ -20,7 +16,7 @@ void LeaveFrame(Modulo1 &app, WindowPlacement &entry, const Form &form, MenuEntr
     StorePosition(entry, form);
     StoreSize(entry, form);
     if (!app.children.ClosingAll) {
-        entry.State = NotesWindow::kClosed;
+        entry.State = StoredState::Closed;
     }
     command.enabled = true;
     --app.children.ChildCount;

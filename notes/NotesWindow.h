@@ -3,16 +3,7 @@
 
 #include "app/Modulo1.h"
 
-#include <cstdint>
-
 namespace velluto {
-
-// State of a placement entry.
-namespace NotesWindow {
-inline constexpr std::uint8_t kClosed = 0;
-inline constexpr std::uint8_t kNormal = 1;
-inline constexpr std::uint8_t kMinimised = 2;
-} // namespace NotesWindow
 
 // Stores place, size and State of a window that was resized. Maximised it keeps the State that it had.
 void StoreResized(WindowPlacement &entry, const Form &form);

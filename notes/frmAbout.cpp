@@ -30,7 +30,7 @@ frmAbout::frmAbout(NotesState &notes) : Form("frmAbout"), notes_(notes), app_(no
 
 void frmAbout::Form_Load()
 {
-    app_.settings.PlacementTable.at(PlacementEntry::About).State = NotesWindow::kNormal;
+    app_.settings.PlacementTable.at(PlacementEntry::About).State = StoredState::Normal;
     app_.frame.mnuInfo.enabled = false;
     const Messages &messages = app_.messages;
     caption = std::string(kProgramTitle) + " - " + messages.Text(TextId::InfoAbout) + std::string(kProgramName);

@@ -78,7 +78,7 @@ void frmBloccoNote::Form_Load()
         entry.MinHeight = kNaturalHeight;
     }
     place = Place{entry.Left, entry.Top, entry.Width, entry.Height};
-    entry.State = NotesWindow::kNormal;
+    entry.State = StoredState::Normal;
     Tag = ToolTag(ViewKind::Notebook);
     app_.frame.mnuBloccoNote.enabled = false;
     const std::string title = app_.messages.Text(TextId::Notebook);

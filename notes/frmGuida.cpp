@@ -56,7 +56,7 @@ void frmGuida::LayOut()
 void frmGuida::Form_Load()
 {
     app_.children.RestoringLayout = true;
-    app_.settings.PlacementTable.at(PlacementEntry::Guide).State = NotesWindow::kNormal;
+    app_.settings.PlacementTable.at(PlacementEntry::Guide).State = StoredState::Normal;
     // Always in the same place, whatever the entry holds.
     const int height = app_.face.Workspace().height - app_.frame.Picture1.place.Get().height - kBelow;
     place = Place{0, 0, kWidth, std::max(height, kLeastHeight)};

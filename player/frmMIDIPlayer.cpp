@@ -18,8 +18,6 @@ namespace velluto {
 
 namespace {
 
-constexpr int kWindowNormal = 1;
-constexpr int kWindowMinimised = 2;
 constexpr int kTimePoints = 22; // the elapsed time is read from afar
 
 } // namespace
@@ -153,7 +151,7 @@ void frmMIDIPlayer::Form_Load()
     Frame4.visible = settings.PlayerPanelOpen;
     TakeFormWidth();
     entry_.Height = NearestIn<std::uint16_t>(Height());
-    entry_.State = kWindowNormal;
+    entry_.State = StoredState::Normal;
 
     Tag = ToolTag(ViewKind::Player);
     app.frame.mnuMidiPlayer.enabled = false;
@@ -207,7 +205,7 @@ void frmMIDIPlayer::Form_Unload()
     MMControl1.LetGo();
     StorePosition(entry_, *this);
     StoreSize(entry_, *this);
-    entry_.State = 0;
+    entry_.State = StoredState::Closed;
     app.frame.mnuMidiPlayer.enabled = true;
     --app.children.ChildCount;
     RefreshAfterClose(app);
@@ -227,19 +225,13 @@ void frmMIDIPlayer::Form_Resize()
     }
     place = Place{Left(), Top(), entry_.MinWidth, std::max<int>(Height(), entry_.MinHeight)};
     StoreSize(entry_, *this);
-    if (windowState == WindowState::Normal) {
-        entry_.State = kWindowNormal;
-    } else if (windowState == WindowState::Minimised) {
-        entry_.State = kWindowMinimised;
-    }
+    StoreState(entry_, *this);
     LayOutPlayer(*this, {ScaleWidth(), ScaleHeight()});
 }
 
 void frmMIDIPlayer::Form_MouseDown(int button)
 {
-    if (button == MouseButton::Right && DropMenu(app.frame.mnuModifica)) {
-        app.face.PopUpMenu(app.frame.mnuModifica);
-    }
+    PopUpEditMenu(app, button);
 }
 
 void mnuMidiPlayer_Click(PlayerState &player)
