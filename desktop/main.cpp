@@ -1,6 +1,4 @@
 // The desktop program: gives the program this machine's answers and lets Qt run it.
-#include "app/FrameCommands.h"
-#include "app/Velluto.h"
 #include "desktop/EndSignals.h"
 #include "desktop/Look.h"
 #include "desktop/QtClock.h"
@@ -11,6 +9,8 @@
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/rtmidi/MachineMusic.h"
+#include "program/FrameCommands.h"
+#include "program/Velluto.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 // What can be seen of windows, controls and menus, as JSON. Used by the looking commands.
 #pragma once
 
-#include "app/Velluto.h"
 #include "driver/Json.h"
+#include "program/Velluto.h"
 
 namespace velluto::driver {
 

@@ -1,8 +1,8 @@
 // One variable of the program by its name. The tables of them lie in Values and in PlayerValues.
 #pragma once
 
-#include "app/Velluto.h"
 #include "driver/Json.h"
+#include "program/Velluto.h"
 
 #include <span>
 #include <string_view>

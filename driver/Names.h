@@ -1,7 +1,7 @@
 // Windows and controls by the names that the driver's commands give them: "frmPcgUN(3)", "active", "CommUser(9)".
 #pragma once
 
-#include "app/Velluto.h"
+#include "program/Velluto.h"
 #include "view/Form.h"
 
 #include <string_view>

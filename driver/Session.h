@@ -2,7 +2,6 @@
 // act on it; main and the scenario runner feed it lines.
 #pragma once
 
-#include "app/Velluto.h"
 #include "driver/Json.h"
 #include "driver/Timers.h"
 #include "platform/posix/PosixFiles.h"
@@ -15,6 +14,7 @@
 #include "platform/standin/StandinPrinter.h"
 #include "platform/standin/StandinSequencer.h"
 #include "platform/standin/StandinTicks.h"
+#include "program/Velluto.h"
 
 #include <memory>
 #include <optional>

@@ -1,8 +1,8 @@
 // The program's variables by the names that its own language gives them, as JSON. Used by the command "value".
 #pragma once
 
-#include "app/Velluto.h"
 #include "driver/Json.h"
+#include "program/Velluto.h"
 
 #include <string_view>
 #include <vector>

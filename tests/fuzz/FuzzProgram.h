@@ -2,14 +2,14 @@
 // the fuzzer's bytes say. Used by every fuzz target that needs more than one room.
 #pragma once
 
-#include "app/FrameCommands.h"
-#include "app/Velluto.h"
 #include "platform/standin/StandinClock.h"
 #include "platform/standin/StandinFace.h"
 #include "platform/standin/StandinMidi.h"
 #include "platform/standin/StandinPrinter.h"
 #include "platform/standin/StandinSequencer.h"
 #include "platform/standin/StandinTicks.h"
+#include "program/FrameCommands.h"
+#include "program/Velluto.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 

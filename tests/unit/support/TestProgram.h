@@ -2,8 +2,6 @@
 // Used by the unit tests of every room that needs more than its own record.
 #pragma once
 
-#include "app/FrameCommands.h"
-#include "app/Velluto.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/standin/FaultyFiles.h"
@@ -14,6 +12,8 @@
 #include "platform/standin/StandinPrinter.h"
 #include "platform/standin/StandinSequencer.h"
 #include "platform/standin/StandinTicks.h"
+#include "program/FrameCommands.h"
+#include "program/Velluto.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 

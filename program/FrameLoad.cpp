@@ -1,4 +1,4 @@
-#include "app/FrameLoad.h"
+#include "program/FrameLoad.h"
 
 #include "app/Catalogue.h"
 #include "app/RecentFiles.h"

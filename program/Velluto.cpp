@@ -1,7 +1,7 @@
-#include "app/Velluto.h"
+#include "program/Velluto.h"
 
-#include "app/FrameCommands.h"
 #include "player/frmMIDIPlayer.h"
+#include "program/FrameCommands.h"
 
 namespace velluto {
 

@@ -1,7 +1,7 @@
 #include "app/Catalogue.h"
-#include "app/FrameCommands.h"
 #include "app/SettingsFile.h"
-#include "app/Velluto.h"
+#include "program/FrameCommands.h"
+#include "program/Velluto.h"
 
 namespace velluto {
 

@@ -152,7 +152,7 @@ TEST_F(FrameLoadTest, FixedCaptionsStayInTheirOneLanguage)
                     {&menu.mnuHelp, "&?"}});
 }
 
-TEST_F(FrameLoadTest, ShortcutsAreAsTold)
+TEST_F(FrameLoadTest, CtrlAndALetterChooseTheSevenCommandsOfEveryDay)
 {
     EXPECT_EQ(menu.mnuPcgNuovo64.shortcut.ctrlKey, 'N');
     EXPECT_EQ(menu.mnuPcgApri.shortcut.ctrlKey, 'A');

@@ -2,7 +2,7 @@
 // lists, the factory tables, the place on the screen. Run by the frame's Form_Load.
 #pragma once
 
-#include "app/Velluto.h"
+#include "program/Velluto.h"
 
 namespace velluto {
 

@@ -1,7 +1,6 @@
-#include "app/FrameCommands.h"
+#include "program/FrameCommands.h"
 
 #include "app/Catalogue.h"
-#include "app/FrameLoad.h"
 #include "app/SettingsFile.h"
 #include "app/StatusBar.h"
 #include "edit/Copy.h"
@@ -19,6 +18,7 @@
 #include "notes/frmBloccoNote.h"
 #include "notes/frmGuida.h"
 #include "player/frmMIDIPlayer.h"
+#include "program/FrameLoad.h"
 
 namespace velluto {
 

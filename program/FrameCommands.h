@@ -1,7 +1,7 @@
 // The frame at work: its load, its commands, its end. The one place that knows every room.
 #pragma once
 
-#include "app/Velluto.h"
+#include "program/Velluto.h"
 
 namespace velluto {
 
