@@ -17,4 +17,10 @@ namespace velluto {
 // The other way.
 [[nodiscard]] std::string Utf8Of(std::u32string_view characters);
 
+// A byte of UTF-8 that goes on with the character before it.
+[[nodiscard]] constexpr bool IsContinuationByte(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 } // namespace velluto

@@ -1,16 +1,13 @@
 #include "midi/MIDI.h"
 
+#include "app/Characters.h"
+
 #include <algorithm>
 #include <string_view>
 
 namespace velluto {
 
 namespace {
-
-constexpr bool IsContinuationByte(char c)
-{
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
 
 // Bytes that the UTF-8 character with this first byte takes.
 std::size_t CharacterLength(char first)

@@ -1,5 +1,6 @@
 #include "player/CompilationFiles.h"
 
+#include "app/Characters.h"
 #include "files/ReplaceFile.h"
 
 #include <algorithm>
@@ -14,11 +15,10 @@ constexpr std::size_t kRecord = 250; // bytes
 // The text without its first characters of UTF-8.
 std::string_view WithoutFirst(std::string_view text, int characters)
 {
-    constexpr unsigned kContinuation = 0x80; // of 0xC0: a further byte of a character
     for (; characters > 0 && !text.empty(); --characters) {
         do {
             text.remove_prefix(1);
-        } while (!text.empty() && (static_cast<unsigned char>(text.front()) & 0xC0U) == kContinuation);
+        } while (!text.empty() && IsContinuationByte(text.front()));
     }
     return text;
 }

@@ -20,16 +20,4 @@ RuntimeError ReadCompilation(const Modulo1 &app, const std::string &path, std::s
 // Writes a whole file over what was there.
 RuntimeError WriteCompilation(const Modulo1 &app, const std::string &path, std::string_view image);
 
-// A step that failed because the disk was not ready is repeated. A disk that never gets ready ends it all the same.
-template <class Step>
-RuntimeError Resumed(Step step)
-{
-    constexpr int kMostTries = 1000;
-    RuntimeError error = step();
-    for (int tries = 1; error.number == FileError::kDiskNotReady && tries < kMostTries; ++tries) {
-        error = step();
-    }
-    return error;
-}
-
 } // namespace velluto

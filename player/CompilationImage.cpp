@@ -122,7 +122,7 @@ int Append(std::string &image, std::string_view directory, std::string_view name
     return row;
 }
 
-// Positions are 1-based here, as the rule counts them.
+// Positions are 1-based here, so that 0 can stand for none.
 void RemoveByName(std::string &image, std::string_view name)
 {
     const std::size_t found = image.find(name);

@@ -1,9 +1,9 @@
 #include "player/CompilationRows.h"
 
 #include "app/Catalogue.h"
-#include "player/CompilationFiles.h"
 #include "player/CompilationImage.h"
 #include "player/ListRows.h"
+#include "player/PlayerErrors.h"
 #include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
@@ -65,20 +65,6 @@ std::size_t RowBehind(const std::vector<std::string> &keys, const std::string &k
 }
 
 } // namespace
-
-std::string PreparedText(const frmMIDIPlayer &form, std::string_view path, int word)
-{
-    return std::string(path) + " " + form.app.messages.Text(word);
-}
-
-void HandlePlayerError(frmMIDIPlayer &form, RuntimeError error, const std::string &preparedText)
-{
-    if (error.number == FileError::kFileNotFound) {
-        form.state.NotFound = true;
-    } else if (error.number == FileError::kPathNotFound) {
-        form.app.messages.ShowMessage(MessageNo::FolderNotFound, preparedText, preparedText);
-    }
-}
 
 void RebuildCompilationList(frmMIDIPlayer &form, RebuildMode mode)
 {

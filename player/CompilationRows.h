@@ -6,16 +6,11 @@
 
 namespace velluto {
 
-// The path, a blank and the word of the step, an id of the catalogue: what is told where the path is not there.
-[[nodiscard]] std::string PreparedText(const frmMIDIPlayer &form, std::string_view path, int word);
-// A file that is not there sets the flag, a path that is not there is told under the prepared text, other errors pass.
-void HandlePlayerError(frmMIDIPlayer &form, RuntimeError error, const std::string &preparedText);
-
 enum class RebuildMode {
     Rewrite = 0, // writes rows over the ones of their number
     Append = 1   // to an empty list
 };
-// The image's files as rows. Ends before the first file whose length cannot be read, which the error rule tells of.
+// The image's files as rows. Ends before the first file whose length cannot be read, which HandlePlayerError hears of.
 void RebuildCompilationList(frmMIDIPlayer &form, RebuildMode mode);
 // The full path of the file in a row, 0-based; empty outside the image.
 [[nodiscard]] std::string CompilationItemPath(const frmMIDIPlayer &form, int row);

@@ -5,6 +5,8 @@
 #include "player/CompilationImage.h"
 #include "player/CompilationRows.h"
 #include "player/ListRows.h"
+#include "player/PlayerErrors.h"
+#include "player/Raised.h"
 #include "player/frmMIDIPlayer.h"
 
 #include <algorithm>

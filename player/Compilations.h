@@ -7,7 +7,7 @@ namespace velluto {
 
 // ListComp from the files beside the program, and the compilation of the last run opened where there is one.
 void FillCompilations(frmMIDIPlayer &form);
-// False where it failed; the error rule has told of it then.
+// False where it failed; HandlePlayerError has heard of it then.
 bool LoadCompilation(frmMIDIPlayer &form, std::string_view name);
 // Saves under the name in Text2, without one nothing. What could not be saved stays dirty.
 RuntimeError SaveCompilation(frmMIDIPlayer &form);

@@ -6,8 +6,11 @@
 #include "player/ListRows.h"
 #include "player/Marks.h"
 #include "player/PlayerClock.h"
+#include "player/Raised.h"
 #include "player/Transport.h"
 #include "player/frmMIDIPlayer.h"
+
+#include <algorithm>
 
 namespace velluto {
 
@@ -103,12 +106,10 @@ void PlayNext(frmMIDIPlayer &form, const std::string &path)
     ShowPlayerCaption(form, path);
     device.Command("open");
     ResetTimeDisplay(form);
-    form.state.TrackLength = device.Length();
-    form.LabTrackLenght.caption = std::to_string(form.state.TrackLength);
+    ShowTrack(form);
     SetMaximum(form.HScrollStop, form.state.TrackLength);
     form.HScrollStop.value = form.state.TrackLength;
     form.LabStop.caption = std::to_string(form.state.TrackLength);
-    form.LabTrackPosition.caption = std::to_string(device.Position());
     device.From(device.Position());
     device.Command("play");
     LockEditing(form);

@@ -1,10 +1,9 @@
 #include "player/FilePanel.h"
 
 #include "app/Catalogue.h"
-#include "player/CompilationFiles.h"
-#include "player/CompilationRows.h"
 #include "player/Compilations.h"
 #include "player/ListRows.h"
+#include "player/PlayerErrors.h"
 #include "player/Transport.h"
 #include "player/frmMIDIPlayer.h"
 
@@ -74,6 +73,16 @@ void ShowDrive(DriveList &drives, const std::string &folder)
     drives.ListIndex = nearest;
 }
 
+// The folder among the folders and on its drive.
+void ShowPlace(frmMIDIPlayer &form, const std::string &folder)
+{
+    std::vector<std::string> inside;
+    (void)form.app.ports.folders.Subfolders(folder, inside);
+    form.DirMidiSel.path = folder;
+    ShowFolders(form.DirMidiSel, inside);
+    ShowDrive(form.DriveMidiSel, folder);
+}
+
 void ShowFiles(frmMIDIPlayer &form, const std::vector<ListedFile> &files)
 {
     std::vector<std::string> names;
@@ -135,16 +144,12 @@ RuntimeError OpenFolder(frmMIDIPlayer &form, const std::string &path)
     // Without a folder of the last run it is the program's own.
     const std::string folder = WithoutTrailingSeparator(path.empty() ? form.app.paths.AppDir : path);
     std::vector<ListedFile> files;
-    std::vector<std::string> inside;
     const RuntimeError error = ReadFolder(form, folder, files);
     if (error.Failed() || ShowsAlready(form, folder, files)) {
         return error;
     }
-    (void)form.app.ports.folders.Subfolders(folder, inside);
-    form.DirMidiSel.path = folder;
     form.app.settings.PlayerDir = folder;
-    ShowFolders(form.DirMidiSel, inside);
-    ShowDrive(form.DriveMidiSel, folder);
+    ShowPlace(form, folder);
     ShowFiles(form, files);
     return {};
 }
@@ -156,11 +161,7 @@ void FillFilePanel(frmMIDIPlayer &form)
     const bool wanted = settings.PlayerPanelOpen || !settings.PlayerDir.empty();
     if (!wanted || OpenFolder(form, settings.PlayerDir).Failed()) {
         // PlayerDir stays: a folder may come back, as a stick does. The search for another one begins beside the program.
-        std::vector<std::string> inside;
-        form.DirMidiSel.path = form.app.paths.AppDir;
-        (void)form.app.ports.folders.Subfolders(form.DirMidiSel.path, inside);
-        ShowFolders(form.DirMidiSel, inside);
-        ShowDrive(form.DriveMidiSel, form.DirMidiSel.path);
+        ShowPlace(form, form.app.paths.AppDir);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "player/ListRows.h"
 #include "player/Marks.h"
 #include "player/PlayerClock.h"
+#include "player/Raised.h"
 #include "player/Transport.h"
 #include "player/frmMIDIPlayer.h"
 

@@ -25,16 +25,4 @@ namespace velluto {
 // Takes the selection from the current row to another one, which becomes current. Other selected rows stay as they are.
 void MoveSelection(ListBox &list, int row);
 
-// Keeps a flag up while the program itself changes what the handlers listen to.
-class Raised {
-public:
-    explicit Raised(bool &flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised &) = delete;
-    Raised &operator=(const Raised &) = delete;
-
-private:
-    bool &flag_;
-};
-
 } // namespace velluto

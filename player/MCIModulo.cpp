@@ -1,6 +1,7 @@
 #include "player/MCIModulo.h"
 
 #include "app/Catalogue.h"
+#include "player/PlayerScale.h"
 #include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
@@ -41,7 +42,6 @@ void ResetPlayerCaption(frmMIDIPlayer &form)
 
 void ResetPositionLine(frmMIDIPlayer &form)
 {
-    constexpr int kLineAtStart = 30;
     form.Line1.SetX(kLineAtStart);
 }
 

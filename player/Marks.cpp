@@ -1,6 +1,7 @@
 #include "player/Marks.h"
 
 #include "player/PlayerClock.h"
+#include "player/PlayerScale.h"
 #include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
@@ -11,10 +12,6 @@ namespace velluto {
 
 namespace {
 
-// The scale over Picture1, twips: what of its width is not travelled, and where line and markers stand at position 0.
-constexpr int kScaleMargin = 135;
-constexpr int kLineAtStart = 30;
-constexpr int kMarkerAtStart = 100;
 constexpr int kMarkerBeforeLine = kMarkerAtStart - kLineAtStart;
 
 // Without a file every position is at the start.
@@ -25,7 +22,7 @@ int PercentOf(const PlayerVariables &state, std::int32_t position)
 
 int OnScale(const frmMIDIPlayer &form, int percent)
 {
-    return static_cast<int>(std::int64_t{form.Picture1.place.Get().width - kScaleMargin} * percent / 100);
+    return static_cast<int>(std::int64_t{form.Picture1.place.Get().width - kUntravelled} * percent / 100);
 }
 
 void PlaceAtPercent(const frmMIDIPlayer &form, Marker &marker, int percent)

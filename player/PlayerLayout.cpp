@@ -1,5 +1,6 @@
 #include "player/PlayerLayout.h"
 
+#include "player/PlayerScale.h"
 #include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
@@ -28,15 +29,11 @@ constexpr int kPulsGap = 45;
 constexpr int kToggleWidth = 1050;
 constexpr int kReadingsHeight = 585; // of the elapsed time's large letters
 
-// The scale. At each position the tips of the markers, the line in the bar and the middle of a slider's handle stand above
-// each other: the markers begin 100 from the left, the line 30 inside the bar, and neither travels the last 135 of its width.
-constexpr int kMarkerLeft = 100;
+// The scale; the rest of it stands in PlayerScale.
 constexpr int kMarkerWidth = 330; // two halves, each wide enough for a hand
 constexpr int kMarkerHeight = 180;
-constexpr int kLineInBar = 30;
-constexpr int kBarLeft = kMarkerLeft + kMarkerWidth / 2 - kLineInBar;
+constexpr int kBarLeft = kMarkerAtStart + kMarkerWidth / 2 - kLineAtStart;
 constexpr int kBarHeight = 240;
-constexpr int kUntravelled = 135;
 constexpr int kHalfHandle = 105; // of a slider
 constexpr int kSliderHeight = 330;
 constexpr int kMarkLabelWidth = 780;
@@ -92,7 +89,7 @@ void LayOutScale(frmMIDIPlayer &form, const Holder &deck, int top, int width)
 {
     const int right = width - kMargin - kMarkLabelWidth - kGap;
     const int barWidth = right - kBarLeft;
-    const int sliderLeft = kBarLeft + kLineInBar - kHalfHandle;
+    const int sliderLeft = kBarLeft + kLineAtStart - kHalfHandle;
     const int sliderWidth = barWidth - kUntravelled + 2 * kHalfHandle;
     const int markersTop = top;
     const int barTop = markersTop + kMarkerHeight + 15;

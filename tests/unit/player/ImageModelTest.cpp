@@ -1,5 +1,5 @@
-// Long random sequences of additions and removals, with the images that two models apart come to: groups as groups, and the
-// rule of removal letter by letter.
+// Long random sequences of additions and removals, with the images that two models apart come to: groups as groups, and
+// removal once more by positions.
 #include "player/CompilationImage.h"
 
 #include "app/Paths.h"
@@ -134,7 +134,7 @@ TEST(CompilationImageModel, RandomSequencesComeToTheSameGroups)
     }
 }
 
-// ---- the rule letter by letter, on texts whose positions count from 1
+// ---- removal once more, on texts whose positions count from 1
 
 std::string Left(const std::string &text, int count)
 {
@@ -158,39 +158,39 @@ char Mid(const std::string &text, int position)
     return position >= 1 && position <= static_cast<int>(text.size()) ? text[static_cast<std::size_t>(position - 1)] : '\0';
 }
 
-std::string RemovedByTheRule(const std::string &image, const std::string &name)
+std::string RemovedByPositions(const std::string &image, const std::string &name)
 {
     const std::string zero(1, '\0');
     const int length = static_cast<int>(image.size());
-    const int s = InStr(image, name, 1);
-    const int nextZero = InStr(image, zero, s);
-    const int e = nextZero == 0 ? length : nextZero - 1;
-    int h = 0;
-    int x = 0;
-    for (int k = s - 2; k >= 1; --k) {
+    const int start = InStr(image, name, 1);
+    const int nextZero = InStr(image, zero, start);
+    const int end = nextZero == 0 ? length : nextZero - 1;
+    int behindGroup = 0;
+    int kept = 0;
+    for (int k = start - 2; k >= 1; --k) {
         if (Mid(image, k) == '\0') {
             break;
         }
         if (Mid(image, k) == '\1') {
-            h = k + 1;
-            x = InStr(image, zero, 1) - 1;
+            behindGroup = k + 1;
+            kept = InStr(image, zero, 1) - 1;
             break;
         }
     }
-    if (h != 0 && Mid(image, e + 2) != '\1' && Mid(image, e + 2) != '\xFF') {
-        h = 0;
+    if (behindGroup != 0 && Mid(image, end + 2) != '\1' && Mid(image, end + 2) != '\xFF') {
+        behindGroup = 0;
     }
-    std::string head = Left(image, s - 2);
+    std::string head = Left(image, start - 2);
     int skip = 0;
-    if (h != 0) {
-        head = Left(head, h - 2) + Right(head, static_cast<int>(head.size()) - x);
+    if (behindGroup != 0) {
+        head = Left(head, behindGroup - 2) + Right(head, static_cast<int>(head.size()) - kept);
         skip = 1;
     }
-    const std::string result = head + Right(image, length - e - skip);
+    const std::string result = head + Right(image, length - end - skip);
     return result.size() == 1 ? "" : result;
 }
 
-TEST(CompilationImageModel, RandomRemovalsFollowTheRuleLetterByLetter)
+TEST(CompilationImageModel, RandomRemovalsLeaveWhatTheyLeaveByPositions)
 {
     // Short names that are parts of each other and of the directories, and stretches that removals repeat.
     for (unsigned seed = 1; seed <= 400; ++seed) {
@@ -209,7 +209,7 @@ TEST(CompilationImageModel, RandomRemovalsFollowTheRuleLetterByLetter)
             if (image.find(name) == std::string::npos) {
                 continue;
             }
-            const std::string expected = RemovedByTheRule(image, name);
+            const std::string expected = RemovedByPositions(image, name);
             RemoveByName(image, name);
             ASSERT_EQ(image, expected) << "seed " << seed << ", step " << step << ", name " << name;
         }
