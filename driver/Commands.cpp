@@ -8,7 +8,8 @@ namespace {
 
 const Command *FindCommand(std::string_view name)
 {
-    for (const std::span<const Command> group : {StageCommands(), RunningCommands(), UsingCommands(), LookingCommands()}) {
+    for (const std::span<const Command> group :
+         {StageCommands(), RunningCommands(), UsingCommands(), WindowCommands(), LookingCommands()}) {
         const auto found = std::ranges::find(group, name, &Command::name);
         if (found != group.end()) {
             return &*found;

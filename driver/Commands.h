@@ -1,5 +1,5 @@
-// The driver's commands: one table of names, and a handler for each. The handlers lie in four files: setting the stage,
-// running, using the program as a person would, and looking.
+// The driver's commands: one table of names, and a handler for each. The handlers lie in five files: setting the stage,
+// running, using the program as a person would, handling its windows, and looking.
 #pragma once
 
 #include "driver/Session.h"
@@ -15,7 +15,7 @@ struct Command {
     std::string_view usage; // what follows the name
     int least = 0;          // words behind the name
     int most = 0;
-    // words: those behind the name, as many as told. Throws BadCommand.
+    // words: those behind the name, from least to most of them. Throws BadCommand.
     Json (*run)(Session &session, const Words &words) = nullptr;
 };
 
@@ -24,6 +24,7 @@ inline constexpr int kAnyNumber = 1 << 20;
 [[nodiscard]] std::span<const Command> StageCommands();
 [[nodiscard]] std::span<const Command> RunningCommands();
 [[nodiscard]] std::span<const Command> UsingCommands();
+[[nodiscard]] std::span<const Command> WindowCommands();
 [[nodiscard]] std::span<const Command> LookingCommands();
 
 // Finds the command by its first word and runs it. Throws BadCommand.

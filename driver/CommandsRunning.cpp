@@ -113,33 +113,7 @@ constexpr std::array<Command, 5> kCommands = {{
     {"clock", "MS", 1, 1, PassTime},
 }};
 
-struct ButtonName {
-    std::string_view word;
-    int button;
-};
-constexpr std::array<ButtonName, 4> kButtons = {{{"yes", Box::kYes}, {"no", Box::kNo}, {"cancel", Box::kCancel}, {"ok", Box::kOk}}};
-
 } // namespace
-
-Json ExitProgram(Session &session)
-{
-    (void)CloseFrame(session.Program());
-    Json told = Good();
-    told["running"] = session.Running();
-    return told;
-}
-
-int ButtonOf(std::string_view word)
-{
-    const auto *const found = std::ranges::find(kButtons, word, &ButtonName::word);
-    return found == kButtons.end() ? 0 : found->button;
-}
-
-std::string_view WordOfButton(int button)
-{
-    const auto *const found = std::ranges::find(kButtons, button, &ButtonName::button);
-    return found == kButtons.end() ? "" : found->word;
-}
 
 std::span<const Command> RunningCommands()
 {

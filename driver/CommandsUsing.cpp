@@ -1,7 +1,8 @@
-// Using the program as a person would: menus, mouse, keys, and windows moved about. Whoever touches a child window
-// brings it to the front first.
+// Using what windows hold as a person would: menus, mouse and keys. Whoever touches a child window brings it to the front
+// first.
 #include "driver/Commands.h"
 
+#include "app/Characters.h"
 #include "driver/Names.h"
 #include "driver/Running.h"
 #include "view/FolderControls.h"
@@ -14,11 +15,6 @@
 namespace velluto::driver {
 
 namespace {
-
-bool IsFrame(const Session &session, const Form &window)
-{
-    return &window == session.face.frame;
-}
 
 // The window under the pointer, brought to the front.
 Form &Touch(Session &session, std::string_view name)
@@ -178,7 +174,7 @@ Json PressControl(Session &session, const Words &words)
 // Characters of a UTF-8 text.
 int CharactersOf(std::string_view text)
 {
-    return static_cast<int>(std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+    return static_cast<int>(std::ranges::count_if(text, [](char c) { return !IsContinuationByte(c); }));
 }
 
 Json Type(Session &session, const Words &words)
@@ -297,73 +293,7 @@ Json MovePointer(Session &session, const Words &words)
     return Good();
 }
 
-Json Activate(Session &session, const Words &words)
-{
-    Form &window = FindWindow(session.Program(), words.front());
-    if (!IsFrame(session, window)) {
-        session.Program().app.children.Activate(window);
-    }
-    return Good();
-}
-
-Json Close(Session &session, const Words &words)
-{
-    Form &window = FindWindow(session.Program(), words.front());
-    if (IsFrame(session, window)) {
-        return ExitProgram(session);
-    }
-    Json told = Good();
-    told["closed"] = session.Program().app.children.Unload(window);
-    return told;
-}
-
-template <WindowState State>
-Json SetState(Session &session, const Words &words)
-{
-    Form &window = FindWindow(session.Program(), words.front());
-    ChildWindows &children = session.Program().app.children;
-    if (IsFrame(session, window)) {
-        window.windowState = State;
-        return Good();
-    }
-    children.Activate(window);
-    if constexpr (State == WindowState::Minimised) {
-        children.Minimise(window);
-    } else if constexpr (State == WindowState::Maximised) {
-        children.Maximise(window);
-    } else {
-        children.Restore(window);
-    }
-    return Good();
-}
-
-constexpr int kFarthest = 1 << 20; // twips, far beyond any screen
-
-Json Move(Session &session, const Words &words)
-{
-    Form &window = FindWindow(session.Program(), words[0]);
-    const int left = ToNumber(words[1], "left", -kFarthest, kFarthest);
-    const int top = ToNumber(words[2], "top", -kFarthest, kFarthest);
-    if (!IsFrame(session, window)) {
-        session.Program().app.children.Activate(window);
-    }
-    session.Program().app.children.Move(window, left, top);
-    return Good();
-}
-
-Json Resize(Session &session, const Words &words)
-{
-    Form &window = FindWindow(session.Program(), words[0]);
-    const int width = ToNumber(words[1], "the width", 0, kFarthest);
-    const int height = ToNumber(words[2], "the height", 0, kFarthest);
-    if (!IsFrame(session, window)) {
-        session.Program().app.children.Activate(window);
-    }
-    session.Program().app.children.Resize(window, width, height);
-    return Good();
-}
-
-constexpr std::array<Command, 21> kCommands = {{
+constexpr std::array<Command, 14> kCommands = {{
     {"menu", "ENTRY", 1, 1, ChooseEntry},
     {"drop", "MENU", 1, 1, Drop},
     {"popup", "WINDOW [CONTROL]", 1, 2, PopUp},
@@ -378,13 +308,6 @@ constexpr std::array<Command, 21> kCommands = {{
     {"set", "WINDOW CONTROL VALUE", 3, 3, SetValue},
     {"drag", "WINDOW CONTROL VALUE", 3, 3, Drag},
     {"pointer", "WINDOW CONTROL down|up|move [Y]", 3, 4, MovePointer},
-    {"activate", "WINDOW", 1, 1, Activate},
-    {"close", "WINDOW", 1, 1, Close},
-    {"minimise", "WINDOW", 1, 1, SetState<WindowState::Minimised>},
-    {"restore", "WINDOW", 1, 1, SetState<WindowState::Normal>},
-    {"maximise", "WINDOW", 1, 1, SetState<WindowState::Maximised>},
-    {"move", "WINDOW LEFT TOP", 3, 3, Move},
-    {"resize", "WINDOW WIDTH HEIGHT", 3, 3, Resize},
 }};
 
 } // namespace

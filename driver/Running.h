@@ -1,4 +1,5 @@
-// What the groups of commands share about a running program: its end, and the words for the buttons of its boxes.
+// What the groups of commands share about a running program: its end, its frame, and the words for the buttons of its
+// boxes.
 #pragma once
 
 #include "driver/Session.h"
@@ -12,5 +13,8 @@ namespace velluto::driver {
 // "yes", "no", "cancel", "ok" as the buttons of view/Face.h; 0 for any other word.
 [[nodiscard]] int ButtonOf(std::string_view word);
 [[nodiscard]] std::string_view WordOfButton(int button);
+
+// The frame goes by other ways than its children: it is never brought to the front, and its end is the program's.
+[[nodiscard]] bool IsFrame(const Session &session, const Form &window);
 
 } // namespace velluto::driver

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <type_traits>
 
 namespace velluto::driver {
 
@@ -57,260 +58,248 @@ Json ToJson(const RecentRecord &record)
             {"Left", record.Left},         {"Flag", record.Flag},     {"Kind", record.Kind}};
 }
 
-// The elements of a table from the given place in its array on, which is index `first` of the program's own count.
-template <class Table>
-Json FromElement(const Table &table, std::size_t first)
-{
-    Json json = Json::array();
-    for (std::size_t i = first; i < table.size(); ++i) {
-        json.push_back(ToJson(table.at(i)));
-    }
-    return json;
-}
-
 // Flags are counted as 0 and 1.
-Json Flags(const std::array<bool, 9> &flags)
+Json Flag(bool flag)
 {
-    Json json = Json::array();
-    for (std::size_t i = 1; i < flags.size(); ++i) {
-        json.push_back(flags.at(i) ? 1 : 0);
-    }
-    return json;
+    return flag ? 1 : 0;
 }
 
-template <class Table>
-Json RawRows(const Table &table)
+// The record that a variable lives in.
+template <class Record>
+const Record &Home(Velluto &program);
+template <>
+const RunPaths &Home(Velluto &program)
 {
-    Json json = Json::array();
-    for (std::size_t i = 1; i < table.size(); ++i) {
-        json.push_back(Utf8FromWindows1252(table.at(i)));
-    }
-    return json;
+    return program.app.paths;
 }
-
-// The names of the windows that exist in a table, from the given place on; empty texts for the others.
-template <auto Member, std::size_t First>
-Json WindowsOfFiles(Velluto &program)
+template <>
+const Modulo1 &Home(Velluto &program)
 {
-    const auto &windows = program.files.*Member;
-    Json json = Json::array();
-    for (std::size_t i = First; i < windows.size(); ++i) {
-        const Form *window = windows.at(i).get();
-        json.push_back(window == nullptr ? std::string{} : window->FullName());
-    }
-    return json;
+    return program.app;
 }
-
-// Readers of one member of a record of the program.
-template <auto Member>
-Json OfPaths(Velluto &program)
+template <>
+const Messages &Home(Velluto &program)
 {
-    return ToJson(program.app.paths.*Member);
+    return program.app.messages;
 }
-template <auto Member>
-Json OfApp(Velluto &program)
+template <>
+const Settings &Home(Velluto &program)
 {
-    return ToJson(program.app.*Member);
+    return program.app.settings;
 }
-template <auto Member>
-Json OfSettings(Velluto &program)
+template <>
+const ChildWindows &Home(Velluto &program)
 {
-    return ToJson(program.app.settings.*Member);
+    return program.app.children;
 }
-template <auto Member, std::size_t First>
-Json TableOfSettings(Velluto &program)
+template <>
+const MidiState &Home(Velluto &program)
 {
-    return FromElement(program.app.settings.*Member, First);
+    return program.midi;
 }
-template <auto Member>
-Json OfChildren(Velluto &program)
+template <>
+const FilesState &Home(Velluto &program)
 {
-    return ToJson(program.app.children.*Member);
+    return program.files;
 }
-template <auto Member>
-Json OfMidi(Velluto &program)
+template <>
+const ItemClipboard &Home(Velluto &program)
 {
-    return ToJson(program.midi.*Member);
+    return program.files.clipboard;
 }
-template <auto Member>
-Json TableOfMidi(Velluto &program)
+template <>
+const FactoryTables &Home(Velluto &program)
 {
-    return FromElement(program.midi.*Member, 0);
+    return program.recall.tables;
 }
-template <auto Member>
-Json OfFiles(Velluto &program)
+template <>
+const NotesState &Home(Velluto &program)
 {
-    return ToJson(program.files.*Member);
-}
-template <auto Member>
-Json TableOfFiles(Velluto &program)
-{
-    return FromElement(program.files.*Member, 0);
-}
-template <auto Member>
-Json FlagsOfFiles(Velluto &program)
-{
-    return Flags(program.files.*Member);
-}
-template <auto Member>
-Json BytesOfFiles(Velluto &program)
-{
-    return Utf8FromWindows1252(program.files.*Member);
-}
-template <auto Member>
-Json OfClipboard(Velluto &program)
-{
-    return ToJson(program.files.clipboard.*Member);
-}
-template <auto Member>
-Json TableOfRecall(Velluto &program)
-{
-    return RawRows(program.recall.tables.*Member);
+    return program.notes;
 }
 // The keyboard's notes live as long as its window.
-const NoteState &Notes(Velluto &program)
+template <>
+const NoteState &Home(Velluto &program)
 {
     if (program.keyboard.window == nullptr) {
         throw BadCommand("the keyboard is not open");
     }
     return program.keyboard.window->notes;
 }
+
+template <class Record, class Value>
+std::type_identity<Record> RecordOf(Value Record::*);
+
+// The variable that a member of a record is.
 template <auto Member>
-Json OfNotes(Velluto &program)
+const auto &Variable(Velluto &program)
 {
-    return ToJson(Notes(program).*Member);
+    using Record = typename decltype(RecordOf(Member))::type;
+    return Home<Record>(program).*Member;
 }
-// Flags are counted as 0 and 1.
-template <bool NoteState::*Member>
-Json FlagOfNotes(Velluto &program)
-{
-    return Notes(program).*Member ? 1 : 0;
-}
+
+// Readers of one variable. First is the place in its array from which on a table's elements are the program's.
 template <auto Member>
-Json TableOfNotes(Velluto &program)
+Json Of(Velluto &program)
 {
-    return FromElement((Notes(program).*Member).Bytes(), 0);
-}
-template <auto Member>
-Json OfHelp(Velluto &program)
-{
-    return ToJson(program.notes.*Member);
+    return ToJson(Variable<Member>(program));
 }
 template <auto Member>
-Json BytesOfHelp(Velluto &program)
+Json BytesOf(Velluto &program)
 {
-    return Utf8FromWindows1252(program.notes.*Member);
+    return Utf8FromWindows1252(Variable<Member>(program));
 }
-Json LinguaBase(Velluto &program)
+template <auto Member>
+Json FlagOf(Velluto &program)
 {
-    return ToJson(program.app.messages.LinguaBase);
+    return Flag(Variable<Member>(program));
+}
+
+// The elements of a table from the given place on, each made by `make`.
+template <class Table, class Make>
+Json Elements(const Table &table, std::size_t first, Make make)
+{
+    Json json = Json::array();
+    for (std::size_t i = first; i < table.size(); ++i) {
+        json.push_back(make(table.at(i)));
+    }
+    return json;
+}
+template <auto Member, std::size_t First = 0>
+Json TableOf(Velluto &program)
+{
+    return Elements(Variable<Member>(program), First, [](const auto &element) { return ToJson(element); });
+}
+template <auto Member>
+Json FlagsOf(Velluto &program)
+{
+    return Elements(Variable<Member>(program), 1, Flag);
+}
+template <auto Member>
+Json RowsOf(Velluto &program)
+{
+    return Elements(Variable<Member>(program), 1, Utf8FromWindows1252);
+}
+template <auto Member>
+Json NotesOf(Velluto &program)
+{
+    return Elements(Variable<Member>(program).Bytes(), 0, [](const auto &note) { return ToJson(note); });
+}
+// The names of the windows that exist in a table; empty texts for the others.
+template <auto Member, std::size_t First = 0>
+Json WindowsOf(Velluto &program)
+{
+    return Elements(Variable<Member>(program), First, [](const auto &window) {
+        const Form *form = window.get();
+        return form == nullptr ? std::string() : form->FullName();
+    });
 }
 
 constexpr auto kNamed = std::to_array<NamedValue>({
-    {"AppDir", OfPaths<&RunPaths::AppDir>},
-    {"IniPath", OfPaths<&RunPaths::IniPath>},
-    {"GuidaPath", OfPaths<&RunPaths::GuidaPath>},
-    {"GuidePath", OfPaths<&RunPaths::GuidePath>},
-    {"NotebookPath", OfPaths<&RunPaths::NotebookPath>},
-    {"PcgTablePath", OfPaths<&RunPaths::PcgTablePath>},
-    {"StyTablePath", OfPaths<&RunPaths::StyTablePath>},
-    {"PrfBank1Path", OfPaths<&RunPaths::PrfBank1Path>},
-    {"StartAborted", OfApp<&Modulo1::StartAborted>},
-    {"CurrentOperation", OfApp<&Modulo1::CurrentOperation>},
-    {"TitleLine", OfApp<&Modulo1::TitleLine>},
-    {"ViewKind", OfApp<&Modulo1::ViewKind>},
-    {"slot", OfApp<&Modulo1::slot>},
-    {"Lingua", OfSettings<&Settings::Lingua>},
-    {"LinguaBase", LinguaBase},
-    {"ReservedFlag17", OfSettings<&Settings::ReservedFlag17>},
-    {"PlayerPanelOpen", OfSettings<&Settings::PlayerPanelOpen>},
-    {"ThruOn", OfSettings<&Settings::ThruOn>},
-    {"PcgUserAssigned", OfSettings<&Settings::PcgUserAssigned>},
-    {"StatusBarOn", OfSettings<&Settings::StatusBarOn>},
-    {"MidiInDev", OfSettings<&Settings::MidiInDev>},
-    {"MidiOutDev", OfSettings<&Settings::MidiOutDev>},
-    {"LastChannel", OfSettings<&Settings::LastChannel>},
-    {"KeyboardRecord", TableOfSettings<&Settings::KeyboardRecord, 0>, 0},
-    {"PlacementTable", TableOfSettings<&Settings::PlacementTable, 0>, 0},
-    {"ChannelRole", TableOfSettings<&Settings::ChannelRole, 0>, 0},
-    {"PcgDocTable", TableOfSettings<&Settings::PcgDocTable, 1>, 1},
-    {"StyDocTable", TableOfSettings<&Settings::StyDocTable, 0>, 0},
-    {"PrfDocTable", TableOfSettings<&Settings::PrfDocTable, 0>, 0},
-    {"RecentTable", TableOfSettings<&Settings::RecentTable, 1>, 1},
-    {"LastDir", OfSettings<&Settings::LastDir>},
-    {"PlayerDir", OfSettings<&Settings::PlayerDir>},
-    {"PlayerName", OfSettings<&Settings::PlayerName>},
-    {"PlayerFile", OfSettings<&Settings::PlayerFile>},
-    {"ChildCount", OfChildren<&ChildWindows::ChildCount>},
-    {"RestoringLayout", OfChildren<&ChildWindows::RestoringLayout>},
-    {"ClosingAll", OfChildren<&ChildWindows::ClosingAll>},
-    {"WorkRecentRecord", OfApp<&Modulo1::WorkRecentRecord>},
-    {"hMidiOut", OfMidi<&MidiState::hMidiOut>},
-    {"hMidiIn", OfMidi<&MidiState::hMidiIn>},
-    {"MidiOutOpen", OfMidi<&MidiState::MidiOutOpen>},
-    {"MidiInOpen", OfMidi<&MidiState::MidiInOpen>},
-    {"SendArmed", OfMidi<&MidiState::SendArmed>},
-    {"ShortMsg", OfMidi<&MidiState::ShortMsg>},
-    {"MidiResult", OfMidi<&MidiState::MidiResult>},
-    {"ErrorText", OfMidi<&MidiState::ErrorText>},
-    {"NoMidiOut", OfMidi<&MidiState::NoMidiOut>},
-    {"NoMidiIn", OfMidi<&MidiState::NoMidiIn>},
-    {"MidiOutCount", OfMidi<&MidiState::MidiOutCount>},
-    {"MidiInCount", OfMidi<&MidiState::MidiInCount>},
-    {"MidiOutCaps", TableOfMidi<&MidiState::MidiOutCaps>},
-    {"MidiInCaps", TableOfMidi<&MidiState::MidiInCaps>},
-    {"MidiOutValid", TableOfMidi<&MidiState::MidiOutValid>},
-    {"MidiInValid", TableOfMidi<&MidiState::MidiInValid>},
-    {"ThruCheckedAtLoad", OfMidi<&MidiState::ThruCheckedAtLoad>},
-    {"ThruEnabledAtLoad", OfMidi<&MidiState::ThruEnabledAtLoad>},
-    {"MonitorEnabled", OfMidi<&MidiState::MonitorEnabled>},
-    {"BaseNote", OfNotes<&NoteState::BaseNote>},
-    {"KeyIndex", OfNotes<&NoteState::KeyIndex>},
-    {"CurrentNote", OfNotes<&NoteState::CurrentNote>},
-    {"HeldNotes", TableOfNotes<&NoteState::HeldNotes>, 0},
-    {"ChordNotes", TableOfNotes<&NoteState::ChordNotes>, 0},
-    {"ChordArmed", FlagOfNotes<&NoteState::ChordArmed>},
-    {"ClickGuard", FlagOfNotes<&NoteState::ClickGuard>},
-    {"LoadImage", OfFiles<&FilesState::LoadImage>},
-    {"BuildImage", OfFiles<&FilesState::BuildImage>},
-    {"BuildPrefix", BytesOfFiles<&FilesState::BuildPrefix>},
-    {"ItemIndex", TableOfFiles<&FilesState::ItemIndex>},
-    {"BuildItemIndex", TableOfFiles<&FilesState::BuildItemIndex>},
-    {"SavedItemIndex", TableOfFiles<&FilesState::SavedItemIndex>},
-    {"CutCount", OfFiles<&FilesState::CutCount>},
-    {"ClipValid", OfClipboard<&ItemClipboard::ClipValid>},
-    {"ClipImage", OfClipboard<&ItemClipboard::ClipImage>},
-    {"ClipFirstRow", OfClipboard<&ItemClipboard::ClipFirstRow>},
-    {"ClipCount", OfClipboard<&ItemClipboard::ClipCount>},
-    {"ClipKind", OfClipboard<&ItemClipboard::ClipKind>},
-    {"ClipSlot", OfClipboard<&ItemClipboard::ClipSlot>},
-    {"ClipHasSts", OfClipboard<&ItemClipboard::ClipHasSts>},
-    {"CurrentPcgSlot", OfFiles<&FilesState::CurrentPcgSlot>},
-    {"CurrentStySlot", OfFiles<&FilesState::CurrentStySlot>},
-    {"CurrentPrfSlot", OfFiles<&FilesState::CurrentPrfSlot>},
-    {"PcgOpenFlags", FlagsOfFiles<&FilesState::PcgOpenFlags>, 1},
-    {"StyOpenFlags", FlagsOfFiles<&FilesState::StyOpenFlags>, 1},
-    {"PrfOpenFlags", FlagsOfFiles<&FilesState::PrfOpenFlags>, 1},
-    {"PcgWindows", WindowsOfFiles<&FilesState::PcgWindows, 1>, 1},
-    {"StyWindows", WindowsOfFiles<&FilesState::StyWindows, 0>, 0},
-    {"PrfWindows", WindowsOfFiles<&FilesState::PrfWindows, 0>, 0},
-    {"StyUserAllWindows", WindowsOfFiles<&FilesState::StyUserAllWindows, 0>, ViewKind::StyleOverview},
-    {"RowBuffer", BytesOfFiles<&FilesState::RowBuffer>},
-    {"WorkPcgRecord", OfFiles<&FilesState::WorkPcgRecord>},
-    {"WorkStyRecord", OfFiles<&FilesState::WorkStyRecord>},
-    {"WorkPrfRecord", OfFiles<&FilesState::WorkPrfRecord>},
-    {"WorkPlacement", OfFiles<&FilesState::WorkPlacement>},
-    {"FileFolder", OfFiles<&FilesState::FileFolder>},
-    {"FileName", OfFiles<&FilesState::FileName>},
-    {"OpenChainCode", OfFiles<&FilesState::OpenChainCode>},
-    {"KnownFileFlag", OfFiles<&FilesState::KnownFileFlag>},
-    {"PcgFileSlot", OfFiles<&FilesState::PcgFileSlot>},
-    {"RecentKind", OfFiles<&FilesState::RecentKind>},
-    {"PcgTable", TableOfRecall<&FactoryTables::PcgTable>, 1},
-    {"StyTable", TableOfRecall<&FactoryTables::StyTable>, 1},
-    {"GuideText", BytesOfHelp<&NotesState::GuideText>},
-    {"GuideLength", OfHelp<&NotesState::GuideLength>},
-    {"NotebookText", BytesOfHelp<&NotesState::NotebookText>},
+    {"AppDir", Of<&RunPaths::AppDir>},
+    {"IniPath", Of<&RunPaths::IniPath>},
+    {"GuidaPath", Of<&RunPaths::GuidaPath>},
+    {"GuidePath", Of<&RunPaths::GuidePath>},
+    {"NotebookPath", Of<&RunPaths::NotebookPath>},
+    {"PcgTablePath", Of<&RunPaths::PcgTablePath>},
+    {"StyTablePath", Of<&RunPaths::StyTablePath>},
+    {"PrfBank1Path", Of<&RunPaths::PrfBank1Path>},
+    {"StartAborted", Of<&Modulo1::StartAborted>},
+    {"CurrentOperation", Of<&Modulo1::CurrentOperation>},
+    {"TitleLine", Of<&Modulo1::TitleLine>},
+    {"ViewKind", Of<&Modulo1::ViewKind>},
+    {"slot", Of<&Modulo1::slot>},
+    {"Lingua", Of<&Settings::Lingua>},
+    {"LinguaBase", Of<&Messages::LinguaBase>},
+    {"ReservedFlag17", Of<&Settings::ReservedFlag17>},
+    {"PlayerPanelOpen", Of<&Settings::PlayerPanelOpen>},
+    {"ThruOn", Of<&Settings::ThruOn>},
+    {"PcgUserAssigned", Of<&Settings::PcgUserAssigned>},
+    {"StatusBarOn", Of<&Settings::StatusBarOn>},
+    {"MidiInDev", Of<&Settings::MidiInDev>},
+    {"MidiOutDev", Of<&Settings::MidiOutDev>},
+    {"LastChannel", Of<&Settings::LastChannel>},
+    {"KeyboardRecord", TableOf<&Settings::KeyboardRecord>, 0},
+    {"PlacementTable", TableOf<&Settings::PlacementTable>, 0},
+    {"ChannelRole", TableOf<&Settings::ChannelRole>, 0},
+    {"PcgDocTable", TableOf<&Settings::PcgDocTable, 1>, 1},
+    {"StyDocTable", TableOf<&Settings::StyDocTable>, 0},
+    {"PrfDocTable", TableOf<&Settings::PrfDocTable>, 0},
+    {"RecentTable", TableOf<&Settings::RecentTable, 1>, 1},
+    {"LastDir", Of<&Settings::LastDir>},
+    {"PlayerDir", Of<&Settings::PlayerDir>},
+    {"PlayerName", Of<&Settings::PlayerName>},
+    {"PlayerFile", Of<&Settings::PlayerFile>},
+    {"ChildCount", Of<&ChildWindows::ChildCount>},
+    {"RestoringLayout", Of<&ChildWindows::RestoringLayout>},
+    {"ClosingAll", Of<&ChildWindows::ClosingAll>},
+    {"WorkRecentRecord", Of<&Modulo1::WorkRecentRecord>},
+    {"hMidiOut", Of<&MidiState::hMidiOut>},
+    {"hMidiIn", Of<&MidiState::hMidiIn>},
+    {"MidiOutOpen", Of<&MidiState::MidiOutOpen>},
+    {"MidiInOpen", Of<&MidiState::MidiInOpen>},
+    {"SendArmed", Of<&MidiState::SendArmed>},
+    {"ShortMsg", Of<&MidiState::ShortMsg>},
+    {"MidiResult", Of<&MidiState::MidiResult>},
+    {"ErrorText", Of<&MidiState::ErrorText>},
+    {"NoMidiOut", Of<&MidiState::NoMidiOut>},
+    {"NoMidiIn", Of<&MidiState::NoMidiIn>},
+    {"MidiOutCount", Of<&MidiState::MidiOutCount>},
+    {"MidiInCount", Of<&MidiState::MidiInCount>},
+    {"MidiOutCaps", TableOf<&MidiState::MidiOutCaps>},
+    {"MidiInCaps", TableOf<&MidiState::MidiInCaps>},
+    {"MidiOutValid", TableOf<&MidiState::MidiOutValid>},
+    {"MidiInValid", TableOf<&MidiState::MidiInValid>},
+    {"ThruCheckedAtLoad", Of<&MidiState::ThruCheckedAtLoad>},
+    {"ThruEnabledAtLoad", Of<&MidiState::ThruEnabledAtLoad>},
+    {"MonitorEnabled", Of<&MidiState::MonitorEnabled>},
+    {"BaseNote", Of<&NoteState::BaseNote>},
+    {"KeyIndex", Of<&NoteState::KeyIndex>},
+    {"CurrentNote", Of<&NoteState::CurrentNote>},
+    {"HeldNotes", NotesOf<&NoteState::HeldNotes>, 0},
+    {"ChordNotes", NotesOf<&NoteState::ChordNotes>, 0},
+    {"ChordArmed", FlagOf<&NoteState::ChordArmed>},
+    {"ClickGuard", FlagOf<&NoteState::ClickGuard>},
+    {"LoadImage", Of<&FilesState::LoadImage>},
+    {"BuildImage", Of<&FilesState::BuildImage>},
+    {"BuildPrefix", BytesOf<&FilesState::BuildPrefix>},
+    {"ItemIndex", TableOf<&FilesState::ItemIndex>},
+    {"BuildItemIndex", TableOf<&FilesState::BuildItemIndex>},
+    {"SavedItemIndex", TableOf<&FilesState::SavedItemIndex>},
+    {"CutCount", Of<&FilesState::CutCount>},
+    {"ClipValid", Of<&ItemClipboard::ClipValid>},
+    {"ClipImage", Of<&ItemClipboard::ClipImage>},
+    {"ClipFirstRow", Of<&ItemClipboard::ClipFirstRow>},
+    {"ClipCount", Of<&ItemClipboard::ClipCount>},
+    {"ClipKind", Of<&ItemClipboard::ClipKind>},
+    {"ClipSlot", Of<&ItemClipboard::ClipSlot>},
+    {"ClipHasSts", Of<&ItemClipboard::ClipHasSts>},
+    {"CurrentPcgSlot", Of<&FilesState::CurrentPcgSlot>},
+    {"CurrentStySlot", Of<&FilesState::CurrentStySlot>},
+    {"CurrentPrfSlot", Of<&FilesState::CurrentPrfSlot>},
+    {"PcgOpenFlags", FlagsOf<&FilesState::PcgOpenFlags>, 1},
+    {"StyOpenFlags", FlagsOf<&FilesState::StyOpenFlags>, 1},
+    {"PrfOpenFlags", FlagsOf<&FilesState::PrfOpenFlags>, 1},
+    {"PcgWindows", WindowsOf<&FilesState::PcgWindows, 1>, 1},
+    {"StyWindows", WindowsOf<&FilesState::StyWindows>, 0},
+    {"PrfWindows", WindowsOf<&FilesState::PrfWindows>, 0},
+    {"StyUserAllWindows", WindowsOf<&FilesState::StyUserAllWindows>, ViewKind::StyleOverview},
+    {"RowBuffer", BytesOf<&FilesState::RowBuffer>},
+    {"WorkPcgRecord", Of<&FilesState::WorkPcgRecord>},
+    {"WorkStyRecord", Of<&FilesState::WorkStyRecord>},
+    {"WorkPrfRecord", Of<&FilesState::WorkPrfRecord>},
+    {"WorkPlacement", Of<&FilesState::WorkPlacement>},
+    {"FileFolder", Of<&FilesState::FileFolder>},
+    {"FileName", Of<&FilesState::FileName>},
+    {"OpenChainCode", Of<&FilesState::OpenChainCode>},
+    {"KnownFileFlag", Of<&FilesState::KnownFileFlag>},
+    {"PcgFileSlot", Of<&FilesState::PcgFileSlot>},
+    {"RecentKind", Of<&FilesState::RecentKind>},
+    {"PcgTable", RowsOf<&FactoryTables::PcgTable>, 1},
+    {"StyTable", RowsOf<&FactoryTables::StyTable>, 1},
+    {"GuideText", BytesOf<&NotesState::GuideText>},
+    {"GuideLength", Of<&NotesState::GuideLength>},
+    {"NotebookText", BytesOf<&NotesState::NotebookText>},
 });
 
 const NamedValue *Find(std::string_view name)
