@@ -43,7 +43,7 @@ int ClassifyIoError(const Messages &messages, std::string_view title, RuntimeErr
     constexpr int kRepeat = 2;
     int number = MessageNo::DiskReadError;
     switch (error.number) {
-    case FileError::kDeviceInputOutputTold: // systems report 57, which falls under the disk reading error on purpose
+    case FileError::kDeviceError: // systems report 57, which falls under the disk reading error on purpose
         number = MessageNo::DeviceError;
         break;
     case FileError::kDiskNotReady:

@@ -1,9 +1,8 @@
 #include "desktop/Binder.h"
 
+#include "desktop/Twips.h"
 #include "desktop/Words.h"
 #include "view/Form.h"
-
-#include "desktop/Twips.h"
 
 namespace velluto {
 

@@ -19,14 +19,6 @@ namespace {
 // So much of a title bar has to be in view for a hand to take hold of it, logical pixels.
 constexpr int kGrip = 48;
 
-WindowState ToWindowState(Qt::WindowStates states)
-{
-    if (states.testFlag(Qt::WindowMinimized)) {
-        return WindowState::Minimised;
-    }
-    return states.testFlag(Qt::WindowMaximized) ? WindowState::Maximised : WindowState::Normal;
-}
-
 // Moves the rectangle into the room where too little of its top edge lies in it.
 QRect IntoView(QRect rect, const QSize &room, int title)
 {
@@ -42,6 +34,14 @@ QRect IntoView(QRect rect, const QSize &room, int title)
 }
 
 } // namespace
+
+WindowState ToWindowState(Qt::WindowStates states)
+{
+    if (states.testFlag(Qt::WindowMinimized)) {
+        return WindowState::Minimised;
+    }
+    return states.testFlag(Qt::WindowMaximized) ? WindowState::Maximised : WindowState::Normal;
+}
 
 QSize ChildWindow::FrameSize()
 {

@@ -10,6 +10,9 @@
 
 namespace velluto {
 
+// The program's word for Qt's; minimised comes before maximised.
+[[nodiscard]] WindowState ToWindowState(Qt::WindowStates states);
+
 class ChildWindow : public QMdiSubWindow {
 public:
     ChildWindow(Form &form, ChildWindows &children, EventGate &gate, ChildArea &area);

@@ -1,6 +1,7 @@
 // The list that flows in snaking columns: top to bottom, then on to the right, as many columns as the control says in
-// the width it has; or a list in one column that scrolls down. It draws the selection that the control holds and hands every press and key
-// to the program's own list rules; Qt's selection only follows, so that a screen reader sees the same.
+// the width it has; or a list in one column that scrolls down. It draws the selection that the control holds and hands
+// every press and key to the program's own list gestures; Qt's selection only follows, so that a screen reader sees the
+// same.
 #pragma once
 
 #include "desktop/EventGate.h"

@@ -18,8 +18,8 @@ public:
     QIcon standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const override;
 };
 
-// Sets style and icon of the application. The colours are the system's, unless the environment variable VELLUTO_THEME says "dark" or
-// "light".
+// Sets style and icon of the application. The colours are the system's, unless the environment variable VELLUTO_THEME
+// says "dark" or "light".
 void SetUpLook();
 
 // Lets Qt do at once what it does before its first window: read the machine's fonts, find the desktop's bus. That takes it

@@ -40,14 +40,6 @@ protected:
     }
 };
 
-WindowState ToWindowState(const QWidget &window)
-{
-    if (window.isMinimized()) {
-        return WindowState::Minimised;
-    }
-    return window.isMaximized() ? WindowState::Maximised : WindowState::Normal;
-}
-
 // Where a frame is shown that was never placed: in the middle of the main screen, with some room around it.
 QRect UsualRect()
 {
@@ -169,7 +161,7 @@ void MainWindow::ApplyPlace()
     const QRect asked(QPoint(ToPixels(place.left), ToPixels(place.top)), ToPixels(Size{place.width, place.height}).expandedTo(kSmallest));
     const QRect target = everPlaced ? OntoScreen(asked) : UsualRect();
     shown_ = target;
-    if (ToWindowState(*this) == WindowState::Normal) {
+    if (ToWindowState(windowState()) == WindowState::Normal) {
         resize(target.size());
         move(target.topLeft());
     }
@@ -177,7 +169,7 @@ void MainWindow::ApplyPlace()
 
 void MainWindow::ApplyState()
 {
-    if (ToWindowState(*this) == frame_.windowState) {
+    if (ToWindowState(windowState()) == frame_.windowState) {
         return;
     }
     const QScopedValueRollback guard(applying_, true);
@@ -203,7 +195,7 @@ void MainWindow::ShowFrame()
     QTimer::singleShot(kSettleTime, this, [this] {
         settled_ = true;
         // What the window manager made of the first placement is not the user's doing.
-        if (ToWindowState(*this) == WindowState::Normal) {
+        if (ToWindowState(windowState()) == WindowState::Normal) {
             shown_ = QRect(pos(), size());
         }
     });
@@ -211,18 +203,18 @@ void MainWindow::ShowFrame()
 
 void MainWindow::NoteState()
 {
-    if (applying_ || menus_ == nullptr || ToWindowState(*this) == frame_.windowState) {
+    if (applying_ || menus_ == nullptr || ToWindowState(windowState()) == frame_.windowState) {
         return;
     }
     const EventGate::Pass pass(gate_);
-    frame_.windowState = ToWindowState(*this);
+    frame_.windowState = ToWindowState(windowState());
 }
 
 void MainWindow::NoteGeometry()
 {
     geometryTimer_.stop();
     const QRect now(pos(), size());
-    if (!settled_ || menus_ == nullptr || ToWindowState(*this) != WindowState::Normal || now == shown_) {
+    if (!settled_ || menus_ == nullptr || ToWindowState(windowState()) != WindowState::Normal || now == shown_) {
         return;
     }
     const EventGate::Pass pass(gate_);

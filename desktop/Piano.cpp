@@ -18,6 +18,7 @@ namespace velluto {
 namespace {
 
 constexpr int kReleaseDoubt = 2; // milliseconds: the press that belongs to a release is on its way already
+
 QRect RectOfPlace(const Place &place)
 {
     return {place.left, place.top, place.width, place.height};

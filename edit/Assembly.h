@@ -1,4 +1,4 @@
-// One edit under way: the images that its steps finish. A step that is defined by nothing ends the edit; what was finished
+// One edit under way: the images that its steps finish. A step that would read outside them ends the edit; what was finished
 // until then stays in BuildImage and in the tables, as after any other command.
 #pragma once
 

@@ -10,8 +10,8 @@
 
 namespace velluto {
 
-// Thrown where a step would read outside the image or outside a table: what follows is defined by nothing, and the
-// command that meets it leaves its documents as they were. Never leaves the room.
+// Thrown where a step would read outside the image or outside a table: there is nothing there to go on with, and
+// the command that meets it leaves its documents as they were. Never leaves the room.
 struct OutsideImage {};
 
 class ImagePieces {

@@ -16,7 +16,7 @@ namespace velluto {
 namespace FileError {
 inline constexpr int kOther = 51;
 inline constexpr int kFileNotFound = 53;
-inline constexpr int kDeviceInputOutputTold = 56; // the number that the message table knows; systems report 57
+inline constexpr int kDeviceError = 56; // has a message of its own; systems report 57
 inline constexpr int kDeviceInputOutput = 57;
 inline constexpr int kDiskFull = 61;
 inline constexpr int kDiskNotReady = 71;

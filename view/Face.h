@@ -10,7 +10,7 @@
 
 namespace velluto {
 
-// Box styles and buttons, as the rules number them.
+// The numbers of box styles and buttons.
 namespace Box {
 inline constexpr int kNotice = 48;      // OK, exclamation icon
 inline constexpr int kYesNoCancel = 51; // Yes, No, Cancel, exclamation icon

@@ -64,14 +64,14 @@ TEST(Catalogue, IdsOutsideTheTwoRangesHaveNoText)
 
 TEST(Catalogue, OnlySevenTextsHoldThePlaceholderAndEachOnce)
 {
-    const std::set<int> told{1, 14, 79, 96, 99, 100, 101};
+    const std::set<int> withPlaceholder{1, 14, 79, 96, 99, 100, 101};
     for (int id = 1; id <= 155; ++id) {
         if (kGaps.contains(id)) {
             continue;
         }
         for (const int language : {0, 200}) {
             const std::string_view text = LoadResString(id + language);
-            EXPECT_EQ(std::ranges::count(text, '_'), told.contains(id) ? 1 : 0) << id + language;
+            EXPECT_EQ(std::ranges::count(text, '_'), withPlaceholder.contains(id) ? 1 : 0) << id + language;
         }
     }
 }

@@ -60,8 +60,9 @@ TEST(GeneralRecord, EachFieldStandsAtItsPosition)
     }
     SettingsRecord record('\xEE');
     PutGeneral(record, settings, true);
-    const std::vector<std::pair<std::size_t, int>> told{{17, 1}, {18, 1}, {19, 3}, {20, 5}, {21, 1}, {22, 1}, {23, 11}, {25, 2}, {27, 1}};
-    for (const auto &[position, value] : told) {
+    const std::vector<std::pair<std::size_t, int>> written{{17, 1}, {18, 1},  {19, 3}, {20, 5}, {21, 1},
+                                                           {22, 1}, {23, 11}, {25, 2}, {27, 1}};
+    for (const auto &[position, value] : written) {
         EXPECT_EQ(record.Byte(position), value) << position;
     }
     for (std::size_t i = 0; i < 15; ++i) {

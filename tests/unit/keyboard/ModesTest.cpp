@@ -199,7 +199,7 @@ TEST(ClickKey, TickedWithAChordItIsClearedAgain)
 {
     ModesLink link;
     frmTastiera &form = link.OpenGlide();
-    form.notes.ChordArmed = true; // no hand freezes a chord in Glide mode; the rule is there all the same
+    form.notes.ChordArmed = true; // no hand freezes a chord in Glide mode; the handler asks all the same
     link.Push(form.CheckClickKey);
     EXPECT_EQ(link.State(), "- - - -");
     EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));

@@ -182,7 +182,7 @@ TEST_F(NotebookTest, AFolderInPlaceOfItsFileIsTold)
 TEST_F(NotebookTest, AReadThatFailsIsToldAndTheFileStaysAsItIs)
 {
     PutFile(kNotebook, Record("precious"));
-    FailNext(FileFault::Operation::Read, FileError::kDeviceInputOutputTold);
+    FailNext(FileFault::Operation::Read, FileError::kDeviceError);
     run.Choose(menu.mnuBloccoNote);
     EXPECT_EQ(TheBox(), "Opening Velluto-Notebook.txt: Error I/O device");
     EXPECT_EQ(notes.notebook, nullptr);
