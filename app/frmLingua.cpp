@@ -22,13 +22,13 @@ frmLingua::frmLingua(Modulo1 &app) : Form("frmLingua"), app_(app)
 {
     caption = std::string(kProgramTitle);
     place = kDialogPlace;
-    Label1.caption = std::string("Scegliere una lingua / Choose a language");
+    Label1.caption = "Scegliere una lingua / Choose a language";
     Label1.place = kQuestionPlace;
-    Option1[0].caption = std::string("Italiano");
+    Option1[0].caption = "Italiano";
     Option1[0].place = kItalianPlace;
-    Option1[1].caption = std::string("English");
+    Option1[1].caption = "English";
     Option1[1].place = kEnglishPlace;
-    CommOK.caption = std::string("&OK");
+    CommOK.caption = "&OK";
     CommOK.place = kOkPlace;
     for (OptionButton &option : Option1) {
         option.Click = [this, i = option.index()] { Option1_Click(i); };

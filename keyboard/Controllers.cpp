@@ -69,9 +69,9 @@ void SetUpSliders(frmTastiera &form)
         }
         form.Label3[i].bold = true;
     }
-    form.Label2[kPanRight].caption = std::string("R");
-    form.Label2[kPanLeft].caption = std::string("L");
-    form.Label2[kPanCentre].caption = std::string("C");
+    form.Label2[kPanRight].caption = "R";
+    form.Label2[kPanLeft].caption = "L";
+    form.Label2[kPanCentre].caption = "C";
 }
 
 void SetSliderTips(frmTastiera &form)

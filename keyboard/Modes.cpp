@@ -89,7 +89,7 @@ void CommAllNoteOff_Click(frmTastiera &form)
     form.notes.CurrentNote = kNoNote;
     form.notes.ChordArmed = false;
     form.CommHoldChord.enabled = form.CheckClickKey.value && form.CheckHoldNote.value;
-    form.Text1.text = std::string();
+    form.Text1.text = "";
 }
 
 void HScroll1_Change(frmTastiera &form)

@@ -46,7 +46,7 @@ void KeyNoteOff(frmTastiera &form, int note)
     }
     form.notes.CurrentNote = kNoNote;
     SendNoteOff(form.midi, ChannelOf(form), note, form.VScroll[kVelocityOff].value);
-    form.Text1.text = std::string();
+    form.Text1.text = "";
 }
 
 void PaintPlain(frmTastiera &form, int key)

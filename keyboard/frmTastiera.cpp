@@ -53,16 +53,16 @@ frmTastiera::frmTastiera(KeyboardState &keyboard) : Form("frmTastiera"), midi(ke
     Text3.readOnly = true;
     Text1.font = kPlainFont;
     Text3.font = kPlainFont;
-    Label1[0].caption = std::string("C3");
-    Label1[6].caption = std::string("MIDI Channel");
-    Label1[7].caption = std::string("Note (Number)");
-    Label1[8].caption = std::string("Split Point");
-    CheckClickKey.caption = std::string("Click Key");
-    CheckHoldNote.caption = std::string("Hold Note");
-    CommHoldChord.caption = std::string("Hold Chord");
-    CommAllNoteOff.caption = std::string("All Notes Off");
-    CommArrPlay.caption = std::string("&ARR PLAY");
-    CommSongPlay.caption = std::string("&SONG PLAY");
+    Label1[0].caption = "C3";
+    Label1[6].caption = "MIDI Channel";
+    Label1[7].caption = "Note (Number)";
+    Label1[8].caption = "Split Point";
+    CheckClickKey.caption = "Click Key";
+    CheckHoldNote.caption = "Hold Note";
+    CommHoldChord.caption = "Hold Chord";
+    CommAllNoteOff.caption = "All Notes Off";
+    CommArrPlay.caption = "&ARR PLAY";
+    CommSongPlay.caption = "&SONG PLAY";
     for (Control *hidden : std::initializer_list<Control *>{&Picture2, &VScroll1, &Text3, &Label1[8], &CommArrPlay, &CommSongPlay}) {
         hidden->visible = false;
     }
@@ -171,7 +171,7 @@ void frmTastiera::Form_Load()
     notes.ClickGuard = false;
     notes.CurrentNote = kNoNote;
     UpdateOctaveLabels(*this);
-    Text1.text = std::string();
+    Text1.text = "";
     if (!CheckClickKey.value) {
         CheckHoldNote.enabled = false;
         CommHoldChord.enabled = false;

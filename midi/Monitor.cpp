@@ -35,7 +35,7 @@ void MonitorReport(MidiState &midi, std::string_view bytes)
     }
     TextBox &display = midi.monitor->Text1;
     if (bytes.empty()) {
-        display.text = std::string();
+        display.text = "";
         return;
     }
     const std::string_view shown = bytes.substr(0, std::min(bytes.size(), kMostBytes));

@@ -27,7 +27,7 @@ constexpr int kColumnPitch = kLabelWidth + kComboWidth + 2 * kMargin;
 
 frmMIDISetup::frmMIDISetup(MidiState &midi) : Form("frmMIDISetup"), midi_(midi), app_(midi.app)
 {
-    caption = std::string("MIDI setup");
+    caption = "MIDI setup";
     const auto popUp = [this](int button) { Form_MouseDown(button); };
     for (int channel = 1; channel <= kChannels; ++channel) {
         Label1Ch[channel].caption = (channel < 10 ? "Ch   " : "Ch ") + std::to_string(channel) + ":";

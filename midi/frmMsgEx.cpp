@@ -54,7 +54,7 @@ void frmMsgEx::Form_Load()
     }
     place = Place{entry.Left, entry.Top, entry.Width, entry.Height};
     entry.State = StoredState::Normal;
-    Text1.text = std::string();
+    Text1.text = "";
     LayOut();
 
     caption = app_.messages.Text(TextId::MidiMessages) + " - " + std::string(kProgramTitle);

@@ -22,7 +22,7 @@ constexpr int kButtonHeight = 405;
 frmAbout::frmAbout(NotesState &notes) : Form("frmAbout"), notes_(notes), app_(notes.app)
 {
     picVelluto.accessibleName = kProgramName;
-    cmdOK.caption = std::string("OK");
+    cmdOK.caption = "OK";
     cmdOK.answersReturn = true;
     cmdOK.answersEscape = true;
     cmdOK.Click = [this] { app_.children.Unload(*this); };

@@ -165,7 +165,7 @@ void CommNuovo_Click(frmMIDIPlayer &form)
             ++state.CompilationIndex;
         }
         form.CommCanc.enabled = false;
-        form.Text2.text = std::string();
+        form.Text2.text = "";
     }
     state.CompilationName.clear();
     form.Text2.SetFocus();
@@ -201,7 +201,7 @@ void CommCanc_Click(frmMIDIPlayer &form)
         --state.CompilationIndex;
     }
     const Raised guard(state.SelectionGuard);
-    form.Text2.text = std::string();
+    form.Text2.text = "";
     state.CompilationName.clear();
     form.ListMidiCorr.Clear();
     state.image.clear();
@@ -244,7 +244,7 @@ void CommRim_Click(frmMIDIPlayer &form)
     if (!form.MMControl1.InPlay()) {
         form.MMControl1.Command("close");
         UpdateTransportButtons(form);
-        form.LabTrackLenght.caption = std::string("0");
+        form.LabTrackLenght.caption = "0";
     }
 }
 

@@ -15,8 +15,8 @@ namespace {
 
 void ZeroTrack(frmMIDIPlayer &form)
 {
-    form.LabTrackLenght.caption = std::string("0");
-    form.LabTrackPosition.caption = std::string("0");
+    form.LabTrackLenght.caption = "0";
+    form.LabTrackPosition.caption = "0";
 }
 
 // The last selected row was unselected: no file is chosen any more.

@@ -49,8 +49,8 @@ void ResetTimeDisplay(frmMIDIPlayer &form)
 {
     ResetPositionLine(form);
     form.state.TickCount = 0;
-    form.Label1.caption = std::string("0:00");
-    form.LabTrackPosition.caption = std::string("0");
+    form.Label1.caption = "0:00";
+    form.LabTrackPosition.caption = "0";
 }
 
 void UpdateTransportButtons(frmMIDIPlayer &form)

@@ -97,7 +97,7 @@ void EnableMarks(frmMIDIPlayer &form)
         slider->largeChange = length / kLargeSteps;
         SetMaximum(*slider, length);
     }
-    form.LabStart.caption = std::string("0");
+    form.LabStart.caption = "0";
     form.LabStop.caption = std::to_string(length);
     form.LabStart.alignment = Alignment::Right;
     form.LabStop.alignment = Alignment::Right;
@@ -108,8 +108,8 @@ void DisableMarks(frmMIDIPlayer &form)
     for (Control *mark : std::initializer_list<Control *>{&form.HScrollStart, &form.HScrollStop, &form.Picture2, &form.Picture3}) {
         mark->enabled = false;
     }
-    form.LabStart.caption = std::string("Start");
-    form.LabStop.caption = std::string("Stop");
+    form.LabStart.caption = "Start";
+    form.LabStop.caption = "Stop";
     form.LabStart.alignment = Alignment::Centre;
     form.LabStop.alignment = Alignment::Centre;
 }
@@ -120,7 +120,7 @@ void MarkWholeFile(frmMIDIPlayer &form)
     form.state.StopMark = form.MMControl1.Length();
     form.state.StartMark = 0;
     form.LabStop.caption = std::to_string(form.state.StopMark);
-    form.LabStart.caption = std::string("0");
+    form.LabStart.caption = "0";
     form.HScrollStart.value = 0;
     form.HScrollStop.value = form.state.StopMark;
     // A slider that stood there already has told nobody.

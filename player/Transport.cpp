@@ -168,7 +168,7 @@ void Stop(frmMIDIPlayer &form)
     UpdateTransportButtons(form);
     ContaSecStop(form);
     ResetPositionLine(form);
-    form.Label1.caption = std::string("0:00");
+    form.Label1.caption = "0:00";
     if (form.state.PlayFromCompilation && form.ListMidiCorr.ListIndex() >= 0) {
         form.MMControl1.Command("close");
         form.MMControl1.Command("open");

@@ -41,19 +41,19 @@ void frmMIDIPlayer::Dress()
     for (Button *toggle : {&CommRep, &CommPlayAll, &CommSel}) {
         toggle->isToggle = true;
     }
-    Frame1.caption = std::string("Player");
-    Frame2.caption = std::string("Compilations");
-    Frame3.caption = std::string("Compilations - files MIDI");
-    Frame4.caption = std::string("Files MIDI");
-    CommRep.caption = std::string("Repeat");
-    CommPlayAll.caption = std::string("Play all");
-    CommSel.caption = std::string("Selezione Files");
-    Label2[0].caption = std::string("Lenght");
-    Label2[1].caption = std::string("Position");
-    LabTrackLenght.caption = std::string("0");
-    LabTrackPosition.caption = std::string("0");
-    LabStart.caption = std::string("Start");
-    LabStop.caption = std::string("Stop");
+    Frame1.caption = "Player";
+    Frame2.caption = "Compilations";
+    Frame3.caption = "Compilations - files MIDI";
+    Frame4.caption = "Files MIDI";
+    CommRep.caption = "Repeat";
+    CommPlayAll.caption = "Play all";
+    CommSel.caption = "Selezione Files";
+    Label2[0].caption = "Lenght";
+    Label2[1].caption = "Position";
+    LabTrackLenght.caption = "0";
+    LabTrackPosition.caption = "0";
+    LabStart.caption = "Start";
+    LabStop.caption = "Stop";
     Label1.bold = true;
     Label1.points = kTimePoints;
     Label1.alignment = Alignment::Right;
@@ -166,7 +166,7 @@ void frmMIDIPlayer::Form_Load()
         CommSel.color = kToggledColor;
     }
     ReadOffColors(); // behind the line above, on purpose: where the panel is open at the load, its button keeps its green for the run
-    Label1.caption = std::string("0:00");
+    Label1.caption = "0:00";
     ResetPositionLine(*this);
     ResetMarkers(*this);
 
