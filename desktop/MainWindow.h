@@ -28,6 +28,7 @@ public:
     void PopUpMenu(const MenuEntry &entry) { menus_->PopUp(entry); }
 
     [[nodiscard]] const ChildArea &Area() const { return *area_; }
+    // nullptr for a form that is not shown.
     [[nodiscard]] ChildWindow *WindowOf(const Form &form) const;
     // The frame no longer belongs to the program: closing it asks nobody.
     void Release();

@@ -23,6 +23,7 @@ public:
 
     // Shows a menu at the pointer; its state has been computed.
     void PopUp(const MenuEntry &entry);
+    // nullptr for an entry that is not in the menu bar.
     [[nodiscard]] QAction *ActionOf(const MenuEntry &entry) const;
 
 private:
