@@ -16,7 +16,7 @@ foreach(name files editing playing restart keys names)
     add_test(NAME system.evening_${name}
              COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/evening.sh $<TARGET_FILE:velluto> $<TARGET_FILE:jack-instrument>
                      ${CMAKE_CURRENT_BINARY_DIR} $<TARGET_FILE:velluto-driver> ${name})
-    set_tests_properties(system.evening_${name} PROPERTIES RESOURCE_LOCK jack TIMEOUT 180)
+    set_tests_properties(system.evening_${name} PROPERTIES RESOURCE_LOCK jack TIMEOUT 300)
 endforeach()
 
 add_test(NAME system.installed
