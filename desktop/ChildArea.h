@@ -1,6 +1,5 @@
 // The inside of the frame where the child windows live. When a window reaches beyond it scroll bars appear; scrolling
-// moves what is seen, and no window's own place. Alt+- opens the
-// active window's menu.
+// moves what is seen, and no window's own place. Alt+- opens the active window's menu.
 #pragma once
 
 #include <QMdiArea>
