@@ -42,6 +42,7 @@ set_stage server-gone "$pictures"
 start_jack
 server_pid=${started_pids[-1]}
 start_instrument "$instrument" Instrument
+instrument_pid=${started_pids[-1]}
 seed "$here/../../data" "$stage/home"
 start_in_english "$program"
 choose_last_output Instrument:midi_in
@@ -58,6 +59,9 @@ wait_until "the words about the device" has_told
 changing press Return
 settle
 
+# The instrument of the dead server waits for its periods at the place in memory where one of the same name would wait for the new
+# server's, and would take them away from it.
+end_processes "$instrument_pid"
 rm "$stage/instrument"
 start_jack
 start_instrument "$instrument" Instrument
