@@ -56,10 +56,11 @@ ChildWindow::ChildWindow(Form &form, ChildWindows &children, EventGate &gate, Ch
     setObjectName(FromUtf8(form.FullName()));
     setWidget(surface_);
     setWindowTitle(AsTitle(form.caption.Get()));
-    // The program keeps no window above the others.
+    // The program keeps no window above the others. Qt shows what is only hidden again, and its icons are black on a dark menu.
     for (QAction *action : systemMenu()->actions()) {
+        action->setIconVisibleInMenu(false);
         if (action->isCheckable()) {
-            action->setVisible(false);
+            systemMenu()->removeAction(action);
         }
     }
     form.observer = [this](Aspect aspect) { Follow(aspect); };

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMdiArea>
+#include <QMenu>
 #include <QScrollBar>
 
 namespace velluto::test {
@@ -217,6 +218,19 @@ TEST_F(ChildTest, ATitleShowsTheNameThatItIsGiven)
     Show(form);
     form.caption = std::string("Program R&B [*].pcg");
     EXPECT_EQ(Window(form).windowTitle(), QStringLiteral("Program R&B [*][*].pcg")); // Qt shows the doubled mark once
+}
+
+TEST_F(ChildTest, ItsMenuKeepsNoWindowAboveTheOthersAndHasNoIcons)
+{
+    Show(form);
+    Window(form).showSystemMenu();
+    const QList<QAction *> entries = Window(form).systemMenu()->actions();
+    EXPECT_FALSE(entries.empty());
+    for (const QAction *entry : entries) {
+        EXPECT_FALSE(entry->isCheckable()) << entry->text().toStdString();
+        EXPECT_FALSE(entry->isIconVisibleInMenu()) << entry->text().toStdString();
+    }
+    Window(form).systemMenu()->hide();
 }
 
 } // namespace

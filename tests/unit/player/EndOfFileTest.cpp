@@ -1,8 +1,7 @@
 // What follows the end of a file, and the handlers that wait meanwhile.
 #include "player/EndOfFile.h"
 
-#include "player/Transport.h"
-#include "unit/player/PlayerRun.h"
+#include "unit/player/SongsRun.h"
 
 namespace velluto::test {
 namespace {
@@ -10,24 +9,7 @@ namespace {
 using namespace std::string_literals;
 using testing::ElementsAre;
 
-class EndOfFile : public PlayerRun {
-protected:
-    EndOfFile()
-    {
-        Song("d/a.mid", 20);
-        Song("d/b.mid", 10);
-        Song("d/c.mid", 30);
-        WriteText("c-mix.cmp", "\1" + At("d") + "\0a.mid\0b.mid\0\xFF"s);
-        WriteText("c-other.cmp", "\1" + At("d") + "\0c.mid\0\xFF"s);
-    }
-    void StartWithCompilation()
-    {
-        Start();
-        Click(form().ListComp, 0);
-        Click(form().ListMidiCorr, 0);
-    }
-    void Play() { Transport(TransportButton::Play); }
-};
+class EndOfFile : public SongsRun {};
 
 TEST_F(EndOfFile, AFileThatEndsStandsStill)
 {

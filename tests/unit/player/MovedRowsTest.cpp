@@ -1,30 +1,20 @@
 // Rows that were moved while a file played, where "Play all" or "Repeat" goes on at its end.
-#include "player/Transport.h"
-#include "unit/player/PlayerRun.h"
+#include "unit/player/SongsRun.h"
 
 namespace velluto::test {
 namespace {
 
-using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class MovedRows : public PlayerRun {
+class MovedRows : public SongsRun {
 protected:
-    MovedRows()
-    {
-        Song("d/a.mid", 20);
-        Song("d/b.mid", 10);
-        Song("d/c.mid", 30);
-        WriteText("c-mix.cmp", "\1" + At("d") + "\0a.mid\0b.mid\0\xFF"s);
-        WriteText("c-other.cmp", "\1" + At("d") + "\0c.mid\0\xFF"s);
-    }
     void PlayFromTheFolder()
     {
         StartWithPanel();
         Click(form().ListMidiSel, 0);
         Press(form().CommPlayAll);
-        Transport(TransportButton::Play);
+        Play();
     }
 };
 
@@ -55,11 +45,9 @@ TEST_F(MovedRows, TheListsAreLockedAgainBehindTheGap)
 
 TEST_F(MovedRows, RepeatPutsBackTheRowOfItsCompilation)
 {
-    Start();
-    Click(form().ListComp, 0);
-    Click(form().ListMidiCorr, 0);
+    StartWithCompilation();
     Press(form().CommRep);
-    Transport(TransportButton::Play);
+    Play();
     Click(form().ListMidiCorr, 1);
     Clock(2000);
     EXPECT_THAT(Selected(form().ListMidiCorr), ElementsAre(0));
@@ -67,11 +55,9 @@ TEST_F(MovedRows, RepeatPutsBackTheRowOfItsCompilation)
 
 TEST_F(MovedRows, RepeatLeavesTheRowsOfAnotherCompilation)
 {
-    Start();
-    Click(form().ListComp, 0);
-    Click(form().ListMidiCorr, 0);
+    StartWithCompilation();
     Press(form().CommRep);
-    Transport(TransportButton::Play);
+    Play();
     Click(form().ListComp, 1);
     Clock(2000);
     EXPECT_THAT(Selected(form().ListMidiCorr), IsEmpty());

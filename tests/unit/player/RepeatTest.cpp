@@ -1,31 +1,12 @@
 // "Repeat", and what follows the stop mark.
-#include "player/Transport.h"
-
-#include "unit/player/PlayerRun.h"
+#include "unit/player/SongsRun.h"
 
 namespace velluto::test {
 namespace {
 
-using namespace std::string_literals;
 using testing::ElementsAre;
 
-class Repeat : public PlayerRun {
-protected:
-    Repeat()
-    {
-        Song("d/a.mid", 20);
-        Song("d/b.mid", 10);
-        Song("d/c.mid", 30);
-        WriteText("c-mix.cmp", "\1" + At("d") + "\0a.mid\0b.mid\0\xFF"s);
-    }
-    void StartWithCompilation()
-    {
-        Start();
-        Click(form().ListComp, 0);
-        Click(form().ListMidiCorr, 0);
-    }
-    void Play() { Transport(TransportButton::Play); }
-};
+class Repeat : public SongsRun {};
 
 TEST_F(Repeat, RepeatOfTheWholeFileRewindsAndStandsStill)
 {
