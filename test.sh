@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing and runs every check and test of the project.
 #
-#     ./test.sh            all of it: format, rooms, coverage, tests, clang-tidy, valgrind, tests with sanitizers, a short fuzzing
-#     ./test.sh --quick    format, rooms, coverage and the tests of the dev build
+#     ./test.sh           what every change has to pass: format, rooms, names, scripts, and all tests
+#     ./test.sh --full    that, and clang-tidy, Windows, valgrind, all tests with sanitizers, a short fuzzing
 #
 # The last line says "N passed, M failed"; each check counts as one. The exit code is 0 where nothing failed.
 set -euo pipefail
@@ -10,12 +10,12 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
 
-quick=false
+full=false
 case ${1-} in
 '') ;;
---quick) quick=true ;;
+--full) full=true ;;
 *)
-    complain "usage: ./test.sh [--quick]"
+    complain "usage: ./test.sh [--full]"
     exit 2
     ;;
 esac
@@ -40,9 +40,15 @@ check() {
 }
 
 check_format() {
-    local files
-    mapfile -d '' -t files < <(find . -path './build*' -prune -o \( -name '*.cpp' -o -name '*.h' -o -name '*.c' \) -print0)
-    clang-format --dry-run -Werror "${files[@]}"
+    git ls-files -z --cached --others --exclude-standard '*.cpp' '*.h' '*.c' | xargs -0 -P "$(nproc)" -n 40 clang-format --dry-run -Werror
+}
+
+check_scripts() {
+    local scripts
+    mapfile -d '' -t scripts < <(git grep -lz '^#!/usr/bin/env bash' -- ':!*.md')
+    shellcheck --external-sources "${scripts[@]}"
+    mapfile -d '' -t scripts < <(git grep -lz -e '^#!/usr/bin/env python3' --or -e '^"""' -- '*.py' tools)
+    pyflakes3 "${scripts[@]}"
 }
 
 number_of() {
@@ -73,8 +79,7 @@ run_tests() {
     say "$preset $what tests: $((all - bad - left)) passed, $bad failed, $left skipped ($((SECONDS - started)) s)"
 }
 
-# tests PRESET: builds it and runs its tests. Those with a real MIDI server or a display share the machine with whatever else
-# runs on it: they go one at a time, and one that fails may try again twice.
+# tests PRESET: builds it and runs its tests. Those that would disturb each other keep apart by locks of their own.
 tests() {
     local preset=$1 started=$SECONDS
     if ! build "$preset"; then
@@ -83,26 +88,21 @@ tests() {
         return 0
     fi
     say "$preset build: done ($((SECONDS - started)) s)"
-    run_tests "$preset" other --parallel "$(nproc)" --exclude-regex '^system\.'
-    run_tests "$preset" system --tests-regex '^system\.' --repeat until-pass:3
+    run_tests "$preset" all --parallel "$(nproc)"
 }
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
+! $full || install_packages "${full_test_packages[@]}"
 mkdir -p build
 check format check_format
 check rooms tools/check-rooms
 check coverage tools/check-coverage
-if command -v x86_64-w64-mingw32-g++-posix >/dev/null; then
-    check windows tools/check-windows
-fi
+check scripts check_scripts
 tests dev
-if ! $quick; then
-    if [ -f build/dev/compile_commands.json ]; then
-        check tidy tools/check-tidy build/dev
-    fi
-    if [ -x build/dev/tests/scenarios/run_scenario ]; then
-        check memory tools/check-memory build/dev
-    fi
+if $full; then
+    check windows tools/check-windows --all
+    check tidy tools/check-tidy build/dev
+    check memory tools/check-memory build/dev
     tests asan
     check fuzz tests/fuzz/run.sh "$seconds_fuzzed"
 fi

@@ -1,6 +1,11 @@
-# What every target of the program is compiled with: all warnings, as errors, and the sanitizers asked for.
+# What every target of the program is compiled with: all warnings, and the sanitizers asked for. Warnings are errors in the
+# project's own presets only: another compiler, or another build type, may see something that is none.
+option(VELLUTO_WERROR "Take warnings for errors" OFF)
 add_library(velluto_warnings INTERFACE)
-target_compile_options(velluto_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_options(velluto_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(VELLUTO_WERROR)
+    target_compile_options(velluto_warnings INTERFACE -Werror)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 takes an optimised literal + std::string for an overlapping copy (its bug 105651).
     target_compile_options(velluto_warnings INTERFACE -Wno-restrict)

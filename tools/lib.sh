@@ -9,8 +9,10 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev librtmidi-dev libj
 
 # What the checks and tests take on top of that.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev jackd2 xvfb openbox xdotool x11-utils imagemagick
-    poppler-utils python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus valgrind clang clang-tidy clang-format
-    libclang-rt-14-dev)
+    poppler-utils python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus clang clang-format mold git shellcheck pyflakes3)
+
+# What the checks of a full run take besides.
+full_test_packages=(clang-tidy libclang-rt-14-dev valgrind g++-mingw-w64-x86-64-posix)
 
 # What shows the program where there is no display.
 remote_display_packages=(xvfb openbox x11vnc)

@@ -1,6 +1,6 @@
 // The printer without a printer: a PDF file where the user wants it, looked at with poppler's tools.
 #include "desktop/QtPrinter.h"
-#include "platform/standin/StandinFace.h"
+#include "standin/StandinFace.h"
 #include "unit/support/ListWindows.h"
 #include "unit/support/TestProgram.h"
 

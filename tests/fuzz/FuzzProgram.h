@@ -2,12 +2,12 @@
 // the fuzzer's bytes say. Used by every fuzz target that needs more than one room.
 #pragma once
 
-#include "platform/standin/StandinClock.h"
-#include "platform/standin/StandinFace.h"
-#include "platform/standin/StandinMidi.h"
-#include "platform/standin/StandinPrinter.h"
-#include "platform/standin/StandinSequencer.h"
-#include "platform/standin/StandinTicks.h"
+#include "standin/StandinClock.h"
+#include "standin/StandinFace.h"
+#include "standin/StandinMidi.h"
+#include "standin/StandinPrinter.h"
+#include "standin/StandinSequencer.h"
+#include "standin/StandinTicks.h"
 #include "program/FrameCommands.h"
 #include "program/Velluto.h"
 #include "view/Gestures.h"

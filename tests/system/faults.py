@@ -228,7 +228,7 @@ class Faults(unittest.TestCase):
     def test_killed_at_any_moment_the_files_of_the_last_save_are_whole(self):
         kept = self.sample("Full-64.pcg", self.home, "Kept.pcg")
         with Program(self.home) as program:
-            window = self.edited(program, kept)
+            self.edited(program, kept)
             program.ask("menu mnuSalva")
             program.ask("exit")
         last_save = digest(kept)

@@ -22,8 +22,7 @@ is_listed() {
 # Plays on until the program has noticed: a server that is killed tells nobody. No key while the words may be coming up, which
 # it would take away again.
 has_told() {
-    local look
-    for look in 1 2 3 4 5 6 7 8 9 10; do
+    for _ in 1 2 3 4 5 6 7 8 9 10; do
         sleep 0.1
         ! has_focus "Velluto v 1.1" || return 0
     done

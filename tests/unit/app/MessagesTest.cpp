@@ -1,7 +1,7 @@
 #include "app/Messages.h"
 
 #include "app/Modulo1.h"
-#include "platform/standin/StandinFace.h"
+#include "standin/StandinFace.h"
 
 #include <gtest/gtest.h>
 

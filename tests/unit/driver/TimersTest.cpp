@@ -1,6 +1,6 @@
 #include "driver/Timers.h"
 
-#include "platform/standin/StandinClock.h"
+#include "standin/StandinClock.h"
 #include "view/Form.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "platform/standin/StandinSequencer.h"
+#include "standin/StandinSequencer.h"
 
-#include "platform/standin/StandinTicks.h"
+#include "standin/StandinTicks.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -5,12 +5,12 @@
 #include "midi/MIDI.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
-#include "platform/standin/StandinClock.h"
-#include "platform/standin/StandinFace.h"
-#include "platform/standin/StandinMidi.h"
-#include "platform/standin/StandinPrinter.h"
-#include "platform/standin/StandinSequencer.h"
-#include "platform/standin/StandinTicks.h"
+#include "standin/StandinClock.h"
+#include "standin/StandinFace.h"
+#include "standin/StandinMidi.h"
+#include "standin/StandinPrinter.h"
+#include "standin/StandinSequencer.h"
+#include "standin/StandinTicks.h"
 #include "unit/support/MidiMessages.h"
 
 #include <cstdint>

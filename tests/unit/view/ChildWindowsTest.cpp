@@ -1,6 +1,6 @@
 #include "view/ChildWindows.h"
 
-#include "platform/standin/StandinFace.h"
+#include "standin/StandinFace.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/standin/StandinFace.h"
+#include "standin/StandinFace.h"
 
 #include <algorithm>
 

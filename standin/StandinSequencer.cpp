@@ -1,4 +1,4 @@
-#include "platform/standin/StandinSequencer.h"
+#include "standin/StandinSequencer.h"
 
 #include <algorithm>
 

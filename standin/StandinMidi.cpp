@@ -1,4 +1,4 @@
-#include "platform/standin/StandinMidi.h"
+#include "standin/StandinMidi.h"
 
 #include <algorithm>
 

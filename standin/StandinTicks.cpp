@@ -1,4 +1,4 @@
-#include "platform/standin/StandinTicks.h"
+#include "standin/StandinTicks.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/standin/FaultyFolders.h"
+#include "standin/FaultyFolders.h"
 
 namespace velluto {
 

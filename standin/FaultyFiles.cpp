@@ -1,4 +1,4 @@
-#include "platform/standin/FaultyFiles.h"
+#include "standin/FaultyFiles.h"
 
 namespace velluto {
 

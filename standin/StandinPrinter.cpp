@@ -1,4 +1,4 @@
-#include "platform/standin/StandinPrinter.h"
+#include "standin/StandinPrinter.h"
 
 #include <utility>
 

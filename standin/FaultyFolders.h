@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/Folders.h"
-#include "platform/standin/FaultyFiles.h"
+#include "standin/FaultyFiles.h"
 
 namespace velluto {
 

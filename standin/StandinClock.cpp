@@ -1,4 +1,4 @@
-#include "platform/standin/StandinClock.h"
+#include "standin/StandinClock.h"
 
 #include <array>
 #include <cstdio>

@@ -1,0 +1,8 @@
+// The main routine of every program of unit tests.
+#include <gmock/gmock.h>
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleMock(&argc, argv);
+    return RUN_ALL_TESTS();
+}
