@@ -6,6 +6,7 @@
 #include "driver/Timers.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
+#include "program/Velluto.h"
 #include "standin/FaultyFiles.h"
 #include "standin/FaultyFolders.h"
 #include "standin/StandinClock.h"
@@ -14,7 +15,6 @@
 #include "standin/StandinPrinter.h"
 #include "standin/StandinSequencer.h"
 #include "standin/StandinTicks.h"
-#include "program/Velluto.h"
 
 #include <memory>
 #include <optional>

@@ -2,14 +2,14 @@
 // the fuzzer's bytes say. Used by every fuzz target that needs more than one room.
 #pragma once
 
+#include "program/FrameCommands.h"
+#include "program/Velluto.h"
 #include "standin/StandinClock.h"
 #include "standin/StandinFace.h"
 #include "standin/StandinMidi.h"
 #include "standin/StandinPrinter.h"
 #include "standin/StandinSequencer.h"
 #include "standin/StandinTicks.h"
-#include "program/FrameCommands.h"
-#include "program/Velluto.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 

@@ -4,6 +4,8 @@
 
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
+#include "program/FrameCommands.h"
+#include "program/Velluto.h"
 #include "standin/FaultyFiles.h"
 #include "standin/FaultyFolders.h"
 #include "standin/StandinClock.h"
@@ -12,8 +14,6 @@
 #include "standin/StandinPrinter.h"
 #include "standin/StandinSequencer.h"
 #include "standin/StandinTicks.h"
-#include "program/FrameCommands.h"
-#include "program/Velluto.h"
 #include "view/Gestures.h"
 #include "view/MenuEntry.h"
 
