@@ -73,8 +73,8 @@ void ListGesture::ClickRow(ListBox &list, int row, Modifier modifier)
         list.selected_[static_cast<std::size_t>(row)] = toggle ? !list.Selected(row) : true;
         list.anchor_ = row;
     }
+    list.current_ = row;
     list.Changed(Aspect::Selection);
-    list.SetListIndex(row);
     Raise(list.Click);
 }
 
@@ -96,8 +96,8 @@ void ListGesture::DragTo(ListBox &list, int row)
     for (int i = std::min(list.anchor_, row); i <= std::max(list.anchor_, row); ++i) {
         list.selected_[static_cast<std::size_t>(i)] = true;
     }
+    list.current_ = row;
     list.Changed(Aspect::Selection);
-    list.SetListIndex(row);
 }
 
 void ScrollGesture::MoveTo(ScrollBar &bar, int value)

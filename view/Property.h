@@ -13,7 +13,7 @@ enum class Aspect {
     Caret,
     Top,
     Rows,
-    Selection,
+    Selection, // of a list, and its current row
     Current,
     Value,
     Range,

@@ -44,6 +44,15 @@ struct ListTest : testing::Test, Form {
 
 } // namespace
 
+TEST_F(ListTest, AClickTellsTheFaceOnce)
+{
+    int told = 0;
+    List1.observer = [&told](Aspect aspect) { told += aspect == Aspect::Selection ? 1 : 100; };
+    Click(7);
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(List1.ListIndex(), 7);
+}
+
 TEST_F(ListTest, AClickSelectsItsRowAlone)
 {
     Click(3);
