@@ -5,7 +5,6 @@
 #include "files/OverviewForm.h"
 #include "files/Slots.h"
 #include "files/WindowRole.h"
-#include "midi/Monitor.h"
 #include "midi/Roles.h"
 #include "view/NumberedLists.h"
 
@@ -17,12 +16,6 @@
 namespace velluto {
 
 namespace {
-
-constexpr int kChannels = 16;
-constexpr std::uint32_t kControlChange = 176;
-constexpr std::uint32_t kBankSelectLsb = 32 * 256; // controller 32 in the first data byte; the MSB is controller 0
-constexpr std::uint32_t kProgramChange = 192;
-constexpr std::uint32_t kDataMask = 127;
 
 bool Between(int value, int low, int high)
 {
@@ -154,19 +147,9 @@ std::optional<Address> AddressOf(const RecallState &recall, int kind, int slot, 
 }
 
 // A number beyond seven bits, as a damaged factory table may hold, must not reach the line as a status byte.
-std::uint32_t DataByte(int value)
+int DataByte(int value)
 {
-    return static_cast<std::uint32_t>(value) & kDataMask;
-}
-
-// Sends one message and puts its first `count` bytes at `bytes`.
-void SendAndKeep(MidiState &midi, std::uint32_t message, char *bytes, int count)
-{
-    midi.ShortMsg = message;
-    SendShortMsg(midi);
-    for (int i = 0; i < count; ++i) {
-        bytes[i] = static_cast<char>(message >> (8 * i) & 255U);
-    }
+    return static_cast<int>(static_cast<unsigned>(value) & 127U);
 }
 
 } // namespace
@@ -185,16 +168,14 @@ void RecallItem(RecallState &recall, const WindowTag &tag, int row)
 {
     const int channel = recall.app.settings.LastChannel;
     const std::optional<Address> address = AddressOf(recall, tag.Kind(), tag.Slot(), row);
-    if (!address || channel >= kChannels) {
+    if (!address || channel >= kMidiChannels) {
         return;
     }
-    const auto ch = static_cast<std::uint32_t>(channel);
-    std::array<char, 8> bytes{};
-    SendAndKeep(recall.midi, DataByte(address->msb) * 65536U | kControlChange | ch, bytes.data(), 3);
-    SendAndKeep(recall.midi, DataByte(address->lsb) * 65536U | kBankSelectLsb | kControlChange | ch, bytes.data() + 3, 3);
-    SendAndKeep(recall.midi, DataByte(address->program) * 256U | kProgramChange | ch, bytes.data() + 6, 2);
-    MonitorReport(recall.midi, {});
-    MonitorReport(recall.midi, {bytes.data(), bytes.size()});
+    SendGroup(recall.midi, {{
+                               {MidiStatus::kControlChange, channel, MidiController::kBankMsb, DataByte(address->msb)},
+                               {MidiStatus::kControlChange, channel, MidiController::kBankLsb, DataByte(address->lsb)},
+                               {MidiStatus::kProgramChange, channel, DataByte(address->program)},
+                           }});
 }
 
 void SelectOnInstrument(RecallState &recall, Form &window, int row)

@@ -70,16 +70,8 @@ Json WriteImage(Session &session, const Words &words)
 // The bytes of a packed message as the device reads them: program change and channel pressure have one data byte.
 Json MessageBytes(std::uint32_t message)
 {
-    constexpr std::uint32_t kByte = 0xFF;
-    constexpr std::uint32_t kStatusKind = 0xF0;
-    constexpr std::uint32_t kProgramChange = 0xC0;
-    constexpr std::uint32_t kChannelPressure = 0xD0;
-    Json bytes = {message & kByte, (message >> 8) & kByte};
-    const std::uint32_t kind = message & kStatusKind;
-    if (kind != kProgramChange && kind != kChannelPressure) {
-        bytes.push_back((message >> 16) & kByte);
-    }
-    return bytes;
+    const auto bytes = ShortMessage(message).bytes;
+    return std::vector<int>(bytes.begin(), bytes.begin() + 1 + DataLength(bytes[0]));
 }
 
 std::string_view NameOf(ThruEvent::Kind kind)

@@ -27,6 +27,11 @@ Json ToJson(const FileImage &image)
     return Utf8FromWindows1252(AsText(image.View()));
 }
 
+Json ToJson(const ShortMessage &message)
+{
+    return message.Packed();
+}
+
 // A product name ends at its first zero character.
 Json ToJson(const MidiDeviceCaps &caps)
 {

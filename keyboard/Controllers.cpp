@@ -10,10 +10,10 @@ namespace velluto {
 
 namespace {
 
-constexpr std::uint32_t kControlChange = 0xB0;
-constexpr std::uint32_t kPitchBend = 0xE0;
-constexpr std::uint32_t kBendFineByte = 127; // fixed: the middle, 64, lies just above the centre on purpose
-constexpr std::uint32_t kNoMessage = 0;
+using MidiStatus::kControlChange;
+
+constexpr int kBendFineByte = 127; // fixed: the middle, 64, lies just above the centre on purpose
+constexpr std::uint8_t kNoMessage = 0;
 constexpr int kHighest = 127;
 constexpr int kMiddle = 64;
 
@@ -22,23 +22,23 @@ constexpr int kFirstSliderByte = 4;
 
 struct Slider {
     const char *title;
-    int shownLess;           // what the readout and the marks show is the value less this
-    std::uint32_t status;    // kNoMessage: the slider composes none
-    std::uint32_t firstData; // controller, or the bend's low byte
-    int firstRun;            // value of a first run
+    int shownLess;       // what the readout and the marks show is the value less this
+    std::uint8_t status; // kNoMessage: the slider composes none
+    int firstData;       // controller, or the bend's low byte
+    int firstRun;        // value of a first run
 };
 
-constexpr std::array<Slider, kSliderCount> kSliders{{{"Volume", 0, kControlChange, 7, 100},
-                                                     {"Pan", kMiddle, kControlChange, 10, 64},
+constexpr std::array<Slider, kSliderCount> kSliders{{{"Volume", 0, kControlChange, MidiController::kVolume, 100},
+                                                     {"Pan", kMiddle, kControlChange, MidiController::kPan, 64},
                                                      {"Vel On", 0, kNoMessage, 0, 64},
                                                      {"Vel Off", 0, kNoMessage, 0, 64},
-                                                     {"Att Time", 0, kControlChange, 73, 0},
-                                                     {"Rel Time", 0, kControlChange, 72, 0},
-                                                     {"Bend", kMiddle, kPitchBend, kBendFineByte, 64},
-                                                     {"PMod", 0, kControlChange, 1, 0},
-                                                     {"COMod", 0, kControlChange, 2, 0},
-                                                     {"Reverb", 0, kControlChange, 91, 0},
-                                                     {"Chorus", 0, kControlChange, 93, 0}}};
+                                                     {"Att Time", 0, kControlChange, MidiController::kAttackTime, 0},
+                                                     {"Rel Time", 0, kControlChange, MidiController::kReleaseTime, 0},
+                                                     {"Bend", kMiddle, MidiStatus::kPitchBend, kBendFineByte, 64},
+                                                     {"PMod", 0, kControlChange, MidiController::kModulation, 0},
+                                                     {"COMod", 0, kControlChange, MidiController::kBreath, 0},
+                                                     {"Reverb", 0, kControlChange, MidiController::kReverb, 0},
+                                                     {"Chorus", 0, kControlChange, MidiController::kChorus, 0}}};
 
 // Label2 behind the titles: the ends and the middle of the pan.
 constexpr int kPanRight = 11;
@@ -89,13 +89,13 @@ void VScroll_Change(frmTastiera &form, int slider)
     const int value = form.VScroll[slider].value;
     form.Label3[slider].caption = std::to_string(value - row.shownLess);
     if (row.status != kNoMessage) {
-        midi.ShortMsg = row.status | row.firstData << 8U | static_cast<std::uint32_t>(value) << 16U;
+        midi.ShortMsg = {row.status, 0, row.firstData, value};
     }
-    midi.ShortMsg |= static_cast<std::uint32_t>(form.Combo1.ListIndex.Get());
+    midi.ShortMsg.bytes[0] |= static_cast<std::uint8_t>(form.Combo1.ListIndex); // over the channel of what is sent again
     SendShortMsg(midi);
     midi.app.settings.KeyboardRecord.at(static_cast<std::size_t>(slider + kFirstSliderByte)) = static_cast<std::uint8_t>(value);
     midi.MonitorEnabled = true;
-    ReportShortMsg(midi);
+    MonitorShow(midi, midi.ShortMsg.bytes);
 }
 
 void Label2_DblClick(frmTastiera &form, int slider)

@@ -40,7 +40,7 @@ struct MidiState {
     bool MidiOutOpen = false;
     bool MidiInOpen = false;
     bool SendArmed = false; // cleared by the first failed send, set by each successful open
-    std::uint32_t ShortMsg = 0;
+    ShortMessage ShortMsg;
     int MidiResult = 0; // last result of a capability query or a send
     std::string ErrorText;
     bool NoMidiOut = false;
@@ -66,6 +66,9 @@ void SurveyMidiDevices(MidiState &midi, const std::function<void()> &loadFrame);
 
 // Sends midi.ShortMsg. Silent without an open device; the first failure is shown and disarms the path.
 void SendShortMsg(MidiState &midi);
+// Sends them one after the other; the last of them stays in ShortMsg. The monitor shows the bytes of all in one line, and only one that
+// fails by itself, while its box stands.
+void SendGroup(MidiState &midi, const std::array<ShortMessage, 3> &messages);
 // channel 0 to 15, note and velocity 0 to 127.
 void SendNoteOn(MidiState &midi, int channel, int note, int velocity);
 void SendNoteOff(MidiState &midi, int channel, int note, int velocity);

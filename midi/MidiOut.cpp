@@ -3,34 +3,41 @@
 #include "midi/MIDI.h"
 #include "midi/Monitor.h"
 
-#include <array>
+#include <algorithm>
 
 namespace velluto {
 
 namespace {
 
-constexpr std::uint32_t kNoteOff = 128;
-constexpr std::uint32_t kNoteOn = 144;
-constexpr std::uint32_t kControlChange = 176;
-constexpr std::uint32_t kAllNotesOff = 123; // controller number
-constexpr std::uint32_t kSecondByte = 256;
-constexpr std::uint32_t kThirdByte = 65536;
+enum class Echo { Always, OnFailure };
 
-char ByteOf(std::uint32_t value)
+// The monitor shows a message that fails before the box does.
+void Send(MidiState &midi, Echo echo)
 {
-    return static_cast<char>(value & 255U);
+    if (!midi.SendArmed || !midi.MidiOutOpen) {
+        return;
+    }
+    midi.MidiResult = midi.app.ports.midi.midiOutShortMsg(midi.hMidiOut, midi.ShortMsg);
+    const bool failed = midi.MidiResult != MidiCode::kSuccess;
+    if (failed || echo == Echo::Always) {
+        MonitorShow(midi, midi.ShortMsg.bytes);
+    }
+    if (failed) {
+        // Disarmed before the box is up: whatever happens behind an open box finds the path closed, and one box is all.
+        midi.SendArmed = false;
+        ShowMidiError(midi, TextId::OutputDeviceError, MidiSite::ShortMsg, midi.MidiResult);
+    }
 }
 
-void SendNote(MidiState &midi, std::uint32_t status, int channel, int note, int velocity)
+void SendNote(MidiState &midi, const ShortMessage &note)
 {
     if (!midi.MidiOutOpen) {
         return;
     }
-    if (midi.MonitorEnabled) {
+    if (!midi.SendArmed) {
         MonitorReport(midi, {});
     }
-    midi.ShortMsg = static_cast<std::uint32_t>(velocity) * kThirdByte | static_cast<std::uint32_t>(note) * kSecondByte |
-                    static_cast<std::uint32_t>(channel) | status;
+    midi.ShortMsg = note;
     SendShortMsg(midi);
 }
 
@@ -38,41 +45,38 @@ void SendNote(MidiState &midi, std::uint32_t status, int channel, int note, int 
 
 void SendShortMsg(MidiState &midi)
 {
-    if (!midi.SendArmed || !midi.MidiOutOpen) {
-        return;
+    Send(midi, Echo::Always);
+}
+
+void SendGroup(MidiState &midi, const std::array<ShortMessage, 3> &messages)
+{
+    std::array<std::uint8_t, sizeof(messages)> bytes{};
+    auto *end = bytes.begin();
+    for (const ShortMessage &message : messages) {
+        midi.ShortMsg = message;
+        Send(midi, Echo::OnFailure);
+        end = std::ranges::copy(message.View(), end).out;
     }
-    // Reported before it is sent, so that a message that fails is seen too.
-    if (midi.MonitorEnabled) {
-        ReportShortMsg(midi);
-    }
-    midi.MidiResult = midi.app.ports.midi.midiOutShortMsg(midi.hMidiOut, midi.ShortMsg);
-    if (midi.MidiResult != MidiCode::kSuccess) {
-        // Disarmed before the box is up: whatever happens behind an open box finds the path closed, and one box is all.
-        midi.SendArmed = false;
-        ShowMidiError(midi, TextId::OutputDeviceError, MidiSite::ShortMsg, midi.MidiResult);
-    }
+    MonitorShow(midi, {bytes.begin(), end});
 }
 
 void SendNoteOn(MidiState &midi, int channel, int note, int velocity)
 {
-    SendNote(midi, kNoteOn, channel, note, velocity);
+    SendNote(midi, {MidiStatus::kNoteOn, channel, note, velocity});
 }
 
 void SendNoteOff(MidiState &midi, int channel, int note, int velocity)
 {
-    SendNote(midi, kNoteOff, channel, note, velocity);
+    SendNote(midi, {MidiStatus::kNoteOff, channel, note, velocity});
 }
 
 void SendAllNotesOff(MidiState &midi, int channel)
 {
-    const std::uint32_t status = static_cast<std::uint32_t>(channel) | kControlChange;
-    midi.ShortMsg = status | kAllNotesOff * kSecondByte;
-    if (midi.MonitorEnabled) {
-        MonitorReport(midi, {});
-    }
+    const ShortMessage message{MidiStatus::kControlChange, channel, MidiController::kAllNotesOff};
+    midi.ShortMsg = message;
+    MonitorReport(midi, {});
     SendShortMsg(midi);
-    const std::array<char, 2> bytes{ByteOf(status), ByteOf(kAllNotesOff)};
-    MonitorReport(midi, {bytes.data(), bytes.size()});
+    MonitorReport(midi, std::span(message.bytes).first(2)); // on purpose without its value, below the whole message
 }
 
 int OpenMidiOut(MidiState &midi)

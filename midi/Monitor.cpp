@@ -4,8 +4,8 @@
 #include "midi/frmMsgEx.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
+#include <string_view>
 
 namespace velluto {
 
@@ -16,45 +16,43 @@ constexpr std::size_t kCharactersPerByte = 3;
 constexpr std::size_t kMostBytes = kWorkBufferLength / kCharactersPerByte;
 constexpr std::string_view kLineEnd = "\r\n\r\n"; // each report ends in an empty line
 
-void AppendHex(std::string &text, char byte)
+// Nothing while the monitor is closed. The menu entry is disabled while the window is open: its state is the test for that.
+TextBox *Display(MidiState &midi)
+{
+    const bool open = midi.MonitorEnabled && !midi.app.frame.mnuMsgEx.enabled && midi.monitor != nullptr;
+    return open ? &midi.monitor->Text1 : nullptr;
+}
+
+// A line of the bytes behind what goes before it.
+std::string WithLine(std::string_view before, std::span<const std::uint8_t> bytes)
 {
     constexpr std::string_view kHex = "0123456789ABCDEF";
-    const auto value = static_cast<unsigned char>(byte);
-    text += kHex[value / 16U];
-    text += kHex[value & 15U];
-    text += ' ';
+    const std::span<const std::uint8_t> shown = bytes.first(std::min(bytes.size(), kMostBytes));
+    std::string text(before.size() + shown.size() * kCharactersPerByte + kLineEnd.size(), ' ');
+    char *at = std::ranges::copy(before, text.data()).out;
+    for (const std::uint8_t byte : shown) {
+        at[0] = kHex[byte / 16U];
+        at[1] = kHex[byte & 15U];
+        at += kCharactersPerByte;
+    }
+    std::ranges::copy(kLineEnd, at);
+    return text;
 }
 
 } // namespace
 
-void MonitorReport(MidiState &midi, std::string_view bytes)
+void MonitorReport(MidiState &midi, std::span<const std::uint8_t> bytes)
 {
-    // The menu entry is disabled while the window is open: its state is the test for an open monitor.
-    if (!midi.MonitorEnabled || midi.app.frame.mnuMsgEx.enabled || midi.monitor == nullptr) {
-        return;
+    if (TextBox *const display = Display(midi)) {
+        display->text = bytes.empty() ? std::string() : WithLine(display->text.Get(), bytes);
     }
-    TextBox &display = midi.monitor->Text1;
-    if (bytes.empty()) {
-        display.text = "";
-        return;
-    }
-    const std::string_view shown = bytes.substr(0, std::min(bytes.size(), kMostBytes));
-    std::string text;
-    text.reserve(display.text.Get().size() + shown.size() * kCharactersPerByte + kLineEnd.size());
-    text = display.text.Get();
-    for (const char byte : shown) {
-        AppendHex(text, byte);
-    }
-    text += kLineEnd;
-    display.text = std::move(text);
 }
 
-void ReportShortMsg(MidiState &midi)
+void MonitorShow(MidiState &midi, std::span<const std::uint8_t> bytes)
 {
-    const auto byte = [&midi](unsigned number) { return static_cast<char>(midi.ShortMsg >> 8U * number & 255U); };
-    const std::array<char, 3> bytes{byte(0), byte(1), byte(2)};
-    MonitorReport(midi, {});
-    MonitorReport(midi, {bytes.data(), bytes.size()});
+    if (TextBox *const display = Display(midi)) {
+        display->text = WithLine({}, bytes);
+    }
 }
 
 } // namespace velluto

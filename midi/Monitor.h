@@ -1,15 +1,16 @@
-// The monitor of what is sent, as hexadecimal bytes in the window frmMsgEx.
+// The monitor of what is sent, as hexadecimal bytes in the window frmMsgEx. Nothing here does anything without a window.
 #pragma once
 
-#include <string_view>
+#include <cstdint>
+#include <span>
 
 namespace velluto {
 
 struct MidiState;
 
-// Appends the bytes as one line and an empty line; an empty text clears the monitor. Does nothing without a window.
-void MonitorReport(MidiState &midi, std::string_view bytes);
-// The three bytes of ShortMsg in place of what was there.
-void ReportShortMsg(MidiState &midi);
+// Appends the bytes as one line and an empty line; no bytes clear the monitor.
+void MonitorReport(MidiState &midi, std::span<const std::uint8_t> bytes);
+// The bytes as one line in place of what was there.
+void MonitorShow(MidiState &midi, std::span<const std::uint8_t> bytes);
 
 } // namespace velluto

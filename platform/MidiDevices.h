@@ -2,6 +2,8 @@
 // Used by midi/; answered by the real devices (RtMidi, built-in synthesizer) and by the stand-ins of driver and tests.
 #pragma once
 
+#include "platform/ShortMessage.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -23,6 +25,13 @@ struct MidiDeviceCaps {
     std::array<char, 32> name{}; // product name in UTF-8; ends at its first zero character
 };
 
+// Message codes of the input callback.
+namespace MidiInMessage {
+inline constexpr std::uint32_t kOpen = 0x3C1;
+inline constexpr std::uint32_t kClose = 0x3C2;
+inline constexpr std::uint32_t kData = 0x3C3; // parameter 1: the packed message; 2: milliseconds since the start
+} // namespace MidiInMessage
+
 // Called by a platform thread for each thing that an input delivers.
 struct MidiInCallback {
     void (*proc)(MidiHandle handle, std::uint32_t message, void *instance, std::uint32_t parameter1, std::uint32_t parameter2) = nullptr;
@@ -38,8 +47,7 @@ public:
     virtual int midiOutOpen(MidiHandle &handle, int number) = 0;
     // Closing what is not open is a success, here and at the inputs: else a choice that never opened could not be left.
     virtual int midiOutClose(MidiHandle handle) = 0;
-    // message: status in bits 0-7, first data byte in bits 8-15, second in bits 16-23.
-    virtual int midiOutShortMsg(MidiHandle handle, std::uint32_t message) = 0;
+    virtual int midiOutShortMsg(MidiHandle handle, ShortMessage message) = 0;
 
     virtual int midiInGetNumDevs() = 0;
     virtual int midiInGetDevCapsA(int number, MidiDeviceCaps &caps) = 0;

@@ -75,13 +75,13 @@ int StandinMidi::midiOutClose(MidiHandle handle)
     return device->codes.close;
 }
 
-int StandinMidi::midiOutShortMsg(MidiHandle handle, std::uint32_t message)
+int StandinMidi::midiOutShortMsg(MidiHandle handle, ShortMessage message)
 {
     StandinDevice *device = Open(outs, handle, kFirstOutHandle);
     if (device == nullptr) {
         return MidiCode::kError;
     }
-    sent.push_back(message);
+    sent.push_back(message.Packed());
     return device->codes.send;
 }
 
@@ -204,13 +204,9 @@ bool StandinMidi::Receive(int in, const std::vector<std::uint8_t> &bytes)
         return false;
     }
     StandinDevice &device = ins[static_cast<std::size_t>(in)];
-    constexpr std::uint32_t kShortData = 0x3C3; // the message code of a short message
-    std::uint32_t packed = 0;
-    for (std::size_t i = 0; i < bytes.size() && i < 3; ++i) {
-        packed |= static_cast<std::uint32_t>(bytes[i]) << (8 * i);
-    }
     if (device.callback.proc != nullptr) {
-        device.callback.proc(kFirstInHandle + static_cast<MidiHandle>(in), kShortData, device.callback.instance, packed, 0);
+        const std::uint32_t packed = ShortMessage(bytes).Packed();
+        device.callback.proc(kFirstInHandle + static_cast<MidiHandle>(in), MidiInMessage::kData, device.callback.instance, packed, 0);
     }
     const bool linked = linkIn_ == in && linkOut_ >= 0 && outs[static_cast<std::size_t>(linkOut_)].isOpen;
     if (linked && device.started) {

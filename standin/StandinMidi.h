@@ -43,7 +43,7 @@ class StandinMidi : public MidiDevices {
 public:
     std::vector<StandinDevice> outs;
     std::vector<StandinDevice> ins;
-    std::vector<std::uint32_t> sent; // messages handed to an open device, also where it then refused them
+    std::vector<std::uint32_t> sent; // packed messages handed to an open device, also where it then refused them
     std::vector<std::string> calls;  // every call by name and device number: "midiOutOpen 0"
     std::vector<ThruEvent> thru;
 
@@ -56,7 +56,7 @@ public:
     int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) override;
     int midiOutOpen(MidiHandle &handle, int number) override;
     int midiOutClose(MidiHandle handle) override;
-    int midiOutShortMsg(MidiHandle handle, std::uint32_t message) override;
+    int midiOutShortMsg(MidiHandle handle, ShortMessage message) override;
     int midiInGetNumDevs() override;
     int midiInGetDevCapsA(int number, MidiDeviceCaps &caps) override;
     int midiInOpen(MidiHandle &handle, int number, MidiInCallback callback) override;

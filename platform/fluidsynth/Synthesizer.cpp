@@ -90,11 +90,11 @@ public:
         if (!driver_ || message.empty()) {
             return;
         }
-        if (message.front() == 0xF0) {
+        if (message.front() == MidiStatus::kExclusive) {
             PlayExclusive(message);
-        } else if (message.front() < 0xF0) {
+        } else if (message.front() < MidiStatus::kExclusive) {
             PlayChannelMessage(message);
-        } else if (message.front() == 0xFF) {
+        } else if (message.front() == MidiStatus::kReset) {
             fluid_->fluid_synth_system_reset(synth_.get());
         }
     }
@@ -102,7 +102,7 @@ public:
 private:
     void PlayExclusive(std::span<const std::uint8_t> message)
     {
-        const bool whole = message.size() > 2 && message.back() == 0xF7;
+        const bool whole = message.size() > 2 && message.back() == MidiStatus::kExclusiveEnd;
         if (whole) {
             fluid_->fluid_synth_sysex(synth_.get(), reinterpret_cast<const char *>(message.data()) + 1,
                                       static_cast<int>(message.size()) - 2, nullptr, nullptr, nullptr, 0);
@@ -112,29 +112,29 @@ private:
     void PlayChannelMessage(std::span<const std::uint8_t> message)
     {
         fluid_synth_t *synth = synth_.get();
-        const int channel = message[0] & 0x0F;
+        const int channel = MidiStatus::ChannelOf(message[0]);
         const int data1 = message.size() > 1 ? message[1] : 0;
         const int data2 = message.size() > 2 ? message[2] : 0;
-        switch (message[0] & 0xF0) {
-        case 0x80:
+        switch (MidiStatus::KindOf(message[0])) {
+        case MidiStatus::kNoteOff:
             fluid_->fluid_synth_noteoff(synth, channel, data1);
             break;
-        case 0x90:
+        case MidiStatus::kNoteOn:
             fluid_->fluid_synth_noteon(synth, channel, data1, data2);
             break;
-        case 0xA0:
+        case MidiStatus::kKeyPressure:
             fluid_->fluid_synth_key_pressure(synth, channel, data1, data2);
             break;
-        case 0xB0:
+        case MidiStatus::kControlChange:
             PlayController(channel, data1, data2);
             break;
-        case 0xC0:
+        case MidiStatus::kProgramChange:
             fluid_->fluid_synth_program_change(synth, channel, data1);
             break;
-        case 0xD0:
+        case MidiStatus::kChannelPressure:
             fluid_->fluid_synth_channel_pressure(synth, channel, data1);
             break;
-        case 0xE0:
+        case MidiStatus::kPitchBend:
             fluid_->fluid_synth_pitch_bend(synth, channel, data1 | data2 << 7);
             break;
         default:
@@ -144,10 +144,9 @@ private:
 
     void PlayController(int channel, int number, int value)
     {
-        constexpr int kBankSelectMsb = 0;
         constexpr int kDrumBank = 120; // the two banks that General MIDI 2 gives a meaning to
         constexpr int kMelodicBank = 121;
-        if (number == kBankSelectMsb && (value == kDrumBank || value == kMelodicBank)) {
+        if (number == MidiController::kBankMsb && (value == kDrumBank || value == kMelodicBank)) {
             fluid_->fluid_synth_set_channel_type(synth_.get(), channel, value == kDrumBank ? CHANNEL_TYPE_DRUM : CHANNEL_TYPE_MELODIC);
         }
         fluid_->fluid_synth_cc(synth_.get(), channel, number, value);

@@ -6,39 +6,25 @@ namespace velluto {
 
 namespace {
 
-constexpr std::uint8_t kFirstSystem = 0xF0;
-
 // What the callback is told of: channel messages and the song's position, choice, start, continue and stop, but neither
 // system exclusive messages nor the steady ticking of clocks.
 bool IsShortMessage(std::span<const std::uint8_t> message)
 {
-    if (message.size() > 3 || message[0] < 0x80) {
+    if (message.size() > ShortMessage().bytes.size()) {
         return false;
-    }
-    if (message[0] < kFirstSystem) {
-        return true;
     }
     switch (message[0]) {
-    case 0xF2: // song position
-    case 0xF3: // song select
-    case 0xF6: // tune request
-    case 0xFA: // start
-    case 0xFB: // continue
-    case 0xFC: // stop
-    case 0xFF: // reset
+    case MidiStatus::kSongPosition:
+    case MidiStatus::kSongSelect:
+    case MidiStatus::kTuneRequest:
+    case MidiStatus::kStart:
+    case MidiStatus::kContinue:
+    case MidiStatus::kStop:
+    case MidiStatus::kReset:
         return true;
     default:
-        return false;
+        return MidiStatus::IsChannel(message[0]);
     }
-}
-
-std::uint32_t Packed(std::span<const std::uint8_t> message)
-{
-    std::uint32_t packed = 0;
-    for (std::size_t i = 0; i < message.size(); ++i) {
-        packed |= static_cast<std::uint32_t>(message[i]) << (8 * i);
-    }
-    return packed;
 }
 
 } // namespace
@@ -58,7 +44,7 @@ void InputLine::Deliver(std::span<const std::uint8_t> message)
     }
     if (IsShortMessage(message)) {
         const auto since = std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - startedAt_);
-        Call(MidiInMessage::kData, Packed(message), static_cast<std::uint32_t>(since.count()));
+        Call(MidiInMessage::kData, ShortMessage(message).Packed(), static_cast<std::uint32_t>(since.count()));
     }
     if (thru_ && thru_->Send(message) == MidiCode::kSuccess) {
         thruNotes_.Passed(message);

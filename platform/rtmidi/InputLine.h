@@ -12,13 +12,6 @@
 
 namespace velluto {
 
-// Message codes of the input callback.
-namespace MidiInMessage {
-inline constexpr std::uint32_t kOpen = 0x3C1;
-inline constexpr std::uint32_t kClose = 0x3C2;
-inline constexpr std::uint32_t kData = 0x3C3; // parameter 1: the packed message; 2: milliseconds since the start
-} // namespace MidiInMessage
-
 class InputLine : public MessageSink {
 public:
     InputLine(MidiHandle handle, MidiInCallback callback) : handle_(handle), callback_(callback) {}

@@ -9,35 +9,6 @@ namespace velluto {
 
 namespace {
 
-// Bytes of a short message with this status byte; 0 where it starts none.
-std::size_t ShortLength(std::uint8_t status)
-{
-    constexpr std::uint8_t kFirstSystem = 0xF0;
-    if (status < 0x80) {
-        return 0;
-    }
-    if (status < kFirstSystem) {
-        const bool one = (status & 0xE0) == 0xC0; // program change and channel pressure
-        return one ? 2 : 3;
-    }
-    switch (status) {
-    case 0xF1:
-    case 0xF3:
-        return 2;
-    case 0xF2:
-        return 3;
-    case 0xF0: // system exclusive is no short message
-    case 0xF4:
-    case 0xF5:
-    case 0xF7:
-    case 0xF9:
-    case 0xFD:
-        return 0;
-    default:
-        return 1;
-    }
-}
-
 template <typename Device>
 bool InRange(const std::vector<Device> &devices, int number)
 {
@@ -164,17 +135,13 @@ int MachineMidi::midiOutClose(MidiHandle handle)
     return MidiCode::kSuccess;
 }
 
-int MachineMidi::midiOutShortMsg(MidiHandle handle, std::uint32_t message)
+int MachineMidi::midiOutShortMsg(MidiHandle handle, ShortMessage message)
 {
     OpenOut *device = Find(openOuts_, handle);
-    const std::array<std::uint8_t, 3> bytes{static_cast<std::uint8_t>(message), static_cast<std::uint8_t>(message >> 8),
-                                            static_cast<std::uint8_t>(message >> 16)};
-    const std::size_t length = ShortLength(bytes[0]);
-    const auto isStatus = [](std::uint8_t byte) { return byte >= 0x80; };
-    if (device == nullptr || length == 0 || std::any_of(bytes.begin() + 1, bytes.begin() + static_cast<std::ptrdiff_t>(length), isStatus)) {
+    const std::span<const std::uint8_t> sent = message.View();
+    if (device == nullptr || sent.empty() || std::ranges::any_of(sent.subspan(1), [](std::uint8_t byte) { return byte >= kFirstStatus; })) {
         return MidiCode::kError;
     }
-    const std::span<const std::uint8_t> sent(bytes.data(), length);
     const int code = device->port->Send(sent);
     if (code == MidiCode::kSuccess) {
         device->notes.Passed(sent);

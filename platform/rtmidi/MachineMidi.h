@@ -26,7 +26,7 @@ public:
     int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) override;
     int midiOutOpen(MidiHandle &handle, int number) override;
     int midiOutClose(MidiHandle handle) override;
-    int midiOutShortMsg(MidiHandle handle, std::uint32_t message) override;
+    int midiOutShortMsg(MidiHandle handle, ShortMessage message) override;
 
     int midiInGetNumDevs() override;
     int midiInGetDevCapsA(int number, MidiDeviceCaps &caps) override;

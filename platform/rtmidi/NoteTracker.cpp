@@ -5,43 +5,28 @@
 
 namespace velluto {
 
-namespace {
-
-constexpr std::uint8_t kStatusMask = 0xF0;
-constexpr std::uint8_t kNoteOff = 0x80;
-constexpr std::uint8_t kNoteOn = 0x90;
-constexpr std::uint8_t kControlChange = 0xB0;
-constexpr std::uint8_t kSystemReset = 0xFF;
-constexpr std::uint8_t kSustain = 64;
-constexpr std::uint8_t kPedalDown = 64; // values from here on hold the pedal
-constexpr std::uint8_t kAllSoundOff = 120;
-constexpr std::uint8_t kResetAllControllers = 121;
-constexpr std::uint8_t kAllNotesOff = 123;
-
-} // namespace
-
 void NoteTracker::Passed(std::span<const std::uint8_t> message)
 {
-    if (message.size() == 1 && message[0] == kSystemReset) {
+    if (message.size() == 1 && message[0] == MidiStatus::kReset) {
         Clear();
     }
-    if (message.size() != 3 || ((message[1] | message[2]) & 0x80) != 0) {
+    if (message.size() != 3 || (message[1] | message[2]) >= kFirstStatus) {
         return;
     }
-    const std::size_t channel = message[0] & 0x0F;
-    switch (message[0] & kStatusMask) {
-    case kNoteOff:
+    const std::size_t channel = MidiStatus::ChannelOf(message[0]);
+    switch (MidiStatus::KindOf(message[0])) {
+    case MidiStatus::kNoteOff:
         sounding_[channel].reset(message[1]);
         break;
-    case kNoteOn:
+    case MidiStatus::kNoteOn:
         sounding_[channel].set(message[1], message[2] != 0);
         break;
-    case kControlChange:
-        if (message[1] == kSustain) {
+    case MidiStatus::kControlChange:
+        if (message[1] == MidiController::kSustain) {
             sustained_.set(channel, message[2] >= kPedalDown);
-        } else if (message[1] == kAllNotesOff || message[1] == kAllSoundOff) {
+        } else if (message[1] == MidiController::kAllNotesOff || message[1] == MidiController::kAllSoundOff) {
             sounding_[channel].reset();
-        } else if (message[1] == kResetAllControllers) {
+        } else if (message[1] == MidiController::kResetAll) {
             sustained_.reset(channel);
         }
         break;
@@ -50,18 +35,18 @@ void NoteTracker::Passed(std::span<const std::uint8_t> message)
     }
 }
 
-std::vector<std::array<std::uint8_t, 3>> NoteTracker::Releases() const
+std::vector<ShortMessage> NoteTracker::Releases() const
 {
-    constexpr std::uint8_t kReleaseVelocity = 64;
-    std::vector<std::array<std::uint8_t, 3>> messages;
-    for (std::size_t channel = 0; channel < kChannels; ++channel) {
+    std::vector<ShortMessage> messages;
+    for (std::size_t at = 0; at < sounding_.size(); ++at) {
+        const int channel = static_cast<int>(at);
         for (std::size_t note = 0; note < kNotes; ++note) {
-            if (sounding_[channel].test(note)) {
-                messages.push_back({static_cast<std::uint8_t>(kNoteOff | channel), static_cast<std::uint8_t>(note), kReleaseVelocity});
+            if (sounding_[at].test(note)) {
+                messages.emplace_back(MidiStatus::kNoteOff, channel, static_cast<int>(note), kReleaseVelocity);
             }
         }
-        if (sustained_.test(channel)) {
-            messages.push_back({static_cast<std::uint8_t>(kControlChange | channel), kSustain, 0});
+        if (sustained_.test(at)) {
+            messages.emplace_back(MidiStatus::kControlChange, channel, MidiController::kSustain);
         }
     }
     return messages;
@@ -85,7 +70,7 @@ void NoteTracker::Clear()
 
 void NoteTracker::Add(const NoteTracker &other)
 {
-    for (std::size_t channel = 0; channel < kChannels; ++channel) {
+    for (std::size_t channel = 0; channel < sounding_.size(); ++channel) {
         sounding_[channel] |= other.sounding_[channel];
     }
     sustained_ |= other.sustained_;
@@ -93,8 +78,8 @@ void NoteTracker::Add(const NoteTracker &other)
 
 bool Silence(OutputPort &port, NoteTracker &notes)
 {
-    for (const auto &message : notes.Releases()) {
-        if (port.Send(message) != MidiCode::kSuccess) {
+    for (const ShortMessage &message : notes.Releases()) {
+        if (port.Send(message.View()) != MidiCode::kSuccess) {
             return false;
         }
     }

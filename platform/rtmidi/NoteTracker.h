@@ -2,10 +2,9 @@
 // for each way to an output: the program's own and Thru.
 #pragma once
 
-#include <array>
+#include "platform/ShortMessage.h"
+
 #include <bitset>
-#include <cstdint>
-#include <span>
 #include <vector>
 
 namespace velluto {
@@ -17,16 +16,15 @@ public:
     // Takes note of a message that went out. Allocates nothing.
     void Passed(std::span<const std::uint8_t> message);
     // The note-offs, then the sustain-offs, that leave nothing sounding; channel by channel, notes upwards.
-    [[nodiscard]] std::vector<std::array<std::uint8_t, 3>> Releases() const;
+    [[nodiscard]] std::vector<ShortMessage> Releases() const;
     [[nodiscard]] bool Silent() const;
     void Clear();
     void Add(const NoteTracker &other); // what either has left sounding
 
 private:
-    static constexpr std::size_t kChannels = 16;
     static constexpr std::size_t kNotes = 128;
-    std::array<std::bitset<kNotes>, kChannels> sounding_;
-    std::bitset<kChannels> sustained_;
+    std::array<std::bitset<kNotes>, kMidiChannels> sounding_;
+    std::bitset<kMidiChannels> sustained_;
 };
 
 // Ends on the port what the tracker knows to sound, and clears the tracker. False where the port took it not: then the

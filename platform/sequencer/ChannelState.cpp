@@ -6,37 +6,8 @@ namespace velluto {
 
 namespace {
 
-namespace Status {
-constexpr std::uint8_t kNoteOff = 0x80;
-constexpr std::uint8_t kNoteOn = 0x90;
-constexpr std::uint8_t kControl = 0xB0;
-constexpr std::uint8_t kProgram = 0xC0;
-constexpr std::uint8_t kPressure = 0xD0;
-constexpr std::uint8_t kBend = 0xE0;
-} // namespace Status
-
-namespace Controller {
-constexpr std::uint8_t kBankMsb = 0;
-constexpr std::uint8_t kModulation = 1;
-constexpr std::uint8_t kDataMsb = 6;
-constexpr std::uint8_t kExpression = 11;
-constexpr std::uint8_t kBankLsb = 32;
-constexpr std::uint8_t kDataLsb = 38;
-constexpr std::uint8_t kSustain = 64;
-constexpr std::uint8_t kPortamento = 65;
-constexpr std::uint8_t kSostenuto = 66;
-constexpr std::uint8_t kSoft = 67;
-constexpr std::uint8_t kHold2 = 69;
-constexpr std::uint8_t kDataIncrement = 96;
-constexpr std::uint8_t kDataDecrement = 97;
-constexpr std::uint8_t kOtherLsb = 98; // choice of a non-registered parameter
-constexpr std::uint8_t kOtherMsb = 99;
-constexpr std::uint8_t kRegisteredLsb = 100;
-constexpr std::uint8_t kRegisteredMsb = 101;
-constexpr std::uint8_t kAllSoundOff = 120;
-constexpr std::uint8_t kResetAll = 121;
-constexpr std::uint8_t kAllNotesOff = 123; // as do those above it, on top of what they set
-} // namespace Controller
+namespace Controller = MidiController;
+namespace Status = MidiStatus;
 
 constexpr std::int16_t kUnset = ChannelState::kUnset;
 constexpr std::int16_t kNoParameter = 127; // both numbers: data entries go nowhere
@@ -137,20 +108,10 @@ void NoteController(ChannelState &channel, std::uint8_t number, std::int16_t val
 // Gathers the messages for one channel.
 class Writer {
 public:
-    Writer(std::vector<ChannelMessage> &messages, std::size_t channel) : messages_(messages), channel_(static_cast<std::uint8_t>(channel))
-    {
-    }
+    Writer(std::vector<ShortMessage> &messages, std::size_t channel) : messages_(messages), channel_(static_cast<int>(channel)) {}
 
-    void Write(std::uint8_t status, std::int16_t data1, std::int16_t data2)
-    {
-        messages_.push_back(
-            {{static_cast<std::uint8_t>(status | channel_), static_cast<std::uint8_t>(data1), static_cast<std::uint8_t>(data2)}, 3});
-    }
-    void WriteShort(std::uint8_t status, std::int16_t data)
-    {
-        messages_.push_back({{static_cast<std::uint8_t>(status | channel_), static_cast<std::uint8_t>(data), 0}, 2});
-    }
-    void Control(std::uint8_t number, std::int16_t value) { Write(Status::kControl, number, value); }
+    void Write(std::uint8_t status, int data1, int data2 = 0) { messages_.emplace_back(status, channel_, data1, data2); }
+    void Control(std::uint8_t number, std::int16_t value) { Write(Status::kControlChange, number, value); }
     void SetController(std::uint8_t number, std::int16_t value)
     {
         if (value != kUnset) {
@@ -164,8 +125,8 @@ public:
     }
 
 private:
-    std::vector<ChannelMessage> &messages_;
-    std::uint8_t channel_;
+    std::vector<ShortMessage> &messages_;
+    int channel_;
 };
 
 // Which of two states of a value is to be sent: the wanted one where it is set and not there yet.
@@ -187,7 +148,7 @@ void RestoreProgram(Writer &writer, const ChannelState &wanted, const ChannelSta
     if (differs.Wants(wanted.program, told.program) || differs.Wants(wanted.programMsb, told.programMsb) ||
         differs.Wants(wanted.programLsb, told.programLsb)) {
         selectBank(wanted.programMsb, wanted.programLsb, {true});
-        writer.WriteShort(Status::kProgram, wanted.program);
+        writer.Write(Status::kProgramChange, wanted.program);
         differs.whole = false;
     }
     selectBank(wanted.controllers[Controller::kBankMsb], wanted.controllers[Controller::kBankLsb], differs);
@@ -242,11 +203,11 @@ void RestoreRest(Writer &writer, const ChannelState &wanted, const ChannelState 
     };
     const std::int16_t pressure = orRest(wanted.pressure, told.pressure, 0);
     if (differs.Wants(pressure, told.pressure)) {
-        writer.WriteShort(Status::kPressure, pressure);
+        writer.Write(Status::kChannelPressure, pressure);
     }
     const std::int16_t bend = orRest(wanted.bend, told.bend, kBendAtRest);
     if (differs.Wants(bend, told.bend)) {
-        writer.Write(Status::kBend, static_cast<std::int16_t>(bend & 0x7F), static_cast<std::int16_t>(bend >> 7));
+        writer.Write(Status::kPitchBend, bend & 0x7F, bend >> 7);
     }
 }
 
@@ -254,31 +215,31 @@ void RestoreRest(Writer &writer, const ChannelState &wanted, const ChannelState 
 
 void Absorb(ChannelStates &channels, std::span<const std::uint8_t> message)
 {
-    if (message.size() < 2 || message[0] < Status::kNoteOff || message[0] >= 0xF0) {
+    if (message.size() < 2 || !Status::IsChannel(message[0])) {
         return;
     }
-    ChannelState &channel = channels.at(message[0] & 0x0FU);
+    ChannelState &channel = channels.at(Status::ChannelOf(message[0]));
     const std::uint8_t data1 = message[1] & 0x7FU;
     const std::uint8_t data2 = message.size() > 2 ? message[2] & 0x7FU : 0;
-    switch (message[0] & 0xF0U) {
+    switch (Status::KindOf(message[0])) {
     case Status::kNoteOff:
         channel.sounding.reset(data1);
         break;
     case Status::kNoteOn:
         channel.sounding.set(data1, data2 != 0);
         break;
-    case Status::kControl:
+    case Status::kControlChange:
         NoteController(channel, data1, data2);
         break;
-    case Status::kProgram:
+    case Status::kProgramChange:
         channel.programMsb = channel.controllers[Controller::kBankMsb];
         channel.programLsb = channel.controllers[Controller::kBankLsb];
         channel.program = data1;
         break;
-    case Status::kPressure:
+    case Status::kChannelPressure:
         channel.pressure = data1;
         break;
-    case Status::kBend:
+    case Status::kPitchBend:
         channel.bend = static_cast<std::int16_t>(data1 | data2 << 7);
         break;
     default:
@@ -286,17 +247,15 @@ void Absorb(ChannelStates &channels, std::span<const std::uint8_t> message)
     }
 }
 
-std::vector<ChannelMessage> Silencing(const ChannelStates &told)
+std::vector<ShortMessage> Silencing(const ChannelStates &told)
 {
-    constexpr std::int16_t kReleaseVelocity = 64;
-    constexpr std::int16_t kPedalDown = 64; // values from here on hold
-    std::vector<ChannelMessage> messages;
+    std::vector<ShortMessage> messages;
     for (std::size_t i = 0; i < told.size(); ++i) {
         Writer writer(messages, i);
         const ChannelState &channel = told.at(i);
         for (std::size_t note = 0; note < channel.sounding.size(); ++note) {
             if (channel.sounding.test(note)) {
-                writer.Write(Status::kNoteOff, static_cast<std::int16_t>(note), kReleaseVelocity);
+                writer.Write(Status::kNoteOff, static_cast<int>(note), kReleaseVelocity);
             }
         }
         if (channel.sounding.any()) {
@@ -311,9 +270,9 @@ std::vector<ChannelMessage> Silencing(const ChannelStates &told)
     return messages;
 }
 
-std::vector<ChannelMessage> Restoring(const ChannelStates &wanted, const ChannelStates &told, bool whole)
+std::vector<ShortMessage> Restoring(const ChannelStates &wanted, const ChannelStates &told, bool whole)
 {
-    std::vector<ChannelMessage> messages;
+    std::vector<ShortMessage> messages;
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         Writer writer(messages, i);
         RestoreProgram(writer, wanted.at(i), told.at(i), {whole});

@@ -2,21 +2,12 @@
 // two: the state in which the song has the channels where it stands, and the state in which the instrument was left.
 #pragma once
 
-#include <array>
+#include "platform/ShortMessage.h"
+
 #include <bitset>
-#include <cstdint>
-#include <span>
 #include <vector>
 
 namespace velluto {
-
-// A channel message: status and one or two data bytes.
-struct ChannelMessage {
-    std::array<std::uint8_t, 3> bytes{};
-    std::size_t length = 3;
-
-    [[nodiscard]] std::span<const std::uint8_t> View() const { return std::span(bytes).first(length); }
-};
 
 struct ChannelState {
     static constexpr std::int16_t kUnset = -1; // no message has said
@@ -44,17 +35,17 @@ struct ChannelState {
     std::bitset<128> sounding;
 };
 
-using ChannelStates = std::array<ChannelState, 16>;
+using ChannelStates = std::array<ChannelState, kMidiChannels>;
 
 // Takes note of a message; one that is no channel message changes nothing.
 void Absorb(ChannelStates &channels, std::span<const std::uint8_t> message);
 
 // The messages that end what sounds: the notes of each channel, all its notes at once, the pedals that hold notes.
-std::vector<ChannelMessage> Silencing(const ChannelStates &told);
+std::vector<ShortMessage> Silencing(const ChannelStates &told);
 
 // The messages that bring an instrument left in the one state into the other: for each channel bank and program,
 // controllers, parameters, pressure and bend, where the two differ; all that is set where `whole`. What the wanted state has
 // not set stays as it is, but for what a "reset all controllers" stands for: that goes back to rest.
-std::vector<ChannelMessage> Restoring(const ChannelStates &wanted, const ChannelStates &told, bool whole);
+std::vector<ShortMessage> Restoring(const ChannelStates &wanted, const ChannelStates &told, bool whole);
 
 } // namespace velluto

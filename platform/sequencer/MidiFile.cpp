@@ -155,7 +155,7 @@ TrackFault SurveyTrack(Bytes bytes, Survey &survey)
         }
         tick += delta;
         ++survey.events;
-        if (event.kind == TrackEvent::Kind::Meta && event.bytes[1] == MetaType::kTempo) {
+        if (event.kind == TrackEvent::Kind::Meta && event.type == MetaType::kTempo) {
             survey.tempo.push_back({tick, BigEndian(event.data)});
         } else if (event.kind == TrackEvent::Kind::End) {
             survey.endTick = std::max(survey.endTick, tick);

@@ -7,8 +7,8 @@ namespace velluto {
 
 namespace {
 
-constexpr std::uint8_t kExclusive = 0xF0;
-constexpr std::uint8_t kExclusiveEnd = 0xF7;
+using MidiStatus::kExclusive;
+using MidiStatus::kExclusiveEnd;
 
 // Orders the tracks: by the tick of their message, then by their number.
 std::uint64_t Place(std::int64_t tick, std::size_t track)
@@ -19,7 +19,7 @@ std::uint64_t Place(std::int64_t tick, std::size_t track)
 bool IsWhole(std::span<const std::uint8_t> message)
 {
     return message.size() >= 2 && message.front() == kExclusive && message.back() == kExclusiveEnd &&
-           std::all_of(message.begin() + 1, message.end() - 1, [](std::uint8_t byte) { return byte < 0x80; });
+           std::all_of(message.begin() + 1, message.end() - 1, [](std::uint8_t byte) { return byte < kFirstStatus; });
 }
 
 } // namespace
@@ -88,8 +88,8 @@ std::span<const std::uint8_t> SongCursor::Take()
     Track &track = tracks_[number];
     std::span<const std::uint8_t> message;
     if (track.found.kind == TrackEvent::Kind::Channel) {
-        bytes_ = track.found.bytes;
-        message = std::span(bytes_).first(track.found.length);
+        message_ = track.found.message;
+        message = message_.View();
     } else {
         taken_.swap(track.exclusive);
         track.exclusive.clear();

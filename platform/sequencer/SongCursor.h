@@ -34,7 +34,7 @@ private:
     std::vector<Track> tracks_;
     std::vector<std::uint64_t> order_; // heap of the tracks that have a message: its tick times kMostTracks plus the track
     std::vector<std::uint8_t> taken_;
-    std::array<std::uint8_t, 3> bytes_{};
+    ShortMessage message_;
 };
 
 } // namespace velluto

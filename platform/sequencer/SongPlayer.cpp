@@ -94,14 +94,14 @@ void SongPlayer::Restore(Moment now, bool whole)
         whole = true;
     }
     instrumentIsNew_ = false;
-    for (const ChannelMessage &message : Restoring(wanted_, told_, whole)) {
+    for (const ShortMessage &message : Restoring(wanted_, told_, whole)) {
         Send(message.View(), now);
     }
 }
 
 void SongPlayer::Silence(Moment now)
 {
-    for (const ChannelMessage &message : Silencing(told_)) {
+    for (const ShortMessage &message : Silencing(told_)) {
         Send(message.View(), now);
     }
 }

@@ -12,7 +12,7 @@ TrackFault TrackReader::ReadNumber(std::uint32_t &value)
         }
         const std::uint8_t byte = *at_++;
         value = value << 7 | (byte & 0x7FU);
-        if (byte < 0x80) {
+        if (byte < kFirstStatus) {
             return TrackFault::None;
         }
     }
@@ -38,15 +38,15 @@ void TrackReader::PassChannelMessages(std::int64_t &ticks, std::int64_t &events)
         const unsigned isLong = first >> 7;
         const std::uint8_t *message = at + 1 + isLong;
         std::uint8_t here = status;
-        if (*message >= 0x80) {
+        if (*message >= kFirstStatus) {
             here = *message++;
         }
-        if (here < 0x80 || here >= 0xF0) {
+        if (!MidiStatus::IsChannel(here)) {
             break;
         }
         const std::size_t count = DataLength(here);
         const unsigned data = count == 2 ? message[0] | message[1] : message[0];
-        if (data >= 0x80) {
+        if (data >= kFirstStatus) {
             break;
         }
         status = here;
@@ -76,14 +76,15 @@ TrackFault TrackReader::ReadData(std::span<const std::uint8_t> &data)
 
 TrackFault TrackReader::ReadOther(std::uint8_t status, TrackEvent &event)
 {
+    constexpr std::uint8_t kMetaEvent = 0xFF; // on a cable a reset
     switch (status) {
-    case 0xF0:
+    case MidiStatus::kExclusive:
         event.kind = TrackEvent::Kind::Exclusive;
         return ReadData(event.data);
-    case 0xF7:
+    case MidiStatus::kExclusiveEnd:
         event.kind = TrackEvent::Kind::Escape;
         return ReadData(event.data);
-    case 0xFF:
+    case kMetaEvent:
         return ReadMeta(event);
     default:
         return TrackFault::UnknownStatus;
@@ -96,20 +97,19 @@ TrackFault TrackReader::ReadMeta(TrackEvent &event)
     if (at_ == end_) {
         return TrackFault::EndsInEvent;
     }
-    const std::uint8_t type = *at_++;
-    if (type >= 0x80) {
+    event.type = *at_++;
+    if (event.type >= kFirstStatus) {
         return TrackFault::HighData;
     }
     event.kind = TrackEvent::Kind::Meta;
-    event.bytes = {0xFF, type, 0};
     if (const TrackFault fault = ReadData(event.data); fault != TrackFault::None) {
         return fault;
     }
-    if (type == MetaType::kTempo) {
+    if (event.type == MetaType::kTempo) {
         const std::span<const std::uint8_t> tempo = event.data;
         return tempo.size() == kTempoLength && (tempo[0] | tempo[1] | tempo[2]) != 0 ? TrackFault::None : TrackFault::BadTempo;
     }
-    if (type == MetaType::kEndOfTrack) {
+    if (event.type == MetaType::kEndOfTrack) {
         event.kind = TrackEvent::Kind::End;
         if (!event.data.empty()) {
             return TrackFault::BadEnd;

@@ -2,11 +2,8 @@
 // once, and by SongCursor, which plays them.
 #pragma once
 
+#include "platform/ShortMessage.h"
 #include "platform/sequencer/Refusal.h"
-
-#include <array>
-#include <cstdint>
-#include <span>
 
 namespace velluto {
 
@@ -15,15 +12,15 @@ using TrackFault = Refusal::Why;
 
 struct TrackEvent {
     enum class Kind : std::uint8_t {
-        Channel,   // bytes: status and one or two data bytes
+        Channel,   // message
         Exclusive, // data: a system exclusive message, or its first part, without its F0
         Escape,    // data: a further part of one, or bytes as they are
-        Meta,      // bytes[1]: its type; data: its content
+        Meta,      // type; data: its content
         End,       // of the track
     };
     Kind kind = Kind::End;
-    std::array<std::uint8_t, 3> bytes{};
-    std::uint8_t length = 0; // of a channel message: 2 or 3
+    ShortMessage message;
+    std::uint8_t type = 0;
     std::span<const std::uint8_t> data;
 };
 
@@ -58,19 +55,12 @@ private:
     std::uint8_t running_ = 0; // the status that an event may leave out; 0 for none
 };
 
-// The number of data bytes of a channel message.
-inline std::size_t DataLength(std::uint8_t status)
-{
-    const bool one = (status & 0xE0) == 0xC0; // program change and channel pressure
-    return one ? 1 : 2;
-}
-
 inline TrackFault TrackReader::ReadDelta(std::uint32_t &ticks)
 {
     if (at_ == end_) {
         return TrackFault::EndMissing;
     }
-    if (*at_ < 0x80) {
+    if (*at_ < kFirstStatus) {
         ticks = *at_++;
         return TrackFault::None;
     }
@@ -83,9 +73,9 @@ inline TrackFault TrackReader::ReadEvent(TrackEvent &event)
         return TrackFault::EndsInEvent;
     }
     std::uint8_t status = running_;
-    if (*at_ >= 0x80) {
+    if (*at_ >= kFirstStatus) {
         status = *at_++;
-        if (status >= 0xF0) {
+        if (status >= MidiStatus::kExclusive) {
             return ReadOther(status, event);
         }
         running_ = status;
@@ -97,10 +87,9 @@ inline TrackFault TrackReader::ReadEvent(TrackEvent &event)
         return TrackFault::EndsInEvent;
     }
     event.kind = TrackEvent::Kind::Channel;
-    event.bytes = {status, at_[0], count == 2 ? at_[1] : std::uint8_t{0}};
-    event.length = static_cast<std::uint8_t>(1 + count);
+    event.message.bytes = {status, at_[0], count == 2 ? at_[1] : std::uint8_t{0}};
     at_ += count;
-    return ((event.bytes[1] | event.bytes[2]) & 0x80) == 0 ? TrackFault::None : TrackFault::HighData;
+    return (event.message.bytes[1] | event.message.bytes[2]) < kFirstStatus ? TrackFault::None : TrackFault::HighData;
 }
 
 } // namespace velluto

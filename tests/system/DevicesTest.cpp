@@ -83,7 +83,7 @@ protected:
     int FirstRefusal(MidiHandle out)
     {
         int code = 0;
-        Eventually([&]() { return (code = midi_->midiOutShortMsg(out, 0x0004C0)) != 0; });
+        Eventually([&]() { return (code = midi_->midiOutShortMsg(out, ShortMessage(0x0004C0))) != 0; });
         return code;
     }
 
@@ -129,7 +129,7 @@ TEST_F(DevicesTest, TheBytesOfASelectionArriveAsTheyWereSent)
     StartAll();
     const MidiHandle out = OpenInstrument();
     for (const std::uint32_t message : {0x7900B0U, 0x4020B0U, 0x0004C0U}) {
-        EXPECT_EQ(midi_->midiOutShortMsg(out, message), 0);
+        EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(message)), 0);
     }
     EXPECT_TRUE(Arrives({"B0 00 79", "B0 20 40", "C0 04"}));
 }
@@ -145,7 +145,7 @@ TEST_F(DevicesTest, TheBuiltInSynthesizerIsTheFirstOutput)
     EXPECT_EQ(outs.front(), "Velluto Synthesizer");
     MidiHandle out = 0;
     EXPECT_EQ(midi_->midiOutOpen(out, 0), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, kNoteOn), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(kNoteOn)), 0);
     const MidiHandle in = OpenKeys();
     EXPECT_EQ(midi_->midiConnect(in, out), 0);
     EXPECT_EQ(midi_->midiInStart(in), 0);
@@ -157,8 +157,8 @@ TEST_F(DevicesTest, ClosingEndsTheNotesAtTheInstrument)
 {
     StartAll();
     const MidiHandle out = OpenInstrument();
-    midi_->midiOutShortMsg(out, kNoteOn);
-    midi_->midiOutShortMsg(out, 0x7F40B3);
+    midi_->midiOutShortMsg(out, ShortMessage(kNoteOn));
+    midi_->midiOutShortMsg(out, ShortMessage(0x7F40B3));
     EXPECT_EQ(midi_->midiOutClose(out), 0);
     EXPECT_TRUE(Arrives({"90 3C 64", "B3 40 7F", "80 3C 40", "B3 40 00"}));
 }
@@ -166,7 +166,7 @@ TEST_F(DevicesTest, ClosingEndsTheNotesAtTheInstrument)
 TEST_F(DevicesTest, TheEndOfTheProgramEndsTheNotesAtTheInstrument)
 {
     StartAll();
-    midi_->midiOutShortMsg(OpenInstrument(), kNoteOn);
+    midi_->midiOutShortMsg(OpenInstrument(), ShortMessage(kNoteOn));
     midi_.reset();
     EXPECT_TRUE(Arrives({"90 3C 64", "80 3C 40"}));
 }
@@ -190,7 +190,7 @@ TEST_F(DevicesTest, ThruPassesMessagesFromOneClientToAnother)
     EXPECT_EQ(heard, 1);
     ASSERT_EQ(midi_->midiDisconnect(in, out), 0);
     keys_->Write("90 40 64");
-    midi_->midiOutShortMsg(out, 0x0004C0);
+    midi_->midiOutShortMsg(out, ShortMessage(0x0004C0));
     EXPECT_TRUE(Arrives({"90 3C 64", "F0 42 30 3B 7F F7", "80 3C 40", "C1 07", "C0 04"}));
 }
 
@@ -218,7 +218,7 @@ TEST_F(DevicesTest, AnInstrumentThatGoesAwayGives68AndComesBackUnderItsNumber)
     StartInstrument();
     EXPECT_EQ(NumberOf(Outs(), "pa80:midi_in"), number);
     ASSERT_EQ(midi_->midiOutOpen(out, number), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 0);
     EXPECT_TRUE(Arrives({"C0 04"}));
 }
 
@@ -235,7 +235,7 @@ TEST_F(DevicesTest, AServerThatEndsWhileNothingIsOpenIsMissedAndFoundAgain)
     server_.Start(JackServer::Temper::Patient);
     StartInstrument();
     ASSERT_EQ(midi_->midiOutOpen(out, number), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 0);
     EXPECT_TRUE(Arrives({"C0 04"}));
 }
 
@@ -251,7 +251,7 @@ TEST_P(ServerEndTest, ASendIsRefusedWith68AndTheDeviceOpensAgainAfterARestart)
     const int number = NumberOf(Outs(), "pa80:midi_in");
     server_.End(GetParam());
     EXPECT_EQ(FirstRefusal(out), 68);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), 68);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 68);
     EXPECT_EQ(CloseOutPromptly(out), 0);
     EXPECT_EQ(midi_->midiOutOpen(out, number), 68);
 
@@ -261,7 +261,7 @@ TEST_P(ServerEndTest, ASendIsRefusedWith68AndTheDeviceOpensAgainAfterARestart)
     server_.Start(JackServer::Temper::Patient);
     StartInstrument();
     ASSERT_EQ(midi_->midiOutOpen(out, number), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 0);
     EXPECT_TRUE(Arrives({"C0 04"}));
     EXPECT_EQ(midi_->midiInClose(in), 0);
     EXPECT_EQ(midi_->midiOutClose(out), 0);
@@ -277,11 +277,11 @@ TEST_F(DevicesTest, AServerThatStandsStillNeverHoldsTheSender)
     server_.Signal(SIGSTOP);
     int code = 0;
     for (int i = 0; i < 20000 && code == 0; ++i) {
-        code = midi_->midiOutShortMsg(out, 0x0004C0);
+        code = midi_->midiOutShortMsg(out, ShortMessage(0x0004C0));
     }
     server_.Signal(SIGCONT);
     EXPECT_EQ(code, 1);
-    EXPECT_TRUE(Eventually([&]() { return midi_->midiOutShortMsg(out, 0x0005C0) == 0; }));
+    EXPECT_TRUE(Eventually([&]() { return midi_->midiOutShortMsg(out, ShortMessage(0x0005C0)) == 0; }));
 }
 
 } // namespace

@@ -151,7 +151,7 @@ TEST(Sliders, VelOffSendsTheLastMessageAgainWithTheChannelOredIn)
     form.Combo1.ListIndex = 2;
     form.VScroll[3].value = 1;
     EXPECT_EQ(link.Taken(), (Sent{NoteOff(36, 64, 3)})); // channels 1 and 2 together
-    EXPECT_EQ(link.midi.ShortMsg, NoteOff(36, 64, 3));
+    EXPECT_EQ(link.midi.ShortMsg.Packed(), NoteOff(36, 64, 3));
 }
 
 TEST(Sliders, MoveWithoutAnOutput)
@@ -163,7 +163,7 @@ TEST(Sliders, MoveWithoutAnOutput)
     EXPECT_EQ(link.Taken(), Sent{});
     EXPECT_EQ(form.Label3[0].caption.Get(), "5");
     EXPECT_EQ(link.record[4], 5);
-    EXPECT_EQ(link.midi.ShortMsg, Controller(7, 5));
+    EXPECT_EQ(link.midi.ShortMsg.Packed(), Controller(7, 5));
 }
 
 TEST(Sliders, ShowTheirBytesInTheMonitorEvenWithoutAnOutput)

@@ -17,7 +17,7 @@ public:
     explicit Both(unsigned seed) : chance_(seed)
     {
         Open();
-        EXPECT_EQ(midi.ShortMsg, model.shortMsg);
+        EXPECT_EQ(midi.ShortMsg.Packed(), model.shortMsg);
     }
 
     KeyboardModel model;

@@ -22,11 +22,16 @@ struct MonitorLink : MidiLink {
     WindowPlacement &entry = app.settings.PlacementTable[8];
 };
 
+void Report(MonitorLink &link, const std::vector<std::uint8_t> &bytes)
+{
+    MonitorReport(link.midi, bytes);
+}
+
 TEST(Monitor, BytesAreWrittenInHexadecimalWithABlankEachAndAnEmptyLine)
 {
     MonitorLink link;
     frmMsgEx &form = link.Open();
-    MonitorReport(link.midi, "\x90\x3C\x64");
+    Report(link, {0x90, 0x3C, 0x64});
     EXPECT_EQ(form.Text1.text.Get(), "90 3C 64 \r\n\r\n");
 }
 
@@ -34,8 +39,8 @@ TEST(Monitor, EachReportIsAppended)
 {
     MonitorLink link;
     frmMsgEx &form = link.Open();
-    MonitorReport(link.midi, "\xB0");
-    MonitorReport(link.midi, "\xFF\x0A");
+    Report(link, {0xB0});
+    Report(link, {0xFF, 0x0A});
     EXPECT_EQ(form.Text1.text.Get(), "B0 \r\n\r\nFF 0A \r\n\r\n");
 }
 
@@ -43,7 +48,7 @@ TEST(Monitor, AnEmptyTextClears)
 {
     MonitorLink link;
     frmMsgEx &form = link.Open();
-    MonitorReport(link.midi, "\xB0");
+    Report(link, {0xB0});
     MonitorReport(link.midi, {});
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
@@ -52,7 +57,7 @@ TEST(Monitor, ASingleByte0IsTwoZerosAndNotAnEmptyText)
 {
     MonitorLink link;
     frmMsgEx &form = link.Open();
-    MonitorReport(link.midi, std::string(1, '\0'));
+    Report(link, {0});
     EXPECT_EQ(form.Text1.text.Get(), "00 \r\n\r\n");
 }
 
@@ -60,7 +65,7 @@ TEST(Monitor, OneReportShowsAtMost21666Bytes)
 {
     MonitorLink link;
     frmMsgEx &form = link.Open();
-    MonitorReport(link.midi, std::string(21667, '\x01'));
+    Report(link, std::vector<std::uint8_t>(21667, 1));
     EXPECT_EQ(form.Text1.text.Get().size(), 21666U * 3 + 4);
 }
 
@@ -68,7 +73,7 @@ TEST(Monitor, ClosedNothingIsWrittenAndMonitorEnabledMayStayTrue)
 {
     MonitorLink link;
     link.midi.MonitorEnabled = true;
-    MonitorReport(link.midi, "\x90\x3C\x64");
+    Report(link, {0x90, 0x3C, 0x64});
     link.OpenOneOut();
     link.Send(0x643C90);
     EXPECT_EQ(link.devices.sent.size(), 1U);
@@ -80,7 +85,7 @@ TEST(Monitor, SwitchedOffNothingIsWritten)
     MonitorLink link;
     frmMsgEx &form = link.Open();
     link.midi.MonitorEnabled = false;
-    MonitorReport(link.midi, "\x90");
+    Report(link, {0x90});
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
 
@@ -89,7 +94,7 @@ TEST(Monitor, TheMenuEntrysStateIsTheTestForAnOpenWindow)
     MonitorLink link;
     frmMsgEx &form = link.Open();
     link.app.frame.mnuMsgEx.enabled = true;
-    MonitorReport(link.midi, "\x90");
+    Report(link, {0x90});
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
 
@@ -163,10 +168,50 @@ TEST(Monitor, WithoutADeviceANoteLeavesWhatStandsThere)
 {
     MonitorLink link;
     frmMsgEx &form = link.Open();
-    MonitorReport(link.midi, "\xB0");
+    Report(link, {0xB0});
     SendNoteOn(link.midi, 1, 60, 100);
     SendNoteOff(link.midi, 1, 60, 0);
     EXPECT_EQ(form.Text1.text.Get(), "B0 \r\n\r\n");
+}
+
+TEST(Monitor, AGroupIsShownInOneLineAndWrittenOnce)
+{
+    MonitorLink link;
+    link.OpenOneOut();
+    frmMsgEx &form = link.Open();
+    link.Send(0x643C90);
+    int written = 0;
+    form.Text1.observer = [&written](Aspect aspect) { written += aspect == Aspect::Text ? 1 : 0; };
+    SendGroup(link.midi, {ShortMessage(0x7900B0), ShortMessage(0x4020B0), ShortMessage(0x0004C0)});
+    EXPECT_EQ(form.Text1.text.Get(), "B0 00 79 B0 20 40 C0 04 \r\n\r\n");
+    EXPECT_EQ(written, 1);
+    EXPECT_EQ(link.midi.ShortMsg, ShortMessage(0x0004C0));
+}
+
+TEST(Monitor, WhileTheBoxOfAFailedSendStandsTheMessageThatFailedIsShown)
+{
+    MonitorLink link;
+    struct LookingFace : StandinFace {
+        MidiState *midi = nullptr;
+        std::vector<std::string> seen;
+        int MessageBox(const std::string &title, const std::string &text, int style) override
+        {
+            seen.push_back(midi->monitor->Text1.text.Get());
+            return StandinFace::MessageBox(title, text, style);
+        }
+    } face;
+    Modulo1 app{Ports{link.files, link.devices, link.clock, link.printer, link.sequencer, link.folders, link.ticks}, face};
+    MidiState midi{app};
+    face.midi = &midi;
+    mnuMsgEx_Click(midi);
+    link.AddOuts(1);
+    app.settings.MidiOutDev = 0;
+    OpenMidiOut(midi);
+    link.devices.outs[0].codes.send = 11;
+    SendGroup(midi, {ShortMessage(0x7900B0), ShortMessage(0x4020B0), ShortMessage(0x0004C0)});
+    EXPECT_EQ(face.seen, (std::vector<std::string>{"B0 00 79 \r\n\r\n"}));
+    EXPECT_EQ(midi.monitor->Text1.text.Get(), "B0 00 79 B0 20 40 C0 04 \r\n\r\n");
+    EXPECT_EQ(link.devices.sent.size(), 1U);
 }
 
 TEST(MonitorWindow, TheFirstOpeningHasItsNaturalSizeAtTheTopLeft)
@@ -211,7 +256,7 @@ TEST(MonitorWindow, ALaterOpeningTakesItsStoredPlaceAndStartsEmpty)
     MonitorLink link;
     frmMsgEx &first = link.Open();
     const Size natural = link.Natural();
-    MonitorReport(link.midi, "\x90");
+    Report(link, {0x90});
     link.app.children.Resize(first, natural.width + 300, natural.height + 600);
     link.app.children.Move(first, 150, 225);
     link.app.children.Unload(first);

@@ -47,7 +47,7 @@ TEST(Send, NotesDoNothingWithoutADevice)
     link.midi.SendArmed = true;
     SendNoteOn(link.midi, 0, 60, 100);
     SendNoteOff(link.midi, 0, 60, 100);
-    EXPECT_EQ(link.midi.ShortMsg, 0U);
+    EXPECT_EQ(link.midi.ShortMsg.Packed(), 0U);
     EXPECT_TRUE(link.devices.sent.empty());
 }
 

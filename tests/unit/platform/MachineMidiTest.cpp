@@ -119,11 +119,11 @@ TEST_F(MachineMidiTest, ADeviceThatIsOpenIsInUse)
 TEST_F(MachineMidiTest, AShortMessageHasTheBytesThatItsStatusAsksFor)
 {
     const MidiHandle out = OpenOut(1);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x7900B0), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x4020B0), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0000D5), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0000FA), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x7900B0)), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x4020B0)), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0000D5)), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0000FA)), 0);
     EXPECT_THAT(Pa80(), ElementsAre(Bytes{0xB0, 0x00, 0x79}, Bytes{0xB0, 0x20, 0x40}, Bytes{0xC0, 0x04}, Bytes{0xD5, 0}, Bytes{0xFA}));
 }
 
@@ -131,7 +131,7 @@ TEST_F(MachineMidiTest, WhatIsNoShortMessageIsRefusedAndNeverLeaves)
 {
     const MidiHandle out = OpenOut(1);
     for (const std::uint32_t message : {0x000000U, 0x7F3C40U, 0x0000F0U, 0x0000F7U, 0x8000B0U, 0x0080B0U, 0x0080C0U}) {
-        EXPECT_EQ(midi_->midiOutShortMsg(out, message), MidiCode::kError) << std::hex << message;
+        EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(message)), MidiCode::kError) << std::hex << message;
     }
     EXPECT_THAT(Pa80(), IsEmpty());
 }
@@ -142,7 +142,7 @@ TEST_F(MachineMidiTest, AHandleIsOfNoUseAfterTheClose)
     const MidiHandle in = OpenIn(0);
     EXPECT_EQ(midi_->midiOutClose(out), 0);
     EXPECT_EQ(midi_->midiInClose(in), 0);
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), MidiCode::kError);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), MidiCode::kError);
     EXPECT_EQ(midi_->midiOutClose(out), MidiCode::kSuccess); // what never opened can be left
     EXPECT_EQ(midi_->midiInClose(in), MidiCode::kSuccess);
     EXPECT_EQ(midi_->midiInStart(in), MidiCode::kError);
@@ -156,17 +156,17 @@ TEST_F(MachineMidiTest, ADeviceThatHasGoneGives68AndCanStillBeClosed)
 {
     const MidiHandle out = OpenOut(1);
     system_->gone.insert("PA80 out");
-    EXPECT_EQ(midi_->midiOutShortMsg(out, 0x0004C0), 68);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 68);
     EXPECT_EQ(midi_->midiOutClose(out), 0);
 }
 
 TEST_F(MachineMidiTest, ClosingEndsTheNotesThatTheProgramLeftSounding)
 {
     const MidiHandle out = OpenOut(1);
-    midi_->midiOutShortMsg(out, 0x643C90);
-    midi_->midiOutShortMsg(out, 0x643E90);
-    midi_->midiOutShortMsg(out, 0x403C80);
-    midi_->midiOutShortMsg(out, 0x7F40B1);
+    midi_->midiOutShortMsg(out, ShortMessage(0x643C90));
+    midi_->midiOutShortMsg(out, ShortMessage(0x643E90));
+    midi_->midiOutShortMsg(out, ShortMessage(0x403C80));
+    midi_->midiOutShortMsg(out, ShortMessage(0x7F40B1));
     system_->received.clear();
     midi_->midiOutClose(out);
     EXPECT_THAT(Pa80(), ElementsAre(Bytes{0x80, 0x3E, 0x40}, Bytes{0xB1, 0x40, 0x00}));
@@ -176,8 +176,8 @@ TEST_F(MachineMidiTest, ClosingEndsTheNotesThatTheProgramLeftSounding)
 TEST_F(MachineMidiTest, ClosingSendsNothingWhereNothingSounds)
 {
     const MidiHandle out = OpenOut(1);
-    midi_->midiOutShortMsg(out, 0x643C90);
-    midi_->midiOutShortMsg(out, 0x007BB0); // all notes off
+    midi_->midiOutShortMsg(out, ShortMessage(0x643C90));
+    midi_->midiOutShortMsg(out, ShortMessage(0x007BB0)); // all notes off
     system_->received.clear();
     midi_->midiOutClose(out);
     EXPECT_THAT(Pa80(), IsEmpty());
@@ -201,7 +201,7 @@ TEST_F(MachineMidiTest, TheEndOfTheProgramEndsItsNotes)
     midi->midiOutGetNumDevs();
     MidiHandle out = 0;
     ASSERT_EQ(midi->midiOutOpen(out, 0), 0);
-    midi->midiOutShortMsg(out, 0x643C90);
+    midi->midiOutShortMsg(out, ShortMessage(0x643C90));
     midi.reset();
     EXPECT_THAT(saved["PA80 out"], ElementsAre(Bytes{0x90, 0x3C, 0x64}, Bytes{0x80, 0x3C, 0x40}));
 }
@@ -209,7 +209,7 @@ TEST_F(MachineMidiTest, TheEndOfTheProgramEndsItsNotes)
 TEST_F(MachineMidiTest, NotesOnADeviceThatWentAwayEndWhenItIsOpenedAgain)
 {
     const MidiHandle out = OpenOut(1);
-    midi_->midiOutShortMsg(out, 0x643C90);
+    midi_->midiOutShortMsg(out, ShortMessage(0x643C90));
     system_->gone.insert("PA80 out");
     midi_->midiOutClose(out);
     system_->gone.clear();

@@ -9,7 +9,11 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = std::array<std::uint8_t, 3>;
+
+ShortMessage Message(std::uint8_t status, int data1, int data2)
+{
+    return {status, 0, data1, data2};
+}
 
 NoteTracker After(const std::vector<Bytes> &messages)
 {
@@ -28,7 +32,7 @@ TEST(NoteTracker, NothingSoundsAtTheBeginning)
 
 TEST(NoteTracker, ANoteOnIsReleasedByANoteOffOnItsChannel)
 {
-    EXPECT_THAT(After({{0x93, 60, 100}}).Releases(), ElementsAre(Message{0x83, 60, 64}));
+    EXPECT_THAT(After({{0x93, 60, 100}}).Releases(), ElementsAre(Message(0x83, 60, 64)));
 }
 
 TEST(NoteTracker, ANoteOffEndsTheNote)
@@ -43,25 +47,25 @@ TEST(NoteTracker, ANoteOnOfVelocityZeroEndsTheNote)
 
 TEST(NoteTracker, TheSameNoteOnAnotherChannelSoundsOn)
 {
-    EXPECT_THAT(After({{0x90, 60, 100}, {0x91, 60, 100}, {0x80, 60, 0}}).Releases(), ElementsAre(Message{0x81, 60, 64}));
+    EXPECT_THAT(After({{0x90, 60, 100}, {0x91, 60, 100}, {0x80, 60, 0}}).Releases(), ElementsAre(Message(0x81, 60, 64)));
 }
 
 TEST(NoteTracker, SustainIsHeldFrom64AndLetGoBelow)
 {
-    EXPECT_THAT(After({{0xB2, 64, 64}}).Releases(), ElementsAre(Message{0xB2, 64, 0}));
+    EXPECT_THAT(After({{0xB2, 64, 64}}).Releases(), ElementsAre(Message(0xB2, 64, 0)));
     EXPECT_TRUE(After({{0xB2, 64, 127}, {0xB2, 64, 63}}).Silent());
 }
 
 TEST(NoteTracker, NotesComeBeforeTheSustainOfTheirChannel)
 {
     EXPECT_THAT(After({{0xB1, 64, 127}, {0x91, 72, 1}, {0x91, 48, 1}, {0x90, 50, 1}}).Releases(),
-                ElementsAre(Message{0x80, 50, 64}, Message{0x81, 48, 64}, Message{0x81, 72, 64}, Message{0xB1, 64, 0}));
+                ElementsAre(Message(0x80, 50, 64), Message(0x81, 48, 64), Message(0x81, 72, 64), Message(0xB1, 64, 0)));
 }
 
 TEST(NoteTracker, AllNotesOffEndsTheNotesOfItsChannelButNotTheSustain)
 {
     EXPECT_THAT(After({{0x90, 60, 9}, {0x91, 61, 9}, {0xB0, 64, 127}, {0xB0, 123, 0}}).Releases(),
-                ElementsAre(Message{0xB0, 64, 0}, Message{0x81, 61, 64}));
+                ElementsAre(Message(0xB0, 64, 0), Message(0x81, 61, 64)));
 }
 
 TEST(NoteTracker, AllSoundOffEndsTheNotesToo)
@@ -88,7 +92,7 @@ TEST(NoteTracker, AddJoinsWhatTwoHaveLeft)
 {
     NoteTracker one = After({{0x90, 60, 9}});
     one.Add(After({{0x90, 62, 9}, {0xB0, 64, 127}}));
-    EXPECT_THAT(one.Releases(), ElementsAre(Message{0x80, 60, 64}, Message{0x80, 62, 64}, Message{0xB0, 64, 0}));
+    EXPECT_THAT(one.Releases(), ElementsAre(Message(0x80, 60, 64), Message(0x80, 62, 64), Message(0xB0, 64, 0)));
 }
 
 TEST(NoteTracker, SilenceSendsTheReleasesOnceAndKeepsThemWhereThePortHasGone)

@@ -19,10 +19,10 @@ ChannelStates After(const std::vector<Bytes> &messages)
     return channels;
 }
 
-std::vector<Bytes> BytesOf(const std::vector<ChannelMessage> &messages)
+std::vector<Bytes> BytesOf(const std::vector<ShortMessage> &messages)
 {
     std::vector<Bytes> bytes;
-    for (const ChannelMessage &message : messages) {
+    for (const ShortMessage &message : messages) {
         bytes.emplace_back(message.View().begin(), message.View().end());
     }
     return bytes;
@@ -150,7 +150,7 @@ TEST(Silencing, ReleasesThePedalsThatHoldNotes)
 TEST(Silencing, LeavesNothingToEnd)
 {
     ChannelStates told = After({{0x90, 60, 100}, {0xB0, 64, 127}, {0xB0, 66, 127}});
-    for (const ChannelMessage &message : Silencing(told)) {
+    for (const ShortMessage &message : Silencing(told)) {
         Absorb(told, message.View());
     }
     EXPECT_THAT(BytesOf(Silencing(told)), IsEmpty());

@@ -60,7 +60,7 @@ struct MidiLink {
     }
     void Send(std::uint32_t message)
     {
-        midi.ShortMsg = message;
+        midi.ShortMsg = ShortMessage(message);
         SendShortMsg(midi);
     }
     [[nodiscard]] std::vector<std::string> BoxTexts() const
