@@ -38,8 +38,9 @@ QFont FittedButton::FittedFont() const
     const int own = QFontInfo(font()).pixelSize();
     int pixels = FittingPixels();
     if (parentWidget() != nullptr) {
-        for (const auto *other : parentWidget()->findChildren<FittedButton *>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (other->width() == width() && !other->isHidden()) {
+        for (const QObject *child : parentWidget()->children()) {
+            const auto *other = dynamic_cast<const FittedButton *>(child);
+            if (other != nullptr && other->width() == width() && !other->isHidden()) {
                 pixels = std::min(pixels, other->FittingPixels());
             }
         }

@@ -65,8 +65,8 @@ protected:
     std::vector<FittedButton *> ShownButtons(const Form &form)
     {
         std::vector<FittedButton *> shown;
-        for (FittedButton *button : Window(form).findChildren<FittedButton *>()) {
-            if (button->isVisible()) {
+        for (QPushButton *found : Window(form).findChildren<QPushButton *>()) {
+            if (auto *button = dynamic_cast<FittedButton *>(found); button != nullptr && button->isVisible()) {
                 shown.push_back(button);
             }
         }

@@ -132,7 +132,7 @@ protected:
     template <class W>
     [[nodiscard]] W &Widget(const Form &form, const char *name)
     {
-        auto *found = Window(form).findChild<W *>(QString::fromUtf8(name));
+        auto *found = dynamic_cast<W *>(Window(form).findChild<QWidget *>(QString::fromUtf8(name)));
         EXPECT_NE(found, nullptr) << name;
         return *found;
     }
