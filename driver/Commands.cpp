@@ -1,6 +1,7 @@
 #include "driver/Commands.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace velluto::driver {
 
@@ -18,8 +19,7 @@ const Command *FindCommand(std::string_view name)
     return nullptr;
 }
 
-} // namespace
-
+// Finds the command by its first word and runs it. Throws BadCommand.
 Json RunCommand(Session &session, Words words)
 {
     if (words.empty()) {
@@ -36,6 +36,30 @@ Json RunCommand(Session &session, Words words)
         throw BadCommand("usage: " + name + (command->usage.empty() ? "" : " ") + std::string(command->usage));
     }
     return command->run(session, words);
+}
+
+} // namespace
+
+Json Run(Session &session, std::string_view line)
+{
+    session.ForgetCalls();
+    try {
+        Json answer = RunCommand(session, SplitWords(line));
+        session.Settle();
+        return answer;
+    } catch (const BadCommand &bad) {
+        return Bad(bad.what());
+    } catch (const std::exception &failure) {
+        return Bad(std::string("the program failed: ") + failure.what());
+    }
+}
+
+std::optional<std::string> Answer(Session &session, std::string_view line)
+{
+    if (IsRemark(line)) {
+        return std::nullopt;
+    }
+    return OneLine(Run(session, line));
 }
 
 } // namespace velluto::driver

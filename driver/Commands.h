@@ -1,11 +1,14 @@
-// The driver's commands: one table of names, and a handler for each. The handlers lie in five files: setting the stage,
-// running, using the program as a person would, handling its windows, and looking.
+// The driver's commands: one table of names, and a handler for each; main and the scenario runner feed it lines. The handlers lie in five
+// files: setting the stage, running, using the program as a person would, handling its windows, and looking.
 #pragma once
 
+#include "driver/Json.h"
 #include "driver/Session.h"
 #include "driver/Words.h"
 
+#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace velluto::driver {
@@ -27,7 +30,9 @@ inline constexpr int kAnyNumber = 1 << 20;
 [[nodiscard]] std::span<const Command> WindowCommands();
 [[nodiscard]] std::span<const Command> LookingCommands();
 
-// Finds the command by its first word and runs it. Throws BadCommand.
-[[nodiscard]] Json RunCommand(Session &session, Words words);
+// Carries out a line of input; every failure is an answer too.
+[[nodiscard]] Json Run(Session &session, std::string_view line);
+// The same as a line of text. Nothing to say for a blank line or a remark.
+[[nodiscard]] std::optional<std::string> Answer(Session &session, std::string_view line);
 
 } // namespace velluto::driver

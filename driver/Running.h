@@ -2,6 +2,7 @@
 // boxes.
 #pragma once
 
+#include "driver/Json.h"
 #include "driver/Session.h"
 
 #include <string_view>

@@ -1,12 +1,10 @@
 #include "driver/Session.h"
 
-#include "driver/Commands.h"
 #include "driver/Words.h"
 #include "platform/sequencer/MidiFile.h"
 
 #include <algorithm>
 #include <cctype>
-#include <exception>
 #include <filesystem>
 
 namespace velluto::driver {
@@ -31,33 +29,11 @@ void AddRunning(std::vector<Timer *> &timers, const Form &form)
 
 } // namespace
 
-std::optional<std::string> Session::Answer(std::string_view line)
-{
-    if (IsRemark(line)) {
-        return std::nullopt;
-    }
-    return OneLine(Run(line));
-}
-
 void Session::ForgetCalls()
 {
     midi.calls.clear();
     files.calls.clear();
     face.popUps.clear();
-}
-
-Json Session::Run(std::string_view line)
-{
-    ForgetCalls();
-    try {
-        Json answer = RunCommand(*this, SplitWords(line));
-        Settle();
-        return answer;
-    } catch (const BadCommand &bad) {
-        return Bad(bad.what());
-    } catch (const std::exception &failure) {
-        return Bad(std::string("the program failed: ") + failure.what());
-    }
 }
 
 StandinSong Session::RealSong(const std::string &path)

@@ -1,8 +1,7 @@
 // One run of the driver: the machine's stand-ins, the program under them, and what the stage was set with. The commands
-// act on it; main and the scenario runner feed it lines.
+// act on it.
 #pragma once
 
-#include "driver/Json.h"
 #include "driver/Timers.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
@@ -19,18 +18,12 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace velluto::driver {
 
 class Session {
 public:
-    // Carries out a line of input. Nothing to say for a blank line or a remark.
-    std::optional<std::string> Answer(std::string_view line);
-    // The same as a JSON value; every failure is an answer too.
-    Json Run(std::string_view line);
-
     PosixFiles disk;
     FaultyFiles files{disk};
     StandinMidi midi;
@@ -54,6 +47,8 @@ public:
     void DropProgram() { program_.reset(); }
     // The enabled timers of the frame and the open children.
     [[nodiscard]] std::vector<Timer *> RunningTimers() const;
+    // The stand-ins write down what they are asked for; what no command tells is of no use here, and a long run is long.
+    void ForgetCalls();
     // A path as the program would write it: relative ones lie in the program's folder.
     [[nodiscard]] std::string FullPath(const std::string &path);
     // Between two events of the program: delivers what has come up meanwhile, forgets closed windows, notes started timers.
@@ -62,8 +57,6 @@ public:
     void PassTime(Timers::Milliseconds time);
 
 private:
-    // The stand-ins write down what they are asked for; what no command tells is of no use here, and a long run is long.
-    void ForgetCalls();
     // What the program's own reader makes of a file that the sequencer was told nothing about.
     StandinSong RealSong(const std::string &path);
 

@@ -1,5 +1,5 @@
 // velluto-driver: the program without a screen, driven by one command a line.
-#include "driver/Session.h"
+#include "driver/Commands.h"
 
 #include <iostream>
 #include <string>
@@ -10,7 +10,7 @@ int main()
     velluto::driver::Session session;
     std::string line;
     while (std::getline(std::cin, line)) {
-        if (const auto answer = session.Answer(line)) {
+        if (const auto answer = Answer(session, line)) {
             std::cout << *answer << '\n' << std::flush;
         }
     }

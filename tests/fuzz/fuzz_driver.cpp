@@ -207,14 +207,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     FuzzedDataProvider bytes(data, size);
     Session session;
     for (const char *line : {"device out Synth", "device in Keys", "start en"}) {
-        Check(session.Run(line)["ok"] == true);
+        Check(Run(session, line)["ok"] == true);
     }
     for (std::size_t lines = 0; lines < kMostLines && bytes.remaining_bytes() > 0; ++lines) {
         const std::string line = AnyLine(bytes);
         if (TakesTooLong(line)) {
             continue;
         }
-        const auto answer = session.Answer(line);
+        const auto answer = Answer(session, line);
         const std::size_t first = line.find_first_not_of(" \t\r");
         if (!answer) {
             Check(first == std::string::npos || line[first] == '#');

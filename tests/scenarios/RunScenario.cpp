@@ -1,8 +1,8 @@
 // Runs one scenario: a driver script with the expected answers beside its commands. Each command line may be followed
 // by a line "> {...}" with what its answer must hold; without one the answer must be a good one. Lines that begin with
 // "!" put files on the disk or look at them (Props.h). $HERE stands for the scenario's own temporary folder.
+#include "driver/Commands.h"
 #include "driver/Names.h"
-#include "driver/Session.h"
 #include "driver/Words.h"
 #include "scenarios/Props.h"
 #include "scenarios/Subset.h"
@@ -40,7 +40,7 @@ public:
         if (line.starts_with('!')) {
             Prop(driver::SplitWords(line.substr(1)));
         } else {
-            answer_ = session_.Run(line);
+            answer_ = driver::Run(session_, line);
         }
     }
     // A command without an expectation must have been a good one.

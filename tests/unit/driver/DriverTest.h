@@ -1,7 +1,7 @@
 // A driver session in a temporary folder of its own, for the tests of the commands.
 #pragma once
 
-#include "driver/Session.h"
+#include "driver/Commands.h"
 #include "unit/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -71,14 +71,14 @@ protected:
     // The answer, which must be a good one.
     Json Ok(const std::string &line)
     {
-        Json answer = session.Run(line);
+        Json answer = driver::Run(session, line);
         EXPECT_EQ(answer.at("ok"), true) << line << ": " << OneLine(answer);
         return answer;
     }
     // The error, of a command that must fail.
     std::string Error(const std::string &line)
     {
-        const Json answer = session.Run(line);
+        const Json answer = driver::Run(session, line);
         EXPECT_EQ(answer.at("ok"), false) << line << ": " << OneLine(answer);
         EXPECT_EQ(answer.size(), 2U) << line;
         return answer.value("error", "");

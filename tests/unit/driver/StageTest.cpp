@@ -5,9 +5,9 @@ namespace {
 
 TEST_F(DriverTest, AnswersEachCommandWithOneLineAndRemarksWithNone)
 {
-    EXPECT_EQ(session.Answer("sent"), R"({"ok":true,"messages":[],"thru":[]})");
-    EXPECT_EQ(session.Answer(""), std::nullopt);
-    EXPECT_EQ(session.Answer("# sent"), std::nullopt);
+    EXPECT_EQ(Answer(session, "sent"), R"({"ok":true,"messages":[],"thru":[]})");
+    EXPECT_EQ(Answer(session, ""), std::nullopt);
+    EXPECT_EQ(Answer(session, "# sent"), std::nullopt);
 }
 
 TEST_F(DriverTest, RefusesUnknownCommandsAndWrongCounts)

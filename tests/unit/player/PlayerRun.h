@@ -2,7 +2,7 @@
 // For the tests of the player; one position unit lasts 100 ms.
 #pragma once
 
-#include "driver/Session.h"
+#include "driver/Commands.h"
 #include "player/frmMIDIPlayer.h"
 #include "unit/support/TestProgram.h"
 #include "view/Gestures.h"
@@ -40,7 +40,7 @@ protected:
 
     void Do(const std::string &line)
     {
-        const driver::Json answer = session.Run(line);
+        const driver::Json answer = driver::Run(session, line);
         EXPECT_EQ(answer.at("ok"), true) << line << ": " << driver::OneLine(answer);
     }
     [[nodiscard]] std::string At(const std::string &name) const { return folder.At(name); }
