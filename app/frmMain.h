@@ -2,7 +2,6 @@
 // handlers are attached by FrameCommands, and any window may read or write an entry's state here.
 #pragma once
 
-#include "view/Form.h"
 #include "view/MenuEntry.h"
 
 #include <array>

@@ -26,8 +26,8 @@ constexpr std::array<LanguageAnswer, 4> kLanguageAnswers = {{{"none", kNoOption}
 
 void AnswerLanguageDialog(const Form &dialog, int option)
 {
-    Control *choice = option == kNoOption ? nullptr : dialog.Find("Option1", option);
-    Control *confirm = dialog.Find("CommOK");
+    Control *choice = option == kNoOption ? nullptr : ControlNamed(dialog, "Option1", option);
+    Control *confirm = ControlNamed(dialog, "CommOK");
     if (choice != nullptr && confirm != nullptr && Press(*choice)) {
         (void)Press(*confirm);
     }

@@ -1,7 +1,7 @@
 #include "edit/ItemWindow.h"
 
 #include "app/FixedText.h"
-#include "view/Form.h"
+#include "view/Control.h"
 
 namespace velluto {
 
@@ -25,7 +25,7 @@ std::optional<RowRules> RowRulesOf(const WindowTag &tag)
 
 ListBox *ListOf(Form &window)
 {
-    return dynamic_cast<ListBox *>(window.Find("List1"));
+    return dynamic_cast<ListBox *>(ControlNamed(window, "List1"));
 }
 
 std::size_t ItemRows::Length(int row) const

@@ -116,7 +116,7 @@ struct ListRows {
 
 ListRows RowsOf(const Form *window)
 {
-    return {window != nullptr ? dynamic_cast<const ListBox *>(window->Find("List1")) : nullptr};
+    return {window != nullptr ? dynamic_cast<const ListBox *>(ControlNamed(*window, "List1")) : nullptr};
 }
 
 // A number as it is converted plainly: a place for the sign in front.

@@ -1,7 +1,5 @@
 #include "view/Control.h"
 
-#include "view/Form.h"
-
 #include <algorithm>
 
 namespace velluto {
@@ -18,6 +16,13 @@ bool IsRowOf(const std::vector<std::string> &rows, int row)
 Control::Control(Form &form, std::string name, int index) : form_(form), name_(std::move(name)), index_(index)
 {
     form.controls_.push_back(this);
+}
+
+Control *ControlNamed(const Form &form, std::string_view name, int index)
+{
+    const auto named = [&](const Control *control) { return control->name() == name && control->index() == index; };
+    const auto found = std::ranges::find_if(form.controls(), named);
+    return found != form.controls().end() ? *found : nullptr;
 }
 
 std::string Control::FullName() const

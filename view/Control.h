@@ -2,8 +2,7 @@
 // only what can be seen of it. Forms declare their controls as members; faces (desktop, driver) find them by name.
 #pragma once
 
-#include "view/Geometry.h"
-#include "view/Property.h"
+#include "view/Form.h"
 
 #include <cstdint>
 #include <functional>
@@ -12,8 +11,6 @@
 #include <vector>
 
 namespace velluto {
-
-class Form;
 
 // Keys and mouse buttons as the handlers compare them.
 namespace Key {
@@ -39,15 +36,6 @@ using KeyHandler = std::function<void(int key)>;
 using MouseHandler = std::function<void(int button)>;
 using PointerHandler = std::function<void(int y)>; // y in twips below the upper edge of the control
 
-// Calls a handler where there is one.
-template <class F, class... Args>
-void Raise(const F &handler, Args... args)
-{
-    if (handler) {
-        handler(args...);
-    }
-}
-
 class Control : public PropertyOwner {
 public:
     static constexpr int kNoIndex = -1;
@@ -70,7 +58,6 @@ public:
     std::string accessibleName;   // what a screen reader says where the caption says too little
     Control *container = nullptr; // the control that holds this one and that place is relative to; none: the form
 
-    std::function<void(Aspect)> observer; // the face that draws the control; at most one
     MouseHandler MouseDown;
 
     void Changed(Aspect aspect) override;
@@ -86,6 +73,9 @@ private:
     std::string name_;
     int index_;
 };
+
+// The control of that name among those of the form; nullptr where it has none.
+[[nodiscard]] Control *ControlNamed(const Form &form, std::string_view name, int index = Control::kNoIndex);
 
 enum class Alignment { Left, Centre, Right };
 

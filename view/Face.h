@@ -2,7 +2,6 @@
 // child windows. The desktop answers with Qt, the driver and the tests with queues.
 #pragma once
 
-#include "view/Form.h"
 #include "view/MenuEntry.h"
 
 #include <string>

@@ -21,16 +21,6 @@ void Form::SetHeight(int height)
     place = wanted;
 }
 
-Control *Form::Find(std::string_view name, int index) const
-{
-    for (Control *control : controls_) {
-        if (control->name() == name && control->index() == index) {
-            return control;
-        }
-    }
-    return nullptr;
-}
-
 void Form::Changed(Aspect aspect)
 {
     Raise(observer, aspect);

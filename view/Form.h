@@ -1,13 +1,18 @@
 // A window without pixels: its controls by name, its place in twips, its state text and its events. Every window of
-// the program derives from it; the faces draw it, and the driver speaks to it by name.
+// the program derives from it; the faces draw it, and the driver speaks to it by name. Controls lie above it: a form only
+// knows that they are there.
 #pragma once
 
-#include "view/Control.h"
+#include "view/Geometry.h"
+#include "view/Property.h"
 #include "view/Tag.h"
 
+#include <string>
 #include <vector>
 
 namespace velluto {
+
+class Control;
 
 class Form : public PropertyOwner {
 public:
@@ -44,9 +49,6 @@ public:
     [[nodiscard]] int ScaleHeight() const { return FillsFrame() ? maximisedInside.height : Height() - frame.height; }
 
     [[nodiscard]] const std::vector<Control *> &controls() const { return controls_; }
-    [[nodiscard]] Control *Find(std::string_view name, int index = Control::kNoIndex) const;
-
-    std::function<void(Aspect)> observer; // the face; at most one
 
     // Events. A write to place that changes the size, or to windowState, raises Form_Resize once the form is loaded.
     virtual void Form_Load() {}

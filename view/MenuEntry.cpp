@@ -1,7 +1,5 @@
 #include "view/MenuEntry.h"
 
-#include "view/Form.h"
-
 namespace velluto {
 
 namespace {

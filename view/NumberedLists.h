@@ -2,7 +2,7 @@
 // Used by those who act on the selection of an overview without knowing its form.
 #pragma once
 
-#include "view/Form.h"
+#include "view/Control.h"
 
 #include <array>
 #include <string_view>

@@ -2,6 +2,7 @@
 // told to the owner at once, inside the write, and a write of the same value tells nobody.
 #pragma once
 
+#include <functional>
 #include <utility>
 
 namespace velluto {
@@ -27,8 +28,18 @@ enum class Aspect {
     Focus
 };
 
+// Calls a handler where there is one.
+template <class F, class... Args>
+void Raise(const F &handler, Args... args)
+{
+    if (handler) {
+        handler(args...);
+    }
+}
+
 class PropertyOwner {
 public:
+    std::function<void(Aspect)> observer; // the face that draws it; at most one
     virtual void Changed(Aspect aspect) = 0;
 
 protected:

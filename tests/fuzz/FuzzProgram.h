@@ -152,7 +152,7 @@ struct FuzzProgram {
 
     bool Start()
     {
-        face.onModal = [](Form &form) { Press(*form.Find("CommOK")); };
+        face.onModal = [](Form &form) { Press(*ControlNamed(form, "CommOK")); };
         return StartUp(program);
     }
     [[nodiscard]] bool Runs() const { return face.frame != nullptr; }

@@ -132,7 +132,7 @@ void Command(FuzzedDataProvider &bytes, FuzzProgram &run)
         DropMenu(menu.mnuModifica);
         break;
     case 3:
-        if (Control *sts = window->Find("CommSTS")) {
+        if (Control *sts = ControlNamed(*window, "CommSTS")) {
             Press(*sts);
         }
         break;

@@ -180,18 +180,18 @@ TEST(FirstRun, TheDialogBeginsWithItalianChosen)
     run.face.onModal = [&](Form &form) {
         EXPECT_EQ(form.name(), "frmLingua");
         EXPECT_EQ(form.caption.Get(), "Velluto v 1.1");
-        EXPECT_EQ(form.Find("Label1")->caption.Get(), "Scegliere una lingua / Choose a language");
-        EXPECT_EQ(form.Find("Option1", 0)->caption.Get(), "Italiano");
-        EXPECT_EQ(form.Find("Option1", 1)->caption.Get(), "English");
-        EXPECT_EQ(form.Find("CommOK")->caption.Get(), "&OK");
-        EXPECT_TRUE(dynamic_cast<OptionButton &>(*form.Find("Option1", 0)).value);
+        EXPECT_EQ(ControlNamed(form, "Label1")->caption.Get(), "Scegliere una lingua / Choose a language");
+        EXPECT_EQ(ControlNamed(form, "Option1", 0)->caption.Get(), "Italiano");
+        EXPECT_EQ(ControlNamed(form, "Option1", 1)->caption.Get(), "English");
+        EXPECT_EQ(ControlNamed(form, "CommOK")->caption.Get(), "&OK");
+        EXPECT_TRUE(dynamic_cast<OptionButton &>(*ControlNamed(form, "Option1", 0)).value);
         EXPECT_EQ(run.program.app.settings.Lingua, 1);
-        Press(*form.Find("Option1", 1));
+        Press(*ControlNamed(form, "Option1", 1));
         EXPECT_EQ(run.program.app.settings.Lingua, 2);
-        Press(*form.Find("Option1", 0));
+        Press(*ControlNamed(form, "Option1", 0));
         EXPECT_EQ(run.program.app.settings.Lingua, 1);
         EXPECT_TRUE(form.IsLoaded());
-        Press(*form.Find("CommOK"));
+        Press(*ControlNamed(form, "CommOK"));
         EXPECT_FALSE(form.IsLoaded());
     };
     EXPECT_TRUE(StartUp(run.program));

@@ -1,7 +1,7 @@
 #include "driver/Timers.h"
 
 #include "standin/StandinClock.h"
-#include "view/Form.h"
+#include "view/Control.h"
 
 #include <gtest/gtest.h>
 

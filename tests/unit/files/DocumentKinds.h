@@ -70,7 +70,7 @@ protected:
         }
         throw std::runtime_error("no window in slot " + std::to_string(slot));
     }
-    static ListBox &List(Form &form) { return dynamic_cast<ListBox &>(*form.Find("List1")); }
+    static ListBox &List(Form &form) { return dynamic_cast<ListBox &>(*ControlNamed(form, "List1")); }
     DocRecord &Record(int slot) { return kind.type->table(app.settings)[static_cast<std::size_t>(slot)]; }
     MenuEntry &BankEntry()
     {
@@ -86,7 +86,7 @@ protected:
         }
         return kind.type == &StyleType() ? app.frame.mnuStyNuovo : app.frame.mnuPrfNuovo;
     }
-    Control &BankButton(Form &form) { return *form.Find("CommUser", kind.firstBank - kind.buttonOffset); }
+    Control &BankButton(Form &form) { return *ControlNamed(form, "CommUser", kind.firstBank - kind.buttonOffset); }
     std::array<bool, 9> &OpenFlags() { return files.*(kind.type->openFlags); }
     // Opens the file, ties it to User 1 and opens that bank.
     Form &OpenBankOf(const std::string &path)

@@ -53,7 +53,7 @@ TEST_P(DocumentWindowTest, ABankIsTiedByItsButtonAndOpensFromTheViewMenu)
     EXPECT_EQ(List(bank).Rows(), List(Window(1)).Rows());
     EXPECT_FALSE(BankEntry().enabled);
     EXPECT_FALSE(BankButton(bank).visible);
-    EXPECT_TRUE(bank.Find("CommClose")->visible);
+    EXPECT_TRUE(ControlNamed(bank, "CommClose")->visible);
     run.Close(bank);
     EXPECT_TRUE(BankEntry().enabled);
     EXPECT_EQ(Record(kind.firstBank).Path.Trimmed(), path) << "the link stays";
@@ -201,7 +201,7 @@ TEST_P(DocumentWindowTest, AnyBytesWithTheMarksOfAFileAreShownWithoutHarm)
             continue;
         }
         EXPECT_EQ(List(*window).ListCount() % 8, 0);
-        if (Control *sts = window->Find("CommSTS")) {
+        if (Control *sts = ControlNamed(*window, "CommSTS")) {
             Press(*sts);
             Press(*sts);
             EXPECT_EQ(List(*window).ListCount(), 16);

@@ -44,7 +44,7 @@ TEST_F(ProgramPlaceTest, ASmallBankStaysBelowTheHeightOfALargeOneWithATallFontTo
     TallFace tall;
     FilesFrom machine(run.folder->Path());
     Velluto other(Ports{machine, run.midi, run.clock, run.printer, run.sequencer, run.folders, run.ticks}, tall);
-    tall.onModal = [](Form &form) { Press(*form.Find("CommOK")); };
+    tall.onModal = [](Form &form) { Press(*ControlNamed(form, "CommOK")); };
     ASSERT_TRUE(StartUp(other));
     ASSERT_TRUE(ChooseMenu(other.app.frame.mnuPcgNuovo64));
     const frmPcgUN &window = *other.files.PcgWindows[11];

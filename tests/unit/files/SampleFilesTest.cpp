@@ -18,7 +18,7 @@ protected:
     }
     static int Occupied(Form &window, std::size_t emptyLength)
     {
-        const auto &rows = dynamic_cast<ListBox &>(*window.Find("List1")).Rows();
+        const auto &rows = dynamic_cast<ListBox &>(*ControlNamed(window, "List1")).Rows();
         return static_cast<int>(
             std::count_if(rows.begin(), rows.end(), [&](const std::string &row) { return RightTrimmed(row).size() > emptyLength; }));
     }
@@ -40,7 +40,7 @@ TEST_F(SampleFilesTest, StyleFilesOfAllArrangements)
         EXPECT_EQ(ClassifyStyleLayout(window.Tag.image.View()), row.layout) << row.name;
         EXPECT_EQ(Occupied(window, 3), row.styles) << row.name;
         if (row.layout != StyleLayout::StylesOnly) {
-            Press(*window.Find("CommSTS"));
+            Press(*ControlNamed(window, "CommSTS"));
             EXPECT_EQ(Occupied(window, 3), row.styles) << row.name << ", STS";
         }
     }

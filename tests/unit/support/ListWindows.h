@@ -1,8 +1,8 @@
 // Windows with lists as recall and the Edit menu see them: a Tag, and one or several lists named List1.
 #pragma once
 
+#include "view/Control.h"
 #include "view/ControlArray.h"
-#include "view/Form.h"
 
 #include <string>
 

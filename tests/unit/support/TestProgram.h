@@ -117,8 +117,8 @@ struct TestProgram {
         face.onModal = [this, answer](Form &form) {
             ++languageQuestions;
             if (answer != Cancel) {
-                Press(*form.Find("Option1", answer - 1));
-                Press(*form.Find("CommOK"));
+                Press(*ControlNamed(form, "Option1", answer - 1));
+                Press(*ControlNamed(form, "CommOK"));
             }
         };
         return StartUp(program);

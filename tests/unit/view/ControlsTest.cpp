@@ -1,6 +1,5 @@
 #include "view/ControlArray.h"
 #include "view/FolderControls.h"
-#include "view/Form.h"
 #include "view/Gestures.h"
 
 #include <gtest/gtest.h>
@@ -29,10 +28,10 @@ struct Window : Form {
 TEST(Controls, AreFoundByNameAndNumber)
 {
     Window window;
-    EXPECT_EQ(window.Find("CommClose"), &window.CommClose);
-    EXPECT_EQ(window.Find("Option1", 2), &window.Option1[2]);
-    EXPECT_EQ(window.Find("Option1"), nullptr);
-    EXPECT_EQ(window.Find("Option1", 3), nullptr);
+    EXPECT_EQ(ControlNamed(window, "CommClose"), &window.CommClose);
+    EXPECT_EQ(ControlNamed(window, "Option1", 2), &window.Option1[2]);
+    EXPECT_EQ(ControlNamed(window, "Option1"), nullptr);
+    EXPECT_EQ(ControlNamed(window, "Option1", 3), nullptr);
     EXPECT_EQ(window.Option1[2].FullName(), "Option1(2)");
     EXPECT_EQ(window.CommClose.FullName(), "CommClose");
     EXPECT_THROW(window.Option1[3], std::out_of_range);

@@ -1,4 +1,4 @@
-#include "view/Form.h"
+#include "view/Control.h"
 #include "view/Gestures.h"
 
 #include <gtest/gtest.h>

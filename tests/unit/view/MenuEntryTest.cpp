@@ -1,7 +1,5 @@
 #include "view/MenuEntry.h"
 
-#include "view/Form.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
