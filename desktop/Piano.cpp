@@ -2,8 +2,6 @@
 
 #include "desktop/Keys.h"
 #include "desktop/PianoAccess.h"
-#include "desktop/Twips.h"
-#include "view/Form.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -18,11 +16,6 @@ namespace velluto {
 namespace {
 
 constexpr int kReleaseDoubt = 2; // milliseconds: the press that belongs to a release is on its way already
-
-QRect RectOfPlace(const Place &place)
-{
-    return {place.left, place.top, place.width, place.height};
-}
 
 bool IsPressingKey(int key)
 {
@@ -42,7 +35,7 @@ Piano &Piano::Of(QWidget &parent, EventGate &gate)
     return *new Piano(gate, &parent);
 }
 
-Piano::Piano(EventGate &gate, QWidget *parent) : QWidget(parent), gate_(gate)
+Piano::Piano(EventGate &gate, QWidget *parent) : PianoKeys(parent), gate_(gate)
 {
     setObjectName(QStringLiteral("Piano"));
     setAccessibleName(QCoreApplication::translate("Piano", "Keyboard"));
@@ -57,7 +50,7 @@ Piano::~Piano()
     ForgetPianoAccess(*this);
 }
 
-// ---- keys and places
+// ---- keys
 
 void Piano::Add(PianoKey &key)
 {
@@ -73,16 +66,6 @@ void Piano::Remove(const PianoKey &key)
     cursor_ = 0;
 }
 
-void Piano::FollowPlaces()
-{
-    twips_ = {};
-    for (const PianoKey *key : keys_) {
-        twips_ = twips_.united(RectOfPlace(key->place));
-    }
-    setGeometry(ToPixels(Place{twips_.left(), twips_.top(), twips_.width(), twips_.height()}));
-    update();
-}
-
 void Piano::Redraw(const PianoKey &key)
 {
     const auto found = std::ranges::find(keys_, &key);
@@ -92,34 +75,6 @@ void Piano::Redraw(const PianoKey &key)
     const int number = static_cast<int>(found - keys_.begin());
     update(RectOf(number).toAlignedRect());
     TellPianoAccess(*this, number);
-}
-
-QRectF Piano::RectOf(int number) const
-{
-    if (twips_.isEmpty()) {
-        return {};
-    }
-    const QRect place = RectOfPlace(KeyOf(number).place).translated(-twips_.topLeft());
-    const double dots = devicePixelRatioF();
-    const auto across = [&](int twips) { return std::round(dots * twips * width() / twips_.width()) / dots; };
-    const auto down = [&](int twips) { return std::round(dots * twips * height() / twips_.height()) / dots; };
-    return {QPointF(across(place.left()), down(place.top())),
-            QPointF(across(place.left() + place.width()), down(place.top() + place.height()))};
-}
-
-int Piano::KeyAt(const QPointF &point) const
-{
-    for (const bool black : {true, false}) {
-        for (int number = 0; number < KeyCount(); ++number) {
-            const QRectF rect = RectOf(number);
-            const bool inside =
-                point.x() >= rect.left() && point.x() < rect.right() && point.y() >= rect.top() && point.y() < rect.bottom();
-            if (KeyOf(number).black == black && inside) {
-                return number;
-            }
-        }
-    }
-    return -1;
 }
 
 // ---- the pointer

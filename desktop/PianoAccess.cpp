@@ -1,6 +1,6 @@
 #include "desktop/PianoAccess.h"
 
-#include "desktop/Piano.h"
+#include "desktop/PianoKeys.h"
 #include "desktop/Words.h"
 
 #include <QAccessibleWidget>
@@ -15,7 +15,7 @@ namespace {
 
 class KeyAccess : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
-    KeyAccess(Piano &piano, int number) : piano_(piano), number_(number) {}
+    KeyAccess(PianoKeys &piano, int number) : piano_(piano), number_(number) {}
 
     [[nodiscard]] bool isValid() const override { return number_ < piano_.KeyCount(); }
     [[nodiscard]] QObject *object() const override { return nullptr; }
@@ -60,13 +60,13 @@ public:
     [[nodiscard]] QStringList keyBindingsForAction(const QString & /*name*/) const override { return {}; }
 
 private:
-    Piano &piano_;
+    PianoKeys &piano_;
     int number_;
 };
 
 class PianoAccess : public QAccessibleWidget {
 public:
-    explicit PianoAccess(Piano &piano) : QAccessibleWidget(&piano, QAccessible::Grouping), piano_(piano) {}
+    explicit PianoAccess(PianoKeys &piano) : QAccessibleWidget(&piano, QAccessible::Grouping), piano_(piano) {}
     ~PianoAccess() override
     {
         for (const QAccessible::Id id : keys_) {
@@ -104,13 +104,13 @@ public:
     [[nodiscard]] QAccessibleInterface *focusChild() const override { return piano_.hasFocus() ? child(piano_.Cursor()) : nullptr; }
 
 private:
-    Piano &piano_;
+    PianoKeys &piano_;
     mutable std::vector<QAccessible::Id> keys_; // 0 for a key that nobody has asked for
 };
 
 QAccessibleInterface *MakePianoAccess(const QString & /*className*/, QObject *object)
 {
-    auto *piano = dynamic_cast<Piano *>(object);
+    auto *piano = dynamic_cast<PianoKeys *>(object);
     return piano != nullptr ? new PianoAccess(*piano) : nullptr;
 }
 
@@ -121,14 +121,14 @@ void InstallPianoAccess()
     QAccessible::installFactory(MakePianoAccess);
 }
 
-void ForgetPianoAccess(Piano &piano)
+void ForgetPianoAccess(PianoKeys &piano)
 {
     if (QAccessibleInterface *known = QAccessible::queryAccessibleInterface(&piano)) {
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(known));
     }
 }
 
-void TellPianoAccess(Piano &piano, int number)
+void TellPianoAccess(PianoKeys &piano, int number)
 {
     if (QAccessible::isActive()) {
         QAccessible::State changed;
@@ -138,7 +138,7 @@ void TellPianoAccess(Piano &piano, int number)
     }
 }
 
-void TellPianoCursor(Piano &piano)
+void TellPianoCursor(PianoKeys &piano)
 {
     if (QAccessible::isActive() && piano.Cursor() < piano.KeyCount()) {
         QAccessibleEvent event(QAccessible::queryAccessibleInterface(&piano)->child(piano.Cursor()), QAccessible::Focus);

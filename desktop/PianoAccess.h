@@ -4,14 +4,14 @@
 
 namespace velluto {
 
-class Piano;
+class PianoKeys;
 
 // Makes pianos known to Qt's accessibility; more than once is as good as once.
 void InstallPianoAccess();
 // The piano is about to go.
-void ForgetPianoAccess(Piano &piano);
+void ForgetPianoAccess(PianoKeys &piano);
 // A key of the piano (number from 0) has changed, or another one has been led to. Costs nothing where nobody listens.
-void TellPianoAccess(Piano &piano, int number);
-void TellPianoCursor(Piano &piano);
+void TellPianoAccess(PianoKeys &piano, int number);
+void TellPianoCursor(PianoKeys &piano);
 
 } // namespace velluto
