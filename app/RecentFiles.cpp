@@ -138,10 +138,7 @@ void UpdateRecentPlacement(Modulo1 &app)
     if (i == 0) {
         return;
     }
-    app.WorkRecentRecord.Top = NearestIn<std::int16_t>(window->Top());
-    app.WorkRecentRecord.Left = NearestIn<std::int16_t>(window->Left());
-    app.WorkRecentRecord.Height = NearestIn<std::int16_t>(window->Height());
-    app.WorkRecentRecord.Width = NearestIn<std::int16_t>(window->Width());
+    StorePlace(app.WorkRecentRecord, *window);
     Entry(app, i) = app.WorkRecentRecord;
 }
 

@@ -1,4 +1,5 @@
-// Carrying a window's geometry and state into the fields that the settings keep. Used by every window with a placement.
+// Carrying a window's geometry and state into the fields that the settings keep. Used by every window with a placement: a
+// WindowPlacement or a DocRecord.
 #pragma once
 
 #include "app/Settings.h"
@@ -19,25 +20,56 @@ template <class Field>
     return static_cast<Field>(std::clamp(value, kLow, kHigh));
 }
 
-inline void StorePosition(WindowPlacement &placement, const Form &form)
+// A window that was never laid out takes its natural outer size, in the upper left corner. A least width below 0 stands
+// only in a settings file that no window has written.
+template <class Record>
+void PlaceFirst(Record &record, Size natural)
 {
-    placement.Top = NearestIn<std::int16_t>(form.Top());
-    placement.Left = NearestIn<std::int16_t>(form.Left());
+    if (record.MinWidth <= 0) {
+        record.Left = 0;
+        record.Top = 0;
+        record.Width = NearestIn<decltype(record.Width)>(natural.width);
+        record.MinWidth = record.Width;
+        record.Height = NearestIn<decltype(record.Height)>(natural.height);
+        record.MinHeight = record.Height;
+    }
 }
 
-inline void StoreSize(WindowPlacement &placement, const Form &form)
+template <class Record>
+[[nodiscard]] Place PlaceOf(const Record &record)
 {
-    placement.Width = NearestIn<std::uint16_t>(form.Width());
-    placement.Height = NearestIn<std::uint16_t>(form.Height());
+    return {record.Left, record.Top, record.Width, record.Height};
+}
+
+template <class Record>
+void StorePosition(Record &record, const Form &form)
+{
+    record.Top = NearestIn<decltype(record.Top)>(form.Top());
+    record.Left = NearestIn<decltype(record.Left)>(form.Left());
+}
+
+template <class Record>
+void StoreSize(Record &record, const Form &form)
+{
+    record.Width = NearestIn<decltype(record.Width)>(form.Width());
+    record.Height = NearestIn<decltype(record.Height)>(form.Height());
+}
+
+template <class Record>
+void StorePlace(Record &record, const Form &form)
+{
+    StorePosition(record, form);
+    StoreSize(record, form);
 }
 
 // A maximised window keeps the State that it had.
-inline void StoreState(WindowPlacement &placement, const Form &form)
+template <class Record>
+void StoreState(Record &record, const Form &form)
 {
     if (form.windowState == WindowState::Normal) {
-        placement.State = StoredState::Normal;
+        record.State = StoredState::Normal;
     } else if (form.windowState == WindowState::Minimised) {
-        placement.State = StoredState::Minimised;
+        record.State = StoredState::Minimised;
     }
 }
 

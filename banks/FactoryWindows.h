@@ -2,19 +2,15 @@
 #pragma once
 
 #include "banks/Recall.h"
+#include "banks/frmBank117.h"
+#include "banks/frmSty.h"
 
 #include <array>
 #include <memory>
 
 namespace velluto {
 
-class frmBank117;
-class frmSty;
-
 struct BankState {
-    explicit BankState(RecallState &state);
-    ~BankState();
-
     RecallState &recall;
     std::array<std::unique_ptr<frmBank117>, 6> BankWindows; // ViewKind 2 to 7
     std::array<std::unique_ptr<frmSty>, 2> StyListWindows;  // ViewKind 15 and 16

@@ -7,6 +7,7 @@
 #include "files/WindowRole.h"
 #include "midi/Roles.h"
 #include "view/NumberedLists.h"
+#include "view/Raised.h"
 
 #include <algorithm>
 #include <array>
@@ -202,14 +203,14 @@ void SelectFromOverview(RecallState &recall, Form &window, int list)
     if (clicked == nullptr || clicked->Row(clicked->ListIndex()) == (performances ? "1" : "3")) {
         return;
     }
-    recall.clearingOtherLists = true;
-    for (int other = 1; other <= (performances ? kPrfOverviewLists : kStyOverviewLists); ++other) {
-        if (other != list && lists.At(other) != nullptr) {
-            lists.At(other)->ClearSelection();
+    {
+        const Raised clearing(recall.clearingOtherLists);
+        for (int other = 1; other <= (performances ? kPrfOverviewLists : kStyOverviewLists); ++other) {
+            if (other != list && lists.At(other) != nullptr) {
+                lists.At(other)->ClearSelection();
+            }
         }
     }
-    recall.clearingOtherLists = false;
-
     if (performances) {
         recall.midi.MonitorEnabled = true; // here already, whatever the channel will be
     }

@@ -23,14 +23,9 @@ constexpr int kTitlePosition = 21;
 constexpr std::array<MenuEntry frmMain::*, 6> kCommands{&frmMain::mnuBankA, &frmMain::mnuBankB, &frmMain::mnuBankC,
                                                         &frmMain::mnuBankD, &frmMain::mnuBankE, &frmMain::mnuBankF};
 
-std::size_t BankIndex(int kind)
-{
-    return static_cast<std::size_t>(kind - ViewKind::BankA);
-}
-
 MenuEntry &CommandOf(frmMain &menu, int kind)
 {
-    return menu.*kCommands.at(BankIndex(kind));
+    return menu.*kCommands.at(static_cast<std::size_t>(kind - ViewKind::BankA));
 }
 
 // A menu caption as a title: without the mark of its access key, and with "&" for every "/".
@@ -44,7 +39,7 @@ std::string TitleOf(std::string_view caption)
 
 } // namespace
 
-frmBank117::frmBank117(BankState &banks, int kind) : FactoryForm("frmBank117", kind, banks.recall, kind), banks_(banks)
+frmBank117::frmBank117(RecallState &recall, int kind) : FactoryForm("frmBank117", kind, recall, kind, CommandOf(recall.app.frame, kind))
 {
     List1.columns = kColumns;
 }
@@ -63,7 +58,7 @@ WindowTag frmBank117::StateText(const WindowPlacement &placement) const
 {
     WindowTag tag;
     tag.prefix = std::string(kZeros, '\0') + std::string(kTitleLength, ' ');
-    tag.Put(kTitlePosition, TitleOf(CommandOf(App().frame, Kind()).caption.Get()));
+    tag.Put(kTitlePosition, TitleOf(CommandOf(app.frame, Kind()).caption.Get()));
     tag.Set(TagPosition::Kind, Kind());
     tag.Set(TagPosition::Role, placement.Role);
     return tag;
@@ -91,7 +86,6 @@ bool frmBank117::Form_QueryUnload()
 // False where the window stays. Only Cancel ends a program exit in progress.
 bool frmBank117::SaveBeforeClosing()
 {
-    Modulo1 &app = App();
     const std::string name = Tag.Path();
     const std::string title = "File Program - " + name + ".pcg";
     const int answer = app.messages.AskSave(SaveQuestion::FileChanged, title);
@@ -114,28 +108,10 @@ bool frmBank117::SaveBeforeClosing()
     return true;
 }
 
-int frmBank117::KindAtUnload() const
+void frmBank117::UnloadWindow()
 {
-    return App().ViewKind = Tag.Kind();
-}
-
-MenuEntry &frmBank117::OwnCommand()
-{
-    return CommandOf(App().frame, Kind());
-}
-
-std::unique_ptr<Form> frmBank117::TakeOut()
-{
-    return std::move(banks_.BankWindows.at(BankIndex(Kind())));
-}
-
-void ShowBankWindow(BankState &banks, int kind)
-{
-    std::unique_ptr<frmBank117> &window = banks.BankWindows.at(BankIndex(kind));
-    if (!window) {
-        window = std::make_unique<frmBank117>(banks, kind);
-    }
-    banks.recall.app.children.Show(*window);
+    app.ViewKind = Kind();
+    FactoryForm::UnloadWindow();
 }
 
 } // namespace velluto

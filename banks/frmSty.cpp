@@ -18,14 +18,10 @@ constexpr int kTitlePosition = 21;
 
 constexpr std::size_t kBehindNumber = 2; // 0-based character of a row that is a blank in items alone
 
-std::size_t WindowIndex(int index)
-{
-    return static_cast<std::size_t>(index - 1);
-}
-
 } // namespace
 
-frmSty::frmSty(BankState &banks, int index) : FactoryForm("frmSty", index, banks.recall, kKindBeforeFirst + index), banks_(banks)
+frmSty::frmSty(RecallState &recall, int index)
+    : FactoryForm("frmSty", index, recall, kKindBeforeFirst + index, recall.app.frame.mnuSty[index])
 {
     List1.columns = kColumns;
     List1.longestColumn = kRowsInGroup;
@@ -61,33 +57,9 @@ bool frmSty::PlaysRow(std::string_view row) const
 void frmSty::List1_Click()
 {
     if (PlaysCurrentRow()) {
-        RefreshWindowMenu(App());
+        RefreshWindowMenu(app);
         PlayCurrentRow();
     }
-}
-
-int frmSty::KindAtUnload() const
-{
-    return Tag.Slot() + kKindBeforeFirst; // ViewKind stays what it was
-}
-
-MenuEntry &frmSty::OwnCommand()
-{
-    return App().frame.mnuSty[Tag.Slot()];
-}
-
-std::unique_ptr<Form> frmSty::TakeOut()
-{
-    return std::move(banks_.StyListWindows.at(WindowIndex(number())));
-}
-
-void ShowStyWindow(BankState &banks, int index)
-{
-    std::unique_ptr<frmSty> &window = banks.StyListWindows.at(WindowIndex(index));
-    if (!window) {
-        window = std::make_unique<frmSty>(banks, index);
-    }
-    banks.recall.app.children.Show(*window);
 }
 
 } // namespace velluto

@@ -1,5 +1,7 @@
 #include "files/ChildLayout.h"
 
+#include "view/Raised.h"
+
 #include <algorithm>
 
 namespace velluto {
@@ -19,11 +21,10 @@ Size InnerSize(const Modulo1 &app, const Form &window)
 
 void KeepNoSmaller(Modulo1 &app, Form &window, Size least)
 {
-    app.children.RestoringLayout = true;
+    const Raised restoring(app.children.RestoringLayout);
     const int width = std::max({window.Width(), least.width, window.frame.width});
     const int height = std::max({window.Height(), least.height, window.frame.height});
     window.place = Place{window.Left(), window.Top(), width, height};
-    app.children.RestoringLayout = false;
 }
 
 ButtonColumns ColumnsIn(int room, int count, int widest, int gap)

@@ -10,8 +10,8 @@
 
 namespace velluto {
 
-DocumentForm::DocumentForm(std::string name, FilesState &files, const DocumentType &type, int slot)
-    : Form(std::move(name), slot), files_(files), type_(type), slot_(slot)
+DocumentForm::DocumentForm(std::string name, FilesState &files, const DocumentType &type, int slot, MenuEntry *command)
+    : ChildForm(std::move(name), slot, files.app, command), files_(files), type_(type), slot_(slot)
 {
     List1.Click = [this] { List1_Click(); };
     List1.KeyDown = [this](int key) { List1_KeyDown(key); };
@@ -33,10 +33,8 @@ void DocumentForm::AddCloseButton(Button &button, bool visible)
     close_ = &button;
 }
 
-void DocumentForm::Form_Load()
+bool DocumentForm::LoadWindow()
 {
-    Modulo1 &app = files_.app;
-    app.children.RestoringLayout = true;
     const int kind = app.ViewKind;
     PlaceWindow();
     close_->caption = app.messages.Text(TextId::Close);
@@ -65,8 +63,7 @@ void DocumentForm::Form_Load()
     tag.Set(TagPosition::Kind, KindOnceLoaded(kind));
     Tag = tag;
     caption = WindowTitle(app, Tag);
-    app.children.RestoringLayout = false;
-    ++app.children.ChildCount;
+    return true;
 }
 
 // The window's rectangle from its record, or its natural size where it was never placed.
@@ -76,40 +73,24 @@ void DocumentForm::PlaceWindow()
     TakeSlot(files_, type_, slot_);
     CheckPlace();
     DocRecord &record = Work();
-    if (record.MinWidth <= 0) { // below 0 only in a settings file that no window has written
-        record.Left = 0;
-        record.Top = 0;
-        record.Width = NearestIn<std::int16_t>(natural.width);
-        record.MinWidth = record.Width;
-        record.Height = NearestIn<std::int16_t>(natural.height);
-        record.MinHeight = record.Height;
-    }
+    PlaceFirst(record, natural);
     record.State = StoredState::Normal;
     record.Tag7 = static_cast<std::uint8_t>(files_.RecentKind);
-    place = Place{record.Left, record.Top, record.Width, record.Height};
+    place = PlaceOf(record);
     StoreSlot(files_, type_, slot_);
 }
 
 // The list above, the buttons below it.
 void DocumentForm::LayOut()
 {
-    const Size inner = InnerSize(files_.app, *this);
+    const Size inner = InnerSize(app, *this);
     const int listHeight = std::max(inner.height - ButtonsHeight(), 0);
     List1.place = Place{0, 0, inner.width, listHeight};
     LayOutButtons(inner.width, listHeight);
 }
 
-void DocumentForm::Form_Activate()
+void DocumentForm::Resized()
 {
-    RefreshWindowMenu(files_.app);
-}
-
-void DocumentForm::Form_Resize()
-{
-    Modulo1 &app = files_.app;
-    if (app.children.RestoringLayout) {
-        return;
-    }
     TakeSlot(files_, type_, slot_);
     DocRecord &record = Work();
     if (windowState == WindowState::Normal) {
@@ -117,9 +98,7 @@ void DocumentForm::Form_Resize()
     }
     LayOut();
     StoreSize(record, *this);
-    if (windowState != WindowState::Maximised) {
-        record.State = windowState == WindowState::Minimised ? 2 : 1;
-    }
+    StoreState(record, *this);
     StoreSlot(files_, type_, slot_);
 }
 
@@ -128,9 +107,8 @@ bool DocumentForm::IsCopySource() const
     return files_.clipboard.ClipSlot == slot_ && files_.clipboard.ClipKind == Tag.Kind();
 }
 
-void DocumentForm::Form_Unload()
+void DocumentForm::UnloadWindow()
 {
-    Modulo1 &app = files_.app;
     app.ViewKind = Tag.Kind();
     files_.*type_.current = Tag.Slot();
     if (IsCopySource()) {
@@ -146,24 +124,14 @@ void DocumentForm::Form_Unload()
         }
         (app.frame.*type_.openCommand).enabled = true;
         UpdateRecentPlacement(app);
-    } else {
-        OwnCommand().enabled = true;
     }
-    --app.children.ChildCount;
-    RefreshAfterClose(app);
-    app.children.Bury(TakeOut());
-}
-
-void DocumentForm::Form_MouseDown(int button)
-{
-    PopUpEditMenu(files_.app, button);
 }
 
 void DocumentForm::List1_Click()
 {
     const int row = List1.ListIndex();
     const bool selects = SelectsRow(RightTrimmed(List1.Row(row)).size());
-    RefreshWindowMenu(files_.app); // either way
+    RefreshWindowMenu(app); // either way
     if (row >= 0 && selects && files_.services.SelectOnInstrument) {
         files_.services.SelectOnInstrument(*this, row);
     }
@@ -172,13 +140,13 @@ void DocumentForm::List1_Click()
 void DocumentForm::List1_KeyDown(int key) const
 {
     if (key == Key::Delete) {
-        Raise(files_.app.frame.mnuTaglia.Click); // also where the menu does not offer it
+        Raise(app.frame.mnuTaglia.Click); // also where the menu does not offer it
     }
 }
 
 void DocumentForm::CommClose_Click()
 {
-    files_.app.children.Unload(*this);
+    app.children.Unload(*this);
 }
 
 void DocumentForm::TakeBank(int bankSlot)
@@ -187,10 +155,10 @@ void DocumentForm::TakeBank(int bankSlot)
     if (Work().State != StoredState::Normal) {
         return;
     }
-    for (Form *form : files_.app.children.All()) {
+    for (Form *form : app.children.All()) {
         const auto *document = dynamic_cast<DocumentForm *>(form);
         if (document != nullptr && &document->type_ == &type_ && document->slot_ == bankSlot) {
-            files_.app.children.Unload(*form);
+            app.children.Unload(*form);
             TakeSlot(files_, type_, bankSlot);
             return;
         }
@@ -202,7 +170,7 @@ void DocumentForm::StoreBank(int bankSlot, MenuEntry &entry, const std::string &
     StoreSlot(files_, type_, bankSlot);
     entry.caption = words;
     entry.enabled = true;
-    for (Form *form : files_.app.children.All()) {
+    for (Form *form : app.children.All()) {
         auto *document = dynamic_cast<DocumentForm *>(form);
         if (document != nullptr && &document->type_ == &type_) {
             document->RefreshToolTips();
@@ -214,7 +182,7 @@ void DocumentForm::StoreBank(int bankSlot, MenuEntry &entry, const std::string &
 void DocumentForm::RefreshToolTips()
 {
     for (const BankButton &bank : banks_) {
-        const std::string path = type_.table(files_.app.settings)[static_cast<std::size_t>(bank.slot)].Path.Trimmed();
+        const std::string path = type_.table(app.settings)[static_cast<std::size_t>(bank.slot)].Path.Trimmed();
         bank.button->toolTip = path.empty() ? bank.name : bank.name + ": " + path;
     }
 }

@@ -2,9 +2,9 @@
 // clicked, and the buttons that tie their file to a bank. Each type's form adds its rows and its own rules.
 #pragma once
 
+#include "app/ChildForm.h"
 #include "files/Documents.h"
 #include "files/Files.h"
-#include "view/Form.h"
 
 #include <array>
 #include <cstddef>
@@ -14,21 +14,15 @@
 
 namespace velluto {
 
-class DocumentForm : public Form {
+class DocumentForm : public ChildForm {
 public:
     ListBox List1{*this, "List1"};
-
-    // Expects the slot's record, app.ViewKind, and the file in files.LoadImage where the window is not of a new file.
-    void Form_Load() final;
-    void Form_Unload() final;
-    void Form_Activate() final;
-    void Form_Resize() final;
-    void Form_MouseDown(int button) final;
 
     [[nodiscard]] const DocumentType &Type() const { return type_; }
 
 protected:
-    DocumentForm(std::string name, FilesState &files, const DocumentType &type, int slot);
+    // command is that of the menu which is off while this window, of a new file or of a bank, is there.
+    DocumentForm(std::string name, FilesState &files, const DocumentType &type, int slot, MenuEntry *command);
 
     // Makes the button one of those that tie this file to a bank; they are shown in file windows only. bankName is what
     // its tool tip and a screen reader call the bank.
@@ -36,7 +30,6 @@ protected:
     // Makes the button the one that closes the window.
     void AddCloseButton(Button &button, bool visible);
 
-    [[nodiscard]] Modulo1 &App() const { return files_.app; }
     [[nodiscard]] FilesState &Files() const { return files_; }
     [[nodiscard]] DocRecord &Work() const { return files_.*type_.work; }
     [[nodiscard]] int Slot() const { return slot_; }
@@ -49,6 +42,11 @@ protected:
     void StoreBank(int bankSlot, MenuEntry &entry, const std::string &words);
 
 private:
+    // Expects the slot's record, app.ViewKind, and the file in files.LoadImage where the window is not of a new file.
+    bool LoadWindow() final;
+    void UnloadWindow() final;
+    void Resized() final;
+
     // Ties this file to a bank.
     virtual void TieTo(int bankSlot) = 0;
     // The name that a new file is given.
@@ -69,10 +67,6 @@ private:
     [[nodiscard]] virtual bool SelectsRow(std::size_t trimmedLength) const = 0;
     // True where the clipboard's copy came from this very window.
     [[nodiscard]] virtual bool IsCopySource() const;
-    // The command of the menu that is off while this window, of a new file or of a bank, is there.
-    [[nodiscard]] virtual MenuEntry &OwnCommand() = 0;
-    // Takes the window out of the program's table.
-    [[nodiscard]] virtual std::unique_ptr<Form> TakeOut() = 0;
 
     void PlaceWindow();
     void LayOut();
@@ -97,11 +91,7 @@ private:
 template <class Window, std::size_t Count>
 void ShowDocument(FilesState &files, std::array<std::unique_ptr<Window>, Count> &windows, int slot)
 {
-    std::unique_ptr<Window> &window = windows.at(static_cast<std::size_t>(slot));
-    if (!window) {
-        window = std::make_unique<Window>(files, slot);
-    }
-    files.app.children.Show(*window);
+    ShowChild<Window>(windows.at(static_cast<std::size_t>(slot)), files, slot);
 }
 
 } // namespace velluto

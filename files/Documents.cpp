@@ -1,6 +1,5 @@
 #include "files/Documents.h"
 
-#include "app/StoredPlace.h"
 #include "app/ViewKind.h"
 #include "files/Opening.h"
 #include "files/frmPcgUN.h"
@@ -144,19 +143,6 @@ void NameFile(FilesState &files, std::string_view path)
     files.FilePath = std::string(RightTrimmed(path));
     files.FileFolder = FolderOf(path);
     files.FileName = FileNameOf(path);
-}
-
-void StoreSize(DocRecord &record, const Form &window)
-{
-    record.Width = NearestIn<std::int16_t>(window.Width());
-    record.Height = NearestIn<std::int16_t>(window.Height());
-}
-
-void StorePlace(DocRecord &record, const Form &window)
-{
-    record.Left = NearestIn<std::int16_t>(window.Left());
-    record.Top = NearestIn<std::int16_t>(window.Top());
-    StoreSize(record, window);
 }
 
 } // namespace velluto

@@ -52,8 +52,4 @@ int FindFree(const FilesState &files, const DocumentType &type);
 // Notes in FilePath, FileFolder and FileName which file the next steps are about.
 void NameFile(FilesState &files, std::string_view path);
 
-// The window's rectangle into the record, limited to what the record's 16 bits hold.
-void StorePlace(DocRecord &record, const Form &window);
-void StoreSize(DocRecord &record, const Form &window);
-
 } // namespace velluto

@@ -15,8 +15,10 @@ constexpr int kLabelMargin = 90; // twips that a centred label is wider than its
 
 } // namespace
 
-OverviewForm::OverviewForm(std::string name, int number, FilesState &files, const DocumentType &type, int kind, int firstSlot)
-    : Form(std::move(name), number), files_(files), type_(type), kind_(kind), firstSlot_(firstSlot)
+OverviewForm::OverviewForm(std::string name, int number, FilesState &files, const DocumentType &type, int kind, int firstSlot,
+                           MenuEntry &command)
+    : ChildForm(std::move(name), number, files.app, &command), files_(files), type_(type), kind_(kind), firstSlot_(firstSlot),
+      entry_(files.app.settings.PlacementTable.at(static_cast<std::size_t>(kind - 1)))
 {
 }
 
@@ -36,49 +38,31 @@ void OverviewForm::AddList(ListBox &list, Label &label)
     columns_.push_back({&list, &label});
 }
 
-WindowPlacement &OverviewForm::Entry() const
+bool OverviewForm::LoadWindow()
 {
-    return files_.app.settings.PlacementTable.at(static_cast<std::size_t>(kind_ - 1));
-}
-
-void OverviewForm::Form_Load()
-{
-    Modulo1 &app = files_.app;
-    app.children.RestoringLayout = true;
     grid_ = NaturalGrid();
     PlaceWindow();
     LayOut();
     if (!ReadBanks()) {
-        // The window stays with the banks read so far and without a state text; it is not counted, and no window
-        // follows a resize until some other load has come to its end. On purpose.
-        return;
+        return false; // with the banks read so far, and without a state text
     }
     Tag = ToolTag(kind_);
     caption = WindowTitle(app, Tag);
-    app.children.RestoringLayout = false;
-    ++app.children.ChildCount;
+    return true;
 }
 
 void OverviewForm::PlaceWindow()
 {
-    WindowPlacement &work = files_.WorkPlacement;
-    work = Entry();
-    if (work.MinWidth == 0) {
-        work.Left = 0;
-        work.Top = 0;
-        work.Width = NearestIn<std::uint16_t>(grid_.columns * (grid_.list.width + grid_.gap) + grid_.gap + frame.width);
-        work.MinWidth = work.Width;
-        work.Height = NearestIn<std::uint16_t>(grid_.rows * (grid_.label + grid_.list.height) + grid_.gap + frame.height);
-        work.MinHeight = work.Height;
-    }
-    place = Place{work.Left, work.Top, work.Width, work.Height};
-    Entry() = work;
+    PlaceFirst(entry_, {grid_.columns * (grid_.list.width + grid_.gap) + grid_.gap + frame.width,
+                        grid_.rows * (grid_.label + grid_.list.height) + grid_.gap + frame.height});
+    files_.WorkPlacement = entry_;
+    place = PlaceOf(entry_);
 }
 
 // The lists share what there is of the window; at its natural size they have their own.
 void OverviewForm::LayOut()
 {
-    const Size inner = InnerSize(files_.app, *this);
+    const Size inner = InnerSize(app, *this);
     const int width = std::max((inner.width - grid_.gap) / grid_.columns - grid_.gap, 0);
     const int height = std::max((inner.height - grid_.gap) / grid_.rows - grid_.label, 0);
     for (const Column &column : columns_) {
@@ -94,7 +78,7 @@ void OverviewForm::LayOut()
 void OverviewForm::PlaceLabel(const Column &column) const
 {
     const Place list = column.list->place;
-    const int text = files_.app.face.LabelWidth(column.label->caption) + kLabelMargin;
+    const int text = app.face.LabelWidth(column.label->caption) + kLabelMargin;
     const int width = CentresLabels() ? std::min(text, list.width) : list.width;
     column.label->place = Place{list.left + (list.width - width) / 2, list.top - grid_.label, width, grid_.label};
 }
@@ -128,44 +112,23 @@ void OverviewForm::ShowFileName(const Column &column, const std::string &path)
     PlaceLabel(column);
 }
 
-void OverviewForm::Form_Activate()
+void OverviewForm::Resized()
 {
-    RefreshWindowMenu(files_.app);
-}
-
-void OverviewForm::Form_Resize()
-{
-    if (files_.app.children.RestoringLayout) {
-        return;
-    }
     if (windowState == WindowState::Normal) {
-        KeepNoSmaller(files_.app, *this, {Entry().MinWidth, Entry().MinHeight});
+        KeepNoSmaller(app, *this, {entry_.MinWidth, entry_.MinHeight});
     }
     LayOut();
 }
 
-void OverviewForm::Form_MouseDown(int button)
+// It lowers the count also where its load had stopped and not raised it, on purpose.
+void OverviewForm::UnloadWindow()
 {
-    PopUpEditMenu(files_.app, button);
-}
-
-void OverviewForm::Form_Unload()
-{
-    Modulo1 &app = files_.app;
     app.ViewKind = Tag.Kind();
-    // A window whose load has stopped is of no kind: its place is not kept, and its command stays off.
-    if (app.ViewKind == kind_) {
-        WindowPlacement &work = files_.WorkPlacement;
-        work = Entry();
-        work.State = StoredState::Closed;
-        StorePosition(work, *this);
-        StoreSize(work, *this);
-        Entry() = work;
-        OwnCommand().enabled = true;
+    if (app.ViewKind == kind_) { // a window whose load has stopped is of no kind: its place is not kept
+        StorePlace(entry_, *this);
+        entry_.State = StoredState::Closed;
+        files_.WorkPlacement = entry_;
     }
-    --app.children.ChildCount;
-    RefreshAfterClose(app);
-    app.children.Bury(TakeOut());
 }
 
 } // namespace velluto

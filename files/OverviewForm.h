@@ -2,11 +2,10 @@
 // are tied to. They keep no image, and a load that meets a file it cannot read ends there.
 #pragma once
 
+#include "app/ChildForm.h"
 #include "files/Documents.h"
 #include "files/Korf.h"
-#include "view/Form.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,14 +15,7 @@ namespace velluto {
 inline constexpr int kPrfOverviewLists = 20;
 inline constexpr int kStyOverviewLists = 3;
 
-class OverviewForm : public Form {
-public:
-    void Form_Load() final;
-    void Form_Unload() final;
-    void Form_Activate() final;
-    void Form_Resize() final;
-    void Form_MouseDown(int button) final;
-
+class OverviewForm : public ChildForm {
 protected:
     // How the lists stand, and how far apart. Twips.
     struct Grid {
@@ -34,24 +26,22 @@ protected:
         int gap = 0;
     };
 
-    // kind is the window's ViewKind, firstSlot the slot of its first list's bank.
-    OverviewForm(std::string name, int number, FilesState &files, const DocumentType &type, int kind, int firstSlot);
+    // kind is the window's ViewKind, firstSlot the slot of its first list's bank, command what shows the window.
+    OverviewForm(std::string name, int number, FilesState &files, const DocumentType &type, int kind, int firstSlot, MenuEntry &command);
 
     // Adds the next list; banks follow each other in the order of their slots.
     void AddList(ListBox &list, Label &label);
 
     [[nodiscard]] FilesState &Files() const { return files_; }
-    [[nodiscard]] int Kind() const { return kind_; }
 
 private:
+    bool LoadWindow() final;
+    void UnloadWindow() final;
+    void Resized() final;
     [[nodiscard]] virtual Grid NaturalGrid() const = 0;
     // The rows of one list from the file's image.
     [[nodiscard]] virtual std::vector<std::string> RowsFor(ImageView image) = 0;
     [[nodiscard]] virtual bool CentresLabels() const = 0;
-    // The command of the menu that shows this window.
-    [[nodiscard]] virtual MenuEntry &OwnCommand() = 0;
-    // Takes the window out of the program's table.
-    [[nodiscard]] virtual std::unique_ptr<Form> TakeOut() = 0;
 
     struct Column {
         ListBox *list;
@@ -62,12 +52,12 @@ private:
     void PlaceLabel(const Column &column) const;
     [[nodiscard]] bool ReadBanks();
     void ShowFileName(const Column &column, const std::string &path);
-    [[nodiscard]] WindowPlacement &Entry() const;
 
     FilesState &files_;
     const DocumentType &type_;
     int kind_;
     int firstSlot_;
+    WindowPlacement &entry_;
     std::vector<Column> columns_;
     Grid grid_;
 };

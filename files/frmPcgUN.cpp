@@ -31,9 +31,20 @@ constexpr int kButtonGap = 90;
 constexpr std::size_t kUserCaption = 10; // "&G User 1:", the part of mnuPcgUser's caption that stays
 constexpr std::size_t kIgnoredRow = 3;   // length of a trimmed row that a click ignores; one short of an empty row on purpose
 
+MenuEntry *CommandOf(frmMain &menu, int slot)
+{
+    if (slot == kNewPcg64Slot) {
+        return &menu.mnuPcgNuovo64;
+    }
+    if (slot == kNewPcg128Slot) {
+        return &menu.mnuPcgNuovo128;
+    }
+    return IsFileSlot(slot) ? nullptr : &menu.mnuPcgUser[slot];
+}
+
 } // namespace
 
-frmPcgUN::frmPcgUN(FilesState &files, int slot) : DocumentForm("frmPcgUN", files, ProgramType(), slot)
+frmPcgUN::frmPcgUN(FilesState &files, int slot) : DocumentForm("frmPcgUN", files, ProgramType(), slot, CommandOf(files.app.frame, slot))
 {
     List1.columns = kColumns;
     List1.accessibleName = "Program";
@@ -52,7 +63,7 @@ Size frmPcgUN::NaturalSize()
         places_ = Slot() == kNewPcg64Slot ? kProgramPlaces : kProgramPlacesLarge;
     }
     const bool large = places_ != kProgramPlaces;
-    const Size letter = App().face.MeasureA(List1.font);
+    const Size letter = app.face.MeasureA(List1.font);
     const int listHeight = (large ? kListLinesLarge : kListLines) * letter.height;
     const int room = kHeightOfLarge - 1 - frame.height - listHeight;
     buttonRow_ = large ? kButtonRow : std::clamp(room, kLeastButtonRow, kButtonRow);
@@ -82,7 +93,7 @@ void frmPcgUN::LayOutButtons(int width, int top)
 
 std::string frmPcgUN::NewName() const
 {
-    return App().messages.Text(TextId::Untitled) + ".pcg";
+    return app.messages.Text(TextId::Untitled) + ".pcg";
 }
 
 void frmPcgUN::ShowNew(WindowTag &tag)
@@ -105,7 +116,6 @@ int frmPcgUN::KindOnceLoaded(int /*kind*/) const
 
 bool frmPcgUN::Form_QueryUnload()
 {
-    Modulo1 &app = App();
     app.ViewKind = Tag.Kind();
     app.CurrentOperation = "File Program - " + FileNameOf(Tag.Path()) + " (" + std::to_string(app.slot) + ")";
     return MayClose(Files(), *this, TagPosition::ProgramEdited);
@@ -114,20 +124,6 @@ bool frmPcgUN::Form_QueryUnload()
 bool frmPcgUN::IsCopySource() const
 {
     return Files().clipboard.ClipSlot == Slot(); // whatever the kind of the copy
-}
-
-MenuEntry &frmPcgUN::OwnCommand()
-{
-    frmMain &menu = App().frame;
-    if (Slot() == kNewPcg64Slot) {
-        return menu.mnuPcgNuovo64;
-    }
-    return Slot() == kNewPcg128Slot ? menu.mnuPcgNuovo128 : menu.mnuPcgUser[Slot()];
-}
-
-std::unique_ptr<Form> frmPcgUN::TakeOut()
-{
-    return std::move(Files().PcgWindows[static_cast<std::size_t>(Slot())]);
 }
 
 bool frmPcgUN::SelectsRow(std::size_t trimmedLength) const
@@ -141,8 +137,8 @@ void frmPcgUN::CommUser_Click(int index)
     TakeBank(index);
     const std::string path = Tag.Path();
     Work().Path.Set(path);
-    App().settings.PcgUserAssigned = true;
-    MenuEntry &entry = App().frame.mnuPcgUser[index];
+    app.settings.PcgUserAssigned = true;
+    MenuEntry &entry = app.frame.mnuPcgUser[index];
     StoreBank(index, entry, entry.caption.Get().substr(0, kUserCaption) + " " + FileNameOf(path));
 }
 

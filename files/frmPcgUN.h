@@ -31,8 +31,6 @@ private:
     [[nodiscard]] int KindOnceLoaded(int kind) const override;
     [[nodiscard]] bool SelectsRow(std::size_t trimmedLength) const override;
     [[nodiscard]] bool IsCopySource() const override;
-    [[nodiscard]] MenuEntry &OwnCommand() override;
-    [[nodiscard]] std::unique_ptr<Form> TakeOut() override;
 
     int places_ = 0;
     int buttonRow_ = 0; // height of the row of buttons, twips

@@ -23,9 +23,17 @@ constexpr int kButtonsInRow = 10;
 constexpr int kBankOffset = kFirstPrfUserSlot - 1; // from a bank's number to its slot
 constexpr std::size_t kIgnoredRow = 3;             // length of a trimmed row that a click ignores: a row of a file without items
 
+MenuEntry *CommandOf(frmMain &menu, int slot)
+{
+    if (slot == kNewPrfSlot) {
+        return &menu.mnuPrfNuovo;
+    }
+    return IsFileSlot(slot) ? nullptr : &menu.mnuPrfUser[slot - kBankOffset];
+}
+
 } // namespace
 
-frmPrfUN::frmPrfUN(FilesState &files, int slot) : DocumentForm("frmPrfUN", files, PerformanceType(), slot)
+frmPrfUN::frmPrfUN(FilesState &files, int slot) : DocumentForm("frmPrfUN", files, PerformanceType(), slot, CommandOf(files.app.frame, slot))
 {
     List1.accessibleName = "Performance";
     for (Button &button : CommUser) {
@@ -38,7 +46,7 @@ frmPrfUN::frmPrfUN(FilesState &files, int slot) : DocumentForm("frmPrfUN", files
 
 Size frmPrfUN::NaturalSize()
 {
-    const Size letter = App().face.MeasureA(List1.font);
+    const Size letter = app.face.MeasureA(List1.font);
     return {kListCharacters * letter.width + frame.width, kListHalfLines * letter.height / 2 + ButtonsHeight() + frame.height};
 }
 
@@ -81,21 +89,9 @@ void frmPrfUN::ShowFile(WindowTag &tag)
 
 bool frmPrfUN::Form_QueryUnload()
 {
-    Modulo1 &app = App();
     app.ViewKind = Tag.Kind();
     app.CurrentOperation = "File " + FileNameOf(Tag.Path()) + " (" + std::to_string(app.slot) + ")";
     return MayClose(Files(), *this, TagPosition::Modified); // the one view where No takes the mark of the change away
-}
-
-MenuEntry &frmPrfUN::OwnCommand()
-{
-    frmMain &menu = App().frame;
-    return Slot() == kNewPrfSlot ? menu.mnuPrfNuovo : menu.mnuPrfUser[Slot() - kBankOffset];
-}
-
-std::unique_ptr<Form> frmPrfUN::TakeOut()
-{
-    return std::move(Files().PrfWindows[static_cast<std::size_t>(Slot())]);
 }
 
 // Whether the slot is one that selects is left to recall.
@@ -120,7 +116,7 @@ void frmPrfUN::CommUser_Click(int index)
     Work().Path.Set(path);
     Work().Role = static_cast<std::uint8_t>(Tag.At(TagPosition::Role));
     Work().State = StoredState::Closed;
-    frmMain &menu = App().frame;
+    frmMain &menu = app.frame;
     StoreBank(bankSlot, menu.mnuPrfUser[index], std::to_string(index) + " " + FileNameOf(path));
     menu.mnuPrfUser120.enabled = true;
     menu.mnuPrfUserAll.enabled = true;

@@ -18,7 +18,8 @@ constexpr int kGap = 250; // between two lists; a label fills the one above its 
 } // namespace
 
 frmPrfUserAll::frmPrfUserAll(FilesState &files)
-    : OverviewForm("frmPrfUserAll", kNoNumber, files, PerformanceType(), ViewKind::PerformanceOverview, kFirstPrfUserSlot)
+    : OverviewForm("frmPrfUserAll", kNoNumber, files, PerformanceType(), ViewKind::PerformanceOverview, kFirstPrfUserSlot,
+                   files.app.frame.mnuPrfUserAll)
 {
     for (ListBox &list : List1) {
         AddList(list, Label1[list.index()]);
@@ -27,7 +28,7 @@ frmPrfUserAll::frmPrfUserAll(FilesState &files)
 
 OverviewForm::Grid frmPrfUserAll::NaturalGrid() const
 {
-    const Size letter = Files().app.face.MeasureA(Font{});
+    const Size letter = app.face.MeasureA(Font{});
     const Size list{kDrawnList.width * letter.width / kDrawnWith.width, kDrawnList.height * letter.height / kDrawnWith.height};
     return {kColumns, kRows, list, kGap, kGap};
 }
@@ -37,22 +38,9 @@ std::vector<std::string> frmPrfUserAll::RowsFor(ImageView image)
     return PerformanceOverviewRows(image);
 }
 
-MenuEntry &frmPrfUserAll::OwnCommand()
-{
-    return Files().app.frame.mnuPrfUserAll;
-}
-
-std::unique_ptr<Form> frmPrfUserAll::TakeOut()
-{
-    return std::move(Files().PrfUserAllWindow);
-}
-
 void ShowPrfUserAllWindow(FilesState &files)
 {
-    if (!files.PrfUserAllWindow) {
-        files.PrfUserAllWindow = std::make_unique<frmPrfUserAll>(files);
-    }
-    files.app.children.Show(*files.PrfUserAllWindow);
+    ShowChild<frmPrfUserAll>(files.PrfUserAllWindow, files);
 }
 
 } // namespace velluto

@@ -18,8 +18,6 @@ private:
     [[nodiscard]] Grid NaturalGrid() const override;
     [[nodiscard]] std::vector<std::string> RowsFor(ImageView image) override;
     [[nodiscard]] bool CentresLabels() const override { return false; }
-    [[nodiscard]] MenuEntry &OwnCommand() override;
-    [[nodiscard]] std::unique_ptr<Form> TakeOut() override;
 };
 
 // Brings the overview up, made afresh where there is none.

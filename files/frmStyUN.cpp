@@ -34,9 +34,20 @@ constexpr int kShowsSts = 0;
 constexpr const char *kSts = "STS";
 constexpr const char *kStyle = "Style";
 
+MenuEntry *CommandOf(frmMain &menu, int slot)
+{
+    if (slot == kNewStySlot) {
+        return &menu.mnuStyNuovo;
+    }
+    if (IsFileSlot(slot)) {
+        return nullptr;
+    }
+    return slot <= kLastStyUserSlot ? &menu.mnuStyUser[slot] : &menu.mnuStyDirectHD[slot - kFirstDirectHdSlot + 1];
+}
+
 } // namespace
 
-frmStyUN::frmStyUN(FilesState &files, int slot) : DocumentForm("frmStyUN", files, StyleType(), slot)
+frmStyUN::frmStyUN(FilesState &files, int slot) : DocumentForm("frmStyUN", files, StyleType(), slot, CommandOf(files.app.frame, slot))
 {
     List1.columns = kColumns;
     List1.accessibleName = kStyle;
@@ -62,7 +73,7 @@ void frmStyUN::NameStsButton(const std::string &view)
 
 Size frmStyUN::NaturalSize()
 {
-    const Size letter = App().face.MeasureA(List1.font);
+    const Size letter = app.face.MeasureA(List1.font);
     return {kListCharacters * letter.width + frame.width, kListLines * letter.height + ButtonsHeight() + frame.height};
 }
 
@@ -96,7 +107,7 @@ void frmStyUN::LayOutButtons(int width, int top)
 
 std::string frmStyUN::NewName() const
 {
-    return App().messages.Text(TextId::Untitled) + ".sty";
+    return app.messages.Text(TextId::Untitled) + ".sty";
 }
 
 void frmStyUN::ShowNew(WindowTag &tag)
@@ -167,23 +178,9 @@ void frmStyUN::EndCaptionWith(const std::string &end)
 
 bool frmStyUN::Form_QueryUnload()
 {
-    App().ViewKind = Tag.Kind();
-    App().CurrentOperation = "File Style: " + Tag.Path();
+    app.ViewKind = Tag.Kind();
+    app.CurrentOperation = "File Style: " + Tag.Path();
     return MayClose(Files(), *this, TagPosition::ProgramEdited);
-}
-
-MenuEntry &frmStyUN::OwnCommand()
-{
-    frmMain &menu = App().frame;
-    if (Slot() == kNewStySlot) {
-        return menu.mnuStyNuovo;
-    }
-    return Slot() <= kLastStyUserSlot ? menu.mnuStyUser[Slot()] : menu.mnuStyDirectHD[Slot() - kFirstDirectHdSlot + 1];
-}
-
-std::unique_ptr<Form> frmStyUN::TakeOut()
-{
-    return std::move(Files().StyWindows[static_cast<std::size_t>(Slot())]);
 }
 
 bool frmStyUN::SelectsRow(std::size_t trimmedLength) const
@@ -208,9 +205,9 @@ void frmStyUN::CommUser_Click(int index)
     const std::string path = Tag.Path();
     Work().Path.Set(path);
     Work().Role = static_cast<std::uint8_t>(Tag.At(TagPosition::Role));
-    MenuEntry &entry = App().frame.mnuStyUser[index];
+    MenuEntry &entry = app.frame.mnuStyUser[index];
     StoreBank(index, entry, entry.caption.Get().substr(0, kUserCaption) + " " + FileNameOf(path));
-    App().frame.mnuStyUserAll.enabled = true;
+    app.frame.mnuStyUserAll.enabled = true;
 }
 
 // Ties this file to a Direct HD bank, which keeps its own role.
@@ -220,7 +217,7 @@ void frmStyUN::CommDirectHD_Click(int index)
     TakeBank(index);
     const std::string path = Tag.Path();
     Work().Path.Set(path);
-    frmMain &menu = App().frame;
+    frmMain &menu = app.frame;
     const int before = index - kFirstDirectHdSlot;
     MenuEntry &entry = menu.mnuStyDirectHD[before + 1];
     StoreBank(index, entry, entry.caption.Get().substr(0, kDirectHdCaption) + " " + FileNameOf(path));

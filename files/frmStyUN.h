@@ -32,8 +32,6 @@ private:
     [[nodiscard]] int ButtonsHeight() const override;
     void LayOutButtons(int width, int top) override;
     [[nodiscard]] bool SelectsRow(std::size_t trimmedLength) const override;
-    [[nodiscard]] MenuEntry &OwnCommand() override;
-    [[nodiscard]] std::unique_ptr<Form> TakeOut() override;
 
     void NameStsButton(const std::string &view);
     void ShowStyles();

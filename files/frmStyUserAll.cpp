@@ -33,9 +33,17 @@ std::size_t WindowIndex(int kind)
     return static_cast<std::size_t>(kind - ViewKind::StyleOverview);
 }
 
+MenuEntry &CommandOf(frmMain &menu, int kind)
+{
+    const std::array<MenuEntry *, 4> commands{&menu.mnuStyUserAll, &menu.mnuStyDirectHD123, &menu.mnuStyDirectHD456,
+                                              &menu.mnuStyDirectHD789};
+    return *commands.at(WindowIndex(kind));
+}
+
 } // namespace
 
-frmStyUserAll::frmStyUserAll(FilesState &files, int kind) : OverviewForm("frmStyUserAll", kind, files, StyleType(), kind, FirstSlot(kind))
+frmStyUserAll::frmStyUserAll(FilesState &files, int kind)
+    : OverviewForm("frmStyUserAll", kind, files, StyleType(), kind, FirstSlot(kind), CommandOf(files.app.frame, kind))
 {
     for (ListBox &list : List1) {
         list.columns = kListColumns;
@@ -46,7 +54,7 @@ frmStyUserAll::frmStyUserAll(FilesState &files, int kind) : OverviewForm("frmSty
 
 OverviewForm::Grid frmStyUserAll::NaturalGrid() const
 {
-    const Size letter = Files().app.face.MeasureA(ListFont());
+    const Size letter = app.face.MeasureA(ListFont());
     return {kStyOverviewLists, 1, {kListCharacters * letter.width, kListHalfLines * letter.height / 2}, kLabelHeight, kGap};
 }
 
@@ -57,33 +65,9 @@ std::vector<std::string> frmStyUserAll::RowsFor(ImageView image)
     return RowsOf(Files().RowBuffer);
 }
 
-MenuEntry &frmStyUserAll::OwnCommand()
-{
-    frmMain &menu = Files().app.frame;
-    switch (Kind()) {
-    case ViewKind::StyleOverview:
-        return menu.mnuStyUserAll;
-    case ViewKind::StyleOverview + 1:
-        return menu.mnuStyDirectHD123;
-    case ViewKind::StyleOverview + 2:
-        return menu.mnuStyDirectHD456;
-    default:
-        return menu.mnuStyDirectHD789;
-    }
-}
-
-std::unique_ptr<Form> frmStyUserAll::TakeOut()
-{
-    return std::move(Files().StyUserAllWindows.at(WindowIndex(Kind())));
-}
-
 void ShowStyUserAllWindow(FilesState &files, int kind)
 {
-    std::unique_ptr<frmStyUserAll> &window = files.StyUserAllWindows.at(WindowIndex(kind));
-    if (!window) {
-        window = std::make_unique<frmStyUserAll>(files, kind);
-    }
-    files.app.children.Show(*window);
+    ShowChild<frmStyUserAll>(files.StyUserAllWindows.at(WindowIndex(kind)), files, kind);
 }
 
 } // namespace velluto

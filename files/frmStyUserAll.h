@@ -19,8 +19,6 @@ private:
     [[nodiscard]] Grid NaturalGrid() const override;
     [[nodiscard]] std::vector<std::string> RowsFor(ImageView image) override;
     [[nodiscard]] bool CentresLabels() const override { return true; }
-    [[nodiscard]] MenuEntry &OwnCommand() override;
-    [[nodiscard]] std::unique_ptr<Form> TakeOut() override;
 };
 
 // Brings the overview of that kind up, made afresh where there is none.

@@ -10,10 +10,7 @@ KeyboardState::~KeyboardState() = default;
 
 void mnuTastiera_Click(KeyboardState &keyboard)
 {
-    if (keyboard.window == nullptr) {
-        keyboard.window = std::make_unique<frmTastiera>(keyboard);
-    }
-    keyboard.midi.app.children.Show(*keyboard.window);
+    ShowChild<frmTastiera>(keyboard.window, keyboard);
 }
 
 } // namespace velluto

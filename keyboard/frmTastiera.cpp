@@ -39,7 +39,9 @@ std::string WithoutAccessMark(std::string text)
 
 } // namespace
 
-frmTastiera::frmTastiera(KeyboardState &keyboard) : Form("frmTastiera"), midi(keyboard.midi), keyboard_(keyboard), app_(keyboard.midi.app)
+frmTastiera::frmTastiera(KeyboardState &keyboard)
+    : ChildForm("frmTastiera", kNoNumber, keyboard.midi.app, &keyboard.midi.app.frame.mnuTastiera), midi(keyboard.midi),
+      entry_(app.settings.PlacementTable.at(PlacementEntry::Keyboard))
 {
     for (int channel = 1; channel <= kChannels; ++channel) {
         Combo1.rows.push_back((channel < 10 ? "  " : " ") + std::to_string(channel));
@@ -92,13 +94,13 @@ void frmTastiera::ConnectKeys()
 
 void frmTastiera::ConnectControls()
 {
-    Combo1.Click = [this] { app_.settings.KeyboardRecord.at(kChannelByte) = NearestIn<std::uint8_t>(Combo1.ListIndex); };
+    Combo1.Click = [this] { app.settings.KeyboardRecord.at(kChannelByte) = NearestIn<std::uint8_t>(Combo1.ListIndex); };
     HScroll1.Change = [this] { HScroll1_Change(*this); };
     CheckClickKey.Click = [this] { CheckClickKey_Click(*this); };
     CheckHoldNote.Click = [this] { CheckHoldNote_Click(*this); };
     CommHoldChord.Click = [this] { CommHoldChord_Click(*this); };
     CommAllNoteOff.Click = [this] { CommAllNoteOff_Click(*this); };
-    CommClose.Click = [this] { app_.children.Unload(*this); };
+    CommClose.Click = [this] { app.children.Unload(*this); };
 }
 
 void frmTastiera::ConnectSliders()
@@ -115,7 +117,7 @@ void frmTastiera::ConnectSliders()
 // The settings file is not checked as it is read: a byte that no control can show gives the nearest that it can.
 void frmTastiera::TakeRecord()
 {
-    const auto byte = [this](std::size_t at) { return static_cast<int>(app_.settings.KeyboardRecord.at(at)); };
+    const auto byte = [this](std::size_t at) { return static_cast<int>(app.settings.KeyboardRecord.at(at)); };
     HScroll1.value = std::min(byte(kShiftByte), kHighestShift);
     notes.BaseNote = HScroll1.value * kNotesPerOctave + kLowestNote;
     Combo1.ListIndex = std::min(byte(kChannelByte), kChannels - 1);
@@ -133,33 +135,24 @@ void frmTastiera::TakePlace()
 {
     const Size inner = LayOutKeyboard(*this);
     natural_ = Size{inner.width + frame.width, inner.height + frame.height};
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Keyboard);
-    if (entry.MinWidth == 0) {
-        entry.Top = 0;
-        entry.Left = 0;
-        entry.Width = NearestIn<std::uint16_t>(natural_.width);
-        entry.Height = NearestIn<std::uint16_t>(natural_.height);
-        entry.MinWidth = entry.Width;
-        entry.MinHeight = entry.Height;
-    }
-    place = Place{entry.Left, entry.Top, natural_.width, natural_.height};
-    entry.State = StoredState::Normal;
+    PlaceFirst(entry_, natural_);
+    place = Place{entry_.Left, entry_.Top, natural_.width, natural_.height};
+    entry_.State = StoredState::Normal;
 }
 
 void frmTastiera::TakeLanguage()
 {
-    const std::string title = app_.messages.Text(TextId::Keyboard);
+    const std::string title = app.messages.Text(TextId::Keyboard);
     caption = std::string(kProgramTitle) + " - " + title;
     Frame1.accessibleName = WithoutAccessMark(title);
-    CommClose.caption = app_.messages.Text(TextId::Close);
-    LabelOctave.caption = std::string(app_.messages.LinguaBase == 0 ? "Ottava" : "Octave");
+    CommClose.caption = app.messages.Text(TextId::Close);
+    LabelOctave.caption = std::string(app.messages.LinguaBase == 0 ? "Ottava" : "Octave");
     HScroll1.accessibleName = LabelOctave.caption;
     SetSliderTips(*this);
 }
 
-void frmTastiera::Form_Load()
+bool frmTastiera::LoadWindow()
 {
-    app_.children.RestoringLayout = true;
     TakePlace();
     Tag = ToolTag(ViewKind::Keyboard);
     TakeLanguage();
@@ -176,47 +169,37 @@ void frmTastiera::Form_Load()
         CheckHoldNote.enabled = false;
         CommHoldChord.enabled = false;
     }
-    CountIn();
-    app_.children.RestoringLayout = false;
-}
-
-void frmTastiera::CountIn()
-{
-    app_.frame.mnuTastiera.enabled = false;
-    ++app_.children.ChildCount;
     countedIn_ = true;
-}
-
-void frmTastiera::CountOut()
-{
-    app_.frame.mnuTastiera.enabled = true;
-    StorePosition(app_.settings.PlacementTable.at(PlacementEntry::Keyboard), *this);
-    --app_.children.ChildCount;
-    countedIn_ = false;
-    RefreshAfterClose(app_);
+    return true;
 }
 
 bool frmTastiera::Form_QueryUnload()
 {
     CommAllNoteOff_Click(*this);
-    std::array<std::uint8_t, 16> &record = app_.settings.KeyboardRecord;
+    std::array<std::uint8_t, 16> &record = app.settings.KeyboardRecord;
     record.at(kChannelByte) = NearestIn<std::uint8_t>(Combo1.ListIndex);
     record.at(kClickKeyByte) = CheckClickKey.value ? 1 : 0;
     record.at(kHoldNoteByte) = CheckHoldNote.value ? 1 : 0;
     record.at(kShiftByte) = NearestIn<std::uint8_t>(HScroll1.value);
     record.at(kSplitByte) = NearestIn<std::uint8_t>(VScroll1.value);
     if (countedIn_) {
+        StorePosition(entry_, *this);
         CountOut();
+        countedIn_ = false;
     }
     return true;
 }
 
 void frmTastiera::Form_Unload()
 {
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Keyboard);
-    StorePosition(entry, *this);
-    entry.State = StoredState::Closed;
-    app_.children.Bury(std::move(keyboard_.window));
+    UnloadWindow();
+    app.children.Bury(TakeOut());
+}
+
+void frmTastiera::UnloadWindow()
+{
+    StorePosition(entry_, *this);
+    entry_.State = StoredState::Closed;
 }
 
 void frmTastiera::Form_Activate()
@@ -224,26 +207,18 @@ void frmTastiera::Form_Activate()
     // The end of the program was called off after this window had been asked: it counts again.
     if (!countedIn_) {
         CountIn();
+        countedIn_ = true;
     }
-    RefreshWindowMenu(app_);
+    ChildForm::Form_Activate();
 }
 
 // The window has one size.
-void frmTastiera::Form_Resize()
+void frmTastiera::Resized()
 {
-    if (app_.children.RestoringLayout) {
-        return;
-    }
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Keyboard);
-    StoreState(entry, *this);
+    StoreState(entry_, *this);
     if (windowState == WindowState::Normal) {
         place = Place{Left(), Top(), natural_.width, natural_.height};
     }
-}
-
-void frmTastiera::Form_MouseDown(int button)
-{
-    PopUpEditMenu(app_, button);
 }
 
 void frmTastiera::Form_MouseMove()

@@ -2,6 +2,7 @@
 // form declares its controls and carries their events to the routines of this room.
 #pragma once
 
+#include "app/ChildForm.h"
 #include "keyboard/KeyModel.h"
 #include "keyboard/KeyboardState.h"
 #include "view/ControlArray.h"
@@ -22,15 +23,13 @@ struct NoteState {
     bool ClickGuard = false;    // the next click of a check box is the program's own
 };
 
-class frmTastiera : public Form {
+class frmTastiera : public ChildForm {
 public:
     explicit frmTastiera(KeyboardState &keyboard);
-    void Form_Load() override;
+    // The window has a count of its own: it goes out of it when it is asked, and comes back where it stays.
     bool Form_QueryUnload() override;
     void Form_Unload() override;
     void Form_Activate() override;
-    void Form_Resize() override;
-    void Form_MouseDown(int button) override;
     void Form_MouseMove() override;
 
     MidiState &midi;
@@ -60,18 +59,17 @@ public:
     Button CommClose{*this, "CommClose"};
 
 private:
+    bool LoadWindow() override;
+    void UnloadWindow() override;
+    void Resized() override;
     void ConnectKeys();
     void ConnectControls();
     void ConnectSliders();
     void TakePlace();
     void TakeLanguage();
     void TakeRecord();
-    // The window among the children and in the menu.
-    void CountIn();
-    void CountOut();
 
-    KeyboardState &keyboard_;
-    Modulo1 &app_;
+    WindowPlacement &entry_;
     Size natural_; // outer size
     bool countedIn_ = false;
 };

@@ -25,7 +25,9 @@ constexpr int kColumnPitch = kLabelWidth + kComboWidth + 2 * kMargin;
 
 } // namespace
 
-frmMIDISetup::frmMIDISetup(MidiState &midi) : Form("frmMIDISetup"), midi_(midi), app_(midi.app)
+frmMIDISetup::frmMIDISetup(MidiState &midi)
+    : ChildForm("frmMIDISetup", kNoNumber, midi.app, &midi.app.frame.mnuMIDISetup),
+      entry_(midi.app.settings.PlacementTable.at(PlacementEntry::ChannelSetup))
 {
     caption = "MIDI setup";
     const auto popUp = [this](int button) { Form_MouseDown(button); };
@@ -46,42 +48,38 @@ void frmMIDISetup::LayOut()
         const int top = kMargin + row * kRowPitch;
         Label1Ch[channel].place = Place{left, top + (kComboHeight - kLabelHeight) / 2, kLabelWidth, kLabelHeight};
         Combo1[channel].place = Place{left + kLabelWidth, top, kComboWidth, kComboHeight};
-        Combo1[channel].accessibleName = app_.messages.Text(TextId::MidiChannel) + " " + std::to_string(channel);
+        Combo1[channel].accessibleName = app.messages.Text(TextId::MidiChannel) + " " + std::to_string(channel);
     }
 }
 
-void frmMIDISetup::Form_Load()
+bool frmMIDISetup::LoadWindow()
 {
-    app_.children.RestoringLayout = true;
     LayOut();
     const Place last = Combo1[kChannels].place;
     const int naturalWidth = last.left + last.width + kMargin + frame.width;
     const int naturalHeight = last.top + last.height + kMargin + frame.height;
 
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup);
-    if (entry.MinWidth == 0) {
-        entry.Top = 0;
-        entry.Left = 0;
-        entry.MinWidth = NearestIn<std::uint16_t>(naturalWidth);
+    if (entry_.MinWidth == 0) {
+        entry_.Top = 0;
+        entry_.Left = 0;
+        entry_.MinWidth = NearestIn<std::uint16_t>(naturalWidth);
     }
-    place = Place{entry.Left, entry.Top, naturalWidth, naturalHeight};
-    entry.State = StoredState::Normal;
+    place = Place{entry_.Left, entry_.Top, naturalWidth, naturalHeight};
+    entry_.State = StoredState::Normal;
 
     for (int channel = 1; channel <= kChannels; ++channel) {
-        const int role = app_.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1));
+        const int role = app.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1));
         Combo1[channel].ListIndex = std::min(role, kRoleCount - 1);
     }
     Tag = ToolTag(ViewKind::ChannelSetup);
-    app_.frame.mnuMIDISetup.enabled = false;
-    ++app_.children.ChildCount;
-    app_.children.RestoringLayout = false;
+    return true;
 }
 
 void frmMIDISetup::TakeOverRoles()
 {
     for (int channel = 1; channel <= kChannels; ++channel) {
         const int role = std::clamp<int>(Combo1[channel].ListIndex, 0, kRoleCount - 1);
-        app_.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1)) = static_cast<std::uint8_t>(role);
+        app.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1)) = static_cast<std::uint8_t>(role);
     }
 }
 
@@ -92,39 +90,21 @@ void frmMIDISetup::Form_Deactivate()
 
 void frmMIDISetup::Form_LostFocus()
 {
-    if (app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup).State == StoredState::Normal) {
+    if (entry_.State == StoredState::Normal) {
         TakeOverRoles();
     }
 }
 
-void frmMIDISetup::Form_Unload()
+void frmMIDISetup::UnloadWindow()
 {
     TakeOverRoles();
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::ChannelSetup);
-    StorePosition(entry, *this);
-    entry.State = StoredState::Closed;
-    app_.frame.mnuMIDISetup.enabled = true;
-    --app_.children.ChildCount;
-    RefreshAfterClose(app_);
-    app_.children.Bury(std::move(midi_.setup));
-}
-
-void frmMIDISetup::Form_Activate()
-{
-    RefreshWindowMenu(app_);
-}
-
-void frmMIDISetup::Form_MouseDown(int button)
-{
-    PopUpEditMenu(app_, button);
+    StorePosition(entry_, *this);
+    entry_.State = StoredState::Closed;
 }
 
 void mnuMIDISetup_Click(MidiState &midi)
 {
-    if (midi.setup == nullptr) {
-        midi.setup = std::make_unique<frmMIDISetup>(midi);
-    }
-    midi.app.children.Show(*midi.setup);
+    ShowChild<frmMIDISetup>(midi.setup, midi);
 }
 
 } // namespace velluto

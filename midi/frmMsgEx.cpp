@@ -16,17 +16,13 @@ constexpr int kBelowText = 400;     // twips that the text box leaves free at th
 
 } // namespace
 
-frmMsgEx::frmMsgEx(MidiState &midi) : Form("frmMsgEx"), midi_(midi), app_(midi.app)
+frmMsgEx::frmMsgEx(MidiState &midi)
+    : ChildForm("frmMsgEx", kNoNumber, midi.app, &midi.app.frame.mnuMsgEx), midi_(midi),
+      entry_(midi.app.settings.PlacementTable.at(PlacementEntry::Monitor))
 {
     Text1.multiLine = true;
     Text1.readOnly = true;
     Text1.MouseDown = [this](int button) { Form_MouseDown(button); };
-}
-
-Size frmMsgEx::NaturalTextSize() const
-{
-    const Size a = app_.face.MeasureA(Text1.font);
-    return {kNaturalColumns * a.width, kNaturalRows * a.height};
 }
 
 void frmMsgEx::LayOut()
@@ -36,78 +32,42 @@ void frmMsgEx::LayOut()
     }
 }
 
-void frmMsgEx::Form_Load()
+bool frmMsgEx::LoadWindow()
 {
-    app_.children.RestoringLayout = true;
     Text1.font = kMonitorFont;
-    Text1.accessibleName = app_.messages.Text(TextId::MidiMessages);
+    Text1.accessibleName = app.messages.Text(TextId::MidiMessages);
 
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Monitor);
-    if (entry.MinWidth == 0) {
-        const Size text = NaturalTextSize();
-        entry.Top = 0;
-        entry.Left = 0;
-        entry.Width = NearestIn<std::uint16_t>(text.width + frame.width);
-        entry.Height = NearestIn<std::uint16_t>(text.height + frame.height);
-        entry.MinWidth = entry.Width;
-        entry.MinHeight = entry.Height;
-    }
-    place = Place{entry.Left, entry.Top, entry.Width, entry.Height};
-    entry.State = StoredState::Normal;
+    const Size a = app.face.MeasureA(Text1.font);
+    PlaceFirst(entry_, {kNaturalColumns * a.width + frame.width, kNaturalRows * a.height + frame.height});
+    place = PlaceOf(entry_);
+    entry_.State = StoredState::Normal;
     Text1.text = "";
     LayOut();
 
-    caption = app_.messages.Text(TextId::MidiMessages) + " - " + std::string(kProgramTitle);
+    caption = app.messages.Text(TextId::MidiMessages) + " - " + std::string(kProgramTitle);
     Tag = ToolTag(ViewKind::Monitor);
-    ++app_.children.ChildCount;
     midi_.MonitorEnabled = true;
-    app_.children.RestoringLayout = false;
+    return true;
 }
 
-void frmMsgEx::Form_Unload()
+void frmMsgEx::UnloadWindow()
 {
-    app_.frame.mnuMsgEx.enabled = true;
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Monitor);
-    StorePosition(entry, *this);
-    StoreSize(entry, *this);
-    entry.State = StoredState::Closed;
-    --app_.children.ChildCount;
+    StorePlace(entry_, *this);
+    entry_.State = StoredState::Closed;
     midi_.MonitorEnabled = false;
-    RefreshAfterClose(app_);
-    app_.children.Bury(std::move(midi_.monitor));
 }
 
-void frmMsgEx::Form_Activate()
+void frmMsgEx::Resized()
 {
-    RefreshWindowMenu(app_);
-}
-
-void frmMsgEx::Form_Resize()
-{
-    if (app_.children.RestoringLayout) {
-        return;
-    }
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Monitor);
-    const int leastWidth = entry.MinWidth;
-    const int leastHeight = entry.MinHeight;
-    place = Place{Left(), Top(), std::max(Width(), leastWidth), std::max(Height(), leastHeight)};
-    StoreSize(entry, *this);
-    StoreState(entry, *this);
+    place = Place{Left(), Top(), std::max<int>(Width(), entry_.MinWidth), std::max<int>(Height(), entry_.MinHeight)};
+    StoreSize(entry_, *this);
+    StoreState(entry_, *this);
     LayOut();
-}
-
-void frmMsgEx::Form_MouseDown(int button)
-{
-    PopUpEditMenu(app_, button);
 }
 
 void mnuMsgEx_Click(MidiState &midi)
 {
-    if (midi.monitor == nullptr) {
-        midi.monitor = std::make_unique<frmMsgEx>(midi);
-    }
-    midi.app.children.Show(*midi.monitor);
-    midi.app.frame.mnuMsgEx.enabled = false;
+    ShowChild<frmMsgEx>(midi.monitor, midi);
 }
 
 } // namespace velluto

@@ -4,23 +4,24 @@
 
 namespace velluto {
 
-void StoreResized(WindowPlacement &entry, const Form &form)
+NotesWindow::NotesWindow(std::string name, NotesState &notes, int entry, MenuEntry &command)
+    : ChildForm(std::move(name), kNoNumber, notes.app, &command), notes_(notes),
+      entry_(notes.app.settings.PlacementTable.at(static_cast<std::size_t>(entry)))
 {
-    StorePosition(entry, form);
-    StoreSize(entry, form);
-    StoreState(entry, form);
 }
 
-void LeaveFrame(Modulo1 &app, WindowPlacement &entry, const Form &form, MenuEntry &command)
+void NotesWindow::UnloadWindow()
 {
-    StorePosition(entry, form);
-    StoreSize(entry, form);
+    StorePlace(entry_, *this);
     if (!app.children.ClosingAll) {
-        entry.State = StoredState::Closed;
+        entry_.State = StoredState::Closed;
     }
-    command.enabled = true;
-    --app.children.ChildCount;
-    RefreshAfterClose(app);
+}
+
+void NotesWindow::StoreResized()
+{
+    StorePlace(entry_, *this);
+    StoreState(entry_, *this);
 }
 
 } // namespace velluto

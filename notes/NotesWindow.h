@@ -1,14 +1,26 @@
 // What the windows of this room do alike: what their placement entry says of them, and how they go.
 #pragma once
 
-#include "app/Modulo1.h"
+#include "app/ChildForm.h"
+#include "notes/Notes.h"
 
 namespace velluto {
 
-// Stores place, size and State of a window that was resized. Maximised it keeps the State that it had.
-void StoreResized(WindowPlacement &entry, const Form &form);
+class NotesWindow : public ChildForm {
+public:
+    void Form_MouseDown(int /*button*/) final {} // the Edit menu has nothing for them
 
-// A window's end: stores its place and lets its command be chosen again. The State stays where the frame closes with it.
-void LeaveFrame(Modulo1 &app, WindowPlacement &entry, const Form &form, MenuEntry &command);
+protected:
+    // entry is that of the placement table.
+    NotesWindow(std::string name, NotesState &notes, int entry, MenuEntry &command);
+
+    // Stores the place. The State stays where the frame closes with the window, so that it tells what was open then.
+    void UnloadWindow() override;
+    // Stores place, size and State. Maximised the window keeps the State that it had.
+    void StoreResized();
+
+    NotesState &notes_;
+    WindowPlacement &entry_;
+};
 
 } // namespace velluto

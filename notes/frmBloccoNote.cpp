@@ -2,9 +2,9 @@
 
 #include "app/Catalogue.h"
 #include "app/Characters.h"
+#include "app/StoredPlace.h"
 #include "files/ErrorTrap.h"
 #include "notes/NotebookText.h"
-#include "notes/NotesWindow.h"
 
 #include <algorithm>
 #include <string_view>
@@ -16,8 +16,7 @@ namespace {
 constexpr Font kNotebookFont{"Courier New", 10, 400};
 
 // Twips.
-constexpr std::uint16_t kNaturalWidth = 12000;
-constexpr std::uint16_t kNaturalHeight = 9000;
+constexpr Size kNaturalSize{12000, 9000};
 constexpr int kMargin = 60;
 constexpr int kLineHeight = 300; // of the line below the text
 
@@ -49,7 +48,8 @@ std::string Filled(std::string_view words, std::string_view insert)
 
 } // namespace
 
-frmBloccoNote::frmBloccoNote(NotesState &notes) : Form("frmBloccoNote"), notes_(notes), app_(notes.app)
+frmBloccoNote::frmBloccoNote(NotesState &notes)
+    : NotesWindow("frmBloccoNote", notes, PlacementEntry::Notebook, notes.app.frame.mnuBloccoNote)
 {
     Text1.multiLine = true;
     Text1.takesTabs = true;
@@ -65,23 +65,13 @@ void frmBloccoNote::LayOut()
     lblStato.place = Place{kMargin, kMargin + height, width, kLineHeight};
 }
 
-void frmBloccoNote::Form_Load()
+bool frmBloccoNote::LoadWindow()
 {
-    app_.children.RestoringLayout = true;
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Notebook);
-    if (entry.MinWidth == 0) {
-        entry.Top = 0;
-        entry.Left = 0;
-        entry.Width = kNaturalWidth;
-        entry.MinWidth = kNaturalWidth;
-        entry.Height = kNaturalHeight;
-        entry.MinHeight = kNaturalHeight;
-    }
-    place = Place{entry.Left, entry.Top, entry.Width, entry.Height};
-    entry.State = StoredState::Normal;
+    PlaceFirst(entry_, kNaturalSize);
+    place = PlaceOf(entry_);
+    entry_.State = StoredState::Normal;
     Tag = ToolTag(ViewKind::Notebook);
-    app_.frame.mnuBloccoNote.enabled = false;
-    const std::string title = app_.messages.Text(TextId::Notebook);
+    const std::string title = app.messages.Text(TextId::Notebook);
     caption = std::string(kProgramTitle) + " - " + title;
     Text1.accessibleName = title;
     LayOut();
@@ -90,7 +80,7 @@ void frmBloccoNote::Form_Load()
     if (shown.isWhole) {
         Text1.text = shown.text;
         if (notes_.NotebookHasRest) {
-            lblStato.caption = std::string(WordsOf(app_).rest);
+            lblStato.caption = std::string(WordsOf(app).rest);
         } else {
             TellUse(CharactersOfText(shown.text).size());
         }
@@ -98,52 +88,39 @@ void frmBloccoNote::Form_Load()
         Text1.readOnly = true;
         Text1.Change = nullptr;
         Text1.text = shown.text;
-        lblStato.caption = std::string(WordsOf(app_).tooLong);
+        lblStato.caption = std::string(WordsOf(app).tooLong);
     }
-    app_.children.RestoringLayout = false;
-    ++app_.children.ChildCount;
+    return true;
 }
 
 // Written at every close, changed or not. Where that fails the text stays in its window, so that it can be saved in
 // another way; closed once more without a change it is given up, since a program has to come to its end.
 bool frmBloccoNote::Form_QueryUnload()
 {
-    app_.CurrentOperation = app_.messages.Text(TextId::Saving) + FileNameOf(app_.paths.NotebookPath);
+    app.CurrentOperation = app.messages.Text(TextId::Saving) + FileNameOf(app.paths.NotebookPath);
     const bool written =
-        Trapped([this] { return WriteNotebook(app_.ports.files, app_.paths.NotebookPath, notes_.NotebookText); }, ClassifyingJudge{app_});
+        Trapped([this] { return WriteNotebook(app.ports.files, app.paths.NotebookPath, notes_.NotebookText); }, ClassifyingJudge{app});
     const bool givenUp = notWritten_;
     notWritten_ = !written;
     return written || givenUp;
 }
 
-void frmBloccoNote::Form_Unload()
+void frmBloccoNote::UnloadWindow()
 {
-    LeaveFrame(app_, app_.settings.PlacementTable.at(PlacementEntry::Notebook), *this, app_.frame.mnuBloccoNote);
+    NotesWindow::UnloadWindow();
     notes_.NotebookText.clear();
-    app_.children.Bury(std::move(notes_.notebook));
 }
 
-void frmBloccoNote::Form_Activate()
+void frmBloccoNote::Resized()
 {
-    RefreshWindowMenu(app_);
-}
-
-void frmBloccoNote::Form_Resize()
-{
-    if (app_.children.RestoringLayout) {
-        return;
-    }
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Notebook);
-    const int leastWidth = entry.MinWidth;
-    const int leastHeight = entry.MinHeight;
-    place = Place{Left(), Top(), std::max(Width(), leastWidth), std::max(Height(), leastHeight)};
+    place = Place{Left(), Top(), std::max<int>(Width(), entry_.MinWidth), std::max<int>(Height(), entry_.MinHeight)};
     LayOut();
-    StoreResized(entry, *this);
+    StoreResized();
 }
 
 void frmBloccoNote::TellUse(std::size_t characters)
 {
-    lblStato.caption = Filled(WordsOf(app_).use, std::to_string(characters));
+    lblStato.caption = Filled(WordsOf(app).use, std::to_string(characters));
 }
 
 void frmBloccoNote::Text1_Change()
@@ -158,7 +135,7 @@ void frmBloccoNote::Text1_Change()
     // The write of the text that is left comes back here.
     Text1.caret = taken.caret;
     Text1.text = Utf8Of(taken.text);
-    const Words &words = WordsOf(app_);
+    const Words &words = WordsOf(app);
     lblStato.caption = taken.refused != 0 ? Filled(words.refused, Utf8Of({&taken.refused, 1})) : std::string(words.full);
 }
 
@@ -173,9 +150,8 @@ void mnuBloccoNote_Click(NotesState &notes)
         }
         notes.NotebookText = std::move(file.record);
         notes.NotebookHasRest = file.hasRest;
-        notes.notebook = std::make_unique<frmBloccoNote>(notes);
     }
-    app.children.Show(*notes.notebook);
+    ShowChild<frmBloccoNote>(notes.notebook, notes);
 }
 
 } // namespace velluto

@@ -4,7 +4,6 @@
 #include "app/Characters.h"
 #include "files/ErrorTrap.h"
 #include "notes/GuideText.h"
-#include "notes/NotesWindow.h"
 
 #include <algorithm>
 
@@ -28,7 +27,7 @@ const std::string &GuideFile(const Modulo1 &app)
 
 } // namespace
 
-frmGuida::frmGuida(NotesState &notes) : Form("frmGuida"), notes_(notes), app_(notes.app)
+frmGuida::frmGuida(NotesState &notes) : NotesWindow("frmGuida", notes, PlacementEntry::Guide, notes.app.frame.mnuGuida)
 {
     Text1.multiLine = true;
     Text1.readOnly = true;
@@ -53,44 +52,26 @@ void frmGuida::LayOut()
     Text1.place = inside;
 }
 
-void frmGuida::Form_Load()
+bool frmGuida::LoadWindow()
 {
-    app_.children.RestoringLayout = true;
-    app_.settings.PlacementTable.at(PlacementEntry::Guide).State = StoredState::Normal;
+    entry_.State = StoredState::Normal;
     // Always in the same place, whatever the entry holds.
-    const int height = app_.face.Workspace().height - app_.frame.Picture1.place.Get().height - kBelow;
+    const int height = app.face.Workspace().height - app.frame.Picture1.place.Get().height - kBelow;
     place = Place{0, 0, kWidth, std::max(height, kLeastHeight)};
-    app_.frame.mnuGuida.enabled = false;
     LayOut();
-    Text1.accessibleName = app_.messages.Text(TextId::UserGuide);
+    Text1.accessibleName = app.messages.Text(TextId::UserGuide);
     Text1.text = ShownGuide(notes_.GuideText);
     notes_.GuideText.clear();
 
-    caption = app_.messages.Text(TextId::UserGuide) + " - " + std::string(kProgramTitle);
+    caption = app.messages.Text(TextId::UserGuide) + " - " + std::string(kProgramTitle);
     Tag = ToolTag(ViewKind::Guide);
-    ++app_.children.ChildCount;
-    app_.children.RestoringLayout = false;
+    return true;
 }
 
-void frmGuida::Form_Unload()
+void frmGuida::Resized()
 {
-    LeaveFrame(app_, app_.settings.PlacementTable.at(PlacementEntry::Guide), *this, app_.frame.mnuGuida);
-    app_.children.Bury(std::move(notes_.guide));
-}
-
-void frmGuida::Form_Activate()
-{
-    RefreshWindowMenu(app_);
-}
-
-void frmGuida::Form_Resize()
-{
-    if (app_.children.RestoringLayout) {
-        return;
-    }
     LayOut();
-    WindowPlacement &entry = app_.settings.PlacementTable.at(PlacementEntry::Guide);
-    StoreResized(entry, *this);
+    StoreResized();
 }
 
 // The text is for reading: whatever the key, nothing becomes of it. To scroll by key is the face's business.
@@ -125,10 +106,7 @@ void mnuGuida_Click(NotesState &notes)
         return;
     }
     notes.GuideLength = static_cast<std::int32_t>(notes.GuideText.size());
-    if (notes.guide == nullptr) {
-        notes.guide = std::make_unique<frmGuida>(notes);
-    }
-    app.children.Show(*notes.guide);
+    ShowChild<frmGuida>(notes.guide, notes);
 }
 
 } // namespace velluto

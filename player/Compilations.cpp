@@ -6,8 +6,8 @@
 #include "player/CompilationRows.h"
 #include "player/ListRows.h"
 #include "player/PlayerErrors.h"
-#include "player/Raised.h"
 #include "player/frmMIDIPlayer.h"
+#include "view/Raised.h"
 
 #include <algorithm>
 #include <iterator>

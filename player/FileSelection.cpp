@@ -5,9 +5,9 @@
 #include "player/ListRows.h"
 #include "player/Marks.h"
 #include "player/PlayerClock.h"
-#include "player/Raised.h"
 #include "player/Transport.h"
 #include "player/frmMIDIPlayer.h"
+#include "view/Raised.h"
 
 namespace velluto {
 

@@ -23,8 +23,8 @@ constexpr int kTimePoints = 22; // the elapsed time is read from afar
 } // namespace
 
 frmMIDIPlayer::frmMIDIPlayer(PlayerState &player)
-    : Form("frmMIDIPlayer"), state(player), app(player.app), MMControl1(*this, "MMControl1", player.app.ports.sequencer),
-      entry_(player.app.settings.PlacementTable.at(PlacementEntry::Player))
+    : ChildForm("frmMIDIPlayer", kNoNumber, player.app, &player.app.frame.mnuMidiPlayer), state(player),
+      MMControl1(*this, "MMControl1", player.app.ports.sequencer), entry_(player.app.settings.PlacementTable.at(PlacementEntry::Player))
 {
     Dress();
     AttachHandlers();
@@ -137,9 +137,8 @@ void frmMIDIPlayer::TakeFormWidth()
     LayOutPlayer(*this, {ScaleWidth(), ScaleHeight()});
 }
 
-void frmMIDIPlayer::Form_Load()
+bool frmMIDIPlayer::LoadWindow()
 {
-    app.children.RestoringLayout = true;
     static_cast<PlayerVariables &>(state) = PlayerVariables{};
     Settings &settings = app.settings;
 
@@ -154,7 +153,6 @@ void frmMIDIPlayer::Form_Load()
     entry_.State = StoredState::Normal;
 
     Tag = ToolTag(ViewKind::Player);
-    app.frame.mnuMidiPlayer.enabled = false;
     CommNuovo.caption = app.messages.Text(TextId::New);
     CommCanc.caption = app.messages.Text(TextId::Delete);
     CommRim.caption = app.messages.Text(TextId::RemoveSelected);
@@ -184,11 +182,10 @@ void frmMIDIPlayer::Form_Load()
         TimerListMidiCorr.enabled = true;
     }
     UpdateTransportButtons(*this);
-    ++app.children.ChildCount;
-    app.children.RestoringLayout = false;
+    return true;
 }
 
-void frmMIDIPlayer::Form_Unload()
+void frmMIDIPlayer::UnloadWindow()
 {
     StopTickTimer(*this);
     state.waiting.clear();
@@ -203,43 +200,22 @@ void frmMIDIPlayer::Form_Unload()
         app.settings.PlayerName = state.CompilationName;
     }
     MMControl1.LetGo();
-    StorePosition(entry_, *this);
-    StoreSize(entry_, *this);
+    StorePlace(entry_, *this);
     entry_.State = StoredState::Closed;
-    app.frame.mnuMidiPlayer.enabled = true;
-    --app.children.ChildCount;
-    RefreshAfterClose(app);
-    app.children.Bury(std::move(state.window));
-}
-
-void frmMIDIPlayer::Form_Activate()
-{
-    RefreshWindowMenu(app);
 }
 
 // The width is that of the form; the lists take whatever height there is.
-void frmMIDIPlayer::Form_Resize()
+void frmMIDIPlayer::Resized()
 {
-    if (app.children.RestoringLayout) {
-        return;
-    }
     place = Place{Left(), Top(), entry_.MinWidth, std::max<int>(Height(), entry_.MinHeight)};
     StoreSize(entry_, *this);
     StoreState(entry_, *this);
     LayOutPlayer(*this, {ScaleWidth(), ScaleHeight()});
 }
 
-void frmMIDIPlayer::Form_MouseDown(int button)
-{
-    PopUpEditMenu(app, button);
-}
-
 void mnuMidiPlayer_Click(PlayerState &player)
 {
-    if (player.window == nullptr) {
-        player.window = std::make_unique<frmMIDIPlayer>(player);
-    }
-    player.app.children.Show(*player.window);
+    ShowChild<frmMIDIPlayer>(player.window, player);
 }
 
 } // namespace velluto

@@ -1,6 +1,7 @@
 // The player's window: transport, compilations, and a file panel that may be closed.
 #pragma once
 
+#include "app/ChildForm.h"
 #include "player/MCIModulo.h"
 #include "player/MMControl.h"
 #include "view/ControlArray.h"
@@ -12,19 +13,13 @@ namespace velluto {
 inline constexpr int kTransportButtons = 7;
 
 // The handlers are free functions of the other files of the room; they act on the form's controls and on state.
-class frmMIDIPlayer : public Form {
+class frmMIDIPlayer : public ChildForm {
 public:
     explicit frmMIDIPlayer(PlayerState &player);
-    void Form_Load() override;
-    void Form_Unload() override;
-    void Form_Activate() override;
-    void Form_Resize() override;
-    void Form_MouseDown(int button) override;
     // The narrow or the wide form, by PlayerPanelOpen; the placement takes the width over.
     void TakeFormWidth();
 
     PlayerState &state;
-    Modulo1 &app;
 
     Frame Frame1{*this, "Frame1"}; // "Player"
     ControlArray<Button, 0, kTransportButtons> MCIPuls{*this, "MCIPuls"};
@@ -71,6 +66,9 @@ public:
     Timer TimerListMidiCorr{*this, "TimerListMidiCorr", 10};
 
 private:
+    bool LoadWindow() override;
+    void UnloadWindow() override;
+    void Resized() override;
     void Dress();
     void AttachHandlers();
     void AttachTransport();
