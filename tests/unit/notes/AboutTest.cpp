@@ -29,6 +29,12 @@ TEST_F(AboutTest, InItalian)
     EXPECT_EQ(form.lblTitolo.caption.Get(), "Velluto v 1.1 - KORG PA80 real time control/file manager\r\nversione 1.1, maggio 2005");
 }
 
+TEST_F(AboutTest, TellsTheVersionThatWasBuilt)
+{
+    EXPECT_THAT(Open().lblTitolo.caption.Get(), ::testing::StartsWith("Velluto v " VELLUTO_VERSION " - "));
+    EXPECT_THAT(notes.about->lblTitolo.caption.Get(), ::testing::HasSubstr("\nversion " VELLUTO_VERSION ","));
+}
+
 TEST_F(AboutTest, StandsInTheMiddleOfTheFrameWhereverItStoodLast)
 {
     Entry(12).Top = 15;
