@@ -91,7 +91,7 @@ tests() {
     run_tests "$preset" all --parallel "$(nproc)"
 }
 
-install_packages "${build_packages[@]}" "${test_packages[@]}"
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
 ! $full || install_packages "${full_test_packages[@]}"
 mkdir -p build
 check format check_format

@@ -21,7 +21,7 @@ vmpk_is_up() {
     xdotool search --name "Virtual MIDI Piano" >/dev/null
 }
 
-install_packages "${build_packages[@]}" "${test_packages[@]}" vmpk python3-xlib
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}" vmpk python3-xlib
 build release velluto
 build dev jack-instrument
 set_stage keyboard-latency "$root/build"

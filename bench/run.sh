@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
-install_packages "${build_packages[@]}" "${test_packages[@]}"
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
 programs=(bench_core bench_edit bench_keyboard bench_sequencer)
 build bench "${programs[@]}"
 status=0

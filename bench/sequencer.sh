@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
-install_packages "${build_packages[@]}" "${test_packages[@]}"
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
 build bench bench_sequencer_timing
 stage=$(mktemp -d)
 server=

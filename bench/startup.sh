@@ -14,7 +14,7 @@ screen_height=800
 most_time=0.50
 most_memory=1.00
 
-install_packages "${build_packages[@]}" "${test_packages[@]}" vmpk python3-xlib
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}" vmpk python3-xlib
 build release velluto
 build dev jack-instrument
 set_stage startup "$root/build"

@@ -1,50 +1,43 @@
 #!/usr/bin/env bash
-# Makes the Debian package and tries it as its user would get it: on a Debian that has nothing else on it, as a user who is
-# nobody in particular, on a display of its own. Root only; needs debootstrap and a Debian archive, and some minutes.
-# Leaves the package and a picture of the program's window in build/.
+# Tries the Debian package as its user would get it: on a Debian that has nothing else on it, as a user who is nobody in
+# particular, on a display of its own. Root only; needs a Debian archive and some minutes. Leaves the package and a picture of the
+# program's window in build/.
 #
-#     packaging/try-package.sh
+#     packaging/try-package.sh                    # makes the package here and tries it on Debian 12
+#     packaging/try-package.sh SUITE PACKAGE      # tries a package that is there already
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
+# shellcheck source=packaging/debian-lib.sh
+. packaging/debian-lib.sh
 
-install_packages "${build_packages[@]}" dpkg-dev debootstrap
-build release
-(cd build/release && cpack >cpack.log) || {
-    cat build/release/cpack.log >&2
-    exit 1
-}
-package=$(find build/release -maxdepth 1 -name '*.deb' | head -n 1)
-cp "$package" build/
+suite=${1:-bookworm}
+package=${2-}
+if [ -z "$package" ]; then
+    install_packages "${build_packages[@]}" dpkg-dev
+    build release
+    rm -f build/release/*.deb
+    (cd build/release && cpack >cpack.log) || {
+        cat build/release/cpack.log >&2
+        exit 1
+    }
+    package=$(find build/release -maxdepth 1 -name '*.deb')
+fi
+mkdir -p build
+cp "$package" "build/$suite-$(basename "$package")"
+clean_debian "$suite"
 
 root=$(mktemp -d)
-chmod 755 "$root" # it is everybody's there
-# shellcheck disable=SC2317 # a trap reaches it
-leave() {
-    trap - EXIT INT TERM
-    umount "$root/proc" 2>/dev/null || true
-    rm -rf --one-file-system "$root"
-}
-trap leave EXIT
+trap 'rm -rf --one-file-system "$root"' EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
-
-say "A clean Debian in $root"
-debootstrap --variant=minbase bookworm "$root" >build/debootstrap.log 2>&1 || {
-    tail -n 20 build/debootstrap.log >&2
-    exit 1
-}
-mount -t proc proc "$root/proc"
-cp /etc/resolv.conf "$root/etc/" 2>/dev/null || true
-for file in /etc/apt/apt.conf.d/*proxy*; do
-    [ ! -e "$file" ] || cp "$file" "$root/etc/apt/apt.conf.d/"
-done
+cp -a "$debians/$suite/clean/." "$root"
+chmod 755 "$root" # it is everybody's there
 cp "$package" "$root/velluto.deb"
 
 cat >"$root/try.sh" <<'INSIDE'
 set -eu
-export DEBIAN_FRONTEND=noninteractive
 apt-get -q update
 apt-get -q install -y --no-install-recommends /velluto.deb
 apt-get -q install -y --no-install-recommends xvfb xdotool openbox imagemagick desktop-file-utils shared-mime-info
@@ -89,10 +82,11 @@ su musician -c 'sh ~/evening.sh'
 apt-get -q remove -y velluto
 ! command -v velluto
 INSIDE
-chroot "$root" sh /try.sh >build/try-package.log 2>&1 || {
-    tail -n 40 build/try-package.log >&2
-    complain "The package failed its trial; the whole story is in build/try-package.log"
+log=build/try-package-$suite.log
+in_debian "$root" sh /try.sh >"$log" 2>&1 || {
+    tail -n 40 "$log" >&2
+    complain "The package failed its trial; the whole story is in $log"
     exit 1
 }
-cp "$root/home/musician/window.png" build/try-package.png
-say "The package installs, starts, opens a file, ends and goes: $(basename "$package"), build/try-package.png"
+cp "$root/home/musician/window.png" "build/try-package-$suite.png"
+say "$suite: the package installs, starts, opens a file, ends and goes: $(basename "$package"), build/try-package-$suite.png"

@@ -7,12 +7,17 @@
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev librtmidi-dev libjack-jackd2-dev libfluidsynth-dev
     timgm6mb-soundfont fonts-liberation)
 
-# What the checks and tests take on top of that.
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev jackd2 xvfb openbox xdotool x11-utils imagemagick
-    poppler-utils python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus clang clang-format mold git shellcheck pyflakes3)
+# What building and running the tests takes on top of that, with any compiler.
+test_packages=(libgtest-dev libgmock-dev nlohmann-json3-dev jackd2 xvfb openbox xdotool x11-utils imagemagick poppler-utils
+    python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus)
+# Since Debian 13 JACK's small commands are a package of their own.
+grep -qsx 'VERSION_ID="12"' /etc/os-release || test_packages+=(jack-example-tools)
+
+# What the builds of every day and the checks take besides.
+check_packages=(clang mold libbenchmark-dev clang-format git shellcheck pyflakes3)
 
 # What the checks of a full run take besides.
-full_test_packages=(clang-tidy libclang-rt-14-dev valgrind g++-mingw-w64-x86-64-posix)
+full_test_packages=(clang-tidy libclang-rt-dev valgrind g++-mingw-w64-x86-64-posix)
 
 # What shows the program where there is no display.
 remote_display_packages=(xvfb openbox x11vnc)

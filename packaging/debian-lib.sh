@@ -1,0 +1,37 @@
+# shellcheck shell=bash
+# Clean Debians, each in a folder: made once, kept, and copied for a trial. try-package.sh and try-debian.sh share it. Sourced after
+# tools/lib.sh, never run; its callers are root.
+
+# Where they are kept. Whoever wants new ones deletes it.
+debians=${VELLUTO_DEBIANS:-build/debian}
+
+# clean_debian SUITE: the smallest system of that name, in $debians/SUITE/clean, which gets its packages as this machine does.
+clean_debian() {
+    local folder=$debians/$1/clean
+    [ ! -d "$folder" ] || return 0
+    install_packages debootstrap
+    say "A clean Debian in $folder"
+    mkdir -p "$debians/$1"
+    rm -rf --one-file-system "$folder.new"
+    if ! debootstrap --variant=minbase "$1" "$folder.new" >"$folder.log" 2>&1; then
+        tail -n 20 "$folder.log" >&2
+        return 1
+    fi
+    local file
+    for file in /etc/apt/apt.conf.d/*; do
+        ! grep -q 'Acquire' "$file" || cp "$file" "$folder.new/etc/apt/apt.conf.d/"
+    done
+    mv "$folder.new" "$folder"
+}
+
+# in_debian FOLDER COMMAND...: runs it in the system there, as root. Its mounts, its shared memory and whatever it has started end
+# with it.
+in_debian() {
+    cp /etc/resolv.conf "$1/etc/" 2>/dev/null || true
+    # shellcheck disable=SC2016 # the words are for the inner shell
+    unshare --mount --pid --ipc --fork --kill-child bash -euc '
+        mount -t proc proc "$1/proc"
+        mount -t tmpfs tmpfs "$1/dev/shm"
+        exec env -i HOME=/root LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
+            chroot "$@"' - "$@"
+}
