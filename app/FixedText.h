@@ -1,6 +1,8 @@
 // A text field of a fixed number of bytes, blank-padded, as the settings file and the document records hold it.
 #pragma once
 
+#include "view/Tag.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -38,6 +40,6 @@ private:
     std::array<char, N> bytes_;
 };
 
-using PathText = FixedText<234>;
+using PathText = FixedText<kPathLength>;
 
 } // namespace velluto

@@ -15,7 +15,7 @@ constexpr std::array<std::size_t, 2> kFactoryStyleEntries{14, 15};
 constexpr std::uint8_t kMaximised = 2;
 
 constexpr std::size_t kFirstFactoryBank = 9; // entry of PrfDocTable
-constexpr int kFactoryBanks = 10;
+constexpr int kFactoryPerformanceBanks = 10;
 constexpr std::string_view kBankEnding = "01.prf";
 
 } // namespace
@@ -38,7 +38,7 @@ Settings::Settings() : KeyboardRecord(kKeyboardDefaults)
 void AssignFactoryBanks(Settings &settings, const std::string &firstBank)
 {
     const std::string stem = firstBank.substr(0, firstBank.size() - std::min(firstBank.size(), kBankEnding.size()));
-    for (int bank = 1; bank <= kFactoryBanks; ++bank) {
+    for (int bank = 1; bank <= kFactoryPerformanceBanks; ++bank) {
         const std::string path = stem + (bank < 10 ? "0" : "") + std::to_string(bank) + ".prf";
         PathText &field = settings.PrfDocTable[kFirstFactoryBank + static_cast<std::size_t>(bank - 1)].Path;
         field.Set(PathText::Fits(path) ? path : std::string());

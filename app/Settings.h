@@ -7,11 +7,16 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace velluto {
 
 inline constexpr int kNoMidiDevice = 99;
+
+// The parts of the instrument that a MIDI channel can serve, by their numbers.
 inline constexpr int kRoleCount = 15;
+inline constexpr std::array<std::string_view, kRoleCount> kRoleNames = {"OFF",  "LOWR", "UP.1", "UP.2", "UP.3", "DRUM",   "PERC",  "BASS",
+                                                                        "ACC1", "ACC2", "ACC3", "ACC4", "ACC5", "GLOBAL", "CONTRL"};
 inline constexpr int kUserAssignedRolePrograms = 2; // "UP.1"
 inline constexpr int kUserAssignedRoleControl = 14; // "CONTRL"
 
@@ -70,6 +75,16 @@ inline constexpr int About = 12;
 inline constexpr int Player = 16;
 inline constexpr int ChannelSetup = 28;
 } // namespace PlacementEntry
+
+// Bytes of the KeyboardRecord.
+namespace KeyboardByte {
+inline constexpr std::size_t Channel = 0;
+inline constexpr std::size_t ClickKey = 1;
+inline constexpr std::size_t HoldNote = 2;
+inline constexpr std::size_t Shift = 3;
+inline constexpr std::size_t FirstSlider = 4;
+inline constexpr std::size_t Split = 15; // kept in memory only, and read by nobody
+} // namespace KeyboardByte
 
 struct Settings {
     // A fresh record holds the values of a first run, in Italian; the factory Performance banks follow by

@@ -32,7 +32,6 @@ constexpr int kStyleEntries = 20;
 constexpr int kPerformanceEntries = 28;
 constexpr int kRecentEntries = 16;
 
-constexpr std::size_t kLastDirLength = 234;
 constexpr std::size_t kPlayerNameLength = 50;
 constexpr int kLinguaBaseStep = 200;
 
@@ -116,7 +115,7 @@ RuntimeError ReadText(SettingsFile &file, int number, std::size_t length, std::s
 
 RuntimeError ReadFurtherRecords(SettingsFile &file, Settings &settings)
 {
-    RuntimeError error = ReadText(file, RecordNo::kLastDir, kLastDirLength, settings.LastDir);
+    RuntimeError error = ReadText(file, RecordNo::kLastDir, kPathLength, settings.LastDir);
     const auto then = [&error](auto step) {
         if (!error.Failed()) {
             error = step();
@@ -231,8 +230,8 @@ RuntimeError WriteAllRecords(Modulo1 &app, SettingsFile &file)
         return file.Write(RecordNo::kGeneral, general);
     });
     // A folder that does not fit would come back as another one: none is kept.
-    const bool fits = settings.LastDir.size() <= kLastDirLength;
-    then([&] { return WriteText(file, RecordNo::kLastDir, kLastDirLength, fits ? settings.LastDir : std::string()); });
+    const bool fits = settings.LastDir.size() <= kPathLength;
+    then([&] { return WriteText(file, RecordNo::kLastDir, kPathLength, fits ? settings.LastDir : std::string()); });
     then([&] { return WriteTable(file, RecordNo::kPrograms, kProgramEntries, settings.PcgDocTable, DocumentBytes); });
     then([&] { return WriteTable(file, RecordNo::kStyles, kStyleEntries, settings.StyDocTable, DocumentBytes); });
     then([&] { return WriteTable(file, RecordNo::kPerformances, kPerformanceEntries, settings.PrfDocTable, DocumentBytes); });

@@ -17,7 +17,6 @@ constexpr std::size_t kMidiOutDev = 20;
 constexpr std::size_t kLastChannel = 23;
 constexpr std::size_t kLingua = 25;
 constexpr std::size_t kKeyboard = 30;
-constexpr std::size_t kKeyboardBytes = 15; // byte 15 of the record in memory is not kept
 constexpr std::size_t kPlacements = 51;
 constexpr std::size_t kChannelRoles = 485;
 } // namespace General
@@ -54,7 +53,6 @@ constexpr std::size_t kLength = 14;
 // The record of a document slot; the first five fields are those of a recent file too.
 namespace DocumentAt {
 constexpr std::size_t kPath = 1;
-constexpr std::size_t kPathLength = 234;
 constexpr std::size_t kTop = 235;
 constexpr std::size_t kLeft = 237;
 constexpr std::size_t kWidth = 239;
@@ -131,7 +129,7 @@ void PutPlacement(SettingsRecord &record, std::size_t at, const WindowPlacement 
 template <class Record>
 void TakePathAndPlace(const SettingsRecord &record, Record &entry)
 {
-    entry.Path.Set(record.Text(DocumentAt::kPath, DocumentAt::kPathLength));
+    entry.Path.Set(record.Text(DocumentAt::kPath, kPathLength));
     entry.Top = Position(record.Word(DocumentAt::kTop));
     entry.Left = Position(record.Word(DocumentAt::kLeft));
     entry.Width = Length(record.Word(DocumentAt::kWidth));
@@ -141,7 +139,7 @@ void TakePathAndPlace(const SettingsRecord &record, Record &entry)
 template <class Record>
 void PutPathAndPlace(SettingsRecord &record, const Record &entry)
 {
-    record.PutText(DocumentAt::kPath, DocumentAt::kPathLength, entry.Path.All());
+    record.PutText(DocumentAt::kPath, kPathLength, entry.Path.All());
     record.PutWord(DocumentAt::kTop, StoredLimitedPosition(entry.Top));
     record.PutWord(DocumentAt::kLeft, StoredLimitedPosition(entry.Left));
     record.PutWord(DocumentAt::kWidth, static_cast<std::uint16_t>(entry.Width));
@@ -198,7 +196,7 @@ void TakeGeneral(const SettingsRecord &record, Settings &settings)
     settings.LastChannel = record.Byte(General::kLastChannel);
     settings.MidiOutDev = Device(record.Byte(General::kMidiOutDev));
     settings.MidiInDev = Device(record.Byte(General::kMidiInDev));
-    for (std::size_t i = 0; i < General::kKeyboardBytes; ++i) {
+    for (std::size_t i = 0; i < KeyboardByte::Split; ++i) {
         settings.KeyboardRecord[i] = record.Byte(General::kKeyboard + i);
     }
     for (std::size_t k = 0; k < settings.PlacementTable.size(); ++k) {
@@ -219,7 +217,7 @@ void PutGeneral(SettingsRecord &record, const Settings &settings, bool statusBar
     record.PutByte(General::kLastChannel, settings.LastChannel);
     record.PutByte(General::kMidiOutDev, static_cast<std::uint8_t>(settings.MidiOutDev & 0xFF));
     record.PutByte(General::kMidiInDev, static_cast<std::uint8_t>(settings.MidiInDev & 0xFF));
-    for (std::size_t i = 0; i < General::kKeyboardBytes; ++i) {
+    for (std::size_t i = 0; i < KeyboardByte::Split; ++i) {
         record.PutByte(General::kKeyboard + i, settings.KeyboardRecord[i]);
     }
     for (std::size_t k = 0; k < settings.PlacementTable.size(); ++k) {

@@ -2,6 +2,7 @@
 // handlers are attached by FrameCommands, and any window may read or write an entry's state here.
 #pragma once
 
+#include "app/Settings.h"
 #include "view/MenuEntry.h"
 
 #include <array>
@@ -15,7 +16,7 @@ template <int First, int Count>
 class MenuArray {
 public:
     // text gives the caption of each number; captions stay empty without it.
-    MenuArray(MenuEntry &parent, const char *name, const std::array<MenuCaption, Count> &text)
+    MenuArray(MenuEntry &parent, const char *name, const std::array<std::string_view, Count> &text)
         : MenuArray(parent, name, text, std::make_index_sequence<Count>())
     {
     }
@@ -27,8 +28,8 @@ public:
 
 private:
     template <std::size_t... I>
-    MenuArray(MenuEntry &parent, const char *name, const std::array<MenuCaption, Count> &text, std::index_sequence<I...>)
-        : entries_{MenuEntry(parent, name, text[I], Shortcut{}, First + static_cast<int>(I))...}
+    MenuArray(MenuEntry &parent, const char *name, const std::array<std::string_view, Count> &text, std::index_sequence<I...>)
+        : entries_{MenuEntry(parent, name, {0, text[I]}, Shortcut{}, First + static_cast<int>(I))...}
     {
     }
     std::array<MenuEntry, Count> entries_;
@@ -69,23 +70,7 @@ struct frmMain : Form {
     MenuEntry mnuModifica{*this, "mnuModifica", {71}};
     MenuEntry mnuIngrandisci{mnuModifica, "mnuIngrandisci", {123}};
     MenuEntry mnuSepM1{mnuModifica, "mnuSepM1", {}};
-    MenuArray<0, 15> mnuMIDIStp{mnuModifica,
-                                "mnuMIDIStp",
-                                {{{0, "OFF"},
-                                  {0, "LOWR"},
-                                  {0, "UP.1"},
-                                  {0, "UP.2"},
-                                  {0, "UP.3"},
-                                  {0, "DRUM"},
-                                  {0, "PERC"},
-                                  {0, "BASS"},
-                                  {0, "ACC1"},
-                                  {0, "ACC2"},
-                                  {0, "ACC3"},
-                                  {0, "ACC4"},
-                                  {0, "ACC5"},
-                                  {0, "GLOBAL"},
-                                  {0, "CONTRL"}}}};
+    MenuArray<0, kRoleCount> mnuMIDIStp{mnuModifica, "mnuMIDIStp", kRoleNames};
     MenuEntry mnuSepM{mnuModifica, "mnuSepM", {}};
     MenuEntry mnuTaglia{mnuModifica, "mnuTaglia", {73}, {'Z'}};
     MenuEntry mnuCopia{mnuModifica, "mnuCopia", {72}, {'C'}};
@@ -99,24 +84,22 @@ struct frmMain : Form {
     MenuEntry mnuBankD{mnuView, "mnuBankD", {0, "&D: Sax, Woodwind, Synth 1"}};
     MenuEntry mnuBankE{mnuView, "mnuBankE", {0, "&E: Synth 2, Bass"}};
     MenuEntry mnuBankF{mnuView, "mnuBankF", {0, "&F: Drum/Perc, SFX"}};
-    MenuArray<9, 2> mnuPcgUser{mnuView, "mnuPcgUser", {{{0, "&G User 1:"}, {0, "&H User 2:"}}}};
+    MenuArray<9, 2> mnuPcgUser{mnuView, "mnuPcgUser", {"&G User 1:", "&H User 2:"}};
     MenuEntry mnuSepV2{mnuView, "mnuSepV2", {}};
     MenuEntry mnuBanksSty{mnuView, "mnuBanksSty", {12}};
-    MenuArray<1, 2> mnuSty{mnuView, "mnuSty", {{{0, "&0 Style 1-8"}, {0, "&1 Style 9-16"}}}};
-    MenuArray<9, 3> mnuStyUser{mnuView, "mnuStyUser", {{{0, "&2 User 1:"}, {0, "&3 User 2:"}, {0, "&4 User 3:"}}}};
+    MenuArray<1, 2> mnuSty{mnuView, "mnuSty", {"&0 Style 1-8", "&1 Style 9-16"}};
+    MenuArray<9, 3> mnuStyUser{mnuView, "mnuStyUser", {"&2 User 1:", "&3 User 2:", "&4 User 3:"}};
     MenuEntry mnuStyUserAll{mnuView, "mnuStyUserAll", {0, "&5 User All"}};
     MenuEntry mnuStyDirectHD19{mnuView, "mnuStyDirectHD19", {0, "&6 Direct HD 1-9"}};
-    MenuArray<1, 9> mnuStyDirectHD{
-        mnuStyDirectHD19, "mnuStyDirectHD", {{{0, "1"}, {0, "2"}, {0, "3"}, {0, "4"}, {0, "5"}, {0, "6"}, {0, "7"}, {0, "8"}, {0, "9"}}}};
+    MenuArray<1, 9> mnuStyDirectHD{mnuStyDirectHD19, "mnuStyDirectHD", {"1", "2", "3", "4", "5", "6", "7", "8", "9"}};
     MenuEntry mnuStyDirectHD123{mnuView, "mnuStyDirectHD123", {0, "&7 Direct HD 123"}};
     MenuEntry mnuStyDirectHD456{mnuView, "mnuStyDirectHD456", {0, "&8 Direct HD 456"}};
     MenuEntry mnuStyDirectHD789{mnuView, "mnuStyDirectHD789", {0, "&9 Direct HD 789"}};
     MenuEntry mnuSepV3{mnuView, "mnuSepV3", {}};
     MenuEntry mnuBanksPrf{mnuView, "mnuBanksPrf", {68}};
     MenuEntry mnuPrfUser120{mnuView, "mnuPrfUser120", {0, "User 1-20"}};
-    MenuArray<1, 20> mnuPrfUser{mnuPrfUser120, "mnuPrfUser", {{{0, " 1"}, {0, " 2"}, {0, " 3"}, {0, " 4"}, {0, " 5"}, {0, " 6"}, {0, " 7"},
-                                                               {0, " 8"}, {0, " 9"}, {0, "10"}, {0, "11"}, {0, "12"}, {0, "13"}, {0, "14"},
-                                                               {0, "15"}, {0, "16"}, {0, "17"}, {0, "18"}, {0, "19"}, {0, "20"}}}};
+    MenuArray<1, 20> mnuPrfUser{mnuPrfUser120, "mnuPrfUser", {" 1", " 2", " 3", " 4", " 5", " 6", " 7", " 8", " 9", "10",
+                                                              "11", "12", "13", "14", "15", "16", "17", "18", "19", "20"}};
     MenuEntry mnuPrfUserAll{mnuView, "mnuPrfUserAll", {0, "User All"}};
     MenuEntry mnuSepV4{mnuView, "mnuSepV4", {}};
     MenuEntry mnuMsgEx{mnuView, "mnuMsgEx", {108}};
@@ -133,7 +116,7 @@ struct frmMain : Form {
     MenuEntry mnuMIDIOut{mnuPreferenze, "mnuMIDIOut", {151}};
     MenuArray<0, 8> mnuDevMIDIOut{mnuMIDIOut, "mnuDevMIDIOut", {}};
     MenuEntry mnuMIDIIn{mnuPreferenze, "mnuMIDIIn", {152}};
-    MenuArray<0, 4> mnuDevMIDIIn{mnuMIDIIn, "mnuDevMIDIIn", {{{0, "(empty)"}, {0, "(empty)"}, {0, "(empty)"}, {0, "(empty)"}}}};
+    MenuArray<0, 4> mnuDevMIDIIn{mnuMIDIIn, "mnuDevMIDIIn", {"(empty)", "(empty)", "(empty)", "(empty)"}};
     MenuEntry mnuMIDIThru{mnuPreferenze, "mnuMIDIThru", {0, "MIDI Thru"}};
     MenuEntry mnuMIDISetup{mnuPreferenze, "mnuMIDISetup", {0, "MIDI setup"}};
     MenuEntry mnuSep44{mnuPreferenze, "mnuSep44", {}};

@@ -4,8 +4,22 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <string_view>
 
 namespace velluto {
+
+// A field of a factory record: 1-based first character and width.
+struct RecordField {
+    std::size_t position;
+    std::size_t width;
+};
+
+// What there is of it: a record that was never read is empty.
+[[nodiscard]] constexpr std::string_view Field(std::string_view record, RecordField field)
+{
+    return record.substr(std::min(field.position - 1, record.size()), field.width);
+}
 
 struct RecordRange {
     int first = 0;

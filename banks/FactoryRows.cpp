@@ -4,30 +4,16 @@
 #include "app/ViewKind.h"
 #include "banks/BankLayout.h"
 
-#include <cstddef>
-#include <string_view>
-
 namespace velluto {
 
 namespace {
 
-// A field of a record: 1-based first character and width.
-struct TextField {
-    std::size_t position;
-    std::size_t width;
-};
-constexpr TextField kProgramName{5, 13};
-constexpr TextField kProgramHeading{5, 18};
-constexpr TextField kStyleName{7, 15};
-constexpr TextField kStyleHeading{6, 16};
+constexpr RecordField kProgramName{5, 13};
+constexpr RecordField kProgramHeading{5, 18};
+constexpr RecordField kStyleName{7, 15};
+constexpr RecordField kStyleHeading{6, 16};
 
 const std::string kBlankRow(1, ' ');
-
-// What there is of it: a record that was never read is empty.
-std::string_view Field(std::string_view record, TextField field)
-{
-    return record.substr(std::min(field.position - 1, record.size()), field.width);
-}
 
 std::string TwoDigits(int number)
 {

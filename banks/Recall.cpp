@@ -54,11 +54,7 @@ struct Address {
 // The decimal number in a field of a factory record, leading blanks skipped; text that holds none gives 0.
 int NumberIn(std::string_view record, RecordField field)
 {
-    const auto first = static_cast<std::size_t>(field.position - 1);
-    if (first >= record.size()) {
-        return 0;
-    }
-    std::string_view text = record.substr(first, static_cast<std::size_t>(field.width));
+    std::string_view text = Field(record, field);
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     int number = 0;
     for (const char c : text) {
@@ -115,7 +111,7 @@ Address StyleOverviewAddress(const FilesState &files, int kind, int row)
         return {kMsbStyles, files.CurrentStySlot + kLsbStyleUserOffset, row};
     }
     const int overview = kind - ViewKind::StyleOverview - 1; // 0 to 2
-    return {kMsbStyles, files.CurrentStySlot + kLsbDirectHdOffset + kDirectHdPerOverview * overview, row};
+    return {kMsbStyles, files.CurrentStySlot + kLsbDirectHdOffset + kDirectHdInGroup * overview, row};
 }
 
 // Nothing where no such place exists on the instrument.

@@ -1,15 +1,10 @@
 // Where the instrument keeps what a list shows: the numbers that recall works from, as tables. Used by Recall alone.
 #pragma once
 
-#include <array>
+#include "banks/BankLayout.h"
 
 namespace velluto {
 
-// A field of a factory record: 1-based first character and width.
-struct RecordField {
-    int position;
-    int width;
-};
 inline constexpr RecordField kFieldMsb{18, 3};
 inline constexpr RecordField kFieldLsb{22, 3};
 inline constexpr RecordField kFieldProgram{26, 3};
@@ -33,6 +28,5 @@ inline constexpr int kLsbStyleList2 = 8;      // the second factory Style list b
 inline constexpr int kLsbStyleSlotOffset = 8; // slot 9 (User 1) is LSB 17, slot 20 (Direct HD 9) LSB 28
 inline constexpr int kLsbStyleUserOffset = 16;
 inline constexpr int kLsbDirectHdOffset = 19;
-inline constexpr int kDirectHdPerOverview = 3;
 
 } // namespace velluto

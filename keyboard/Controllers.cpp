@@ -17,9 +17,6 @@ constexpr std::uint8_t kNoMessage = 0;
 constexpr int kHighest = 127;
 constexpr int kMiddle = 64;
 
-// Offsets in the KeyboardRecord.
-constexpr int kFirstSliderByte = 4;
-
 struct Slider {
     const char *title;
     int shownLess;       // what the readout and the marks show is the value less this
@@ -93,7 +90,7 @@ void VScroll_Change(frmTastiera &form, int slider)
     }
     midi.ShortMsg.bytes[0] |= static_cast<std::uint8_t>(form.Combo1.ListIndex); // over the channel of what is sent again
     SendShortMsg(midi);
-    midi.app.settings.KeyboardRecord.at(static_cast<std::size_t>(slider + kFirstSliderByte)) = static_cast<std::uint8_t>(value);
+    midi.app.settings.KeyboardRecord.at(static_cast<std::size_t>(slider) + KeyboardByte::FirstSlider) = static_cast<std::uint8_t>(value);
     midi.MonitorEnabled = true;
     MonitorShow(midi, midi.ShortMsg.bytes);
 }

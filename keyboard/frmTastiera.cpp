@@ -16,19 +16,10 @@ namespace velluto {
 
 namespace {
 
-constexpr int kChannels = 16;
 constexpr int kHighestShift = 3; // octaves
 constexpr int kHighestSplit = 96;
 constexpr int kLowestSplit = 36;
 constexpr int kHighestValue = 127;
-
-// Bytes of the KeyboardRecord.
-constexpr std::size_t kChannelByte = 0;
-constexpr std::size_t kClickKeyByte = 1;
-constexpr std::size_t kHoldNoteByte = 2;
-constexpr std::size_t kShiftByte = 3;
-constexpr std::size_t kFirstSliderByte = 4;
-constexpr std::size_t kSplitByte = 15; // kept in memory only, and read by nobody
 
 // A caption as it is spoken.
 std::string WithoutAccessMark(std::string text)
@@ -43,7 +34,7 @@ frmTastiera::frmTastiera(KeyboardState &keyboard)
     : ChildForm("frmTastiera", kNoNumber, keyboard.midi.app, &keyboard.midi.app.frame.mnuTastiera), midi(keyboard.midi),
       entry_(app.settings.PlacementTable.at(PlacementEntry::Keyboard))
 {
-    for (int channel = 1; channel <= kChannels; ++channel) {
+    for (int channel = 1; channel <= kMidiChannels; ++channel) {
         Combo1.rows.push_back((channel < 10 ? "  " : " ") + std::to_string(channel));
     }
     HScroll1.max = kHighestShift;
@@ -94,7 +85,7 @@ void frmTastiera::ConnectKeys()
 
 void frmTastiera::ConnectControls()
 {
-    Combo1.Click = [this] { app.settings.KeyboardRecord.at(kChannelByte) = NearestIn<std::uint8_t>(Combo1.ListIndex); };
+    Combo1.Click = [this] { app.settings.KeyboardRecord.at(KeyboardByte::Channel) = NearestIn<std::uint8_t>(Combo1.ListIndex); };
     HScroll1.Change = [this] { HScroll1_Change(*this); };
     CheckClickKey.Click = [this] { CheckClickKey_Click(*this); };
     CheckHoldNote.Click = [this] { CheckHoldNote_Click(*this); };
@@ -118,15 +109,15 @@ void frmTastiera::ConnectSliders()
 void frmTastiera::TakeRecord()
 {
     const auto byte = [this](std::size_t at) { return static_cast<int>(app.settings.KeyboardRecord.at(at)); };
-    HScroll1.value = std::min(byte(kShiftByte), kHighestShift);
+    HScroll1.value = std::min(byte(KeyboardByte::Shift), kHighestShift);
     notes.BaseNote = HScroll1.value * kNotesPerOctave + kLowestNote;
-    Combo1.ListIndex = std::min(byte(kChannelByte), kChannels - 1);
-    CheckClickKey.value = byte(kClickKeyByte) != 0;
-    CheckHoldNote.value = byte(kHoldNoteByte) != 0;
+    Combo1.ListIndex = std::min(byte(KeyboardByte::Channel), kMidiChannels - 1);
+    CheckClickKey.value = byte(KeyboardByte::ClickKey) != 0;
+    CheckHoldNote.value = byte(KeyboardByte::HoldNote) != 0;
     for (ScrollBar &bar : VScroll) {
         const int i = bar.index();
         // A value other than the form's own 0 is thus told twice.
-        bar.value = std::min(byte(kFirstSliderByte + static_cast<std::size_t>(i)), kHighestValue);
+        bar.value = std::min(byte(KeyboardByte::FirstSlider + static_cast<std::size_t>(i)), kHighestValue);
         VScroll_Change(*this, i);
     }
 }
@@ -177,11 +168,11 @@ bool frmTastiera::Form_QueryUnload()
 {
     CommAllNoteOff_Click(*this);
     std::array<std::uint8_t, 16> &record = app.settings.KeyboardRecord;
-    record.at(kChannelByte) = NearestIn<std::uint8_t>(Combo1.ListIndex);
-    record.at(kClickKeyByte) = CheckClickKey.value ? 1 : 0;
-    record.at(kHoldNoteByte) = CheckHoldNote.value ? 1 : 0;
-    record.at(kShiftByte) = NearestIn<std::uint8_t>(HScroll1.value);
-    record.at(kSplitByte) = NearestIn<std::uint8_t>(VScroll1.value);
+    record.at(KeyboardByte::Channel) = NearestIn<std::uint8_t>(Combo1.ListIndex);
+    record.at(KeyboardByte::ClickKey) = CheckClickKey.value ? 1 : 0;
+    record.at(KeyboardByte::HoldNote) = CheckHoldNote.value ? 1 : 0;
+    record.at(KeyboardByte::Shift) = NearestIn<std::uint8_t>(HScroll1.value);
+    record.at(KeyboardByte::Split) = NearestIn<std::uint8_t>(VScroll1.value);
     if (countedIn_) {
         StorePosition(entry_, *this);
         CountOut();

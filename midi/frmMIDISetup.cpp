@@ -11,7 +11,6 @@ namespace velluto {
 
 namespace {
 
-constexpr int kChannels = 16;
 constexpr int kRowsPerColumn = 8; // channels 1 to 8 at the left, 9 to 16 at the right
 
 // Twips.
@@ -31,7 +30,7 @@ frmMIDISetup::frmMIDISetup(MidiState &midi)
 {
     caption = "MIDI setup";
     const auto popUp = [this](int button) { Form_MouseDown(button); };
-    for (int channel = 1; channel <= kChannels; ++channel) {
+    for (int channel = 1; channel <= kMidiChannels; ++channel) {
         Label1Ch[channel].caption = (channel < 10 ? "Ch   " : "Ch ") + std::to_string(channel) + ":";
         Label1Ch[channel].MouseDown = popUp;
         Combo1[channel].rows.assign(kRoleNames.begin(), kRoleNames.end());
@@ -41,7 +40,7 @@ frmMIDISetup::frmMIDISetup(MidiState &midi)
 
 void frmMIDISetup::LayOut()
 {
-    for (int channel = 1; channel <= kChannels; ++channel) {
+    for (int channel = 1; channel <= kMidiChannels; ++channel) {
         const int column = (channel - 1) / kRowsPerColumn;
         const int row = (channel - 1) % kRowsPerColumn;
         const int left = kMargin + column * kColumnPitch;
@@ -55,7 +54,7 @@ void frmMIDISetup::LayOut()
 bool frmMIDISetup::LoadWindow()
 {
     LayOut();
-    const Place last = Combo1[kChannels].place;
+    const Place last = Combo1[kMidiChannels].place;
     const int naturalWidth = last.left + last.width + kMargin + frame.width;
     const int naturalHeight = last.top + last.height + kMargin + frame.height;
 
@@ -67,7 +66,7 @@ bool frmMIDISetup::LoadWindow()
     place = Place{entry_.Left, entry_.Top, naturalWidth, naturalHeight};
     entry_.State = StoredState::Normal;
 
-    for (int channel = 1; channel <= kChannels; ++channel) {
+    for (int channel = 1; channel <= kMidiChannels; ++channel) {
         const int role = app.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1));
         Combo1[channel].ListIndex = std::min(role, kRoleCount - 1);
     }
@@ -77,7 +76,7 @@ bool frmMIDISetup::LoadWindow()
 
 void frmMIDISetup::TakeOverRoles()
 {
-    for (int channel = 1; channel <= kChannels; ++channel) {
+    for (int channel = 1; channel <= kMidiChannels; ++channel) {
         const int role = std::clamp<int>(Combo1[channel].ListIndex, 0, kRoleCount - 1);
         app.settings.ChannelRole.at(static_cast<std::size_t>(channel - 1)) = static_cast<std::uint8_t>(role);
     }

@@ -3,15 +3,11 @@
 #include "app/Catalogue.h"
 #include "app/RecentFiles.h"
 #include "app/StatusBar.h"
+#include "files/Slots.h"
 
 namespace velluto {
 
 namespace {
-
-// Slots behind the first entries of the menu; mnuPcgUser and mnuStyUser are numbered by their slots.
-constexpr int kFirstDirectHd = 12;
-constexpr int kFirstPerformanceBank = 9;
-constexpr int kBanksInGroup = 3;
 
 void ResetCounters(Velluto &program)
 {
@@ -99,9 +95,9 @@ void LoadDirectHdBanks(frmMain &menu, const Settings &settings)
     }
     for (MenuEntry &entry : menu.mnuStyDirectHD) {
         const int before = entry.index() - 1;
-        if (LoadBankEntry(entry, Slot(settings.StyDocTable, kFirstDirectHd + before))) {
+        if (LoadBankEntry(entry, Slot(settings.StyDocTable, kFirstDirectHdSlot + before))) {
             menu.mnuStyDirectHD19.enabled = true;
-            groups.at(static_cast<std::size_t>(before / kBanksInGroup))->enabled = true;
+            groups.at(static_cast<std::size_t>(before / kDirectHdInGroup))->enabled = true;
         }
     }
 }
@@ -111,7 +107,7 @@ void LoadPerformanceBanks(frmMain &menu, const Settings &settings)
     menu.mnuPrfUserAll.enabled = false;
     menu.mnuPrfUser120.enabled = false;
     for (MenuEntry &entry : menu.mnuPrfUser) {
-        if (LoadBankEntry(entry, Slot(settings.PrfDocTable, kFirstPerformanceBank + entry.index() - 1))) {
+        if (LoadBankEntry(entry, Slot(settings.PrfDocTable, kFirstPrfUserSlot + entry.index() - 1))) {
             menu.mnuPrfUserAll.enabled = true;
             menu.mnuPrfUser120.enabled = true;
         }

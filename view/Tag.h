@@ -29,7 +29,7 @@ inline constexpr int Untitled = 18;
 inline constexpr int Path = 21;
 } // namespace TagPosition
 
-inline constexpr int kPathLength = 234;
+inline constexpr int kPathLength = 234; // bytes; so long is a path in the settings file too
 inline constexpr int kTagPrefixLength = 270;
 
 struct WindowTag {
