@@ -200,7 +200,7 @@ protected:
         } else {
             OpenPrf(run.At(name));
         }
-        EXPECT_TRUE(Boxes().empty());
+        EXPECT_THAT(Boxes(), IsEmpty());
         return Drawn(Opened<DocumentForm>(name).List1);
     }
     void ExpectTheSameAfterSaveAndOpen(DocumentForm &window)
