@@ -1,6 +1,6 @@
 // Any sequence of what a hand can do to the piano: whatever it is, no note is left behind.
 #include "desktop/KeyboardDesk.h"
-#include "unit/keyboard/KeyboardModel.h"
+#include "unit/keyboard/Recorder.h"
 
 #include <random>
 
