@@ -2,9 +2,9 @@
 // says ok or names an error, no failure of the program shows through, and nothing ends the driver. Its files lie in a
 // folder of its own: no word that it is fed can name another one.
 #include "driver/Commands.h"
+#include "driver/Words.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -18,106 +18,16 @@ namespace {
 constexpr std::size_t kMostLines = 60;
 constexpr std::size_t kLongestText = 40;
 
-constexpr std::array kWords = {"frmMain",
-                               "active",
-                               "frmPcgUN(1)",
-                               "frmPcgUN(9)",
-                               "frmPcgUN(11)",
-                               "frmMIDISetup",
-                               "frmMsgEx",
-                               "frmGuida",
-                               "frmBloccoNote",
-                               "frmAbout",
-                               "Text1",
-                               "cmdOK",
-                               "mnuGuida",
-                               "mnuBloccoNote",
-                               "mnuInfo",
-                               "Velluto-Notebook.txt",
-                               "frmPcgUN(99)",
-                               "frmTastiera",
-                               "mnuTastiera",
-                               "Key(0)",
-                               "Key(60)",
-                               "Frame1",
-                               "HScroll1",
-                               "VScroll(2)",
-                               "VScroll(10)",
-                               "CheckClickKey",
-                               "CheckHoldNote",
-                               "CommHoldChord",
-                               "HeldNotes",
-                               "List1",
-                               "CommUser(9)",
-                               "CommUser(10)",
-                               "CommClose",
-                               "Combo1(1)",
-                               "mnuFile",
-                               "mnuModifica",
-                               "mnuPcgApri",
-                               "mnuSalva",
-                               "mnuSalvaAs",
-                               "mnuChiudi",
-                               "mnuExit",
-                               "mnuPcgNuovo64",
-                               "mnuPcgNuovo128",
-                               "mnuPcgUser(9)",
-                               "mnuMIDISetup",
-                               "mnuMsgEx",
-                               "mnuMIDIThru",
-                               "mnuDevMIDIOut(0)",
-                               "mnuDevMIDIIn(0)",
-                               "mnuRecentFile(1)",
-                               "mnuMIDIStp(2)",
-                               "out",
-                               "in",
-                               "set",
-                               "open",
-                               "save",
-                               "cancel",
-                               "yes",
-                               "no",
-                               "ok",
-                               "none",
-                               "it",
-                               "en",
-                               "a.pcg",
-                               "b.pcg",
-                               "Velluto.ini",
-                               "open=4",
-                               "send=1",
-                               "caps=1",
-                               "close=7",
-                               "read",
-                               "write",
-                               "delete",
-                               "any",
-                               "0",
-                               "1",
-                               "5",
-                               "63",
-                               "128",
-                               "-1",
-                               "99",
-                               "2147483647",
-                               "0xF8",
-                               "144",
-                               "60",
-                               "Delete",
-                               "PageDown",
-                               "2005-05-14",
-                               "12:00:00",
-                               "ChannelRole",
-                               "LastDir",
-                               "LastChannel",
-                               "ClipValid",
-                               "up",
-                               "down",
-                               "move",
-                               "define",
-                               "refuse",
-                               "rate",
-                               "\"two words\""};
+// Blanks lie between them.
+constexpr std::string_view kWords =
+    "frmMain active frmPcgUN(1) frmPcgUN(9) frmPcgUN(11) frmMIDISetup frmMsgEx frmGuida frmBloccoNote frmAbout "
+    "Text1 cmdOK mnuGuida mnuBloccoNote mnuInfo Velluto-Notebook.txt frmPcgUN(99) frmTastiera mnuTastiera Key(0) "
+    "Key(60) Frame1 HScroll1 VScroll(2) VScroll(10) CheckClickKey CheckHoldNote CommHoldChord HeldNotes List1 "
+    "CommUser(9) CommUser(10) CommClose Combo1(1) mnuFile mnuModifica mnuPcgApri mnuSalva mnuSalvaAs mnuChiudi "
+    "mnuExit mnuPcgNuovo64 mnuPcgNuovo128 mnuPcgUser(9) mnuMIDISetup mnuMsgEx mnuMIDIThru mnuDevMIDIOut(0) "
+    "mnuDevMIDIIn(0) mnuRecentFile(1) mnuMIDIStp(2) out in set open save cancel yes no ok none it en a.pcg b.pcg "
+    "Velluto.ini open=4 send=1 caps=1 close=7 read write delete any 0 1 5 63 128 -1 99 2147483647 0xF8 144 60 "
+    "Delete PageDown 2005-05-14 12:00:00 ChannelRole LastDir LastChannel ClipValid up down move define refuse rate";
 
 // The program's folder, made once and gone with the process.
 class Folder {
@@ -172,12 +82,17 @@ std::string AnyCommand(FuzzedDataProvider &bytes)
 
 std::string AnyLine(FuzzedDataProvider &bytes)
 {
+    static const Words words = [] {
+        Words all = SplitWords(kWords);
+        all.emplace_back("\"two words\"");
+        return all;
+    }();
     std::string line = bytes.ConsumeIntegralInRange(0, 15) == 0 ? bytes.ConsumeRandomLengthString(kLongestText) : AnyCommand(bytes);
-    for (int words = bytes.ConsumeIntegralInRange(0, 4); words > 0; --words) {
+    for (int more = bytes.ConsumeIntegralInRange(0, 4); more > 0; --more) {
         const bool known = bytes.ConsumeIntegralInRange(0, 15) != 0;
         line += ' ';
         line +=
-            known ? kWords[bytes.ConsumeIntegralInRange<std::size_t>(0, kWords.size() - 1)] : bytes.ConsumeRandomLengthString(kLongestText);
+            known ? words[bytes.ConsumeIntegralInRange<std::size_t>(0, words.size() - 1)] : bytes.ConsumeRandomLengthString(kLongestText);
     }
     std::ranges::replace(line, '/', '_');  // stays in the folder
     std::ranges::replace(line, '\n', ' '); // a line is what lies between two of these

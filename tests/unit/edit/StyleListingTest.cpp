@@ -1,6 +1,8 @@
 // The listing of Style files, whole: Styles alone, and Styles with their STS in both arrangements.
 #include "unit/edit/PrintedFile.h"
 
+#include <map>
+
 namespace velluto::test {
 namespace {
 
@@ -24,6 +26,16 @@ Lines EmptyRows()
         rows.push_back(Head(number) + std::string(25, ' '));
     }
     return rows;
+}
+
+// A listing: its titles, and the sixteen lines that show the numbers alone but for these, by number.
+Lines Listed(const std::string &titles, const std::map<int, std::string> &shown = {})
+{
+    Lines lines{Line(titles), ""};
+    for (int number = 1; number <= 16; ++number) {
+        lines.push_back(Line(Head(number) + (shown.contains(number) ? " " + shown.at(number) : "")));
+    }
+    return lines;
 }
 
 // A body of so many bytes.
@@ -54,29 +66,9 @@ TEST_F(StyleListingTest, StylesWithoutStsAreListedAsTheWindowShowsThem)
     rows[5] = " 06 Big Band            77  ";
     Window window(20, 1, "/pa80/Pop.sty", image);
     window.Rows(rows);
-    EXPECT_EQ(link.Texts(window), (Lines{
-                                      Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"),
-                                      "",
-                                      "",
-                                      Line(kTitles),
-                                      "",
-                                      Line(" 01 Pop Ballad        1200"),
-                                      Line(" 02"),
-                                      Line(" 03"),
-                                      Line(" 04"),
-                                      Line(" 05"),
-                                      Line(" 06 Big Band            77"),
-                                      Line(" 07"),
-                                      Line(" 08"),
-                                      Line(" 09"),
-                                      Line(" 10"),
-                                      Line(" 11"),
-                                      Line(" 12"),
-                                      Line(" 13"),
-                                      Line(" 14"),
-                                      Line(" 15"),
-                                      Line(" 16"),
-                                  }));
+    Lines texts{Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"), "", ""};
+    std::ranges::copy(Listed(kTitles, {{1, "Pop Ballad        1200"}, {6, "Big Band            77"}}), std::back_inserter(texts));
+    EXPECT_EQ(link.Texts(window), texts);
 }
 
 TEST_F(StyleListingTest, ANewFileShowsItsNumberedEmptyRows)
@@ -85,11 +77,7 @@ TEST_F(StyleListingTest, ANewFileShowsItsNumberedEmptyRows)
     BuildEmptyImage(empty);
     Window window(21, 0, "Untitled.sty", Bytes(empty.begin(), empty.end()));
     window.Rows(EmptyRows());
-    Lines expected{Line(kTitles), ""};
-    for (int number = 1; number <= 16; ++number) {
-        expected.push_back(Line(Head(number)));
-    }
-    EXPECT_EQ(link.Listing(window), expected);
+    EXPECT_EQ(link.Listing(window), Listed(kTitles));
 }
 
 TEST_F(StyleListingTest, InAnInterleavedFileThePartnerIsTheNextEntry)
@@ -100,26 +88,9 @@ TEST_F(StyleListingTest, InAnInterleavedFileThePartnerIsTheNextEntry)
                                         {"Letters sixteen!", 15, Body(123456)},
                                         {"Waltz", 2, Body(1)},
                                         {"Waltz STS", 2, Body(0)}});
-    EXPECT_EQ(ListingOf(image), (Lines{
-                                    Line(kStsTitles),
-                                    "",
-                                    Line(" 01 Pop Ballad          1200         Pop STS                  9"),
-                                    Line(" 02"),
-                                    Line(" 03 Waltz                  1         Waltz STS                0"),
-                                    Line(" 04"),
-                                    Line(" 05"),
-                                    Line(" 06"),
-                                    Line(" 07"),
-                                    Line(" 08"),
-                                    Line(" 09"),
-                                    Line(" 10"),
-                                    Line(" 11"),
-                                    Line(" 12"),
-                                    Line(" 13"),
-                                    Line(" 14"),
-                                    Line(" 15"),
-                                    Line(" 16 Sixteen letters!   34567         Letters sixteen!    123456"),
-                                }));
+    EXPECT_EQ(ListingOf(image), Listed(kStsTitles, {{1, "Pop Ballad          1200         Pop STS                  9"},
+                                                    {3, "Waltz                  1         Waltz STS                0"},
+                                                    {16, "Sixteen letters!   34567         Letters sixteen!    123456"}}));
 }
 
 TEST_F(StyleListingTest, InAGroupedFileOfSixThePartnerIsThreeFurtherOn)
@@ -130,26 +101,9 @@ TEST_F(StyleListingTest, InAGroupedFileOfSixThePartnerIsThreeFurtherOn)
                                         {"First STS", 0, Body(1)},
                                         {"Second STS", 1, Body(2)},
                                         {"Third STS", 2, Body(3)}});
-    EXPECT_EQ(ListingOf(image), (Lines{
-                                    Line(kStsTitles),
-                                    "",
-                                    Line(" 01 First                 10         First STS                1"),
-                                    Line(" 02 Second                20         Second STS               2"),
-                                    Line(" 03 Third                 30         Third STS                3"),
-                                    Line(" 04"),
-                                    Line(" 05"),
-                                    Line(" 06"),
-                                    Line(" 07"),
-                                    Line(" 08"),
-                                    Line(" 09"),
-                                    Line(" 10"),
-                                    Line(" 11"),
-                                    Line(" 12"),
-                                    Line(" 13"),
-                                    Line(" 14"),
-                                    Line(" 15"),
-                                    Line(" 16"),
-                                }));
+    EXPECT_EQ(ListingOf(image), Listed(kStsTitles, {{1, "First                 10         First STS                1"},
+                                                    {2, "Second                20         Second STS               2"},
+                                                    {3, "Third                 30         Third STS                3"}}));
 }
 
 TEST_F(StyleListingTest, TheStsOfAGroupedFileAreNotTakenForStyles)
@@ -169,11 +123,7 @@ TEST_F(StyleListingTest, TheFirstEntryOfASlotIsTheOneShown)
 TEST_F(StyleListingTest, EntriesBeyondTheSixteenPlacesAreNotShown)
 {
     const Bytes image = InstrumentFile({{"Far", 16, Body(1)}, {"Far STS", 16, Body(2)}});
-    Lines expected{Line(kStsTitles), ""};
-    for (int number = 1; number <= 16; ++number) {
-        expected.push_back(Line(Head(number)));
-    }
-    EXPECT_EQ(ListingOf(image), expected);
+    EXPECT_EQ(ListingOf(image), Listed(kStsTitles));
 }
 
 TEST_F(StyleListingTest, OnlyTheFirstFourCharactersOfARowCome)

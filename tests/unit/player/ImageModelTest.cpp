@@ -1,5 +1,4 @@
-// Long random sequences of additions and removals, with the images that two models apart come to: groups as groups, and
-// removal once more by positions.
+// Long random sequences of additions and removals, with the images that a model of groups comes to.
 #include "player/CompilationImage.h"
 
 #include "app/Paths.h"
@@ -13,8 +12,6 @@
 
 namespace velluto {
 namespace {
-
-// ---- groups as groups
 
 struct Group {
     std::string directory;
@@ -131,88 +128,6 @@ TEST(CompilationImageModel, RandomSequencesComeToTheSameGroups)
             ASSERT_EQ(image, model.Image()) << "seed " << seed;
         }
         EXPECT_EQ(image, "");
-    }
-}
-
-// ---- removal once more, on texts whose positions count from 1
-
-std::string Left(const std::string &text, int count)
-{
-    return text.substr(0, static_cast<std::size_t>(std::max(count, 0)));
-}
-
-std::string Right(const std::string &text, int count)
-{
-    const int length = static_cast<int>(text.size());
-    return text.substr(static_cast<std::size_t>(length - std::clamp(count, 0, length)));
-}
-
-int InStr(const std::string &text, const std::string &part, int from)
-{
-    const std::size_t found = text.find(part, static_cast<std::size_t>(from - 1));
-    return found == std::string::npos ? 0 : static_cast<int>(found) + 1;
-}
-
-char Mid(const std::string &text, int position)
-{
-    return position >= 1 && position <= static_cast<int>(text.size()) ? text[static_cast<std::size_t>(position - 1)] : '\0';
-}
-
-std::string RemovedByPositions(const std::string &image, const std::string &name)
-{
-    const std::string zero(1, '\0');
-    const int length = static_cast<int>(image.size());
-    const int start = InStr(image, name, 1);
-    const int nextZero = InStr(image, zero, start);
-    const int end = nextZero == 0 ? length : nextZero - 1;
-    int behindGroup = 0;
-    int kept = 0;
-    for (int k = start - 2; k >= 1; --k) {
-        if (Mid(image, k) == '\0') {
-            break;
-        }
-        if (Mid(image, k) == '\1') {
-            behindGroup = k + 1;
-            kept = InStr(image, zero, 1) - 1;
-            break;
-        }
-    }
-    if (behindGroup != 0 && Mid(image, end + 2) != '\1' && Mid(image, end + 2) != '\xFF') {
-        behindGroup = 0;
-    }
-    std::string head = Left(image, start - 2);
-    int skip = 0;
-    if (behindGroup != 0) {
-        head = Left(head, behindGroup - 2) + Right(head, static_cast<int>(head.size()) - kept);
-        skip = 1;
-    }
-    const std::string result = head + Right(image, length - end - skip);
-    return result.size() == 1 ? "" : result;
-}
-
-TEST(CompilationImageModel, RandomRemovalsLeaveWhatTheyLeaveByPositions)
-{
-    // Short names that are parts of each other and of the directories, and stretches that removals repeat.
-    for (unsigned seed = 1; seed <= 400; ++seed) {
-        std::mt19937 random(seed);
-        std::string image;
-        const int groups = 1 + static_cast<int>(random() % 4);
-        for (int group = 0; group < groups; ++group) {
-            image += '\1' + std::string("/") + std::string(1 + random() % 2, "ab"[random() % 2]) + '\0';
-            for (auto files = 1 + random() % 3; files > 0; --files) {
-                image += std::string(1 + random() % 2, "abc"[random() % 3]) + '\0';
-            }
-        }
-        image += '\xFF';
-        for (int step = 0; step < 12 && !image.empty() && image.size() < 10000; ++step) {
-            const std::string name(1 + random() % 2, "abc"[random() % 3]);
-            if (image.find(name) == std::string::npos) {
-                continue;
-            }
-            const std::string expected = RemovedByPositions(image, name);
-            RemoveByName(image, name);
-            ASSERT_EQ(image, expected) << "seed " << seed << ", step " << step << ", name " << name;
-        }
     }
 }
 
