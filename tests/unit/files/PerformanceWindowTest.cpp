@@ -203,6 +203,7 @@ TEST_F(PerformanceWindowTest, FileWindowsOfferTwentyBanksInTwoRowsOfTenOfOneWidt
         EXPECT_EQ(place.width, first.width);
         EXPECT_EQ(place.top, n <= 10 ? first.top : window.CommUser[11].place.Get().top);
         EXPECT_EQ(place.left, window.CommUser[(n - 1) % 10 + 1].place.Get().left) << "in columns";
+        EXPECT_TRUE(n % 10 == 1 || place.left > window.CommUser[n - 1].place.Get().left) << "in their order";
         EXPECT_LE(place.left + place.width, window.ScaleWidth());
         EXPECT_LE(place.top + place.height, window.ScaleHeight());
     }

@@ -126,15 +126,20 @@ TEST(DeviceMenu, ANameThatFillsTheFieldIsTakenWhole)
 
 TEST(DeviceMenu, ACharacterCutAtTheFieldsEndIsLeftOut)
 {
-    MidiLink link;
-    link.AddOuts(2);
-    link.AddIns(1);
-    link.devices.outs[0].name = "0123456789012345678901234567890\xC3\xA8"; // the accent's second byte is the 33rd
-    link.devices.outs[1].name = "012345678901234567890123456789\xC3\xA8";  // it ends with the 32nd
-    link.Survey();
-    FillDeviceMenus(link.midi);
-    EXPECT_EQ(link.app.frame.mnuDevMIDIOut[0].caption.Get(), "0123456789012345678901234567890");
-    EXPECT_EQ(link.app.frame.mnuDevMIDIOut[1].caption.Get(), "012345678901234567890123456789\xC3\xA8");
+    const std::string digits = "0123456789012345678901234567890"; // one byte short of the field
+    const std::pair<std::string, std::string> names[] = {
+        {digits + "\xC3\xA8", digits},
+        {digits.substr(1) + "\xC3\xA8", digits.substr(1) + "\xC3\xA8"}, // ends with the field
+        {digits.substr(1) + "\xE0\xB8\x81", digits.substr(1)},
+        {digits.substr(2) + "\xF0\x9F\x8E\xB9", digits.substr(2)}};
+    for (const auto &[name, caption] : names) {
+        MidiLink link;
+        link.AddOuts(1);
+        link.devices.outs[0].name = name;
+        link.Survey();
+        FillDeviceMenus(link.midi);
+        EXPECT_EQ(link.app.frame.mnuDevMIDIOut[0].caption.Get(), caption);
+    }
 }
 
 TEST(OutputMenu, AFirstChoiceOpensAndChecks)

@@ -80,6 +80,22 @@ TEST_F(Steps, BackGoesToTheNearestPositionBeforeWhoseTimeIsKnown)
     EXPECT_EQ(device().Mode(), 526);
 }
 
+TEST_F(Steps, TheNextPositionIsShownAWholeIntervalAfterTheStep)
+{
+    StartWithFile();
+    for (const int step : {TransportButton::Forward, TransportButton::Back}) {
+        Transport(TransportButton::Play);
+        Clock(2100); // 100 ms after Timer1
+        const std::string shown = form().LabTrackPosition.caption;
+        Transport(step);
+        Clock(200);
+        EXPECT_EQ(form().LabTrackPosition.caption.Get(), shown);
+        Clock(50);
+        EXPECT_NE(form().LabTrackPosition.caption.Get(), shown);
+        Transport(TransportButton::Stop);
+    }
+}
+
 TEST_F(Steps, BackStopsAtTheStartMark)
 {
     StartWithFile();

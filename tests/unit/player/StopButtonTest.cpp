@@ -67,11 +67,12 @@ TEST_F(StopButton, OpensTheFileOfACompilationAnew)
     Click(form().ListMidiCorr, 1);
     Transport(TransportButton::Play);
     Clock(1000);
+    Song("d/b.mid", 70); // changed meanwhile
     Transport(TransportButton::Stop);
     EXPECT_EQ(device().Command(), "open");
     EXPECT_EQ(device().Mode(), 525);
     EXPECT_EQ(device().Position(), 0);
-    EXPECT_EQ(form().LabTrackLenght.caption.Get(), "60");
+    EXPECT_EQ(form().LabTrackLenght.caption.Get(), "70");
     EXPECT_EQ(form().caption.Get(), "MIDI PLAYER - b.mid");
 }
 
