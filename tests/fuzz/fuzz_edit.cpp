@@ -2,6 +2,7 @@
 // opened, rows are selected, copied, cut, pasted and printed, past the menu too. Whatever happens, every document keeps its
 // prefix, and an image that the program would open again.
 #include "fuzz/FuzzProgram.h"
+#include "unit/support/InstrumentImage.h"
 
 #include "files/DocumentForm.h"
 #include "files/Korf.h"
@@ -18,54 +19,23 @@ constexpr int kFiles = 4;
 constexpr int kMostCommands = 60;
 constexpr std::array kPaths = {"/home/a.pcg", "/home/b.sty", "/home/c.prf", "/home/d.sty", "/home/e.pcg", "/home/f.prf"};
 
-void Append32(Bytes &to, std::size_t value)
-{
-    for (const int shift : {24, 16, 8, 0}) {
-        to.push_back(static_cast<std::uint8_t>(value >> shift));
-    }
-}
-
-void AppendText(Bytes &to, std::string_view text)
-{
-    to.insert(to.end(), text.begin(), text.end());
-}
-
 // A file of a few items, framed as it should be.
 Bytes FramedFile(FuzzedDataProvider &bytes)
 {
     const auto count = bytes.ConsumeIntegralInRange<std::size_t>(0, bytes.ConsumeBool() ? 12 : 140);
-    std::string head;
-    BuildHeader(head);
-    Bytes file(head.begin(), head.end());
+    std::string between;
     for (std::size_t i = 0; i < count; ++i) {
-        std::string entry = bytes.ConsumeBytesAsString(4);
-        entry.resize(Korf::kEntryLength, '\0');
+        const std::string name = bytes.ConsumeBytesAsString(4);
         const std::size_t grouped = count > 1 ? i % (count / 2) : 0;
         const auto slot = bytes.PickValueInArray({i, i / 2, grouped, bytes.ConsumeIntegral<std::size_t>()});
-        entry[Korf::kEntrySlot] = static_cast<char>(slot);
-        AppendText(file, entry);
+        between += test::DirectoryEntry(name, static_cast<int>(slot));
     }
     std::vector<std::size_t> offsets;
     for (std::size_t i = 0; i < count; ++i) {
-        offsets.push_back(file.size());
-        file.resize(file.size() + bytes.ConsumeIntegralInRange<std::size_t>(0, 40), bytes.ConsumeIntegralInRange<std::uint8_t>(0, 20));
+        offsets.push_back(test::kInstrumentHead + between.size());
+        between.append(bytes.ConsumeIntegralInRange<std::size_t>(0, 40), static_cast<char>(bytes.ConsumeIntegralInRange(0, 20)));
     }
-    Append32(file, 0xFE000018);
-    Append32(file, 4 * count + 16);
-    AppendText(file, "KBEG");
-    Append32(file, Korf::kDirectoryChunk);
-    for (const std::size_t offset : offsets) {
-        Append32(file, offset);
-    }
-    const std::size_t end = file.size();
-    AppendText(file, "KEND");
-    Append32(file, count + 1);
-    for (int byte = 0; byte < 3; ++byte) {
-        file[static_cast<std::size_t>(Korf::kOuterLength + 1 + byte)] = static_cast<std::uint8_t>(end >> (16 - 8 * byte));
-    }
-    file[Korf::kDirectoryLength] = static_cast<std::uint8_t>(24 * count / 256);
-    file[Korf::kDirectoryLength + 1] = static_cast<std::uint8_t>(24 * count);
-    return file;
+    return test::Framed(between, offsets);
 }
 
 // The same with any bytes in any place, or cut short, but with a last byte that makes it pass for an instrument's file.

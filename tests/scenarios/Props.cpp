@@ -1,7 +1,7 @@
 #include "scenarios/Props.h"
 
 #include "driver/Json.h"
-#include "scenarios/ProgramFile.h"
+#include "unit/support/InstrumentImage.h"
 
 #include <algorithm>
 #include <charconv>
@@ -58,20 +58,47 @@ Bytes HexBytes(const Words &words, std::size_t from)
     return bytes;
 }
 
-ProgramItem ItemFrom(const std::string &word)
+struct Item {
+    int slot = 0;     // 0-based place in the bank
+    std::string name; // at most 16 bytes; padded with blanks
+};
+
+Item ItemFrom(const std::string &word)
 {
     const std::size_t colon = word.find(':');
     if (colon == std::string::npos) {
         throw BadCommand("an item is SLOT:ITEM: " + word);
     }
-    ProgramItem item{driver::ToNumber(word.substr(0, colon), "the slot", 0, 255), word.substr(colon + 1)};
+    Item item{driver::ToNumber(word.substr(0, colon), "the slot", 0, 255), word.substr(colon + 1)};
     std::ranges::replace(item.name, '_', ' ');
     return item;
 }
 
-void MakeProgramFile(const Words &words)
+// Each item's body is made-up bytes, one more of them than the item before has.
+Bytes FileOf(const std::vector<Item> &items)
 {
-    std::vector<ProgramItem> items;
+    constexpr std::size_t kNameLength = 16;
+    constexpr int kFirstBodyLength = 40;
+    std::string between;
+    for (const Item &item : items) {
+        std::string name = item.name;
+        name.resize(kNameLength, ' ');
+        between += test::DirectoryEntry(name, item.slot, "\1\2\3\4\5\6\7");
+    }
+    std::vector<std::size_t> offsets;
+    for (const Item &item : items) {
+        const int length = kFirstBodyLength + static_cast<int>(offsets.size());
+        offsets.push_back(test::kInstrumentHead + between.size());
+        for (int k = 0; k < length; ++k) {
+            between += static_cast<char>(item.slot * 7 + k);
+        }
+    }
+    return test::Framed(between, offsets);
+}
+
+void MakeInstrumentFile(const Words &words)
+{
+    std::vector<Item> items;
     if (words.size() == 4 && words[2] == "full") {
         for (int slot = 0; slot < driver::ToNumber(words[3], "the places", 1, 128); ++slot) {
             items.push_back({slot, "Program " + std::to_string(slot + 1)});
@@ -79,7 +106,7 @@ void MakeProgramFile(const Words &words)
     } else {
         std::transform(words.begin() + 2, words.end(), std::back_inserter(items), ItemFrom);
     }
-    WriteFile(words[1], ProgramFile(items));
+    WriteFile(words[1], FileOf(items));
 }
 
 void Patch(const Words &words)
@@ -117,7 +144,7 @@ void UseProps(const Words &words)
 {
     const std::string what = words.size() > 1 ? words[0] : "";
     if ((what == "pcg" || what == "sty" || what == "prf") && words.size() > 2) {
-        MakeProgramFile(words);
+        MakeInstrumentFile(words);
     } else if (what == "file") {
         WriteFile(words[1], HexBytes(words, 2));
     } else if (what == "patch" && words.size() > 3) {

@@ -42,32 +42,13 @@ struct Entry {
 
 // An image put down piece by piece: the head, these entries, whatever stands between them and the index, and the offsets
 // in the index. The head counts as many items as there are offsets, however many entries there are.
-inline Bytes Written(const std::vector<Entry> &entries, const std::string &between, const std::vector<int> &offsets)
+inline Bytes Written(const std::vector<Entry> &entries, const std::string &between, const std::vector<std::size_t> &offsets)
 {
-    Bytes image{0x01, 0x00, 0x01, 0x14, 0, 0, 0, 0, 0x02, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x0C, 0x0B, 0, 0, 0, 0, 0, 0};
-    AppendText(image, "KORF");
-    Append(image, {0x00, 0x05, 0x00, 0x00, 0x18});
-    Append32(image, 24 * offsets.size());
+    std::string directory;
     for (const Entry &entry : entries) {
-        std::string name = entry.name;
-        name.resize(16, '\0');
-        AppendText(image, name + entry.kept.substr(0, 4) + static_cast<char>(entry.slot) + entry.kept.substr(4));
+        directory += DirectoryEntry(entry.name, entry.slot, entry.kept);
     }
-    AppendText(image, between);
-    Append(image, {0xFE, 0x00, 0x00, 0x18});
-    Append32(image, 4 * offsets.size() + 16);
-    AppendText(image, "KBEG");
-    Append32(image, 28);
-    for (const int offset : offsets) {
-        Append32(image, static_cast<std::size_t>(offset));
-    }
-    const std::size_t end = image.size();
-    AppendText(image, "KEND");
-    Append(image, {0, 0, 0, static_cast<std::uint8_t>(offsets.size() + 1)});
-    image[5] = static_cast<std::uint8_t>(end >> 16);
-    image[6] = static_cast<std::uint8_t>(end >> 8);
-    image[7] = static_cast<std::uint8_t>(end);
-    return image;
+    return Framed(directory + between, offsets);
 }
 
 // Bytes as one reads them: letters as they are, all else in hexadecimal, a line for each 24.

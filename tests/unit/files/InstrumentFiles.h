@@ -1,7 +1,7 @@
-// Instrument files written out byte by byte, without the program's own builder, and a running program to open them in.
-// Used by the tests of the file room.
+// Instrument files of all shapes, and a running program to open them in. Used by the tests of the file room.
 #pragma once
 
+#include "unit/support/InstrumentImage.h"
 #include "unit/support/TestProgram.h"
 
 #include "files/Banks.h"
@@ -21,63 +21,6 @@
 #include <vector>
 
 namespace velluto::test {
-
-struct Item {
-    std::string name; // up to 16 bytes; zeros follow
-    int slot = 0;
-    Bytes body;
-};
-
-inline void Append(Bytes &to, const Bytes &bytes)
-{
-    to.insert(to.end(), bytes.begin(), bytes.end());
-}
-
-inline void AppendText(Bytes &to, const std::string &text)
-{
-    to.insert(to.end(), text.begin(), text.end());
-}
-
-// A big-endian number of four bytes.
-inline void Append32(Bytes &to, std::size_t value)
-{
-    for (const int shift : {24, 16, 8, 0}) {
-        to.push_back(static_cast<std::uint8_t>(value >> shift));
-    }
-}
-
-inline Bytes InstrumentFile(const std::vector<Item> &items)
-{
-    Bytes file{0x01, 0x00, 0x01, 0x14, 0, 0, 0, 0, 0x02, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x0C, 0x0B, 0, 0, 0, 0, 0, 0};
-    AppendText(file, "KORF");
-    Append(file, {0x00, 0x05, 0x00, 0x00, 0x18});
-    Append32(file, 24 * items.size());
-    for (const Item &item : items) {
-        std::string name = item.name;
-        name.resize(16, '\0');
-        AppendText(file, name);
-        Append(file, {0x11, 0x22, 0x33, 0x44, static_cast<std::uint8_t>(item.slot), 0x55, 0x66, 0x77});
-    }
-    std::vector<std::size_t> offsets;
-    for (const Item &item : items) {
-        offsets.push_back(file.size());
-        Append(file, item.body);
-    }
-    Append(file, {0xFE, 0x00, 0x00, 0x18});
-    Append32(file, 4 * items.size() + 16);
-    AppendText(file, "KBEG");
-    Append32(file, 28);
-    for (const std::size_t offset : offsets) {
-        Append32(file, offset);
-    }
-    const std::size_t end = file.size();
-    AppendText(file, "KEND");
-    Append(file, {0, 0, 0, static_cast<std::uint8_t>(items.size() + 1)});
-    file[5] = static_cast<std::uint8_t>(end >> 16);
-    file[6] = static_cast<std::uint8_t>(end >> 8);
-    file[7] = static_cast<std::uint8_t>(end);
-    return file;
-}
 
 // One Program in slot 0 whose body makes the file so long, in bytes (124 or more).
 inline Bytes FileOfLength(std::size_t length)
