@@ -18,7 +18,7 @@ constexpr std::size_t kRingBytes = std::size_t{1} << 18;
 // How late a message may be handed over and still come at its time. Added to one period, since the one that is running when
 // it is due has taken its messages already.
 constexpr jack_nframes_t kGraceParts = 500; // of a second: 2 ms
-constexpr auto kLongestDrain = 250ms;
+constexpr auto kLongestDrain = 1000ms;
 constexpr auto kDrainLook = 500us;
 
 } // namespace
@@ -64,7 +64,9 @@ void JackSource::Send(std::span<const std::uint8_t> message, TimePoint due)
 
 void JackSource::Drain()
 {
-    const auto end = std::chrono::steady_clock::now() + kLongestDrain;
+    // Each message leaves in one of the two periods after its own.
+    const auto period = std::chrono::microseconds(std::uint64_t{1000000} * jack_get_buffer_size(client_) / jack_get_sample_rate(client_));
+    const auto end = std::chrono::steady_clock::now() + kLongestDrain + 2 * period;
     while (host_.ServerLives() && jack_ringbuffer_read_space(ring_.get()) > 0 && std::chrono::steady_clock::now() < end) {
         std::this_thread::sleep_for(kDrainLook);
     }

@@ -3,6 +3,7 @@
 #include "platform/rtmidi/MidiPorts.h"
 #include "platform/rtmidi/ProductName.h"
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <thread>
@@ -20,11 +21,24 @@ constexpr std::size_t kQueueOverhead = sizeof(int); // what the queue adds to a 
 
 // A connection counts from one of the next periods on, and what is sent before that is lost; what is handed over is sent in
 // the next period and received in the same or in the one after.
-constexpr std::uint32_t kPeriodsToSettle = 3;
-constexpr std::chrono::milliseconds kLongestSettling(250);
-constexpr std::chrono::microseconds kSettlingLook(500);
+constexpr std::uint32_t kPeriodsToPass = 3;
+constexpr std::chrono::milliseconds kLongestDelay(1000); // of a server that works
+constexpr std::chrono::microseconds kLookEvery(500);
 
 void Quiet(const char * /*text*/) {}
+
+// Takes a list of JACK's: the program's own ports, or all others.
+std::vector<std::string> Take(const char **list, bool own)
+{
+    const std::unique_ptr<const char *, decltype(&jack_free)> ports(list, &jack_free);
+    std::vector<std::string> names;
+    for (std::size_t i = 0; list != nullptr && list[i] != nullptr; ++i) {
+        if (IsOwnPort(list[i]) == own) {
+            names.emplace_back(list[i]);
+        }
+    }
+    return names;
+}
 
 } // namespace
 
@@ -140,19 +154,11 @@ void JackSystem::Forget(JackSource &source)
 std::vector<std::string> JackSystem::Names(PortKind kind)
 {
     const std::lock_guard lock(mutex_);
-    std::vector<std::string> names;
     if (client_ == nullptr || !alive_) {
-        return names;
+        return {};
     }
     const unsigned long direction = kind == PortKind::Output ? JackPortIsInput : JackPortIsOutput;
-    const std::unique_ptr<const char *, decltype(&jack_free)> ports(jack_get_ports(client_, nullptr, JACK_DEFAULT_MIDI_TYPE, direction),
-                                                                    &jack_free);
-    for (std::size_t i = 0; ports && ports.get()[i] != nullptr; ++i) {
-        if (!IsOwnPort(ports.get()[i])) {
-            names.emplace_back(ports.get()[i]);
-        }
-    }
-    return names;
+    return Take(jack_get_ports(client_, nullptr, JACK_DEFAULT_MIDI_TYPE, direction), false);
 }
 
 bool JackSystem::HasRoom(SendBudget &budget, std::size_t messageBytes) const
@@ -168,23 +174,43 @@ bool JackSystem::HasRoom(SendBudget &budget, std::size_t messageBytes) const
     return true;
 }
 
-void JackSystem::Settle(const std::string &portName)
+std::chrono::steady_clock::time_point JackSystem::EndOfWait(std::uint32_t periods)
 {
-    {
-        const std::lock_guard lock(mutex_);
-        if (client_ != nullptr && alive_) {
-            jack_port_connected(jack_port_by_name(client_, portName.c_str())); // waits while a change is pending
-        }
+    const std::lock_guard lock(mutex_);
+    const auto end = std::chrono::steady_clock::now() + kLongestDelay;
+    if (client_ == nullptr || !alive_) {
+        return end;
     }
-    LetPass();
+    return end +
+           periods * std::chrono::microseconds(std::uint64_t{1000000} * jack_get_buffer_size(client_) / jack_get_sample_rate(client_));
+}
+
+// As the period that runs has them, and not as they have been asked for.
+std::vector<std::string> JackSystem::Feeders(const std::string &portName)
+{
+    const std::lock_guard lock(mutex_);
+    if (client_ == nullptr || !alive_) {
+        return {};
+    }
+    jack_port_t *const port = jack_port_by_name(client_, portName.c_str());
+    return port == nullptr ? std::vector<std::string>() : Take(jack_port_get_all_connections(client_, port), true);
+}
+
+void JackSystem::Settle(const std::string &portName, const std::vector<std::string> &before)
+{
+    const auto isNew = [&before](const std::string &name) { return std::ranges::find(before, name) == before.end(); };
+    const auto end = EndOfWait(kPeriodsToPass);
+    while (alive_ && std::ranges::none_of(Feeders(portName), isNew) && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kLookEvery);
+    }
 }
 
 void JackSystem::LetPass()
 {
     const std::uint32_t begin = cycles_.load(std::memory_order_relaxed);
-    const auto end = std::chrono::steady_clock::now() + kLongestSettling;
-    while (alive_ && cycles_.load(std::memory_order_relaxed) - begin < kPeriodsToSettle && std::chrono::steady_clock::now() < end) {
-        std::this_thread::sleep_for(kSettlingLook);
+    const auto end = EndOfWait(kPeriodsToPass);
+    while (alive_ && cycles_.load(std::memory_order_relaxed) - begin < kPeriodsToPass && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kLookEvery);
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include <jack/jack.h>
 
+#include <chrono>
 #include <mutex>
 
 namespace velluto {
@@ -26,7 +27,8 @@ public:
     std::vector<std::string> Names(PortKind kind) override;
     [[nodiscard]] bool TellsChanges() const override { return true; }
     bool HasRoom(SendBudget &budget, std::size_t messageBytes) const override;
-    void Settle(const std::string &portName) override;
+    std::vector<std::string> Feeders(const std::string &portName) override;
+    void Settle(const std::string &portName, const std::vector<std::string> &before) override;
     void LetPass() override;
     std::unique_ptr<SourcePort> MakeSource() override; // one at a time
 
@@ -35,6 +37,8 @@ private:
     void Forget(JackSource &source) override;
     void Process(jack_nframes_t frames);
     void CloseClient();
+    // The end of a wait for so many periods, with some time on top for a server that is late.
+    [[nodiscard]] std::chrono::steady_clock::time_point EndOfWait(std::uint32_t periods);
 
     std::mutex mutex_; // guards what follows: ports are listed by the interface thread and by the one that watches
     jack_client_t *client_ = nullptr;

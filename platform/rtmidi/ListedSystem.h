@@ -20,8 +20,10 @@ public:
     std::vector<std::string> Names(PortKind kind) override;
     [[nodiscard]] bool TellsChanges() const override { return false; }
     bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
-    void Settle(const std::string & /*portName*/) override {} // these systems connect at once
-    void LetPass() override {}                                // and deliver at once
+    // These systems connect at once, and deliver at once.
+    std::vector<std::string> Feeders(const std::string & /*portName*/) override { return {}; }
+    void Settle(const std::string & /*portName*/, const std::vector<std::string> & /*before*/) override {}
+    void LetPass() override {}
     // Nothing on Windows, which knows no ports of programs.
     std::unique_ptr<SourcePort> MakeSource() override;
 

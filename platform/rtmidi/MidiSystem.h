@@ -43,8 +43,10 @@ public:
     // False where the message would overrun the connection's queue, since the system takes nothing at the moment.
     virtual bool HasRoom(SendBudget &budget, std::size_t messageBytes) const = 0;
 
-    // Waits, briefly, until a connection just made to the port passes what is sent on it.
-    virtual void Settle(const std::string &portName) = 0;
+    // The program's own ports from which the system passes on to this one.
+    virtual std::vector<std::string> Feeders(const std::string &portName) = 0;
+    // Waits, briefly, until there is one that was none before: a connection just made then passes what is sent on it.
+    virtual void Settle(const std::string &portName, const std::vector<std::string> &before) = 0;
     // Waits, briefly, until what was handed over before has reached the other side. A connection that ends takes with it
     // what is still on its way.
     virtual void LetPass() = 0;

@@ -229,12 +229,13 @@ int ConnectOutput(const ConnectionHost &host, const std::string &name, std::uniq
 {
     return Guarded([&]() {
         auto connection = std::make_unique<OutConnection>(host.system.Api());
+        const std::vector<std::string> before = host.system.Feeders(name);
         const int code = connection->Open(name, "out");
         if (code != MidiCode::kSuccess) {
             host.retirement.End(std::move(connection));
             return code;
         }
-        host.system.Settle(name);
+        host.system.Settle(name, before);
         port = std::make_unique<RtOutput>(host, name, std::move(connection));
         return code;
     });

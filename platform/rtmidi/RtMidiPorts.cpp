@@ -8,8 +8,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kWaitForTheDead = 1500ms; // RtMidi takes a second to leave a dead server
-constexpr auto kWaitAtEnd = 3000ms;
+constexpr auto kWait = 3000ms; // RtMidi takes a second to leave a dead server
 
 } // namespace
 
@@ -20,12 +19,12 @@ RtMidiPorts::~RtMidiPorts()
     watch_.End();
     // A server that neither runs nor dies can hold the closing of a client for ever: the program ends without it. The
     // connections end first, the system that they belong to after them.
-    if (!retirement_.Wait(kWaitAtEnd)) {
+    if (!retirement_.Wait(kWait)) {
         static_cast<void>(system_.release());
         return;
     }
     retirement_.End(std::move(system_));
-    retirement_.Wait(kWaitAtEnd);
+    retirement_.Wait(kWait);
 }
 
 void RtMidiPorts::LookAhead()
@@ -66,7 +65,7 @@ bool RtMidiPorts::EnsureAlive()
         return true;
     }
     watch_.Look(); // everything on a dead system is let go
-    return retirement_.Wait(kWaitForTheDead) && system_->Connect();
+    return retirement_.Wait(kWait) && system_->Connect();
 }
 
 bool RtMidiPorts::EnsureActive()

@@ -51,7 +51,8 @@ public:
     std::vector<std::string> Names(PortKind kind) override { return {kind == PortKind::Output ? "synth" : "keys"}; }
     [[nodiscard]] bool TellsChanges() const override { return false; }
     bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
-    void Settle(const std::string & /*portName*/) override {}
+    std::vector<std::string> Feeders(const std::string & /*portName*/) override { return {}; }
+    void Settle(const std::string & /*portName*/, const std::vector<std::string> & /*before*/) override {}
     void LetPass() override {}
     std::unique_ptr<SourcePort> MakeSource() override { return std::make_unique<PaperSource>(); }
 
