@@ -127,17 +127,23 @@ write_cookie() {
     )
 }
 
-# start_display FOLDER SIZE [NUMBER]: a virtual display with its window manager, on the given number or else on a free one.
-# Leaves its secrets and logs in FOLDER, sets and exports DISPLAY and XAUTHORITY, and puts the processes into started_pids.
+# In front of a command in the background: it ends where this shell does, even where that is killed.
+our_own=(setpriv --pdeathsig KILL --)
+
+# start_display FOLDER SIZE [NUMBER] [OPTION...]: a virtual display with its window manager, on the given number or else on a free
+# one. Leaves its secrets and logs in FOLDER, sets and exports DISPLAY and XAUTHORITY, and puts the processes into display_pids
+# and started_pids.
 started_pids=()
+display_pids=()
 start_display() {
     local folder=$1 size=$2 number=${3-}
     write_cookie "$folder/authority"
     export XAUTHORITY=$folder/authority
     mkfifo "$folder/display"
-    # shellcheck disable=SC2086 # the number is left out where it is empty
-    Xvfb ${number:+":$number"} -displayfd 7 -auth "$XAUTHORITY" -nolisten tcp -screen 0 "${size}x24" \
+    # It would begin anew when the first program that looks leaves before the window manager has come.
+    "${our_own[@]}" Xvfb ${number:+":$number"} "${@:4}" -noreset -displayfd 7 -auth "$XAUTHORITY" -nolisten tcp -screen 0 "${size}x24" \
         7<>"$folder/display" >"$folder/Xvfb.log" 2>&1 &
+    display_pids=($!)
     started_pids+=($!)
     local answer=
     if ! read -r -t 20 answer <>"$folder/display" || [ -z "$answer" ]; then
@@ -146,7 +152,8 @@ start_display() {
         return 1
     fi
     export DISPLAY=:$answer
-    openbox --sm-disable >"$folder/openbox.log" 2>&1 &
+    "${our_own[@]}" openbox --sm-disable >"$folder/openbox.log" 2>&1 &
+    display_pids+=($!)
     started_pids+=($!)
 }
 

@@ -51,7 +51,7 @@ changing press alt+i
 find_player
 changing file_panel
 changing new_compilation
-changing xdotool type --delay 10 'Saturday night'
+changing xdotool type --delay 2 'Saturday night'
 changing folder_row 0
 changing folder_row 3 shift_click_here
 changing add_selected

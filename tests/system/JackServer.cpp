@@ -1,9 +1,7 @@
 #include "JackServer.h"
 
-#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <stdexcept>
 #include <sys/file.h>
 #include <sys/prctl.h>
@@ -15,9 +13,8 @@ namespace velluto::test {
 
 namespace {
 
-constexpr const char *kServerName = "velluto-test";
-constexpr const char *kPatientPeriod = "256"; // frames
-constexpr const char *kHastyPeriod = "1024";
+constexpr int kNames = 4;
+constexpr std::chrono::seconds kWaitForName(250); // where others test too
 
 } // namespace
 
@@ -132,6 +129,14 @@ void Process::Signal(int number) const
     }
 }
 
+void Process::Stop() const
+{
+    if (pid_ > 0) {
+        ::kill(pid_, SIGSTOP);
+        ::waitpid(pid_, nullptr, WUNTRACED);
+    }
+}
+
 void Process::End(int signal)
 {
     if (pid_ > 0) {
@@ -146,30 +151,38 @@ void Process::End(int signal)
 
 JackServer::JackServer()
 {
-    ::setenv("JACK_DEFAULT_SERVER", kServerName, 1);
+    const auto taken = [this]() {
+        for (int number = 1; number <= kNames; ++number) {
+            const std::string file = "/dev/shm/velluto-test-" + std::to_string(::getuid()) + "-" + std::to_string(number) + ".lock";
+            lock_ = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+            if (::flock(lock_, LOCK_EX | LOCK_NB) == 0) {
+                name_ = "velluto-" + std::to_string(number);
+                return true;
+            }
+            ::close(lock_);
+        }
+        return false;
+    };
+    if (!Eventually(taken, kWaitForName)) {
+        throw std::runtime_error("every server's name is taken");
+    }
+    ::setenv("JACK_DEFAULT_SERVER", name_.c_str(), 1);
     ::setenv("JACK_NO_AUDIO_RESERVATION", "1", 1);
     ::setenv("JACK_NO_START_SERVER", "1", 1);
-    const std::filesystem::path name = std::filesystem::temp_directory_path() / (std::string(kServerName) + ".lock");
-    lock_ = ::open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-    ::flock(lock_, LOCK_EX);
 }
 
 JackServer::~JackServer()
 {
     if (process_) {
-        process_->Signal(SIGCONT); // a test that failed may have left it standing
+        Continue(); // a test that failed may have left it standing
         process_->End(SIGTERM);
     }
     ::close(lock_);
 }
 
-void JackServer::Start(Temper temper)
+void JackServer::Start()
 {
-    std::vector<std::string> words{JACKD, "-n", kServerName, "--no-realtime"};
-    if (temper == Temper::Patient) {
-        words.emplace_back("-S");
-    }
-    words.insert(words.end(), {"-d", "dummy", "-r", "48000", "-p", temper == Temper::Patient ? kPatientPeriod : kHastyPeriod});
+    const std::vector<std::string> words{JACKD, "-n", name_, "--no-realtime", "-S", "-t", "500", "-d", "dummy", "-r", "48000", "-p", "256"};
     const std::string look = std::string(JACK_WAIT) + " -c 2>/dev/null | grep -q '^running'";
     const auto running = [&]() { return std::system(look.c_str()) == 0; }; // NOLINT: before any thread
     // The name of a server that was killed is free again only when the system has buried that one.
@@ -177,7 +190,7 @@ void JackServer::Start(Temper temper)
         process_ = std::make_unique<Process>(words);
         return Eventually([&]() { return running() || !process_->Runs(); }) && process_->Runs();
     };
-    if (Eventually(starts, std::chrono::seconds(15))) {
+    if (Eventually(starts, std::chrono::seconds(60))) {
         return;
     }
     throw std::runtime_error("the JACK server does not start");

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <csignal>
 #include <functional>
 #include <memory>
 #include <string>
@@ -12,7 +13,7 @@
 namespace velluto::test {
 
 // Waits for the condition. False where it has not come true after the limit.
-bool Eventually(const std::function<bool()> &condition, std::chrono::milliseconds limit = std::chrono::seconds(5));
+bool Eventually(const std::function<bool()> &condition, std::chrono::milliseconds limit = std::chrono::seconds(20));
 
 // A process with its standard input and output in our hands. It ends with this object, and if the test dies.
 class Process {
@@ -28,6 +29,7 @@ public:
     bool Runs();           // it has not ended by itself
     bool WaitUntilReady(); // until it has written "ready"
     void Signal(int number) const;
+    void Stop() const;    // and waits until it stands still; SIGCONT lets it go on
     void Leave();         // ends it by the end of its input
     void End(int signal); // and waits for its end
 
@@ -42,23 +44,23 @@ private:
     std::vector<std::string> lines_;
 };
 
-// A server under a name of the tests; the environment names it to all clients. The name is the same every time: JACK has
-// room for eight names on a machine, and a server that was killed gives its own up only to the next one of that name.
+// A server under one of a few names of the tests, as in gui-lib.sh; the environment names it to all clients. They are few since
+// JACK has room for eight names on a machine, and a server that was killed gives its own up only to the next one of that name.
+// It waits some seconds for a client that is late, since what has not been passed on by the end of a period is lost, and the
+// machine may be busy. For as long it stands still where a connected client is killed.
 class JackServer {
 public:
-    // A patient server waits for a client that is late, so that a busy machine loses no message; but it stands still when a
-    // connected client leaves. A hasty one goes on, in periods so long that a message is hardly ever late.
-    enum class Temper { Patient, Hasty };
-
     JackServer();
     ~JackServer(); // ends it in an orderly way
     JackServer(const JackServer &) = delete;
     JackServer &operator=(const JackServer &) = delete;
-    void Start(Temper temper); // and waits until clients are taken
+    void Start(); // and waits until clients are taken
     void End(int signal);
-    void Signal(int number) const { process_->Signal(number); }
+    void Stop() const { process_->Stop(); }
+    void Continue() const { process_->Signal(SIGCONT); }
 
 private:
+    std::string name_;
     int lock_ = -1; // held while this lives: only one test on the machine has a server of this name
     std::unique_ptr<Process> process_;
 };

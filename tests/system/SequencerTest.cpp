@@ -16,9 +16,9 @@ class SequencerTest : public testing::Test {
 protected:
     SequencerTest() { ::setenv("VELLUTO_SOUNDFONT", "", 1); }
 
-    void StartAll(JackServer::Temper temper = JackServer::Temper::Patient)
+    void StartAll()
     {
-        server_.Start(temper);
+        server_.Start();
         StartInstrument();
         MakeMusic();
     }
@@ -41,6 +41,9 @@ protected:
         jack_client_t *bay = jack_client_open("bay", JackNoStartServer, nullptr);
         ASSERT_NE(bay, nullptr);
         EXPECT_EQ(jack_connect(bay, "Velluto:Velluto player", "pa80:midi_in"), 0);
+        // A connection is there from the period on in which it is listed.
+        jack_port_t *const player = jack_port_by_name(bay, "Velluto:Velluto player");
+        EXPECT_TRUE(Eventually([player]() { return jack_port_connected_to(player, "pa80:midi_in") != 0; }));
         jack_client_close(bay);
     }
 
@@ -188,7 +191,7 @@ TEST_F(SequencerTest, WithoutAServerASongPlaysAllTheSame)
 
 TEST_F(SequencerTest, AServerThatDiesDoesNotStopTheSongAndTheNextOpenFindsTheNewOne)
 {
-    StartAll(JackServer::Temper::Hasty);
+    StartAll();
     PlayLong();
     server_.End(SIGKILL);
     const std::int32_t position = Device().Position();
@@ -196,7 +199,7 @@ TEST_F(SequencerTest, AServerThatDiesDoesNotStopTheSongAndTheNextOpenFindsTheNew
     EXPECT_EQ(Device().Mode(), SequencerMode::kPlaying);
     Device().SetCommand("close");
     instrument_->End(SIGKILL);
-    server_.Start(JackServer::Temper::Patient);
+    server_.Start();
     StartInstrument();
     PlayLong();
     Device().SetCommand("stop");
@@ -205,14 +208,14 @@ TEST_F(SequencerTest, AServerThatDiesDoesNotStopTheSongAndTheNextOpenFindsTheNew
 
 TEST_F(SequencerTest, AServerThatStandsStillNeverHoldsTheSong)
 {
-    StartAll(JackServer::Temper::Hasty);
+    StartAll();
     PlayLong();
-    server_.Signal(SIGSTOP);
+    server_.Stop();
     const std::int32_t position = Device().Position();
     EXPECT_TRUE(Eventually([&]() { return Device().Position() > position; }));
     Device().SetCommand("stop");
     EXPECT_EQ(Device().Mode(), SequencerMode::kStopped);
-    server_.Signal(SIGCONT);
+    server_.Continue();
     EXPECT_TRUE(Arrives(kEnded));
 }
 

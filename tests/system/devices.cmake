@@ -14,4 +14,4 @@ target_link_libraries(system_devices PRIVATE velluto_devices velluto_warnings GT
 target_compile_definitions(system_devices PRIVATE JACKD="${JACKD}" JACK_WAIT="${JACK_WAIT}"
                            JACK_INSTRUMENT="$<TARGET_FILE:jack-instrument>" JACK_KEYS="$<TARGET_FILE:jack-keys>")
 add_dependencies(system_devices jack-keys jack-instrument)
-gtest_discover_tests(system_devices TEST_PREFIX "system.devices." PROPERTIES RESOURCE_LOCK jack TIMEOUT 60 DISCOVERY_TIMEOUT 60)
+gtest_discover_tests(system_devices TEST_PREFIX "system.devices." PROPERTIES TIMEOUT 300 DISCOVERY_TIMEOUT 60)

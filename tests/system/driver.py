@@ -24,7 +24,7 @@ class Driver:
 
     def __exit__(self, *_):
         self.process.stdin.close()
-        self.process.wait(timeout=20)
+        self.process.wait(timeout=40)
         self.process.stdout.close()
 
     def ask(self, command):

@@ -6,22 +6,15 @@
 #
 # EVENING names one of the scripts evening_*.py.
 set -euo pipefail
-program=$(realpath "$1")
-instrument=$(realpath "$2")
-pictures=$(realpath "$3")
-driver=$(realpath "$4")
-here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 # shellcheck source=tests/system/gui-lib.sh
-. "$here/gui-lib.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 screen_width=1280
 screen_height=960
 
-set_stage "evening-$5" "$pictures"
-start_jack 8192 # so long a period is missed by nobody, however busy the machine
-start_instrument "$instrument" Instrument
-seed "$here/../../data" "$stage/home"
+begin "evening-$5" "$@"
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-dbus-run-session -- /usr/bin/python3 -B "$here/evening_$5.py" "$program" "$driver" "$stage" "$pictures" 2>"$stage/bus.log" &
+"${our_own[@]}" dbus-run-session -- /usr/bin/python3 -B "${BASH_SOURCE[0]%.sh}_$5.py" "$program" "$(realpath "$4")" "$stage" "$pictures" \
+    {lane_lock}>&- 2>"$stage/bus.log" &
 evening=$!
 started_pids+=("$evening")
 status=0

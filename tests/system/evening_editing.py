@@ -7,7 +7,7 @@ import subprocess
 
 from driver import Driver
 from evening import live, picture
-from reader import Reader
+from reader import RIGHT_CLICK, SHIFT_CLICK, Reader
 from waiting import await_value, expect, fail, wait_for
 
 CHANGED = "The file has changed\nSave changes ?"
@@ -50,7 +50,7 @@ class Twins:
         self.reader.click_row(listing, first)
         self.paper.ask(f"click {self.paper.named(title)} List1 {first}")
         if last is not None:
-            self.reader.click_row(listing, last, "keydown", "Shift_L", "click", "1", "keyup", "Shift_L")
+            self.reader.click_row(listing, last, *SHIFT_CLICK)
             self.paper.ask(f"shiftclick {self.paper.named(title)} List1 {last}")
 
     def copy(self):
@@ -76,7 +76,7 @@ class Twins:
     def cut_by_right_click(self, title, row):
         """In the menu that comes up under the pointer."""
         listing = self.reader.list_of(self.reader.window(title))
-        self.reader.click(listing.child(row), "click", "3")
+        self.reader.click(listing.child(row), *RIGHT_CLICK)
         popup = self.reader.popup_of(self.reader.bar_entry("Edit"))
         self.reader.click(self.reader.entry(popup, "Cut"))
         self.paper.menu("mnuTaglia")

@@ -38,10 +38,11 @@ def open_window(reader, path):
 def look_at(reader, window):
     """Its title, its place, and names for all of it."""
     expect(bool(window.name), True, "a title")
-    reached = [n for n in window.walk() if n.has("showing", "focusable")]
+    nodes = list(window.walk())
+    reached = [n for n in nodes if n.has("showing", "focusable")]
     expect(bool(reached), True, f"something that the keyboard reaches in {window}")
     expect(reader.nameless(window), [], f"what has no name in {window}")
-    frames = [n for n in window.walk() if n.role == "frame"]
+    frames = [n for n in nodes if n.role == "frame"]
     expect(frames, [], f"what passes for one more window in {window}")
     for listing in (n for n in reached if n.role == "list"):
         expect([row for row in listing.children if row.role != "list item"], [], f"rows of {listing} that are none")

@@ -4,7 +4,7 @@ A compilation plays through; windows that close and the end of the program leave
 import os
 
 from evening import Instrument, live, picture
-from reader import Reader
+from reader import DOUBLE_CLICK, RIGHT_CLICK, SHIFT_CLICK, Reader
 from waiting import await_value, expect, tool, wait_for
 
 DIVISION = 96  # parts to the beat
@@ -84,9 +84,10 @@ def play_both(reader, ears, keyboard, player, wanted):
     reader.click_row(listing, 0)
     wait_for("the player's port", lambda: "Velluto:Velluto player" in tool("jack_lsp").splitlines())
     tool("jack_connect", "Velluto:Velluto player", "Instrument:midi_in")
+    wait_for("the patch", lambda: len(tool("jack_lsp", "-c", "Instrument:midi_in").splitlines()) > 1)
     reader.click(reader.button("Play", player))
     ears.player("the first file", wanted["A.mid"])
-    reader.click_row(listing, 1, "click", "--repeat", "2", "--delay", "50", "1")
+    reader.click_row(listing, 1, *DOUBLE_CLICK)
     wait_for("the second file's beginning", lambda: len(ears.messages(True)) > ears.known[True])
     reader.bring_up(KEYBOARD)
     reader.click(piano.child(24))
@@ -114,7 +115,7 @@ def latch_and_slide(reader, ears, keyboard):
         reader.click(piano.child(key))
     ears.keyboard("a chord held", "90 30 40", "90 34 40", "90 37 40")
     slider = reader.get("slider", "Reverb", keyboard)
-    reader.click(reader.get("slider", "Volume", keyboard), "click", "3")  # the focus, with a button that moves nothing
+    reader.click(reader.get("slider", "Volume", keyboard), *RIGHT_CLICK)  # the focus, with a button that moves nothing
     slider.ask(lambda a: a.grab_focus(), None)
     wait_for("the slider's focus", lambda: slider.has("focused"))
     reader.press("Up", "Up", "Up")
@@ -136,7 +137,7 @@ def compile_and_play(reader, ears, player, wanted):
     await_value("Evening", "the name", lambda: name.text)
     listing = reader.find_files(player)
     reader.click_row(listing, 0)
-    reader.click_row(listing, 1, "keydown", "Shift_L", "click", "1", "keyup", "Shift_L")
+    reader.click_row(listing, 1, *SHIFT_CLICK)
     reader.click(reader.button("Add sel.", player))
     chosen = reader.list_of(player, "Files of the compilation")
     await_value(["A.mid", "B.mid"], "the compilation", lambda: [n.name.split()[0] for n in chosen.children])
@@ -169,7 +170,7 @@ def end_all(reader, ears, keyboard, player):
 def play_long(reader, ears, player):
     """Until it is heard."""
     ears.known[True] = len(ears.messages(True))
-    reader.click_row(reader.find_files(player), 2, "click", "--repeat", "2", "--delay", "50", "1")
+    reader.click_row(reader.find_files(player), 2, *DOUBLE_CLICK)
     wait_for("the long file", lambda: any(channel == 3 for channel, _ in ears.instrument.sounding()))
 
 

@@ -4,17 +4,10 @@
 #
 #     gui-first-click.sh PROGRAM INSTRUMENT PICTURES
 set -euo pipefail
-program=$(realpath "$1")
-instrument=$(realpath "$2")
-pictures=$(realpath "$3")
-here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 # shellcheck source=tests/system/gui-lib.sh
-. "$here/gui-lib.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 
-set_stage first-click "$pictures"
-start_jack
-start_instrument "$instrument" Instrument
-seed "$here/../../data" "$stage/home"
+begin first-click "$@"
 start_in_english "$program"
 open_file samples/Full-64.pcg
 find_fifth_row
@@ -26,12 +19,7 @@ changing press g # "G User 1:"
 click "$row_x" "$row_y"
 wait_until "three messages" heard_lines 3
 
-changing press alt+f
-press x
-wait_until "the end of the program" program_has_gone
-status=0
-wait "$program_pid" || status=$?
-[ "$status" -eq 0 ] || fail "the program ended with $status"
+leave_program
 
 want=$'B0 00 79\nB0 20 40\nC0 04'
 [ "$(heard)" = "$want" ] || fail "the instrument heard: $(heard)"

@@ -14,24 +14,17 @@ if [ -z "${VELLUTO_OWN_MOUNTS-}" ]; then
     fi
     exec unshare --mount "${rights[@]}" "${BASH_SOURCE[0]}" "$@"
 fi
-program=$(realpath "$1")
-instrument=$(realpath "$2")
-pictures=$(realpath "$3")
-here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 # shellcheck source=tests/system/gui-lib.sh
-. "$here/gui-lib.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 
 save_has_reached_the_disk() {
-    cmp -s "$here/../../data/samples/Full-64.pcg" "$stage/disk/Copy.pcg"
+    cmp -s "$shipped/samples/Full-64.pcg" "$stage/disk/Copy.pcg"
 }
 
-set_stage full-disk "$pictures"
+begin full-disk "$@"
 mkdir "$stage/disk"
 mount -t tmpfs -o size=64k disk "$stage/disk"
 dd if=/dev/zero of="$stage/disk/filler" bs=4k status=none 2>/dev/null || true
-start_jack
-start_instrument "$instrument" Instrument
-seed "$here/../../data" "$stage/home"
 start_in_english "$program"
 open_file samples/Full-64.pcg
 
@@ -41,12 +34,12 @@ for _ in 1 2 3 4; do
 done
 press Return
 await_window "Save file as"
-xdotool type --delay 10 "$stage/disk/Copy.pcg"
+xdotool type --delay 2 "$stage/disk/Copy.pcg"
 press Return
 await_window "Velluto v 1.1"
 for _ in 1 2; do
     press Return # still no room
-    sleep 0.3
+    settle
     await_window "Velluto v 1.1"
 done
 rm "$stage/disk/filler"
@@ -54,11 +47,6 @@ press Return
 await_window "Velluto v 1.1 - Velluto"
 wait_until "the file on the disk" save_has_reached_the_disk
 
-changing press alt+f
-press x
-wait_until "the end of the program" program_has_gone
+leave_program
 umount "$stage/disk"
-status=0
-wait "$program_pid" || status=$?
-[ "$status" -eq 0 ] || fail "the program ended with $status"
 say "told, tried again, saved"

@@ -4,12 +4,8 @@
 #
 #     gui-keyboard.sh PROGRAM INSTRUMENT PICTURES
 set -euo pipefail
-program=$(realpath "$1")
-instrument=$(realpath "$2")
-pictures=$(realpath "$3")
-here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 # shellcheck source=tests/system/gui-lib.sh
-. "$here/gui-lib.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 screen_width=1400 # room for the window and some around it
 known=0           # messages that have been looked at
 
@@ -34,20 +30,24 @@ find_piano() {
         fail "no piano seen at $piano_left $piano_top $piano_width $piano_height"
 }
 
+# point RIGHT DOWN: the pointer onto that place of the piano, and until the program knows it: of several moves that wait for a busy
+# program it is told the last one.
+point() {
+    xdotool mousemove $((piano_left + $1)) $((piano_top + $2))
+    settle
+}
+
 # over_white NUMBER: the pointer onto a white key (from 0), below the black ones.
 over_white() {
-    xdotool mousemove $((piano_left + (2 * $1 + 1) * piano_width / 72)) $((piano_top + piano_height * 5 / 6))
+    point $(((2 * $1 + 1) * piano_width / 72)) $((piano_height * 5 / 6))
 }
 
 # The pointer onto the empty ground below the window.
 away() {
-    xdotool mousemove $((piano_left + piano_width / 2)) $((piano_top + 3 * piano_height))
+    point $((piano_width / 2)) $((3 * piano_height))
 }
 
-set_stage keyboard "$pictures"
-start_jack
-start_instrument "$instrument" Instrument
-seed "$here/../../data" "$stage/home"
+begin keyboard "$@"
 start_in_english "$program"
 choose_last_output Instrument:midi_in
 changing press alt+v
@@ -63,10 +63,10 @@ expect "a press" "90 24 40"
 xdotool mouseup 1
 expect "its release" "80 24 40"
 over_white 14
-xdotool click 1
+click_here
 expect "a click on a C two octaves up" "90 3C 40" "80 3C 40"
 over_white 35
-xdotool click 3
+click_here 3
 expect "a click with the right button on the last key" "90 60 40" "80 60 40"
 
 over_white 7
@@ -83,7 +83,6 @@ xdotool mouseup 1
 expect "a release outside the window" "80 30 40"
 
 changing press Tab Tab Tab space # Click Key off
-settle
 for white in 0 1 2 3 4 5 6 7 8 9; do
     over_white "$white"
 done
@@ -91,8 +90,8 @@ away
 expect "a sweep over ten white keys" "90 24 40" "80 24 40" "90 26 40" "80 26 40" "90 28 40" "80 28 40" "90 29 40" "80 29 40" \
     "90 2B 40" "80 2B 40" "90 2D 40" "80 2D 40" "90 2F 40" "80 2F 40" "90 30 40" "80 30 40" "90 32 40" "80 32 40" "90 34 40" "80 34 40"
 # Along the upper edge in one leap from C to A: no key on the way is left out.
-xdotool mousemove $((piano_left + 2)) $((piano_top + 5))
-xdotool mousemove $((piano_left + 11 * piano_width / 72)) $((piano_top + 5))
+point 2 5
+point $((11 * piano_width / 72)) 5
 away
 expect "a leap over ten keys" "90 24 40" "80 24 40" "90 25 40" "80 25 40" "90 26 40" "80 26 40" "90 27 40" "80 27 40" \
     "90 28 40" "80 28 40" "90 29 40" "80 29 40" "90 2A 40" "80 2A 40" "90 2B 40" "80 2B 40" "90 2C 40" "80 2C 40" "90 2D 40" "80 2D 40"
@@ -106,11 +105,6 @@ expect "the closing" "B0 7B 00"
 xdotool mouseup 1
 [ "$(still_sounding)" -eq 0 ] || fail "notes ring on after the closing: $(heard)"
 
-changing press alt+f
-press x
-wait_until "the end of the program" program_has_gone
-status=0
-wait "$program_pid" || status=$?
-[ "$status" -eq 0 ] || fail "the program ended with $status"
+leave_program
 [ "$(still_sounding)" -eq 0 ] || fail "notes ring on: $(heard)"
 say "The instrument heard presses, two sweeps over ten keys and the end of every note"

@@ -1,11 +1,13 @@
 # What the tests of the program on a virtual display share: a stage with a display, a MIDI server and an instrument, waits
 # that have an end, and looks at the screen. Sourced; the caller has set -euo pipefail.
-# shellcheck shell=bash disable=SC2034
+# shellcheck shell=bash disable=SC2034,SC2317
 # shellcheck source=tools/lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/lib.sh"
 
+shipped=$(realpath "$(dirname "${BASH_SOURCE[0]}")/../../data")
 stage=
-patience=20 # seconds that any wait may take
+patience=40 # seconds that any wait may take
+lane_patience=250 # where others test too
 screen_width=1024
 screen_height=768
 
@@ -20,19 +22,19 @@ wait_until() {
     shift
     until "$@"; do
         [ "$SECONDS" -lt "$end" ] || fail "waited $patience s for $what"
-        sleep 0.05
+        sleep 0.02
     done
 }
 
-free_display() {
-    local number
-    for number in 81 82 83 84 85 86 87 88 89; do
-        if [ ! -e "/tmp/.X11-unix/X$number" ] && [ ! -e "/tmp/.X$number-lock" ]; then
-            say "$number"
-            return 0
-        fi
+# Ours until the end of the test: one of a few names for a MIDI server (as in JackServer.cpp), each with a display number. They
+# are few since JACK keeps a list of eight servers for the whole machine, and takes a killed one off it only for another of its name.
+take_lane() {
+    for lane in 1 2 3 4; do
+        exec {lane_lock}>"/dev/shm/velluto-test-$UID-$lane.lock"
+        ! flock --nonblock "$lane_lock" || return 0
+        exec {lane_lock}>&-
     done
-    fail "no display number is free"
+    return 1
 }
 
 # The display's cookie once more under this machine's name: Python's X library knows no cookie that is good for any display.
@@ -48,7 +50,6 @@ add_named_cookie() {
 }
 
 # Where the test ends, however it does: a picture of the screen if it failed, nothing left running, nothing left behind.
-# shellcheck disable=SC2317 # a trap reaches it
 leave_stage() {
     local status=$?
     trap - EXIT INT TERM HUP
@@ -73,38 +74,46 @@ set_stage() {
     mkdir -m 700 "$stage/run"
     mkdir "$stage/home" "$stage/config"
     export XDG_RUNTIME_DIR=$stage/run XDG_CONFIG_HOME=$stage/config LC_ALL=C.UTF-8
-    local number
-    number=$(free_display)
-    start_display "$stage" "${screen_width}x$screen_height" "$number"
+    patience=$lane_patience wait_until "a MIDI server's name that nobody else tests with" take_lane
+    export JACK_DEFAULT_SERVER=velluto-$lane JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
+    start_display "$stage" "${screen_width}x$screen_height" "$((90 + lane))" -fbdir "$stage"
     wait_until "the window manager" window_manager_is_up
+    measure_screen
 }
 
-# shellcheck disable=SC2317 # wait_until reaches it
 window_manager_is_up() {
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
 }
 
-# start_jack [FRAMES]: a MIDI server of its own, with no sound behind it, in periods of so many frames; long ones, since what a
-# client sends too late for its period is lost, and the machine may be busy. Always of one of the same few names: JACK keeps a list
-# of eight servers for the whole machine, and takes a killed one off it only for another of its name.
+# begin NAME PROGRAM INSTRUMENT PICTURES: the stage of a test, with a server, an instrument that hears, and what ships with the
+# program in its folder.
+begin() {
+    program=$(realpath "$2")
+    set_stage "$1" "$(realpath "$4")"
+    start_jack
+    start_instrument "$3" Instrument
+    seed "$shipped" "$stage/home"
+}
+
+# start_jack [FRAMES]: a MIDI server with no sound behind it. It waits some seconds for a client that is late, since what has not been passed on
+# by the end of a period is lost, and the machine may be busy. For as long it stands still where a client is killed.
 start_jack() {
-    export JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
-    local number
-    for number in 1 2 3; do
-        export JACK_DEFAULT_SERVER=velluto-gui-$number
-        [ "$(jack_wait -c 2>/dev/null | tail -n 1)" != running ] || continue
-        break
-    done
-    jackd -n "$JACK_DEFAULT_SERVER" --no-realtime -d dummy -r 48000 -p "${1-1024}" >"$stage/jackd.log" 2>&1 &
-    started_pids+=($!)
-    jack_wait -w -t "$patience" >/dev/null 2>&1 || fail "jackd did not start: $(tail -n 5 "$stage/jackd.log")"
+    "${our_own[@]}" jackd -n "$JACK_DEFAULT_SERVER" --no-realtime -S -t 500 -d dummy -r 48000 -p "${1-256}" >"$stage/jackd.log" 2>&1 &
+    server_pid=$!
+    started_pids+=("$server_pid")
+    wait_until "the MIDI server" jack_runs
+}
+
+jack_runs() {
+    [ "$(jack_wait -c 2>/dev/null | tail -n 1)" = running ]
 }
 
 # start_instrument PROGRAM NAME [--times]: a client that writes what it hears into $stage/heard.
 start_instrument() {
-    mkfifo "$stage/instrument"
-    "$@" <>"$stage/instrument" >"$stage/heard" 2>"$stage/instrument.log" &
-    started_pids+=($!)
+    [ -p "$stage/instrument" ] || mkfifo "$stage/instrument"
+    "${our_own[@]}" "$@" <>"$stage/instrument" >"$stage/heard" 2>"$stage/instrument.log" &
+    instrument_pid=$!
+    started_pids+=("$instrument_pid")
     wait_until "the instrument" grep -qsx ready "$stage/heard"
 }
 
@@ -132,13 +141,28 @@ still_sounding() {
 
 # start_program PROGRAM: in its own folder; its process is program_pid.
 start_program() {
-    (cd "$stage/home" && exec "$1") >"$stage/program.log" 2>&1 &
+    (cd "$stage/home" && exec "${our_own[@]}" "$1") >"$stage/program.log" 2>&1 &
     program_pid=$!
     started_pids+=("$program_pid")
 }
 
 program_has_gone() {
     ! kill -0 "$program_pid" 2>/dev/null
+}
+
+# leave_program: by its File menu.
+leave_program() {
+    changing press alt+f
+    press x
+    await_end
+}
+
+await_end() {
+    local status=0
+    wait_until "the end of the program" program_has_gone
+    wait "$program_pid" || status=$?
+    program_pid=
+    [ "$status" -eq 0 ] || fail "the program ended with $status"
 }
 
 has_focus() {
@@ -154,12 +178,18 @@ await_window() {
 press() {
     local key
     for key in "$@"; do
-        xdotool key --clearmodifiers "$key"
+        xdotool key --clearmodifiers --delay 0 "$key"
     done
 }
 
+# click_here [BUTTON]: without the tenth of a second that xdotool's own click takes.
+click_here() {
+    xdotool mousedown "${1-1}" mouseup "${1-1}"
+}
+
 click() {
-    xdotool mousemove "$1" "$2" click 1
+    xdotool mousemove "$1" "$2"
+    click_here
 }
 
 # drag FROM-X FROM-Y TO-X TO-Y
@@ -169,26 +199,57 @@ drag() {
     xdotool mouseup 1
 }
 
+# What lies on the screen is a file, after a head of so many bytes, and each take of it begins with that head.
+measure_screen() {
+    local head colours line
+    read -r head colours line < <(od -A n -t u4 --endian=big "$stage/Xvfb_screen0" -N 100 -w100 | awk '{ print $1, $20, $13 }')
+    screen_head=$((head + 12 * colours))
+    screen_bytes=$((screen_head + line * (screen_height - 40)))
+}
+
 # The screen without its last line, where the clock is.
 take() {
-    import -window root -crop "${screen_width}x$((screen_height - 40))+0+0" +repage -depth 8 "$1"
+    head -c "$screen_bytes" "$stage/Xvfb_screen0" >"$1"
+}
+
+# look_at TAKEN ARGUMENT...: as ImageMagick sees it.
+look_at() {
+    local taken=$1
+    shift
+    convert -size "${screen_width}x$((screen_height - 40))+$screen_head" -depth 8 "bgra:$taken" -alpha off "$@"
 }
 
 differ() {
     ! cmp -s "$1" "$2"
 }
 
-# Until the screen stands still: two looks in a row are the same.
+# Until the display, its window manager and the program have done all that there was to do: they sleep, and have not run between
+# two looks. The waking of a sleeper comes with the message to it, so that a busy machine hides nothing from these looks.
 settle() {
-    local end=$((SECONDS + patience))
-    take "$stage/now.ppm"
-    while true; do
-        mv "$stage/now.ppm" "$stage/before.ppm"
-        sleep 0.1
-        take "$stage/now.ppm"
-        differ "$stage/before.ppm" "$stage/now.ppm" || return 0
-        [ "$SECONDS" -lt "$end" ] || fail "the screen does not stand still"
-    done
+    wait_until "a program that sleeps" is_at_rest
+}
+
+is_at_rest() {
+    local before now
+    before=$(turns) || return 1
+    sleep 0.02
+    now=$(turns) || return 1
+    [ "$before" = "$now" ]
+}
+
+# How often each thread that a key or a click goes through has had its turn; false where one of them has or wants it now.
+turns() {
+    local pid task name state turns
+    for pid in "${display_pids[@]}" "${program_pid-}"; do
+        for task in "/proc/$pid/task"/*; do
+            { read -r name <"$task/comm"; } 2>/dev/null || continue # it has gone
+            [ "${task##*/}" = "$pid" ] || [ "$name" = QXcbEventQueue ] || continue
+            read -r _ _ state _ <"$task/stat" || continue
+            [ "$state" = S ] || return 1
+            read -r _ _ turns <"$task/schedstat" || continue
+            printf '%s ' "$turns"
+        done
+    done 2>/dev/null
 }
 
 screen_differs() {
@@ -206,7 +267,8 @@ changing() {
 
 # changed_box FROM TO: the smallest box around what differs, as four numbers: left top width height.
 changed_box() {
-    convert "$1" "$2" -compose difference -composite -colorspace gray -threshold 1% -format '%@\n' info: |
+    look_at "$2" "$stage/second.png"
+    look_at "$1" "$stage/second.png" -compose difference -composite -colorspace gray -threshold 1% -format '%@\n' info: |
         sed -E 's/([0-9]+)x([0-9]+)\+([0-9]+)\+([0-9]+)/\3 \4 \1 \2/'
 }
 
@@ -226,7 +288,7 @@ open_file() {
     take "$stage/empty.ppm"
     press ctrl+a
     await_window "Velluto v 1.1- Open File"
-    xdotool type --delay 10 "$1"
+    xdotool type --delay 2 "$1"
     press Return
     await_window "Velluto v 1.1 - Velluto"
     wait_until "the file's window" screen_differs "$stage/empty.ppm"

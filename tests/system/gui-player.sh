@@ -5,14 +5,10 @@
 #
 #     gui-player.sh PROGRAM INSTRUMENT PICTURES
 set -euo pipefail
-program=$(realpath "$1")
-instrument=$(realpath "$2")
-pictures=$(realpath "$3")
-here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 # shellcheck source=tests/system/gui-lib.sh
-. "$here/gui-lib.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 # shellcheck source=tests/system/player-lib.sh
-. "$here/player-lib.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/player-lib.sh"
 
 is_sounding() {
     [ "$(still_sounding)" -gt 0 ]
@@ -22,13 +18,16 @@ is_silent() {
     [ "$(still_sounding)" -eq 0 ]
 }
 
-# Silent, and staying so while the screen stands still.
+expect_no_more() {
+    [ "$(heard | wc -l)" -eq "$known" ] || fail "the instrument was sent more after $1: $(heard | tail -n 3)"
+}
+
+# Silent, and staying so until the program sleeps.
 await_silence() {
-    local lines
     wait_until "silence after $1" is_silent
-    lines=$(heard | wc -l)
+    known=$(heard | wc -l)
     settle
-    [ "$(heard | wc -l)" -eq "$lines" ] || fail "the instrument was sent more after $1: $(heard | tail -n 3)"
+    expect_no_more "$1"
 }
 
 player_port_is_there() {
@@ -42,9 +41,7 @@ expect_since() {
     [ "$lines" = "$2" ] || fail "the instrument heard: $lines"
 }
 
-set_stage player "$pictures"
-start_jack
-start_instrument "$instrument" Instrument
+begin player "$@"
 
 # Two short files of 50 ms to the beat, and one of ten minutes whose notes of a second leave no gap.
 song "$stage/home/a.mid" 00C350 '00 C0 05 00 90 3C 64 60 90 3C 00 00 90 3E 64 60 90 3E 00'
@@ -64,6 +61,7 @@ changing file_panel
 changing folder_row 0
 wait_until "the player's port" player_port_is_there
 jack_connect 'Velluto:Velluto player' Instrument:midi_in
+wait_until "the patch" is_connected Instrument:midi_in
 transport 2
 wait_until "the first file" heard_lines 5
 expect_since 0 "$a"
@@ -83,17 +81,17 @@ transport 6
 await_silence "a stop"
 
 changing new_compilation
-changing xdotool type --delay 10 Evening
+changing xdotool type --delay 2 Evening
 changing folder_row 0
 changing folder_row 2 shift_click_here
 changing add_selected
 changing compilation_row 0
 changing play_all
-before=$(heard | wc -l)
+expect_no_more "a stop"
 transport 2
-wait_until "all files" heard_lines $((before + 9))
+wait_until "all files" heard_lines $((known + 9))
 import -window root "$pictures/player.png"
-expect_since "$before" "$a"$'\n'"$b"$'\n90 30 64'
+expect_since "$known" "$a"$'\n'"$b"$'\n90 30 64'
 
 wait_until "a note before the window goes" is_sounding
 changing press ctrl+w
@@ -104,11 +102,6 @@ find_player
 folder_row 2 double_click_here
 wait_until "a note in the window opened again" is_sounding
 
-changing press alt+f
-press x
-wait_until "the end of the program" program_has_gone
-status=0
-wait "$program_pid" || status=$?
-[ "$status" -eq 0 ] || fail "the program ended with $status"
+leave_program
 wait_until "silence after the end of the program" is_silent
 say "The instrument heard the files, and nothing sounds on"

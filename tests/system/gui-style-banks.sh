@@ -4,18 +4,11 @@
 #
 #     gui-style-banks.sh PROGRAM INSTRUMENT PICTURES
 set -euo pipefail
-program=$(realpath "$1")
-instrument=$(realpath "$2")
-pictures=$(realpath "$3")
-here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 # shellcheck source=tests/system/gui-lib.sh
-. "$here/gui-lib.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 screen_width=1280 # room for the overview
 
-set_stage style-banks "$pictures"
-start_jack
-start_instrument "$instrument" Instrument
-seed "$here/../../data" "$stage/home"
+begin style-banks "$@"
 start_in_english "$program"
 open_file samples/Grouped-16.sty
 find_fifth_row
@@ -41,12 +34,7 @@ read -r left top width height < <(changed_box "$stage/first.ppm" "$stage/now.ppm
 click $((left + width / 2)) $((top + height * 9 / 4)) # the fifth
 wait_until "the fifth row of the third list" heard_lines 12
 
-changing press alt+f
-press x
-wait_until "the end of the program" program_has_gone
-status=0
-wait "$program_pid" || status=$?
-[ "$status" -eq 0 ] || fail "the program ended with $status"
+leave_program
 
 # Channel 2 carries the role of the banks; bank 0, 17 for User 1 and 19 for User 3.
 want=$'B1 00 00\nB1 20 11\nC1 04

@@ -15,7 +15,7 @@ song() {
 # Where the player stands: below the first line in the colour of an active title, at the left edge of the frame.
 find_player() {
     take "$stage/now.ppm"
-    player_top=$(convert "$stage/now.ppm" -crop "1x500+1+0" +repage txt: |
+    player_top=$(look_at "$stage/now.ppm" -crop "1x500+1+0" +repage txt: |
         awk -F '[,:]' '/#8E2446/ && !seen++ { print $2 }')
     [ -n "$player_top" ] || fail "no player on the screen"
 }
@@ -28,16 +28,12 @@ at() {
     "$@"
 }
 
-click_here() {
-    xdotool click 1
-}
-
 double_click_here() {
-    xdotool click --repeat 2 --delay 50 1
+    xdotool mousedown 1 mouseup 1 mousedown 1 mouseup 1
 }
 
 shift_click_here() {
-    xdotool keydown Shift_L click 1 keyup Shift_L
+    xdotool keydown Shift_L mousedown 1 mouseup 1 keyup Shift_L
 }
 
 # The controls, by the middle of each.

@@ -12,6 +12,12 @@ from waiting import PATIENCE, await_value, die_with_parent, expect, fail, tool, 
 
 BUS_PATIENCE = 10000  # milliseconds for one answer
 
+# For xdotool, whose own click waits a tenth of a second.
+CLICK = ("mousedown", "1", "mouseup", "1")
+DOUBLE_CLICK = CLICK * 2
+SHIFT_CLICK = ("keydown", "Shift_L", *CLICK, "keyup", "Shift_L")
+RIGHT_CLICK = ("mousedown", "3", "mouseup", "3")
+
 
 def set_bus_patience():
     Atspi.set_timeout(BUS_PATIENCE, BUS_PATIENCE)
@@ -181,7 +187,7 @@ class Reader:
 
     def press(self, *keys):
         for key in keys:
-            tool("xdotool", "key", "--clearmodifiers", key)
+            tool("xdotool", "key", "--clearmodifiers", "--delay", "0", key)
 
     def type(self, text):
         tool("xdotool", "type", "--delay", "2", text)
@@ -192,7 +198,7 @@ class Reader:
     def click(self, node, *more):
         wait_for(f"a place for {node}", lambda: node.has("showing") and node.rect[2] > 0)
         x, y = node.middle
-        self.point(x, y, *(more or ("click", "1")))
+        self.point(x, y, *(more or CLICK))
 
     def row(self, listing, row):
         return wait_for(f"row {row} of {listing}", lambda: listing.child(row))

@@ -6,4 +6,4 @@ target_link_libraries(system_sequencer PRIVATE velluto_devices velluto_standin v
 target_compile_definitions(system_sequencer PRIVATE JACKD="${JACKD}" JACK_WAIT="${JACK_WAIT}"
                            JACK_INSTRUMENT="$<TARGET_FILE:jack-instrument>")
 add_dependencies(system_sequencer jack-instrument)
-gtest_discover_tests(system_sequencer TEST_PREFIX "system.sequencer." PROPERTIES RESOURCE_LOCK jack TIMEOUT 60 DISCOVERY_TIMEOUT 60)
+gtest_discover_tests(system_sequencer TEST_PREFIX "system.sequencer." PROPERTIES TIMEOUT 300 DISCOVERY_TIMEOUT 60)

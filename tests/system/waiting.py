@@ -4,7 +4,7 @@ import signal
 import subprocess
 import time
 
-PATIENCE = 20  # seconds that any wait may take
+PATIENCE = 40  # seconds that any wait may take
 LOOK_EVERY = 0.02
 PR_SET_PDEATHSIG = 1
 
