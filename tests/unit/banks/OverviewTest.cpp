@@ -33,9 +33,10 @@ std::vector<int> ListsWithSelection(Window &window)
     return numbers;
 }
 
-TEST(Overview, PerformanceBanksAreMsb1AndTheListLess1)
+using Overview = Linked<OverviewLink>;
+
+TEST_F(Overview, PerformanceBanksAreMsb1AndTheListLess1)
 {
-    OverviewLink link;
     for (int list = 1; list <= 20; ++list) {
         PerformanceOverview window(24);
         window.Pick(list, 6);
@@ -46,9 +47,8 @@ TEST(Overview, PerformanceBanksAreMsb1AndTheListLess1)
     }
 }
 
-TEST(Overview, StyleBanksHaveTheLsbOfTheirSingleWindows)
+TEST_F(Overview, StyleBanksHaveTheLsbOfTheirSingleWindows)
 {
-    OverviewLink link;
     for (int kind = 25; kind <= 28; ++kind) {
         for (int list = 1; list <= 3; ++list) {
             StyleOverview window(kind);
@@ -62,9 +62,8 @@ TEST(Overview, StyleBanksHaveTheLsbOfTheirSingleWindows)
     }
 }
 
-TEST(Overview, PerformanceUser20IsTheSameFromBothWindowsWithRolesOfTheirOwn)
+TEST_F(Overview, PerformanceUser20IsTheSameFromBothWindowsWithRolesOfTheirOwn)
 {
-    OverviewLink link;
     link.settings.ChannelRole = {14, 5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
     link.settings.PrfDocTable[20].Role = 5;
     PerformanceOverview window(24);
@@ -74,9 +73,8 @@ TEST(Overview, PerformanceUser20IsTheSameFromBothWindowsWithRolesOfTheirOwn)
     EXPECT_EQ(link.Select(22, 28, 0), RecallLink::Messages(0, 1, 19, 0));
 }
 
-TEST(Overview, AClickLeavesOneSelectionInTheWindow)
+TEST_F(Overview, AClickLeavesOneSelectionInTheWindow)
 {
-    OverviewLink link;
     PerformanceOverview window(24);
     window.Pick(2, 1);
     window.Pick(2, 3);
@@ -88,9 +86,8 @@ TEST(Overview, AClickLeavesOneSelectionInTheWindow)
     EXPECT_FALSE(link.recall.clearingOtherLists);
 }
 
-TEST(Overview, AClickWithinAnotherIsIgnored)
+TEST_F(Overview, AClickWithinAnotherIsIgnored)
 {
-    OverviewLink link;
     StyleOverview window(25);
     window.Pick(1, 0);
     window.Pick(2, 0);
@@ -100,9 +97,8 @@ TEST(Overview, AClickWithinAnotherIsIgnored)
     EXPECT_EQ(ListsWithSelection(window), (std::vector<int>{1, 2}));
 }
 
-TEST(Overview, ARowEqualToTheWindowsNumberIsIgnored)
+TEST_F(Overview, ARowEqualToTheWindowsNumberIsIgnored)
 {
-    OverviewLink link;
     StyleOverview styles(25);
     styles.List1[1].SetRow(0, "3");
     styles.Pick(1, 0);
@@ -118,9 +114,8 @@ TEST(Overview, ARowEqualToTheWindowsNumberIsIgnored)
     EXPECT_EQ(link.devices.sent, RecallLink::Messages(0, 1, 0, 0));
 }
 
-TEST(Overview, AnEmptyFirstPlaceRecallsLikeAnyOtherAndClearsTheOtherLists)
+TEST_F(Overview, AnEmptyFirstPlaceRecallsLikeAnyOtherAndClearsTheOtherLists)
 {
-    OverviewLink link;
     PerformanceOverview performances(24);
     performances.Pick(2, 7);
     performances.List1[1].SetRow(0, "1 " + std::string(16, ' '));
@@ -130,9 +125,8 @@ TEST(Overview, AnEmptyFirstPlaceRecallsLikeAnyOtherAndClearsTheOtherLists)
     EXPECT_FALSE(performances.List1[2].Selected(7));
 }
 
-TEST(Overview, OfTheTwoOnlyThePerformancesArmTheMonitorWithoutAChannel)
+TEST_F(Overview, OfTheTwoOnlyThePerformancesArmTheMonitorWithoutAChannel)
 {
-    OverviewLink link;
     link.settings.ChannelRole = {};
     link.settings.LastChannel = 7;
     StyleOverview styles(26);
@@ -148,18 +142,16 @@ TEST(Overview, OfTheTwoOnlyThePerformancesArmTheMonitorWithoutAChannel)
     EXPECT_EQ(link.files.CurrentPrfSlot, 0);
 }
 
-TEST(Overview, WithAChannelTheStylesArmTheMonitorToo)
+TEST_F(Overview, WithAChannelTheStylesArmTheMonitorToo)
 {
-    OverviewLink link;
     StyleOverview styles(25);
     styles.Pick(3, 0);
     SelectFromOverview(link.recall, styles, 3);
     EXPECT_TRUE(link.midi.MonitorEnabled);
 }
 
-TEST(Overview, AListThatTheWindowDoesNotHaveDoesNothing)
+TEST_F(Overview, AListThatTheWindowDoesNotHaveDoesNothing)
 {
-    OverviewLink link;
     StyleOverview window(25);
     SelectFromOverview(link.recall, window, 4);
     SelectFromOverview(link.recall, window, 0);

@@ -8,9 +8,10 @@
 namespace velluto::test {
 namespace {
 
-TEST(EditMenu, CopyCutAndPasteAreOffWhereNothingIsSelected)
+using EditMenu = Linked<EditLink>;
+
+TEST_F(EditMenu, CopyCutAndPasteAreOffWhereNothingIsSelected)
 {
-    EditLink link;
     link.frame.mnuCopia.enabled = link.frame.mnuTaglia.enabled = link.frame.mnuIncolla.enabled = true;
     ListWindow window(14, 3);
     link.Drop(window);
@@ -20,17 +21,15 @@ TEST(EditMenu, CopyCutAndPasteAreOffWhereNothingIsSelected)
     EXPECT_EQ(link.app.ViewKind, 14);
 }
 
-TEST(EditMenu, WithoutAChildNothingIsOffered)
+TEST_F(EditMenu, WithoutAChildNothingIsOffered)
 {
-    EditLink link;
     link.frame.mnuIngrandisci.enabled = true;
     mnuModifica_Click(link.files);
     EXPECT_FALSE(link.frame.mnuIngrandisci.enabled);
 }
 
-TEST(EditMenu, InTheChannelSetupNothingAtAllIsOffered)
+TEST_F(EditMenu, InTheChannelSetupNothingAtAllIsOffered)
 {
-    EditLink link;
     link.frame.mnuMIDIStp[5].checked = true;
     ListWindow window(29, 0);
     window.place = Place{0, 0, 1234, 567};
@@ -40,9 +39,8 @@ TEST(EditMenu, InTheChannelSetupNothingAtAllIsOffered)
     EXPECT_FALSE(link.frame.mnuIngrandisci.enabled);
 }
 
-TEST(EditMenu, Kind70LeavesTheRolesAsTheyWere)
+TEST_F(EditMenu, Kind70LeavesTheRolesAsTheyWere)
 {
-    EditLink link;
     ListWindow bank(14, 9);
     link.Drop(bank);
     const Numbers before = link.Enabled();

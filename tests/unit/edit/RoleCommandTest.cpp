@@ -8,10 +8,11 @@
 namespace velluto::test {
 namespace {
 
-TEST(RoleCommand, StoresTheRoleOfEveryWindowThatHasOne)
+using RoleCommand = Linked<EditLink>;
+
+TEST_F(RoleCommand, StoresTheRoleOfEveryWindowThatHasOne)
 {
-    EditLink link;
-    const auto choose = [&link](int kind, int slot, int role) {
+    const auto choose = [this](int kind, int slot, int role) {
         ListWindow window(kind, slot);
         link.Drop(window);
         mnuMIDIStp_Click(link.files, role);
@@ -35,9 +36,8 @@ TEST(RoleCommand, StoresTheRoleOfEveryWindowThatHasOne)
     }
 }
 
-TEST(RoleCommand, StoresNothingElseOfTheRecord)
+TEST_F(RoleCommand, StoresNothingElseOfTheRecord)
 {
-    EditLink link;
     link.settings.PcgDocTable[9].Path.Set("/music/one.pcg");
     link.settings.PcgDocTable[9].MinWidth = 6000;
     ListWindow window(14, 9);
@@ -48,9 +48,8 @@ TEST(RoleCommand, StoresNothingElseOfTheRecord)
     EXPECT_EQ(link.settings.PcgDocTable[9].Role, 3);
 }
 
-TEST(RoleCommand, FileSlotsStoreNone)
+TEST_F(RoleCommand, FileSlotsStoreNone)
 {
-    EditLink link;
     const struct {
         int kind;
         int slot;
@@ -76,9 +75,8 @@ TEST(RoleCommand, FileSlotsStoreNone)
     }
 }
 
-TEST(RoleCommand, ThePerformanceOverviewStoresInTheEntryWithTheBanksNumber)
+TEST_F(RoleCommand, ThePerformanceOverviewStoresInTheEntryWithTheBanksNumber)
 {
-    EditLink link;
     const std::uint8_t ofSlot = link.settings.PrfDocTable[13].Role;
     PerformanceOverview window(24);
     window.Pick(5, 7);
@@ -90,9 +88,8 @@ TEST(RoleCommand, ThePerformanceOverviewStoresInTheEntryWithTheBanksNumber)
     EXPECT_NE(link.settings.PrfDocTable[6].Role, 8);
 }
 
-TEST(RoleCommand, TheStyleOverviewsStoreInTheBanksSlot)
+TEST_F(RoleCommand, TheStyleOverviewsStoreInTheBanksSlot)
 {
-    EditLink link;
     for (int kind = 25; kind <= 28; ++kind) {
         for (int list = 1; list <= 3; ++list) {
             StyleOverview window(kind);
@@ -107,9 +104,8 @@ TEST(RoleCommand, TheStyleOverviewsStoreInTheBanksSlot)
     }
 }
 
-TEST(RoleCommand, AnOverviewWithoutASelectedRowStoresNothing)
+TEST_F(RoleCommand, AnOverviewWithoutASelectedRowStoresNothing)
 {
-    EditLink link;
     PerformanceOverview window(24);
     link.Drop(window);
     mnuMIDIStp_Click(link.files, 8);
@@ -118,9 +114,8 @@ TEST(RoleCommand, AnOverviewWithoutASelectedRowStoresNothing)
     }
 }
 
-TEST(RoleCommand, TheCheckMarkMovesAndEntry0KeepsItsOwn)
+TEST_F(RoleCommand, TheCheckMarkMovesAndEntry0KeepsItsOwn)
 {
-    EditLink link;
     link.settings.PcgDocTable[9].Role = 2;
     ListWindow window(14, 9);
     link.Drop(window);
@@ -134,9 +129,8 @@ TEST(RoleCommand, TheCheckMarkMovesAndEntry0KeepsItsOwn)
     EXPECT_EQ(link.Checked(), (Numbers{2}));
 }
 
-TEST(RoleCommand, LeavesTheWindowsKindAndSlotInTheGlobals)
+TEST_F(RoleCommand, LeavesTheWindowsKindAndSlotInTheGlobals)
 {
-    EditLink link;
     ListWindow window(20, 17);
     link.Drop(window);
     link.app.ViewKind = 0;
@@ -146,9 +140,8 @@ TEST(RoleCommand, LeavesTheWindowsKindAndSlotInTheGlobals)
     EXPECT_EQ(link.app.slot, 17);
 }
 
-TEST(RoleCommand, ANumberThatIsNoRoleDoesNothing)
+TEST_F(RoleCommand, ANumberThatIsNoRoleDoesNothing)
 {
-    EditLink link;
     ListWindow window(14, 9);
     link.Drop(window);
     const std::uint8_t before = link.settings.PcgDocTable[9].Role;

@@ -20,9 +20,10 @@ const std::vector<SliderRow> kRows{{"Volume", "127", "0", 100}, {"Pan", "63", "-
                                    {"Bend", "63", "-64", 64},   {"PMod", "127", "0", 0},     {"COMod", "127", "0", 0},
                                    {"Reverb", "127", "0", 0},   {"Chorus", "127", "0", 0}};
 
-TEST(Sliders, HaveTheirTitlesAndMarks)
+using Sliders = Linked<KeyboardLink>;
+
+TEST_F(Sliders, HaveTheirTitlesAndMarks)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     for (int i = 0; i <= 10; ++i) {
         const SliderRow &row = kRows[static_cast<std::size_t>(i)];
@@ -39,9 +40,8 @@ TEST(Sliders, HaveTheirTitlesAndMarks)
     }
 }
 
-TEST(Sliders, ThePanAxisReadsRAtTheTopCHalfwayLAtTheBottom)
+TEST_F(Sliders, ThePanAxisReadsRAtTheTopCHalfwayLAtTheBottom)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.Label2[11].caption.Get(), "R");
     EXPECT_EQ(form.Label2[12].caption.Get(), "L");
@@ -56,9 +56,8 @@ TEST(Sliders, ThePanAxisReadsRAtTheTopCHalfwayLAtTheBottom)
     }
 }
 
-TEST(Sliders, SendTheirMessage)
+TEST_F(Sliders, SendTheirMessage)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     for (const int i : {0, 1, 4, 5, 6, 7, 8, 9, 10}) {
         form.VScroll[i].value = 33;
@@ -67,9 +66,8 @@ TEST(Sliders, SendTheirMessage)
                                   Controller(1, 33), Controller(2, 33), Controller(91, 33), Controller(93, 33)}));
 }
 
-TEST(Sliders, TheChannelOfNowIsPutIn)
+TEST_F(Sliders, TheChannelOfNowIsPutIn)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     form.Combo1.ListIndex = 15;
     form.VScroll[6].value = 0;
@@ -77,9 +75,8 @@ TEST(Sliders, TheChannelOfNowIsPutIn)
     EXPECT_EQ(link.Taken(), (Sent{PitchBend(0, 15), Controller(7, 127, 15)}));
 }
 
-TEST(Sliders, TheChannelChosenAfterASliderResendsNothing)
+TEST_F(Sliders, TheChannelChosenAfterASliderResendsNothing)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     form.VScroll[0].value = 90;
     link.Taken();
@@ -92,9 +89,8 @@ TEST(Sliders, TheChannelChosenAfterASliderResendsNothing)
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(60, 64, 5), NoteOff(60, 64, 5)}));
 }
 
-TEST(Sliders, BothScrollAndChangeSendWhileAHandDrawsThem)
+TEST_F(Sliders, BothScrollAndChangeSendWhileAHandDrawsThem)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     ScrollGesture::DragTo(form.VScroll[0], 101);
     ScrollGesture::DragTo(form.VScroll[0], 102);
@@ -103,9 +99,8 @@ TEST(Sliders, BothScrollAndChangeSendWhileAHandDrawsThem)
     EXPECT_EQ(link.record[4], 102);
 }
 
-TEST(Sliders, ShowTheirValueAndPanAndBendLess64)
+TEST_F(Sliders, ShowTheirValueAndPanAndBendLess64)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.Label3[0].caption.Get(), "100");
     EXPECT_EQ(form.Label3[1].caption.Get(), "0");
@@ -121,9 +116,8 @@ TEST(Sliders, ShowTheirValueAndPanAndBendLess64)
     EXPECT_EQ(form.Label3[10].caption.Get(), "127");
 }
 
-TEST(Sliders, KeepTheirValueInTheRecordAtOnce)
+TEST_F(Sliders, KeepTheirValueInTheRecordAtOnce)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     for (int i = 0; i <= 10; ++i) {
         form.VScroll[i].value = i + 1;
@@ -131,9 +125,8 @@ TEST(Sliders, KeepTheirValueInTheRecordAtOnce)
     }
 }
 
-TEST(Sliders, VelOnMovedRightAfterTheOpeningSendsTheChorusMessage)
+TEST_F(Sliders, VelOnMovedRightAfterTheOpeningSendsTheChorusMessage)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     form.VScroll[2].value = 70;
     EXPECT_EQ(link.Taken(), (Sent{Controller(93, 0)}));
@@ -141,9 +134,8 @@ TEST(Sliders, VelOnMovedRightAfterTheOpeningSendsTheChorusMessage)
     EXPECT_EQ(link.record[6], 70);
 }
 
-TEST(Sliders, VelOffSendsTheLastMessageAgainWithTheChannelOredIn)
+TEST_F(Sliders, VelOffSendsTheLastMessageAgainWithTheChannelOredIn)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     form.Combo1.ListIndex = 1;
     link.Click(0);
@@ -154,9 +146,8 @@ TEST(Sliders, VelOffSendsTheLastMessageAgainWithTheChannelOredIn)
     EXPECT_EQ(link.midi.ShortMsg.Packed(), NoteOff(36, 64, 3));
 }
 
-TEST(Sliders, MoveWithoutAnOutput)
+TEST_F(Sliders, MoveWithoutAnOutput)
 {
-    KeyboardLink link;
     CloseMidiOut(link.midi);
     frmTastiera &form = link.Open();
     form.VScroll[0].value = 5;
@@ -166,9 +157,8 @@ TEST(Sliders, MoveWithoutAnOutput)
     EXPECT_EQ(link.midi.ShortMsg.Packed(), Controller(7, 5));
 }
 
-TEST(Sliders, ShowTheirBytesInTheMonitorEvenWithoutAnOutput)
+TEST_F(Sliders, ShowTheirBytesInTheMonitorEvenWithoutAnOutput)
 {
-    KeyboardLink link;
     mnuMsgEx_Click(link.midi);
     frmTastiera &form = link.Open();
     form.VScroll[0].value = 127;
@@ -180,9 +170,8 @@ TEST(Sliders, ShowTheirBytesInTheMonitorEvenWithoutAnOutput)
     EXPECT_EQ(link.midi.monitor->Text1.text.Get(), "E0 7F 00 \r\n\r\n");
 }
 
-TEST(Sliders, ADoubleClickOnTheTitleGoesBackToTheValueOfAFirstRun)
+TEST_F(Sliders, ADoubleClickOnTheTitleGoesBackToTheValueOfAFirstRun)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     for (int i = 0; i <= 10; ++i) {
         form.VScroll[i].value = 5;
@@ -197,9 +186,10 @@ TEST(Sliders, ADoubleClickOnTheTitleGoesBackToTheValueOfAFirstRun)
     EXPECT_EQ(form.Label2[0].toolTip.Get(), "Double-click: 100");
 }
 
-TEST(SplitPoint, ReadsTheOctaveAndTheSharpBehindIt)
+using SplitPoint = Linked<KeyboardLink>;
+
+TEST_F(SplitPoint, ReadsTheOctaveAndTheSharpBehindIt)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.Text3.text.Get(), " C2");
     const std::vector<std::pair<int, std::string>> readings{{37, " C2#"}, {38, " D2"},  {42, " F2#"}, {47, " B2"}, {48, " C3"}, {59, " B3"},
@@ -210,18 +200,16 @@ TEST(SplitPoint, ReadsTheOctaveAndTheSharpBehindIt)
     }
 }
 
-TEST(SplitPoint, IsReadAgainAtEveryOctaveShift)
+TEST_F(SplitPoint, IsReadAgainAtEveryOctaveShift)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     form.Text3.text = std::string("?");
     form.HScroll1.value = 0;
     EXPECT_EQ(form.Text3.text.Get(), " C2");
 }
 
-TEST(SplitPoint, IsHiddenAndPlaysNoPart)
+TEST_F(SplitPoint, IsHiddenAndPlaysNoPart)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     for (const Control *control : std::initializer_list<const Control *>{&form.Picture2, &form.VScroll1, &form.Text3, &form.Label1[8]}) {
         EXPECT_FALSE(control->visible) << control->FullName();

@@ -8,9 +8,10 @@ namespace {
 
 // ---- Press: Click Key on, Hold Note off
 
-TEST(PressMode, PressPlaysAndReleaseEnds)
+using PressMode = Linked<KeyboardLink>;
+
+TEST_F(PressMode, PressPlaysAndReleaseEnds)
 {
-    KeyboardLink link;
     link.Open();
     link.Down(24);
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(60)}));
@@ -19,9 +20,8 @@ TEST(PressMode, PressPlaysAndReleaseEnds)
     EXPECT_EQ(link.Held(), Ints{});
 }
 
-TEST(PressMode, AnyMouseButtonPlays)
+TEST_F(PressMode, AnyMouseButtonPlays)
 {
-    KeyboardLink link;
     link.Open();
     link.Form().Key[0].MouseDown(MouseButton::Right);
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(36)}));
@@ -29,9 +29,8 @@ TEST(PressMode, AnyMouseButtonPlays)
     EXPECT_EQ(link.Taken(), (Sent{NoteOff(36)}));
 }
 
-TEST(PressMode, MovingMeansNothing)
+TEST_F(PressMode, MovingMeansNothing)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     link.Down(24);
     link.Taken();
@@ -43,26 +42,23 @@ TEST(PressMode, MovingMeansNothing)
     EXPECT_EQ(form.notes.CurrentNote, 60);
 }
 
-TEST(PressMode, ReleaseEndsTheReleasedKeyWhateverSounds)
+TEST_F(PressMode, ReleaseEndsTheReleasedKeyWhateverSounds)
 {
-    KeyboardLink link;
     link.Open();
     link.Up(10);
     EXPECT_EQ(link.Taken(), (Sent{NoteOff(46)}));
 }
 
-TEST(PressMode, APressTurnsTheMonitorOn)
+TEST_F(PressMode, APressTurnsTheMonitorOn)
 {
-    KeyboardLink link;
     link.Open();
     link.midi.MonitorEnabled = false;
     link.Down(0);
     EXPECT_TRUE(link.midi.MonitorEnabled);
 }
 
-TEST(PressMode, ThePlacesOfTheTopAndTheBottomNoteAreReached)
+TEST_F(PressMode, ThePlacesOfTheTopAndTheBottomNoteAreReached)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     form.HScroll1.value = 3;
     link.Click(60);
@@ -72,9 +68,8 @@ TEST(PressMode, ThePlacesOfTheTopAndTheBottomNoteAreReached)
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(12), NoteOff(12)}));
 }
 
-TEST(PressMode, AKeyWhoseNoteIsStillFlaggedAsHeldPlaysLikeAnyOther)
+TEST_F(PressMode, AKeyWhoseNoteIsStillFlaggedAsHeldPlaysLikeAnyOther)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenLatch();
     link.Click(0); // note 36
     form.HScroll1.value = 3;
@@ -89,9 +84,10 @@ TEST(PressMode, AKeyWhoseNoteIsStillFlaggedAsHeldPlaysLikeAnyOther)
 
 // ---- Latch: both on
 
-TEST(LatchMode, PressLatchesAndReleaseSaysNothing)
+using LatchMode = Linked<KeyboardLink>;
+
+TEST_F(LatchMode, PressLatchesAndReleaseSaysNothing)
 {
-    KeyboardLink link;
     link.OpenLatch();
     link.Click(24);
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(60)}));
@@ -99,9 +95,8 @@ TEST(LatchMode, PressLatchesAndReleaseSaysNothing)
     EXPECT_EQ(link.Dots(), (Ints{24}));
 }
 
-TEST(LatchMode, ASecondPressReleasesThatKeyOnly)
+TEST_F(LatchMode, ASecondPressReleasesThatKeyOnly)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenLatch();
     link.Click(24);
     link.Click(28);
@@ -114,9 +109,8 @@ TEST(LatchMode, ASecondPressReleasesThatKeyOnly)
     EXPECT_FALSE(form.notes.ChordArmed);
 }
 
-TEST(LatchMode, TheTopAndTheBottomOfTheSpanCanBeLatched)
+TEST_F(LatchMode, TheTopAndTheBottomOfTheSpanCanBeLatched)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenLatch();
     form.HScroll1.value = 3;
     link.Click(60);
@@ -125,9 +119,8 @@ TEST(LatchMode, TheTopAndTheBottomOfTheSpanCanBeLatched)
     EXPECT_EQ(link.Held(), (Ints{12, 108}));
 }
 
-TEST(LatchMode, MovingMeansNothing)
+TEST_F(LatchMode, MovingMeansNothing)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenLatch();
     link.Click(24);
     link.Taken();
@@ -138,9 +131,10 @@ TEST(LatchMode, MovingMeansNothing)
 
 // ---- Glide: both off
 
-TEST(GlideMode, APressAndAReleaseHaveNoMeaning)
+using GlideMode = Linked<KeyboardLink>;
+
+TEST_F(GlideMode, APressAndAReleaseHaveNoMeaning)
 {
-    KeyboardLink link;
     link.OpenGlide();
     link.midi.MonitorEnabled = false;
     link.Click(24);
@@ -149,9 +143,8 @@ TEST(GlideMode, APressAndAReleaseHaveNoMeaning)
     EXPECT_TRUE(link.midi.MonitorEnabled);
 }
 
-TEST(GlideMode, ASweepOverTenKeysGivesTenPairsInOrder)
+TEST_F(GlideMode, ASweepOverTenKeysGivesTenPairsInOrder)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenGlide();
     for (int key = 0; key < 10; ++key) {
         link.Move(key, 300);
@@ -164,9 +157,8 @@ TEST(GlideMode, ASweepOverTenKeysGivesTenPairsInOrder)
     EXPECT_EQ(link.Dots(), Ints{});
 }
 
-TEST(GlideMode, TheLowerStripOfAWhiteKeyBeginsAt1368)
+TEST_F(GlideMode, TheLowerStripOfAWhiteKeyBeginsAt1368)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenGlide();
     form.VScroll[3].value = 20;
     link.Taken();
@@ -180,9 +172,8 @@ TEST(GlideMode, TheLowerStripOfAWhiteKeyBeginsAt1368)
     EXPECT_EQ(form.Text1.text.Get(), "C/Do (36)"); // and the name stays
 }
 
-TEST(GlideMode, TheLowerStripOfABlackKeyBeginsAt936)
+TEST_F(GlideMode, TheLowerStripOfABlackKeyBeginsAt936)
 {
-    KeyboardLink link;
     link.OpenGlide();
     link.Move(1, 935);
     link.Move(1, 935);
@@ -191,17 +182,15 @@ TEST(GlideMode, TheLowerStripOfABlackKeyBeginsAt936)
     EXPECT_EQ(link.Taken(), (Sent{NoteOff(37)}));
 }
 
-TEST(GlideMode, AKeyEnteredInItsStripSounds)
+TEST_F(GlideMode, AKeyEnteredInItsStripSounds)
 {
-    KeyboardLink link;
     link.OpenGlide();
     link.Move(0, 1400);
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(36)}));
 }
 
-TEST(GlideMode, APointerThatStaysInTheStripSoundsTheKeyAtEveryOtherMove)
+TEST_F(GlideMode, APointerThatStaysInTheStripSoundsTheKeyAtEveryOtherMove)
 {
-    KeyboardLink link;
     link.OpenGlide();
     for (int move = 0; move < 5; ++move) {
         link.Move(0, 1380);
@@ -209,9 +198,8 @@ TEST(GlideMode, APointerThatStaysInTheStripSoundsTheKeyAtEveryOtherMove)
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(36), NoteOff(36), NoteOn(36), NoteOff(36), NoteOn(36)}));
 }
 
-TEST(GlideMode, LeavingToTheFrameOrTheWindowEndsTheNoteOnce)
+TEST_F(GlideMode, LeavingToTheFrameOrTheWindowEndsTheNoteOnce)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenGlide();
     link.Move(24);
     form.Frame1.MouseMove();
@@ -224,9 +212,8 @@ TEST(GlideMode, LeavingToTheFrameOrTheWindowEndsTheNoteOnce)
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
 
-TEST(GlideMode, WithTheHoldBoxOnTheFrameEndsNothing)
+TEST_F(GlideMode, WithTheHoldBoxOnTheFrameEndsNothing)
 {
-    KeyboardLink link;
     link.record[1] = 0;
     link.record[2] = 1; // as no hand can leave it, but a file can
     frmTastiera &form = link.Open();
@@ -252,9 +239,10 @@ struct ChordLink : KeyboardLink {
     }
 };
 
-TEST(ChordMode, FreezingSendsNothingAndDisablesTheButton)
+using ChordMode = Linked<ChordLink>;
+
+TEST_F(ChordMode, FreezingSendsNothingAndDisablesTheButton)
 {
-    ChordLink link;
     link.OpenLatch();
     link.Click(24);
     link.Click(28);
@@ -267,9 +255,8 @@ TEST(ChordMode, FreezingSendsNothingAndDisablesTheButton)
     EXPECT_EQ(link.Dots(), (Ints{24, 28}));
 }
 
-TEST(ChordMode, WithNothingLatchedThereIsNothingToFreeze)
+TEST_F(ChordMode, WithNothingLatchedThereIsNothingToFreeze)
 {
-    ChordLink link;
     link.OpenLatch();
     EXPECT_TRUE(link.Push(link.Form().CommHoldChord));
     EXPECT_FALSE(link.Form().notes.ChordArmed);
@@ -277,9 +264,8 @@ TEST(ChordMode, WithNothingLatchedThereIsNothingToFreeze)
     EXPECT_EQ(link.Taken(), Sent{});
 }
 
-TEST(ChordMode, TheLowestNoteLandsOnThePressedKey)
+TEST_F(ChordMode, TheLowestNoteLandsOnThePressedKey)
 {
-    ChordLink link;
     link.Freeze({60, 64, 67});
     link.Down(26); // note 62
     EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(62), NoteOn(66), NoteOn(69)}));
@@ -289,9 +275,8 @@ TEST(ChordMode, TheLowestNoteLandsOnThePressedKey)
     EXPECT_EQ(link.Form().Text1.text.Get(), "A/La (69)");
 }
 
-TEST(ChordMode, WhatFallsAbove108IsLeftOutForThatPressOnly)
+TEST_F(ChordMode, WhatFallsAbove108IsLeftOutForThatPressOnly)
 {
-    ChordLink link;
     link.Freeze({60, 64, 67});
     link.Form().HScroll1.value = 3; // key 0 is note 48
     link.Taken();
@@ -304,9 +289,8 @@ TEST(ChordMode, WhatFallsAbove108IsLeftOutForThatPressOnly)
     EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(60), NoteOn(64), NoteOn(67)}));
 }
 
-TEST(ChordMode, NotesOffScreenSoundWithoutADot)
+TEST_F(ChordMode, NotesOffScreenSoundWithoutADot)
 {
-    ChordLink link;
     link.Freeze({60, 64});
     link.Down(60); // note 96, and 100 off screen
     EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(96), NoteOn(100)}));
@@ -314,27 +298,24 @@ TEST(ChordMode, NotesOffScreenSoundWithoutADot)
     EXPECT_EQ(link.Held(), (Ints{96, 100}));
 }
 
-TEST(ChordMode, ReleaseIsSilent)
+TEST_F(ChordMode, ReleaseIsSilent)
 {
-    ChordLink link;
     link.Freeze({60, 64});
     link.Click(0);
     EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(36), NoteOn(40)}));
     EXPECT_EQ(link.Dots(), (Ints{0, 4}));
 }
 
-TEST(ChordMode, ReleaseIsSilentWithTheHoldBoxOffToo)
+TEST_F(ChordMode, ReleaseIsSilentWithTheHoldBoxOffToo)
 {
-    ChordLink link;
     link.Open();
     link.Form().notes.ChordArmed = true; // no hand freezes a chord in Press mode; the rule is there all the same
     link.Up(24);
     EXPECT_EQ(link.Taken(), Sent{});
 }
 
-TEST(ChordMode, AllNotesOffEndsItAndKeepsTheOldChordUnused)
+TEST_F(ChordMode, AllNotesOffEndsItAndKeepsTheOldChordUnused)
 {
-    ChordLink link;
     link.Freeze({60, 64});
     link.Push(link.Form().CommAllNoteOff);
     EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
@@ -348,9 +329,8 @@ TEST(ChordMode, AllNotesOffEndsItAndKeepsTheOldChordUnused)
     EXPECT_EQ(link.Chord(), (Ints{66}));
 }
 
-TEST(ChordMode, APressTurnsTheMonitorOn)
+TEST_F(ChordMode, APressTurnsTheMonitorOn)
 {
-    ChordLink link;
     link.Freeze({60});
     link.midi.MonitorEnabled = false;
     link.Down(0);

@@ -8,9 +8,10 @@
 namespace velluto::test {
 namespace {
 
-TEST(Opening, KeepsTheChildContract)
+using Opening = Linked<KeyboardLink>;
+
+TEST_F(Opening, KeepsTheChildContract)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.Tag.prefix, std::string(1, '\x08') + std::string(19, '\0'));
     EXPECT_EQ(form.caption.Get(), "Velluto v 1.1 - &Keyboard");
@@ -23,9 +24,8 @@ TEST(Opening, KeepsTheChildContract)
     EXPECT_EQ(link.entry.State, 1);
 }
 
-TEST(Opening, InItalianTheTitleAndTheButtonAreItalian)
+TEST_F(Opening, InItalianTheTitleAndTheButtonAreItalian)
 {
-    KeyboardLink link;
     link.app.messages.LinguaBase = 0;
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.caption.Get(), "Velluto v 1.1 - &Tastiera");
@@ -34,9 +34,8 @@ TEST(Opening, InItalianTheTitleAndTheButtonAreItalian)
     EXPECT_EQ(form.HScroll1.accessibleName, "Ottava");
 }
 
-TEST(Opening, TheFixedCaptionsAreTheSameInBothLanguages)
+TEST_F(Opening, TheFixedCaptionsAreTheSameInBothLanguages)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.Label1[6].caption.Get(), "MIDI Channel");
     EXPECT_EQ(form.Label1[7].caption.Get(), "Note (Number)");
@@ -52,9 +51,8 @@ TEST(Opening, TheFixedCaptionsAreTheSameInBothLanguages)
               (Texts{"  1", "  2", "  3", "  4", "  5", "  6", "  7", "  8", "  9", " 10", " 11", " 12", " 13", " 14", " 15", " 16"}));
 }
 
-TEST(Opening, OfAFirstRunIsPressModeOnChannel1TwoOctavesUp)
+TEST_F(Opening, OfAFirstRunIsPressModeOnChannel1TwoOctavesUp)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.Combo1.ListIndex, 0);
     EXPECT_TRUE(form.CheckClickKey.value);
@@ -69,9 +67,8 @@ TEST(Opening, OfAFirstRunIsPressModeOnChannel1TwoOctavesUp)
     EXPECT_EQ(form.Label1[5].caption.Get(), "C7");
 }
 
-TEST(Opening, SendsAllNineMessagesTwiceWhereTheValueIsNot0)
+TEST_F(Opening, SendsAllNineMessagesTwiceWhereTheValueIsNot0)
 {
-    KeyboardLink link;
     link.record[0] = 4;
     mnuTastiera_Click(link.keyboard);
     const std::uint32_t pan = Controller(10, 64, 4);
@@ -81,9 +78,8 @@ TEST(Opening, SendsAllNineMessagesTwiceWhereTheValueIsNot0)
                                   Controller(91, 0, 4), Controller(93, 0, 4)}));
 }
 
-TEST(Opening, WithNothingSentBeforeTheVelocitiesSendWhatStandsInTheCell)
+TEST_F(Opening, WithNothingSentBeforeTheVelocitiesSendWhatStandsInTheCell)
 {
-    KeyboardLink link;
     link.record = {0, 1, 0, 2, 0, 0, 9, 0, 0, 0, 0, 0, 0, 0, 0, 0};
     mnuTastiera_Click(link.keyboard);
     EXPECT_EQ(link.Taken(),
@@ -91,9 +87,8 @@ TEST(Opening, WithNothingSentBeforeTheVelocitiesSendWhatStandsInTheCell)
                     Controller(72, 0), PitchBend(0), Controller(1, 0), Controller(2, 0), Controller(91, 0), Controller(93, 0)}));
 }
 
-TEST(Opening, InLatchModeTheHoldBoxSilencesFirst)
+TEST_F(Opening, InLatchModeTheHoldBoxSilencesFirst)
 {
-    KeyboardLink link;
     link.record = {0, 1, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
     mnuTastiera_Click(link.keyboard);
     const Sent sent = link.Taken();
@@ -104,17 +99,15 @@ TEST(Opening, InLatchModeTheHoldBoxSilencesFirst)
     EXPECT_TRUE(link.Form().CheckHoldNote.value);
 }
 
-TEST(Opening, InGlideModeTheHoldBoxAndTheChordButtonAreDisabled)
+TEST_F(Opening, InGlideModeTheHoldBoxAndTheChordButtonAreDisabled)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenGlide();
     EXPECT_FALSE(form.CheckHoldNote.enabled);
     EXPECT_FALSE(form.CommHoldChord.enabled);
 }
 
-TEST(Opening, WithTheHoldBoxOnInGlideModeSilencesFirstAndDisablesTheBox)
+TEST_F(Opening, WithTheHoldBoxOnInGlideModeSilencesFirstAndDisablesTheBox)
 {
-    KeyboardLink link;
     link.record = {0, 0, 1, 2, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
     mnuTastiera_Click(link.keyboard);
     const Sent sent = link.Taken();
@@ -127,9 +120,8 @@ TEST(Opening, WithTheHoldBoxOnInGlideModeSilencesFirstAndDisablesTheBox)
     EXPECT_FALSE(link.Form().notes.ClickGuard);
 }
 
-TEST(Opening, OnTheLowestOctaveTheCaptionsAreWrittenToo)
+TEST_F(Opening, OnTheLowestOctaveTheCaptionsAreWrittenToo)
 {
-    KeyboardLink link;
     link.record[3] = 0; // the slider's own first value: no change tells of it
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.notes.BaseNote, 12);
@@ -138,9 +130,8 @@ TEST(Opening, OnTheLowestOctaveTheCaptionsAreWrittenToo)
     EXPECT_EQ(form.Label1[5].caption.Get(), "C5");
 }
 
-TEST(Opening, DamagedBytesGiveTheNearestThatTheControlsCanShow)
+TEST_F(Opening, DamagedBytesGiveTheNearestThatTheControlsCanShow)
 {
-    KeyboardLink link;
     link.record.fill(255);
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.Combo1.ListIndex, 15);
@@ -152,9 +143,8 @@ TEST(Opening, DamagedBytesGiveTheNearestThatTheControlsCanShow)
     EXPECT_EQ(form.VScroll1.value, 36);
 }
 
-TEST(Opening, NeverLaidOutItComesUpAtTheTopLeft)
+TEST_F(Opening, NeverLaidOutItComesUpAtTheTopLeft)
 {
-    KeyboardLink link;
     link.entry.Left = 600;
     frmTastiera &form = link.Open();
     EXPECT_EQ(form.Left(), 0);
@@ -163,9 +153,8 @@ TEST(Opening, NeverLaidOutItComesUpAtTheTopLeft)
     EXPECT_EQ(link.entry.MinHeight, form.Height());
 }
 
-TEST(Opening, ComesUpWhereItWas)
+TEST_F(Opening, ComesUpWhereItWas)
 {
-    KeyboardLink link;
     link.app.children.Move(link.Open(), 450, 600);
     link.Close();
     frmTastiera &form = link.Open();
@@ -173,9 +162,8 @@ TEST(Opening, ComesUpWhereItWas)
     EXPECT_EQ(form.Top(), 600);
 }
 
-TEST(Opening, TheWindowHasOneSize)
+TEST_F(Opening, TheWindowHasOneSize)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     const Size natural{form.Width(), form.Height()};
     link.app.children.Resize(form, 3000, 20000);
@@ -186,9 +174,8 @@ TEST(Opening, TheWindowHasOneSize)
     EXPECT_EQ(link.entry.State, 1);
 }
 
-TEST(Opening, EverythingLiesInsideAndNothingOverlaps)
+TEST_F(Opening, EverythingLiesInsideAndNothingOverlaps)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     std::vector<const Control *> seen;
     for (const Control *control : form.controls()) {

@@ -30,9 +30,10 @@ struct ThruLink : MidiLink {
     MenuEntry &entry = app.frame.mnuMIDIThru;
 };
 
-TEST(OpenIn, ADeviceInUseIsTold)
+using OpenIn = Linked<MidiLink>;
+
+TEST_F(OpenIn, ADeviceInUseIsTold)
 {
-    MidiLink link;
     link.AddIns(1);
     link.devices.ins[0].codes.open = 4;
     link.app.settings.MidiInDev = 0;
@@ -42,9 +43,8 @@ TEST(OpenIn, ADeviceInUseIsTold)
     EXPECT_EQ(link.face.boxes[0].title, "Velluto v 1.1");
 }
 
-TEST(OpenIn, ADeviceInUseIsToldInItalian)
+TEST_F(OpenIn, ADeviceInUseIsToldInItalian)
 {
-    MidiLink link;
     link.app.messages.LinguaBase = 0;
     link.AddIns(1);
     link.devices.ins[0].codes.open = 4;
@@ -53,9 +53,8 @@ TEST(OpenIn, ADeviceInUseIsToldInItalian)
     EXPECT_EQ(link.BoxTexts(), (Texts{"Dispositivo MIDI di ingresso già in uso"}));
 }
 
-TEST(OpenIn, AnyOtherFailureHasSite5)
+TEST_F(OpenIn, AnyOtherFailureHasSite5)
 {
-    MidiLink link;
     link.AddIns(1);
     link.devices.ins[0].codes.open = 68;
     link.app.settings.MidiInDev = 0;
@@ -63,9 +62,10 @@ TEST(OpenIn, AnyOtherFailureHasSite5)
     EXPECT_EQ(link.BoxTexts(), (Texts{"Error opening MIDI input device (Cod Err: 568)"}));
 }
 
-TEST(CloseIn, AFailureHasTheTextOfTheOpenAndSite7)
+using CloseIn = Linked<MidiLink>;
+
+TEST_F(CloseIn, AFailureHasTheTextOfTheOpenAndSite7)
 {
-    MidiLink link;
     link.app.messages.LinguaBase = 0;
     link.AddIns(1);
     link.app.settings.MidiInDev = 0;
@@ -76,9 +76,8 @@ TEST(CloseIn, AFailureHasTheTextOfTheOpenAndSite7)
     EXPECT_EQ(link.BoxTexts(), (Texts{"Errore apertura dispositivo MIDI di ingresso (Cod Err: 705)"}));
 }
 
-TEST(CloseIn, AGoodCloseIsNotToldWhateverTheKeptResult)
+TEST_F(CloseIn, AGoodCloseIsNotToldWhateverTheKeptResult)
 {
-    MidiLink link;
     link.AddIns(1);
     link.app.settings.MidiInDev = 0;
     OpenMidiIn(link.midi);

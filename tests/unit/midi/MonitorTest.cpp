@@ -27,51 +27,47 @@ void Report(MonitorLink &link, const std::vector<std::uint8_t> &bytes)
     MonitorReport(link.midi, bytes);
 }
 
-TEST(Monitor, BytesAreWrittenInHexadecimalWithABlankEachAndAnEmptyLine)
+using Monitor = Linked<MonitorLink>;
+
+TEST_F(Monitor, BytesAreWrittenInHexadecimalWithABlankEachAndAnEmptyLine)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     Report(link, {0x90, 0x3C, 0x64});
     EXPECT_EQ(form.Text1.text.Get(), "90 3C 64 \r\n\r\n");
 }
 
-TEST(Monitor, EachReportIsAppended)
+TEST_F(Monitor, EachReportIsAppended)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     Report(link, {0xB0});
     Report(link, {0xFF, 0x0A});
     EXPECT_EQ(form.Text1.text.Get(), "B0 \r\n\r\nFF 0A \r\n\r\n");
 }
 
-TEST(Monitor, AnEmptyTextClears)
+TEST_F(Monitor, AnEmptyTextClears)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     Report(link, {0xB0});
     MonitorReport(link.midi, {});
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
 
-TEST(Monitor, ASingleByte0IsTwoZerosAndNotAnEmptyText)
+TEST_F(Monitor, ASingleByte0IsTwoZerosAndNotAnEmptyText)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     Report(link, {0});
     EXPECT_EQ(form.Text1.text.Get(), "00 \r\n\r\n");
 }
 
-TEST(Monitor, OneReportShowsAtMost21666Bytes)
+TEST_F(Monitor, OneReportShowsAtMost21666Bytes)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     Report(link, std::vector<std::uint8_t>(21667, 1));
     EXPECT_EQ(form.Text1.text.Get().size(), 21666U * 3 + 4);
 }
 
-TEST(Monitor, ClosedNothingIsWrittenAndMonitorEnabledMayStayTrue)
+TEST_F(Monitor, ClosedNothingIsWrittenAndMonitorEnabledMayStayTrue)
 {
-    MonitorLink link;
     link.midi.MonitorEnabled = true;
     Report(link, {0x90, 0x3C, 0x64});
     link.OpenOneOut();
@@ -80,27 +76,24 @@ TEST(Monitor, ClosedNothingIsWrittenAndMonitorEnabledMayStayTrue)
     EXPECT_TRUE(link.midi.MonitorEnabled);
 }
 
-TEST(Monitor, SwitchedOffNothingIsWritten)
+TEST_F(Monitor, SwitchedOffNothingIsWritten)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     link.midi.MonitorEnabled = false;
     Report(link, {0x90});
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
 
-TEST(Monitor, TheMenuEntrysStateIsTheTestForAnOpenWindow)
+TEST_F(Monitor, TheMenuEntrysStateIsTheTestForAnOpenWindow)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     link.app.frame.mnuMsgEx.enabled = true;
     Report(link, {0x90});
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
 
-TEST(Monitor, AShortMessageReplacesWhatWasThere)
+TEST_F(Monitor, AShortMessageReplacesWhatWasThere)
 {
-    MonitorLink link;
     link.OpenOneOut();
     frmMsgEx &form = link.Open();
     link.Send(0x7900B0);
@@ -108,9 +101,8 @@ TEST(Monitor, AShortMessageReplacesWhatWasThere)
     EXPECT_EQ(form.Text1.text.Get(), "C0 04 00 \r\n\r\n");
 }
 
-TEST(Monitor, AMessageThatFailsIsSeenToo)
+TEST_F(Monitor, AMessageThatFailsIsSeenToo)
 {
-    MonitorLink link;
     link.OpenOneOut();
     link.devices.outs[0].codes.send = 11;
     frmMsgEx &form = link.Open();
@@ -121,9 +113,8 @@ TEST(Monitor, AMessageThatFailsIsSeenToo)
     EXPECT_EQ(form.Text1.text.Get(), "90 3C 64 \r\n\r\n");
 }
 
-TEST(Monitor, ANoteIsShownAlone)
+TEST_F(Monitor, ANoteIsShownAlone)
 {
-    MonitorLink link;
     link.OpenOneOut();
     frmMsgEx &form = link.Open();
     SendNoteOn(link.midi, 1, 60, 100);
@@ -132,9 +123,8 @@ TEST(Monitor, ANoteIsShownAlone)
     EXPECT_EQ(form.Text1.text.Get(), "81 3C 00 \r\n\r\n");
 }
 
-TEST(Monitor, AllNotesOffShowsASecondLineOfTwoBytes)
+TEST_F(Monitor, AllNotesOffShowsASecondLineOfTwoBytes)
 {
-    MonitorLink link;
     link.OpenOneOut();
     frmMsgEx &form = link.Open();
     SendNoteOn(link.midi, 1, 60, 100);
@@ -142,9 +132,8 @@ TEST(Monitor, AllNotesOffShowsASecondLineOfTwoBytes)
     EXPECT_EQ(form.Text1.text.Get(), "B1 7B 00 \r\n\r\nB1 7B \r\n\r\n");
 }
 
-TEST(Monitor, OnADisarmedPathANoteOnlyClears)
+TEST_F(Monitor, OnADisarmedPathANoteOnlyClears)
 {
-    MonitorLink link;
     link.OpenOneOut();
     frmMsgEx &form = link.Open();
     SendNoteOn(link.midi, 1, 60, 100);
@@ -153,9 +142,8 @@ TEST(Monitor, OnADisarmedPathANoteOnlyClears)
     EXPECT_EQ(form.Text1.text.Get(), "");
 }
 
-TEST(Monitor, OnADisarmedPathAllNotesOffShowsItsTwoBytesAlone)
+TEST_F(Monitor, OnADisarmedPathAllNotesOffShowsItsTwoBytesAlone)
 {
-    MonitorLink link;
     link.OpenOneOut();
     frmMsgEx &form = link.Open();
     SendNoteOn(link.midi, 1, 60, 100);
@@ -164,9 +152,8 @@ TEST(Monitor, OnADisarmedPathAllNotesOffShowsItsTwoBytesAlone)
     EXPECT_EQ(form.Text1.text.Get(), "B1 7B \r\n\r\n");
 }
 
-TEST(Monitor, WithoutADeviceANoteLeavesWhatStandsThere)
+TEST_F(Monitor, WithoutADeviceANoteLeavesWhatStandsThere)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     Report(link, {0xB0});
     SendNoteOn(link.midi, 1, 60, 100);
@@ -174,9 +161,8 @@ TEST(Monitor, WithoutADeviceANoteLeavesWhatStandsThere)
     EXPECT_EQ(form.Text1.text.Get(), "B0 \r\n\r\n");
 }
 
-TEST(Monitor, AGroupIsShownInOneLineAndWrittenOnce)
+TEST_F(Monitor, AGroupIsShownInOneLineAndWrittenOnce)
 {
-    MonitorLink link;
     link.OpenOneOut();
     frmMsgEx &form = link.Open();
     link.Send(0x643C90);
@@ -188,9 +174,8 @@ TEST(Monitor, AGroupIsShownInOneLineAndWrittenOnce)
     EXPECT_EQ(link.midi.ShortMsg, ShortMessage(0x0004C0));
 }
 
-TEST(Monitor, WhileTheBoxOfAFailedSendStandsTheMessageThatFailedIsShown)
+TEST_F(Monitor, WhileTheBoxOfAFailedSendStandsTheMessageThatFailedIsShown)
 {
-    MonitorLink link;
     struct LookingFace : StandinFace {
         MidiState *midi = nullptr;
         std::vector<std::string> seen;
@@ -214,9 +199,10 @@ TEST(Monitor, WhileTheBoxOfAFailedSendStandsTheMessageThatFailedIsShown)
     EXPECT_EQ(link.devices.sent.size(), 1U);
 }
 
-TEST(MonitorWindow, TheFirstOpeningHasItsNaturalSizeAtTheTopLeft)
+using MonitorWindow = Linked<MonitorLink>;
+
+TEST_F(MonitorWindow, TheFirstOpeningHasItsNaturalSizeAtTheTopLeft)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     const Size natural = link.Natural();
     EXPECT_EQ(form.place.Get(), (Place{0, 0, natural.width, natural.height}));
@@ -230,9 +216,8 @@ TEST(MonitorWindow, TheFirstOpeningHasItsNaturalSizeAtTheTopLeft)
     EXPECT_EQ(form.Text1.font.weight, 400);
 }
 
-TEST(MonitorWindow, KeepsTheChildContract)
+TEST_F(MonitorWindow, KeepsTheChildContract)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     EXPECT_EQ(form.caption.Get(), "MIDI messages - Velluto v 1.1");
     EXPECT_EQ(form.Tag.prefix, std::string(1, '\x09') + std::string(19, '\0'));
@@ -244,16 +229,14 @@ TEST(MonitorWindow, KeepsTheChildContract)
     EXPECT_EQ(form.Text1.accessibleName, "MIDI messages");
 }
 
-TEST(MonitorWindow, TheCaptionInItalian)
+TEST_F(MonitorWindow, TheCaptionInItalian)
 {
-    MonitorLink link;
     link.app.messages.LinguaBase = 0;
     EXPECT_EQ(link.Open().caption.Get(), "Messaggi MIDI - Velluto v 1.1");
 }
 
-TEST(MonitorWindow, ALaterOpeningTakesItsStoredPlaceAndStartsEmpty)
+TEST_F(MonitorWindow, ALaterOpeningTakesItsStoredPlaceAndStartsEmpty)
 {
-    MonitorLink link;
     frmMsgEx &first = link.Open();
     const Size natural = link.Natural();
     Report(link, {0x90});
@@ -266,9 +249,8 @@ TEST(MonitorWindow, ALaterOpeningTakesItsStoredPlaceAndStartsEmpty)
     EXPECT_EQ(second.Text1.text.Get(), "");
 }
 
-TEST(MonitorWindow, ClosedItGivesBackItsEntryAndStoresItsPlace)
+TEST_F(MonitorWindow, ClosedItGivesBackItsEntryAndStoresItsPlace)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     link.app.children.Move(form, -75, 225);
     link.app.children.Unload(form);
@@ -283,9 +265,8 @@ TEST(MonitorWindow, ClosedItGivesBackItsEntryAndStoresItsPlace)
     EXPECT_EQ(link.midi.monitor, nullptr);
 }
 
-TEST(MonitorWindow, ClosedWithTheFrameItsStateIs0Too)
+TEST_F(MonitorWindow, ClosedWithTheFrameItsStateIs0Too)
 {
-    MonitorLink link;
     link.Open();
     link.app.children.ClosingAll = true;
     link.app.children.UnloadAll();
@@ -293,9 +274,8 @@ TEST(MonitorWindow, ClosedWithTheFrameItsStateIs0Too)
     EXPECT_EQ(link.entry.State, 0);
 }
 
-TEST(MonitorWindow, BelowItsNaturalSizeItSnapsBack)
+TEST_F(MonitorWindow, BelowItsNaturalSizeItSnapsBack)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     const Size natural = link.Natural();
     link.app.children.Resize(form, 1000, natural.height + 900);
@@ -308,9 +288,8 @@ TEST(MonitorWindow, BelowItsNaturalSizeItSnapsBack)
     EXPECT_EQ(form.Height(), natural.height);
 }
 
-TEST(MonitorWindow, MinimisedItsStateIs2AndRestored1)
+TEST_F(MonitorWindow, MinimisedItsStateIs2AndRestored1)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     link.app.children.Minimise(form);
     EXPECT_EQ(link.entry.State, 2);
@@ -318,18 +297,16 @@ TEST(MonitorWindow, MinimisedItsStateIs2AndRestored1)
     EXPECT_EQ(link.entry.State, 1);
 }
 
-TEST(MonitorWindow, MaximisedItsStateStaysWhatItWas)
+TEST_F(MonitorWindow, MaximisedItsStateStaysWhatItWas)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     link.app.children.Minimise(form);
     link.app.children.Maximise(form);
     EXPECT_EQ(link.entry.State, 2);
 }
 
-TEST(MonitorWindow, WhileALoadRunsAResizeStoresNothing)
+TEST_F(MonitorWindow, WhileALoadRunsAResizeStoresNothing)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     const Size natural = link.Natural();
     link.app.children.RestoringLayout = true;
@@ -338,18 +315,16 @@ TEST(MonitorWindow, WhileALoadRunsAResizeStoresNothing)
     EXPECT_EQ(link.entry.Height, natural.height);
 }
 
-TEST(MonitorWindow, TheTextFillsTheInnerSizeLess400InHeight)
+TEST_F(MonitorWindow, TheTextFillsTheInnerSizeLess400InHeight)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     EXPECT_EQ(form.Text1.place.Get(), (Place{0, 0, form.ScaleWidth(), form.ScaleHeight() - 400}));
     link.app.children.Resize(form, form.Width() + 1500, form.Height() + 1500);
     EXPECT_EQ(form.Text1.place.Get(), (Place{0, 0, form.ScaleWidth(), form.ScaleHeight() - 400}));
 }
 
-TEST(MonitorWindow, AWindowNoTallerThan400LeavesTheTextAsItWas)
+TEST_F(MonitorWindow, AWindowNoTallerThan400LeavesTheTextAsItWas)
 {
-    MonitorLink link;
     link.entry.MinWidth = 100;
     link.entry.MinHeight = 100;
     link.entry.Width = 6000;
@@ -362,9 +337,8 @@ TEST(MonitorWindow, AWindowNoTallerThan400LeavesTheTextAsItWas)
     EXPECT_EQ(form.Text1.place.Get(), (Place{0, 0, form.ScaleWidth(), 0}));
 }
 
-TEST(MonitorWindow, TheRightButtonPopsUpTheEditMenu)
+TEST_F(MonitorWindow, TheRightButtonPopsUpTheEditMenu)
 {
-    MonitorLink link;
     frmMsgEx &form = link.Open();
     form.Form_MouseDown(MouseButton::Right);
     Raise(form.Text1.MouseDown, MouseButton::Right);

@@ -147,9 +147,10 @@ TEST(Send, AFailureInItalian)
     EXPECT_EQ(link.BoxTexts(), (Texts{"Errore accesso dispositivo MIDI di uscita (Cod Err: 405)"}));
 }
 
-TEST(OpenOut, ADeviceInUseIsTold)
+using OpenOut = Linked<MidiLink>;
+
+TEST_F(OpenOut, ADeviceInUseIsTold)
 {
-    MidiLink link;
     link.AddOuts(1);
     link.devices.outs[0].codes.open = 4;
     link.app.settings.MidiOutDev = 0;
@@ -159,9 +160,8 @@ TEST(OpenOut, ADeviceInUseIsTold)
     EXPECT_EQ(link.face.boxes[0].title, "Velluto v 1.1");
 }
 
-TEST(OpenOut, ADeviceInUseIsToldInItalian)
+TEST_F(OpenOut, ADeviceInUseIsToldInItalian)
 {
-    MidiLink link;
     link.app.messages.LinguaBase = 0;
     link.AddOuts(1);
     link.devices.outs[0].codes.open = 4;
@@ -170,9 +170,8 @@ TEST(OpenOut, ADeviceInUseIsToldInItalian)
     EXPECT_EQ(link.BoxTexts(), (Texts{"Dispositivo MIDI di Uscita già in uso"}));
 }
 
-TEST(OpenOut, AnyOtherFailureHasSite6)
+TEST_F(OpenOut, AnyOtherFailureHasSite6)
 {
-    MidiLink link;
     link.AddOuts(1);
     link.devices.outs[0].codes.open = 7;
     link.app.settings.MidiOutDev = 0;
@@ -181,9 +180,8 @@ TEST(OpenOut, AnyOtherFailureHasSite6)
     EXPECT_FALSE(link.midi.MidiOutOpen);
 }
 
-TEST(OpenOut, AFailedOpenDoesNotTouchTheArming)
+TEST_F(OpenOut, AFailedOpenDoesNotTouchTheArming)
 {
-    MidiLink link;
     link.AddOuts(1);
     link.devices.outs[0].codes.open = 7;
     link.app.settings.MidiOutDev = 0;
@@ -192,9 +190,10 @@ TEST(OpenOut, AFailedOpenDoesNotTouchTheArming)
     EXPECT_FALSE(link.midi.SendArmed);
 }
 
-TEST(CloseOut, AFailingCloseAfterCleanSendsIsNotTold)
+using CloseOut = Linked<MidiLink>;
+
+TEST_F(CloseOut, AFailingCloseAfterCleanSendsIsNotTold)
 {
-    MidiLink link;
     link.OpenOneOut();
     link.devices.outs[0].codes.close = 9;
     EXPECT_EQ(CloseMidiOut(link.midi), 9);
@@ -202,9 +201,8 @@ TEST(CloseOut, AFailingCloseAfterCleanSendsIsNotTold)
     EXPECT_TRUE(link.face.boxes.empty());
 }
 
-TEST(CloseOut, AGoodCloseAfterAFailedSendIsToldWithItsOwnResult)
+TEST_F(CloseOut, AGoodCloseAfterAFailedSendIsToldWithItsOwnResult)
 {
-    MidiLink link;
     link.OpenOneOut();
     link.devices.outs[0].codes.send = 11;
     link.Send(0x643C90);
@@ -214,9 +212,8 @@ TEST(CloseOut, AGoodCloseAfterAFailedSendIsToldWithItsOwnResult)
     EXPECT_EQ(link.face.boxes[1].title, "Velluto v 1.1");
 }
 
-TEST(CloseOut, ACloseAfterAFailedQueryIsTold)
+TEST_F(CloseOut, ACloseAfterAFailedQueryIsTold)
 {
-    MidiLink link;
     link.AddOuts(1);
     link.AddIns(1);
     link.devices.ins[0].codes.caps = 2; // the last query of all is the one that is kept

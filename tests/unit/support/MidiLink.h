@@ -13,6 +13,8 @@
 #include "standin/StandinTicks.h"
 #include "unit/support/MidiMessages.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -76,5 +78,11 @@ struct MidiLink {
 };
 
 using Texts = std::vector<std::string>;
+
+// A suite whose tests each begin with a link of their own.
+template <class Link>
+struct Linked : testing::Test {
+    Link link;
+};
 
 } // namespace velluto::test
