@@ -28,14 +28,15 @@ struct ModesLink : KeyboardLink {
     }
 };
 
-TEST(AllNotesOff, SilencesClearsAndForgets)
+using AllNotesOff = Linked<ModesLink>;
+
+TEST_F(AllNotesOff, SilencesClearsAndForgets)
 {
-    ModesLink link;
     frmTastiera &form = link.OpenLatch();
     link.Click(24);
     link.Taken();
     link.Push(form.CommAllNoteOff);
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_EQ(link.Held(), Ints{});
     EXPECT_EQ(link.Dots(), Ints{});
     EXPECT_EQ(form.notes.CurrentNote, 200);
@@ -43,18 +44,16 @@ TEST(AllNotesOff, SilencesClearsAndForgets)
     EXPECT_EQ(link.State(), "click hold box chord");
 }
 
-TEST(AllNotesOff, OutsideLatchModeHoldChordGoesOff)
+TEST_F(AllNotesOff, OutsideLatchModeHoldChordGoesOff)
 {
-    ModesLink link;
     frmTastiera &form = link.Open();
     EXPECT_EQ(link.State(), "click - box chord"); // as it comes up
     link.Push(form.CommAllNoteOff);
     EXPECT_EQ(link.State(), "click - box -");
 }
 
-TEST(AllNotesOff, WithHoldNoteOnInGlideModeHoldChordGoesOff)
+TEST_F(AllNotesOff, WithHoldNoteOnInGlideModeHoldChordGoesOff)
 {
-    ModesLink link;
     link.FreezeOne();
     link.Push(link.Form().CheckClickKey);
     link.Push(link.Form().CheckHoldNote);
@@ -64,17 +63,15 @@ TEST(AllNotesOff, WithHoldNoteOnInGlideModeHoldChordGoesOff)
     EXPECT_EQ(link.State(), "- hold box -");
 }
 
-TEST(AllNotesOff, GoesToTheChannelOfNow)
+TEST_F(AllNotesOff, GoesToTheChannelOfNow)
 {
-    ModesLink link;
     link.Open().Combo1.ListIndex = 9;
     link.Push(link.Form().CommAllNoteOff);
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(9)}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(9)}));
 }
 
-TEST(AllNotesOff, ANoteHeldOffScreenKeepsItsFlagAndCountsForTheNextChord)
+TEST_F(AllNotesOff, ANoteHeldOffScreenKeepsItsFlagAndCountsForTheNextChord)
 {
-    ModesLink link;
     frmTastiera &form = link.OpenLatch();
     link.Click(0); // note 36
     form.HScroll1.value = 3;
@@ -84,7 +81,7 @@ TEST(AllNotesOff, ANoteHeldOffScreenKeepsItsFlagAndCountsForTheNextChord)
     link.Push(form.CommHoldChord);
     EXPECT_TRUE(form.notes.ChordArmed);
     link.Down(0); // note 48
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(48)}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(), NoteOn(48)}));
 }
 
 TEST(HoldNote, TickedInPressModeItLatchesAndSilences)
@@ -93,7 +90,7 @@ TEST(HoldNote, TickedInPressModeItLatchesAndSilences)
     frmTastiera &form = link.Open();
     link.Push(form.CheckHoldNote);
     EXPECT_EQ(link.State(), "click hold box chord");
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     link.Click(24);
     EXPECT_EQ(link.Held(), (Ints{60}));
 }
@@ -106,7 +103,7 @@ TEST(HoldNote, UntickedInLatchModeItReleasesAll)
     link.Taken();
     link.Push(form.CheckHoldNote);
     EXPECT_EQ(link.State(), "click - box -");
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_EQ(link.Held(), Ints{});
     EXPECT_EQ(link.Dots(), Ints{});
 }
@@ -118,7 +115,7 @@ TEST(HoldNote, UntickedWithAChordItEndsTheChord)
     link.Push(link.Form().CheckHoldNote);
     EXPECT_FALSE(link.Form().notes.ChordArmed);
     EXPECT_FALSE(link.Form().notes.ClickGuard);
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_EQ(link.State(), "click - box -");
 }
 
@@ -133,20 +130,21 @@ TEST(HoldNote, TickedInGlideModeItStaysOnAndSilences)
     link.Taken();
     link.Push(link.Form().CheckHoldNote);
     EXPECT_EQ(link.State(), "- hold box -");
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_EQ(link.Dots(), Ints{});
     EXPECT_EQ(link.Form().notes.CurrentNote, 60); // only silenced, not forgotten
     EXPECT_FALSE(link.Form().notes.ClickGuard);
     // And cannot be unticked: the program ticks it again.
     link.Push(link.Form().CheckHoldNote);
     EXPECT_EQ(link.State(), "- hold box -");
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_FALSE(link.Form().notes.ClickGuard);
 }
 
-TEST(ClickKey, UntickedInPressModeItLeadsToGlideAndDisablesHoldNote)
+using ClickKey = Linked<ModesLink>;
+
+TEST_F(ClickKey, UntickedInPressModeItLeadsToGlideAndDisablesHoldNote)
 {
-    ModesLink link;
     frmTastiera &form = link.Open();
     link.Push(form.CheckClickKey);
     EXPECT_EQ(link.State(), "- - - chord"); // the button waits for the next All Notes Off
@@ -156,34 +154,31 @@ TEST(ClickKey, UntickedInPressModeItLeadsToGlideAndDisablesHoldNote)
     EXPECT_EQ(link.Taken(), Sent{});
 }
 
-TEST(ClickKey, UntickedInLatchModeItClearsBothAndSilences)
+TEST_F(ClickKey, UntickedInLatchModeItClearsBothAndSilences)
 {
-    ModesLink link;
     frmTastiera &form = link.OpenLatch();
     link.Click(24);
     link.Taken();
     link.Push(form.CheckClickKey);
     EXPECT_EQ(link.State(), "- - - -");
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_EQ(link.Held(), Ints{});
     EXPECT_FALSE(form.notes.ClickGuard);
 }
 
-TEST(ClickKey, UntickedWithAChordItSilencesTwiceAndLeavesHoldNoteEnabled)
+TEST_F(ClickKey, UntickedWithAChordItSilencesTwiceAndLeavesHoldNoteEnabled)
 {
-    ModesLink link;
     link.FreezeOne();
     link.Push(link.Form().CheckClickKey);
     // Once in the nested click of Hold Note, once in its own.
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(), test::AllNotesOff()}));
     EXPECT_EQ(link.State(), "- - box -");
     EXPECT_FALSE(link.Form().notes.ChordArmed);
     EXPECT_FALSE(link.Form().notes.ClickGuard);
 }
 
-TEST(ClickKey, TickedWithHoldOnItIsClearedAgain)
+TEST_F(ClickKey, TickedWithHoldOnItIsClearedAgain)
 {
-    ModesLink link;
     link.FreezeOne();
     link.Push(link.Form().CheckClickKey);
     link.Push(link.Form().CheckHoldNote);
@@ -191,25 +186,25 @@ TEST(ClickKey, TickedWithHoldOnItIsClearedAgain)
     link.Taken();
     link.Push(link.Form().CheckClickKey);
     EXPECT_EQ(link.State(), "- - box -");
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_FALSE(link.Form().notes.ClickGuard);
 }
 
-TEST(ClickKey, TickedWithAChordItIsClearedAgain)
+TEST_F(ClickKey, TickedWithAChordItIsClearedAgain)
 {
-    ModesLink link;
     frmTastiera &form = link.OpenGlide();
     form.notes.ChordArmed = true; // no hand freezes a chord in Glide mode; the handler asks all the same
     link.Push(form.CheckClickKey);
     EXPECT_EQ(link.State(), "- - - -");
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_FALSE(form.notes.ChordArmed);
     EXPECT_FALSE(form.notes.ClickGuard);
 }
 
-TEST(Octave, ShiftsTheNoteOfKey0AndTheCaptionsAboveTheCKeys)
+using Octave = Linked<KeyboardLink>;
+
+TEST_F(Octave, ShiftsTheNoteOfKey0AndTheCaptionsAboveTheCKeys)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     const std::array<int, 4> bases{12, 24, 36, 48};
     for (int shift = 0; shift <= 3; ++shift) {
@@ -223,9 +218,8 @@ TEST(Octave, ShiftsTheNoteOfKey0AndTheCaptionsAboveTheCKeys)
     EXPECT_EQ(link.Taken(), Sent{});
 }
 
-TEST(Octave, EachCaptionStandsAboveItsCKey)
+TEST_F(Octave, EachCaptionStandsAboveItsCKey)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     for (int octave = 0; octave <= 5; ++octave) {
         const Place caption = form.Label1[octave].place;
@@ -235,9 +229,8 @@ TEST(Octave, EachCaptionStandsAboveItsCKey)
     }
 }
 
-TEST(Octave, HeldNotesKeepSoundingAndMoveTheirDots)
+TEST_F(Octave, HeldNotesKeepSoundingAndMoveTheirDots)
 {
-    KeyboardLink link;
     frmTastiera &form = link.OpenLatch();
     link.Click(24); // 60
     link.Click(0);  // 36
@@ -250,9 +243,8 @@ TEST(Octave, HeldNotesKeepSoundingAndMoveTheirDots)
     EXPECT_EQ(link.Dots(), (Ints{0, 24}));
 }
 
-TEST(Octave, ANoteSoundingByPressKeepsItsDotAndTheReleaseEndsTheKeysNewNote)
+TEST_F(Octave, ANoteSoundingByPressKeepsItsDotAndTheReleaseEndsTheKeysNewNote)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     link.Down(24);
     link.Taken();
@@ -263,9 +255,8 @@ TEST(Octave, ANoteSoundingByPressKeepsItsDotAndTheReleaseEndsTheKeysNewNote)
     EXPECT_EQ(link.Dots(), Ints{});
 }
 
-TEST(Octave, OnlyALetGoSliderShifts)
+TEST_F(Octave, OnlyALetGoSliderShifts)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     ScrollGesture::DragTo(form.HScroll1, 0);
     EXPECT_EQ(form.notes.BaseNote, 36);

@@ -66,11 +66,12 @@ TEST(Keys, AreNamedByTheirNote)
     EXPECT_EQ(form.Key[60].accessibleName, "C/Do (72)");
 }
 
-TEST(KeyNoteOn, ShowsTheDotSendsAndNamesTheNote)
+using KeyNoteOn = Linked<KeyboardLink>;
+
+TEST_F(KeyNoteOn, ShowsTheDotSendsAndNamesTheNote)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
-    KeyNoteOn(form, 61);
+    velluto::KeyNoteOn(form, 61);
     EXPECT_EQ(link.Dots(), (Ints{25}));
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(61)}));
     EXPECT_EQ(form.Text1.text.Get(), "C#/Do# (61)");
@@ -78,12 +79,11 @@ TEST(KeyNoteOn, ShowsTheDotSendsAndNamesTheNote)
     EXPECT_EQ(form.notes.CurrentNote, 61);
 }
 
-TEST(KeyNoteOn, SendsANoteThatIsOffScreenAndDrawsNothing)
+TEST_F(KeyNoteOn, SendsANoteThatIsOffScreenAndDrawsNothing)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
-    KeyNoteOn(form, 35);
-    KeyNoteOn(form, 97);
+    velluto::KeyNoteOn(form, 35);
+    velluto::KeyNoteOn(form, 97);
     EXPECT_EQ(link.Dots(), Ints{});
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(35), NoteOn(97)}));
     EXPECT_EQ(form.notes.KeyIndex, 61);
@@ -94,7 +94,7 @@ TEST(KeyNoteOff, TakesDotAndNameAway)
 {
     KeyboardLink link;
     frmTastiera &form = link.Open();
-    KeyNoteOn(form, 60);
+    velluto::KeyNoteOn(form, 60);
     link.Taken();
     KeyNoteOff(form, 60);
     EXPECT_EQ(link.Dots(), Ints{});
@@ -106,9 +106,10 @@ TEST(KeyNoteOff, TakesDotAndNameAway)
     EXPECT_EQ(form.notes.KeyIndex, -16);
 }
 
-TEST(KeyNote, TheVelocitiesAreTheSliders)
+using KeyNote = Linked<KeyboardLink>;
+
+TEST_F(KeyNote, TheVelocitiesAreTheSliders)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     form.VScroll[2].value = 100;
     form.VScroll[3].value = 1;
@@ -117,9 +118,8 @@ TEST(KeyNote, TheVelocitiesAreTheSliders)
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(60, 100), NoteOff(60, 1)}));
 }
 
-TEST(KeyNote, TheChannelIsReadFromTheBoxEachTime)
+TEST_F(KeyNote, TheChannelIsReadFromTheBoxEachTime)
 {
-    KeyboardLink link;
     frmTastiera &form = link.Open();
     link.Down(24);
     form.Combo1.ListIndex = 15;
@@ -127,9 +127,8 @@ TEST(KeyNote, TheChannelIsReadFromTheBoxEachTime)
     EXPECT_EQ(link.Taken(), (Sent{NoteOn(60), NoteOff(60, 64, 15)}));
 }
 
-TEST(KeyNote, WithoutAnOutputTheKeysStillShowAndNameTheNote)
+TEST_F(KeyNote, WithoutAnOutputTheKeysStillShowAndNameTheNote)
 {
-    KeyboardLink link;
     CloseMidiOut(link.midi);
     link.Open();
     link.Down(24);
@@ -141,9 +140,8 @@ TEST(KeyNote, WithoutAnOutputTheKeysStillShowAndNameTheNote)
     EXPECT_TRUE(link.BoxTexts().empty());
 }
 
-TEST(KeyNote, AFailedSendIsToldOnceAndTheKeysGoOn)
+TEST_F(KeyNote, AFailedSendIsToldOnceAndTheKeysGoOn)
 {
-    KeyboardLink link;
     link.Open();
     link.devices.outs[0].codes.send = 11;
     link.Click(24);

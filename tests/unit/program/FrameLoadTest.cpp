@@ -50,75 +50,57 @@ TEST_F(FrameLoadTest, TheFramesCaptionIsTheProgramsTitleAndName)
     EXPECT_EQ(menu.caption.Get(), "Velluto v 1.1 - Velluto");
 }
 
-TEST_F(FrameLoadTest, CaptionsInItalian)
-{
-    run.Start(TestProgram::Italian);
-    ExpectCaptions({{&menu.mnuFile, "&File"},
-                    {&menu.mnuPcgNuovo64, "Nuovo pcg (64)"},
-                    {&menu.mnuPcgNuovo128, "Nuovo pcg (128)"},
-                    {&menu.mnuStyNuovo, "Nuovo sty"},
-                    {&menu.mnuPrfNuovo, "Nuovo prf"},
-                    {&menu.mnuPcgApri, "Apri &pcg"},
-                    {&menu.mnuStyApri, "Apri &sty"},
-                    {&menu.mnuPrfApri, "Apri p&rf"},
-                    {&menu.mnuChiudi, "&Chiudi"},
-                    {&menu.mnuExit, "&Esci"},
-                    {&menu.mnuModifica, "&Modifica"},
-                    {&menu.mnuIngrandisci, "Ingrandisci"},
-                    {&menu.mnuTaglia, "Taglia"},
-                    {&menu.mnuCopia, "Copia"},
-                    {&menu.mnuIncolla, "Incolla"},
-                    {&menu.mnuView, "&Visualizza"},
-                    {&menu.mnuBanks, "BANCHI PROGRAM"},
-                    {&menu.mnuBanksSty, "BANCHI STYLE"},
-                    {&menu.mnuBanksPrf, "BANCHI PERFORMANCE"},
-                    {&menu.mnuMsgEx, "&Messaggi MIDI"},
-                    {&menu.mnuTastiera, "&Tastiera"},
-                    {&menu.mnuPreferenze, "&Preferenze"},
-                    {&menu.mnuLingua, "&Lingua"},
-                    {&menu.mnuItaliano, "Italiano"},
-                    {&menu.mnuInglese, "Inglese"},
-                    {&menu.mnuMIDIOut, "Dispositivo MIDI di uscita"},
-                    {&menu.mnuMIDIIn, "Dispositivo MIDI di ingresso"},
-                    {&menu.mnuVisBarraStato, "Visualizza Barra di Stato"},
-                    {&menu.mnuBloccoNote, "Blocco Note"},
-                    {&menu.mnuWindow, "Fi&nestra"},
-                    {&menu.mnuSovrapponi, "&Sovrapponi"},
-                    {&menu.mnuAffiancaOrizz, "Affianca Orizzontalmente"},
-                    {&menu.mnuAffiancaVert, "Affianca Verticalmente"},
-                    {&menu.mnuGuida, "Guida Utente"},
-                    {&menu.mnuInfo, "Informazioni su Velluto"}});
-}
+struct InTwoLanguages {
+    MenuEntry frmMain::*entry;
+    const char *italian;
+    const char *english;
+};
+constexpr InTwoLanguages kCaptions[] = {
+    {&frmMain::mnuFile, "&File", "&File"},
+    {&frmMain::mnuPcgNuovo64, "Nuovo pcg (64)", "New pcg (64)"},
+    {&frmMain::mnuPcgNuovo128, "Nuovo pcg (128)", "New pcg (128)"},
+    {&frmMain::mnuStyNuovo, "Nuovo sty", "New sty"},
+    {&frmMain::mnuPrfNuovo, "Nuovo prf", "New prf"},
+    {&frmMain::mnuPcgApri, "Apri &pcg", "Open &pcg"},
+    {&frmMain::mnuStyApri, "Apri &sty", "Open &sty"},
+    {&frmMain::mnuPrfApri, "Apri p&rf", "Open p&rf"},
+    {&frmMain::mnuChiudi, "&Chiudi", "&Close"},
+    {&frmMain::mnuExit, "&Esci", "E&xit"},
+    {&frmMain::mnuModifica, "&Modifica", "&Edit"},
+    {&frmMain::mnuIngrandisci, "Ingrandisci", "Maximize"},
+    {&frmMain::mnuTaglia, "Taglia", "Cut"},
+    {&frmMain::mnuCopia, "Copia", "Copy"},
+    {&frmMain::mnuIncolla, "Incolla", "Paste"},
+    {&frmMain::mnuView, "&Visualizza", "&View"},
+    {&frmMain::mnuBanks, "BANCHI PROGRAM", "BANKS PROGRAM"},
+    {&frmMain::mnuBanksSty, "BANCHI STYLE", "BANKS STYLE"},
+    {&frmMain::mnuBanksPrf, "BANCHI PERFORMANCE", "BANKS PERFORMANCE"},
+    {&frmMain::mnuMsgEx, "&Messaggi MIDI", "&MIDI Messages"},
+    {&frmMain::mnuTastiera, "&Tastiera", "&Keyboard"},
+    {&frmMain::mnuPreferenze, "&Preferenze", "&Preferences"},
+    {&frmMain::mnuLingua, "&Lingua", "&Language"},
+    {&frmMain::mnuItaliano, "Italiano", "Italian"},
+    {&frmMain::mnuInglese, "Inglese", "English"},
+    {&frmMain::mnuMIDIOut, "Dispositivo MIDI di uscita", "MIDI out device"},
+    {&frmMain::mnuMIDIIn, "Dispositivo MIDI di ingresso", "MIDI in device"},
+    {&frmMain::mnuVisBarraStato, "Visualizza Barra di Stato", "Show Status Bar"},
+    {&frmMain::mnuBloccoNote, "Blocco Note", "Notebook"},
+    {&frmMain::mnuWindow, "Fi&nestra", "&Window"},
+    {&frmMain::mnuSovrapponi, "&Sovrapponi", "&Cascade"},
+    {&frmMain::mnuAffiancaOrizz, "Affianca Orizzontalmente", "Tile Horizontal"},
+    {&frmMain::mnuAffiancaVert, "Affianca Verticalmente", "Tile Vertical"},
+    {&frmMain::mnuGuida, "Guida Utente", "User's Guide"},
+    {&frmMain::mnuInfo, "Informazioni su Velluto", "About Velluto"},
+};
 
-TEST_F(FrameLoadTest, CaptionsInEnglish)
+TEST_F(FrameLoadTest, CaptionsAreOfTheLanguage)
 {
-    run.Start(TestProgram::English);
-    ExpectCaptions({{&menu.mnuFile, "&File"},
-                    {&menu.mnuPcgNuovo64, "New pcg (64)"},
-                    {&menu.mnuPcgNuovo128, "New pcg (128)"},
-                    {&menu.mnuPcgApri, "Open &pcg"},
-                    {&menu.mnuChiudi, "&Close"},
-                    {&menu.mnuExit, "E&xit"},
-                    {&menu.mnuModifica, "&Edit"},
-                    {&menu.mnuIngrandisci, "Maximize"},
-                    {&menu.mnuTaglia, "Cut"},
-                    {&menu.mnuView, "&View"},
-                    {&menu.mnuBanks, "BANKS PROGRAM"},
-                    {&menu.mnuBanksSty, "BANKS STYLE"},
-                    {&menu.mnuBanksPrf, "BANKS PERFORMANCE"},
-                    {&menu.mnuMsgEx, "&MIDI Messages"},
-                    {&menu.mnuTastiera, "&Keyboard"},
-                    {&menu.mnuPreferenze, "&Preferences"},
-                    {&menu.mnuItaliano, "Italian"},
-                    {&menu.mnuInglese, "English"},
-                    {&menu.mnuMIDIOut, "MIDI out device"},
-                    {&menu.mnuMIDIIn, "MIDI in device"},
-                    {&menu.mnuVisBarraStato, "Show Status Bar"},
-                    {&menu.mnuBloccoNote, "Notebook"},
-                    {&menu.mnuWindow, "&Window"},
-                    {&menu.mnuSovrapponi, "&Cascade"},
-                    {&menu.mnuGuida, "User's Guide"},
-                    {&menu.mnuInfo, "About Velluto"}});
+    TestProgram other;
+    run.Start(TestProgram::Italian);
+    other.Start(TestProgram::English);
+    for (const InTwoLanguages &row : kCaptions) {
+        ExpectCaptions({{&(menu.*row.entry), row.italian}, {&(other.program.app.frame.*row.entry), row.english}});
+    }
 }
 
 TEST_F(FrameLoadTest, FixedCaptionsStayInTheirOneLanguage)
