@@ -2,6 +2,7 @@
 
 #include "midi/Monitor.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -37,10 +38,11 @@ constexpr std::array<Slider, kSliderCount> kSliders{{{"Volume", 0, kControlChang
                                                      {"Reverb", 0, kControlChange, MidiController::kReverb, 0},
                                                      {"Chorus", 0, kControlChange, MidiController::kChorus, 0}}};
 
-// Label2 behind the titles: the ends and the middle of the pan.
-constexpr int kPanRight = 11;
-constexpr int kPanLeft = 12;
-constexpr int kPanCentre = 13;
+// In the KeyboardRecord.
+std::uint8_t &KeptValue(frmTastiera &form, int slider)
+{
+    return form.app.settings.KeyboardRecord.at(static_cast<std::size_t>(slider) + KeyboardByte::FirstSlider);
+}
 
 const Slider &RowOf(int slider)
 {
@@ -73,9 +75,18 @@ void SetUpSliders(frmTastiera &form)
 
 void SetSliderTips(frmTastiera &form)
 {
-    const std::string hint = form.midi.app.messages.LinguaBase == 0 ? "Doppio clic: " : "Double-click: ";
+    const std::string hint = form.app.messages.LinguaBase == 0 ? "Doppio clic: " : "Double-click: ";
     for (int i = 0; i < kSliderCount; ++i) {
         form.Label2[i].toolTip = hint + std::to_string(RowOf(i).firstRun - RowOf(i).shownLess);
+    }
+}
+
+void TakeSliders(frmTastiera &form)
+{
+    for (ScrollBar &bar : form.VScroll) {
+        // A value other than the form's own 0 is thus told twice.
+        bar.value = std::min<int>(KeptValue(form, bar.index()), kHighest);
+        VScroll_Change(form, bar.index());
     }
 }
 
@@ -90,7 +101,7 @@ void VScroll_Change(frmTastiera &form, int slider)
     }
     midi.ShortMsg.bytes[0] |= static_cast<std::uint8_t>(form.Combo1.ListIndex); // over the channel of what is sent again
     SendShortMsg(midi);
-    midi.app.settings.KeyboardRecord.at(static_cast<std::size_t>(slider) + KeyboardByte::FirstSlider) = static_cast<std::uint8_t>(value);
+    KeptValue(form, slider) = static_cast<std::uint8_t>(value);
     midi.MonitorEnabled = true;
     MonitorShow(midi, midi.ShortMsg.bytes);
 }

@@ -10,6 +10,8 @@ namespace velluto {
 void SetUpSliders(frmTastiera &form);
 // What the tips of the titles say, in the language of the run.
 void SetSliderTips(frmTastiera &form);
+// The values that the KeyboardRecord keeps, each told to the instrument.
+void TakeSliders(frmTastiera &form);
 // slider 0 to 10, on each change and on each scroll: shows the value, sends, and keeps it in the KeyboardRecord. The
 // velocities compose no message of their own and send the program's last one again on purpose.
 void VScroll_Change(frmTastiera &form, int slider);

@@ -37,9 +37,6 @@ constexpr int kSliderText = 240; // height of a title, a mark or a readout
 constexpr int kInnerWidth = kSlidersLeft + kSliderCount * kSliderPitch + kMargin / 2;
 
 constexpr int kPanSlider = 1;
-constexpr int kPanRight = 11;
-constexpr int kPanLeft = 12;
-constexpr int kPanCentre = 13;
 constexpr int kPanLetter = 165;
 
 // White keys to the left of the key's left edge or of its middle, within an octave.

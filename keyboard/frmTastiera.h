@@ -1,16 +1,20 @@
-// The on-screen keyboard: 61 keys for the pointer, their modes, and eleven sliders for velocities and controllers. The
-// form declares its controls and carries their events to the routines of this room.
+// The on-screen keyboard as a record: 61 keys for the pointer, their modes, and eleven sliders for velocities and controllers. The
+// routines of the room act on it; KeyboardWindow makes it, attaches them and answers its events.
 #pragma once
 
 #include "app/ChildForm.h"
 #include "keyboard/KeyModel.h"
-#include "keyboard/KeyboardState.h"
+#include "midi/MIDI.h"
 #include "view/ControlArray.h"
 
 namespace velluto {
 
 inline constexpr int kNoNote = 200; // in CurrentNote; whoever asks compares with less than this
 inline constexpr int kSliderCount = 11;
+// Of Label2, behind the titles of the sliders: the ends and the middle of the pan.
+inline constexpr int kPanRight = 11;
+inline constexpr int kPanLeft = 12;
+inline constexpr int kPanCentre = 13;
 
 // What the window knows about its notes. It is created with the window and goes with it.
 struct NoteState {
@@ -25,12 +29,7 @@ struct NoteState {
 
 class frmTastiera : public ChildForm {
 public:
-    explicit frmTastiera(KeyboardState &keyboard);
-    // The window has a count of its own: it goes out of it when it is asked, and comes back where it stays.
-    bool Form_QueryUnload() override;
-    void Form_Unload() override;
-    void Form_Activate() override;
-    void Form_MouseMove() override;
+    explicit frmTastiera(MidiState &link);
 
     MidiState &midi;
     NoteState notes;
@@ -47,7 +46,7 @@ public:
     Button CommAllNoteOff{*this, "CommAllNoteOff"};
     TextBox Text1{*this, "Text1"};
     ControlArray<ScrollBar, 0, kSliderCount> VScroll{*this, "VScroll"};
-    ControlArray<Label, 0, 14> Label2{*this, "Label2"};           // titles; R, L and C of the pan axis
+    ControlArray<Label, 0, 14> Label2{*this, "Label2"};           // titles, and those of the pan axis
     ControlArray<Label, 0, kSliderCount> Label3{*this, "Label3"}; // present values
     ControlArray<Label, 0, kSliderCount> Label4{*this, "Label4"}; // top marks
     ControlArray<Label, 0, kSliderCount> Label5{*this, "Label5"}; // bottom marks
@@ -57,21 +56,6 @@ public:
     Button CommArrPlay{*this, "CommArrPlay"}; // hidden and without an action, as is the next
     Button CommSongPlay{*this, "CommSongPlay"};
     Button CommClose{*this, "CommClose"};
-
-private:
-    bool LoadWindow() override;
-    void UnloadWindow() override;
-    void Resized() override;
-    void ConnectKeys();
-    void ConnectControls();
-    void ConnectSliders();
-    void TakePlace();
-    void TakeLanguage();
-    void TakeRecord();
-
-    WindowPlacement &entry_;
-    Size natural_; // outer size
-    bool countedIn_ = false;
 };
 
 } // namespace velluto

@@ -4,7 +4,6 @@
 #include "player/CompilationImage.h"
 #include "player/ListRows.h"
 #include "player/PlayerErrors.h"
-#include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
 #include <iterator>

@@ -2,7 +2,7 @@
 // Compilations and the transport.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 

@@ -5,8 +5,8 @@
 #include "player/CompilationImage.h"
 #include "player/CompilationRows.h"
 #include "player/ListRows.h"
+#include "player/PlayerDisplay.h"
 #include "player/PlayerErrors.h"
-#include "player/frmMIDIPlayer.h"
 #include "view/Raised.h"
 
 #include <algorithm>
@@ -110,7 +110,7 @@ void ListComp_Click(frmMIDIPlayer &form)
     if (HeldOff(form) || !SaveChanges(form)) {
         return;
     }
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     const std::string name = form.ListComp.Row(form.ListComp.ListIndex());
     form.CommCanc.enabled = true;
     form.Text2.text = name;
@@ -151,7 +151,7 @@ void CommNuovo_Click(frmMIDIPlayer &form)
     if (!SaveChanges(form)) {
         return;
     }
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     form.CommNuovo.enabled = false;
     form.ListMidiCorr.Clear();
     state.image.clear();
@@ -174,7 +174,7 @@ void CommNuovo_Click(frmMIDIPlayer &form)
 
 void CommCanc_Click(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     const int row = form.ListComp.ListIndex();
     const std::string name = form.Text2.text;
     if (name.empty() || row < 0) {
@@ -225,7 +225,7 @@ void CommAddAll_Click(frmMIDIPlayer &form)
 
 void CommRim_Click(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     state.CompilationDirty = true;
     form.CommRim.enabled = false;
     const int first = FirstSelected(form.ListMidiCorr);

@@ -1,7 +1,7 @@
 // Compilations: the list of them, the files of the one that is shown, and what may be done to both.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 

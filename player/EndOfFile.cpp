@@ -6,8 +6,8 @@
 #include "player/ListRows.h"
 #include "player/Marks.h"
 #include "player/PlayerClock.h"
+#include "player/PlayerDisplay.h"
 #include "player/Transport.h"
-#include "player/frmMIDIPlayer.h"
 #include "view/Raised.h"
 
 #include <algorithm>
@@ -59,7 +59,7 @@ bool FolderIsGone(const frmMIDIPlayer &form)
 // selected. The path of its file.
 std::string NextInCompilation(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     const bool listed = state.CompilationIndex >= 0 && state.CompilationIndex < form.ListComp.ListCount();
     if (!ShowsOpenCompilation(form) && listed) {
         form.ListComp.ClearSelection();
@@ -86,7 +86,7 @@ std::string NextInCompilation(frmMIDIPlayer &form)
 // The same in the folder's list, from the last row to the first.
 std::string NextInFolder(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     ListBox &list = form.ListMidiSel;
     const Raised guard(state.SelectionGuard);
     if (list.ListIndex() != state.PlayingFileRow) {
@@ -121,7 +121,7 @@ void PlayNext(frmMIDIPlayer &form, const std::string &path)
 void PlayAll(frmMIDIPlayer &form)
 {
     constexpr int kGap = 3; // ticks
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     state.PlayAllArmed = true;
     if (!state.PlayFromCompilation && FolderIsGone(form)) {
         form.CommPlayAll.color = state.PlayAllOff;
@@ -136,7 +136,7 @@ void PlayAll(frmMIDIPlayer &form)
 
 void Repeat(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     if (!state.PlayFromCompilation && FolderIsGone(form)) {
         form.CommRep.color = state.RepeatOff;
         return;

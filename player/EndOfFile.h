@@ -1,7 +1,7 @@
 // What follows when the device has finished a command: nothing, the next file, the marked section again.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 

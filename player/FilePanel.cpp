@@ -3,9 +3,9 @@
 #include "app/Catalogue.h"
 #include "player/Compilations.h"
 #include "player/ListRows.h"
+#include "player/PlayerDisplay.h"
 #include "player/PlayerErrors.h"
-#include "player/Transport.h"
-#include "player/frmMIDIPlayer.h"
+#include "player/PlayerLayout.h"
 
 #include <algorithm>
 
@@ -112,7 +112,7 @@ bool ShowsAlready(const frmMIDIPlayer &form, const std::string &path, const std:
 void ClosePanel(frmMIDIPlayer &form)
 {
     form.app.settings.PlayerPanelOpen = false;
-    form.TakeFormWidth();
+    TakeFormWidth(form);
     form.CommAdd.enabled = false;
     form.CommAddAll.enabled = false;
     form.CommSel.color = form.state.SelOff;
@@ -123,7 +123,7 @@ void OpenPanel(frmMIDIPlayer &form)
 {
     form.app.settings.PlayerPanelOpen = true;
     form.Frame4.visible = true;
-    form.TakeFormWidth();
+    TakeFormWidth(form);
     form.CommSel.color = kToggledColor;
     ShowPlayerCaption(form, {});
     form.DriveMidiSel.SetDrives(form.app.ports.folders.Drives()); // something may have been mounted meanwhile

@@ -1,7 +1,7 @@
 // The file panel: drives, folders, and the MIDI files of the folder that is open. It makes the window narrow or wide.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 

@@ -5,8 +5,8 @@
 #include "player/ListRows.h"
 #include "player/Marks.h"
 #include "player/PlayerClock.h"
+#include "player/PlayerDisplay.h"
 #include "player/Transport.h"
-#include "player/frmMIDIPlayer.h"
 #include "view/Raised.h"
 
 namespace velluto {
@@ -73,7 +73,7 @@ void PlayChosen(frmMIDIPlayer &form, const std::string &path)
 
 void ListMidiSel_Click(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     MMControl &device = form.MMControl1;
     if (state.SelectionGuard || state.PlayAllArmed || device.InPlay()) {
         return;
@@ -109,7 +109,7 @@ void ListMidiSel_Click(frmMIDIPlayer &form)
 
 void ListMidiCorr_Click(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     MMControl &device = form.MMControl1;
     if (state.SelectionGuard) {
         return;
@@ -151,7 +151,7 @@ void ListMidiCorr_Click(frmMIDIPlayer &form)
 
 void ListMidiSel_DblClick(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     const Settings &settings = form.app.settings;
     const int row = form.ListMidiSel.ListIndex();
     state.OpenFilePath = JoinPath(settings.PlayerDir, form.FileMidiSel.Row(row));
@@ -165,7 +165,7 @@ void ListMidiSel_DblClick(frmMIDIPlayer &form)
 
 void ListMidiCorr_DblClick(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     Settings &settings = form.app.settings;
     EndPlay(form);
     const int row = form.ListMidiCorr.ListIndex();

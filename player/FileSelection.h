@@ -1,7 +1,7 @@
 // How a file gets chosen: clicks and double clicks on the two file lists.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 

@@ -1,21 +1,15 @@
-// The player's record and the small routines that its other files share: the window's caption, the state of its buttons, the
-// test of the device for errors. The chief header of the room.
+// What the player knows while its window is open. The form holds it; PlayerWindow begins it anew.
 #pragma once
 
-#include "app/Modulo1.h"
 #include "platform/TickTimer.h"
 
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace velluto {
-
-class frmMIDIPlayer;
 
 inline constexpr int kToggledColor = 0x00FF00; // of the buttons that are toggles and on
 inline constexpr int kTickMapSize = 30001;     // positions 0 to 30000
@@ -61,28 +55,5 @@ struct PlayerVariables {
     TickTimer::TimerId tickTimer = 0;    // 0: none runs
     std::vector<WaitingHandler> waiting; // the innermost last; only that one can go on
 };
-
-struct PlayerState : PlayerVariables {
-    explicit PlayerState(Modulo1 &core);
-    ~PlayerState();
-    PlayerState(const PlayerState &) = delete;
-    PlayerState &operator=(const PlayerState &) = delete;
-
-    Modulo1 &app;
-    std::unique_ptr<frmMIDIPlayer> window; // while it is open
-};
-
-void ShowPlayerCaption(frmMIDIPlayer &form, std::string_view path);
-// The caption of a player without a file.
-void ResetPlayerCaption(frmMIDIPlayer &form);
-void ResetPositionLine(frmMIDIPlayer &form);
-void ResetTimeDisplay(frmMIDIPlayer &form);
-// By the last command written.
-void UpdateTransportButtons(frmMIDIPlayer &form);
-// Shows the device's own text for its error, if there is one. Returns the error.
-int CheckDeviceError(frmMIDIPlayer &form);
-
-// Reads TrackLength and shows it, and the device's position as a plain number.
-void ShowTrack(frmMIDIPlayer &form);
 
 } // namespace velluto

@@ -1,8 +1,8 @@
 #include "player/Marks.h"
 
 #include "player/PlayerClock.h"
+#include "player/PlayerDisplay.h"
 #include "player/PlayerScale.h"
-#include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
 #include <charconv>
@@ -49,7 +49,7 @@ std::int32_t NumberIn(const Label &label)
 // Do the marks cut something off the file? Then all files cannot be played in a row.
 void TestMarks(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     state.MarksActive = NumberIn(form.LabTrackLenght) > state.StopMark || state.StartMark > 0;
     form.CommPlayAll.enabled = !state.MarksActive;
     if (state.MarksActive) {
@@ -150,7 +150,7 @@ int TicksAt(const PlayerVariables &state, std::int32_t position)
 
 void HScrollStart_Change(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     if (state.SelectionGuard) {
         return;
     }
@@ -195,7 +195,7 @@ void Timer1_Timer(frmMIDIPlayer &form)
     constexpr int kTicksInSecond = 5;
     constexpr int kMinute = 60;
     constexpr std::int32_t kPositionsKept = kTickMapSize - 1; // one short on purpose: the last entry stays unused
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     std::int32_t position = 0;
     if (state.TrackLength > 0) {
         // The device lags behind at the start of a play.

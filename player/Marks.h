@@ -1,7 +1,7 @@
 // The section that is played: start and stop mark, their markers and the position on one scale, and the time display.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 

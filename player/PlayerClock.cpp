@@ -1,7 +1,5 @@
 #include "player/PlayerClock.h"
 
-#include "player/frmMIDIPlayer.h"
-
 namespace velluto {
 
 void StartTickTimer(frmMIDIPlayer &form)

@@ -2,7 +2,7 @@
 // events come in. Used by the transport and the end of a file.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 

@@ -1,7 +1,5 @@
 #include "player/PlayerErrors.h"
 
-#include "player/frmMIDIPlayer.h"
-
 namespace velluto {
 
 std::string PreparedText(const frmMIDIPlayer &form, std::string_view path, int word)

@@ -1,7 +1,7 @@
 // What the player does where the disk refuses. Used by the compilations and by the file panel.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "player/PlayerLayout.h"
 
+#include "app/StoredPlace.h"
 #include "player/PlayerScale.h"
-#include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
 
@@ -184,6 +184,16 @@ void LayOutPlayer(frmMIDIPlayer &form, Size inside)
     const int panelWidth = kPanelWidth - kGap;
     form.Frame4.place = Place{left + deckWidth + kGap, kMargin, panelWidth, height - 2 * kMargin};
     LayOutPanel(form, {panelWidth, height - 2 * kMargin});
+}
+
+void TakeFormWidth(frmMIDIPlayer &form)
+{
+    const Size natural = PlayerSize(form.app.settings.PlayerPanelOpen);
+    form.entry.MinWidth = NearestIn<std::uint16_t>(natural.width + form.frame.width);
+    form.entry.MinHeight = NearestIn<std::uint16_t>(natural.height + form.frame.height);
+    form.entry.Width = form.entry.MinWidth;
+    form.place = Place{form.Left(), form.Top(), form.entry.Width, std::max<int>(form.Height(), form.entry.MinHeight)};
+    LayOutPlayer(form, {form.ScaleWidth(), form.ScaleHeight()});
 }
 
 } // namespace velluto

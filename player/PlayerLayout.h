@@ -2,14 +2,14 @@
 // goes to the lists.
 #pragma once
 
-#include "view/Geometry.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
-
-class frmMIDIPlayer;
 
 // The inside of the window in its narrow or its wide form, at its least height.
 [[nodiscard]] Size PlayerSize(bool panelOpen);
 void LayOutPlayer(frmMIDIPlayer &form, Size inside);
+// The narrow or the wide form, by PlayerPanelOpen; the placement takes the width over.
+void TakeFormWidth(frmMIDIPlayer &form);
 
 } // namespace velluto

@@ -1,8 +1,7 @@
 #include "player/PlayerWords.h"
 
-#include "player/frmMIDIPlayer.h"
-
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace velluto {

@@ -1,11 +1,9 @@
 // What the player's controls say to a pointer that rests on them and to a screen reader, in both languages.
 #pragma once
 
-#include <string>
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
-
-class frmMIDIPlayer;
 
 // Tool tips of the pictured buttons, names of the controls that have no caption.
 void NameControls(frmMIDIPlayer &form);

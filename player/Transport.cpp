@@ -6,7 +6,7 @@
 #include "player/ListRows.h"
 #include "player/Marks.h"
 #include "player/PlayerClock.h"
-#include "player/frmMIDIPlayer.h"
+#include "player/PlayerDisplay.h"
 
 #include <algorithm>
 
@@ -39,7 +39,7 @@ bool StepIn(ListBox &list, int &openRow, int step)
 // lists then only change their selection until something lowers it.
 void StepFile(frmMIDIPlayer &form, int step)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     Settings &settings = form.app.settings;
     state.SelectionGuard = true;
     bool found = false;
@@ -78,7 +78,7 @@ void PlayFromStopped(frmMIDIPlayer &form)
     if (CheckDeviceError(form) != 0) {
         return;
     }
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     MMControl &device = form.MMControl1;
     state.TrackLength = device.Length();
     form.LabTrackLenght.caption = std::to_string(state.TrackLength);
@@ -132,7 +132,7 @@ std::int32_t StepLength(const frmMIDIPlayer &form)
 
 void Back(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     MMControl &device = form.MMControl1;
     ContaSecStop(form);
     device.Command("stop");
@@ -146,7 +146,7 @@ void Back(frmMIDIPlayer &form)
 
 void Forward(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     MMControl &device = form.MMControl1;
     ContaSecStop(form);
     device.Command("stop");
@@ -255,7 +255,7 @@ void TimerComandi_Timer(frmMIDIPlayer &form)
 
 void CommRep_Click(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     if (IsOn(form.CommRep)) {
         form.CommRep.color = state.RepeatOff;
         return;
@@ -270,7 +270,7 @@ void CommRep_Click(frmMIDIPlayer &form)
 
 void CommPlayAll_Click(frmMIDIPlayer &form)
 {
-    PlayerState &state = form.state;
+    PlayerVariables &state = form.state;
     SwitchOff(form.CommRep, state.RepeatOff);
     if (!IsOn(form.CommPlayAll)) {
         state.PlayAllArmed = true;

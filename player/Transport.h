@@ -2,7 +2,7 @@
 // file is in EndOfFile.
 #pragma once
 
-#include "player/MCIModulo.h"
+#include "player/frmMIDIPlayer.h"
 
 namespace velluto {
 

@@ -1,4 +1,5 @@
-// The player's window: transport, compilations, and a file panel that may be closed.
+// The player's window as a record: transport, compilations, and a file panel that may be closed. The routines of the room act on
+// it; PlayerWindow makes it, attaches them and answers its events.
 #pragma once
 
 #include "app/ChildForm.h"
@@ -12,14 +13,12 @@ namespace velluto {
 
 inline constexpr int kTransportButtons = 7;
 
-// The handlers are free functions of the other files of the room; they act on the form's controls and on state.
 class frmMIDIPlayer : public ChildForm {
 public:
-    explicit frmMIDIPlayer(PlayerState &player);
-    // The narrow or the wide form, by PlayerPanelOpen; the placement takes the width over.
-    void TakeFormWidth();
+    frmMIDIPlayer(Modulo1 &core, PlayerVariables &variables);
 
-    PlayerState &state;
+    PlayerVariables &state;
+    WindowPlacement &entry; // its place and size in the settings
 
     Frame Frame1{*this, "Frame1"}; // "Player"
     ControlArray<Button, 0, kTransportButtons> MCIPuls{*this, "MCIPuls"};
@@ -64,19 +63,6 @@ public:
     Timer Timer1{*this, "Timer1", 250};
     Timer TimerComandi{*this, "TimerComandi", 10};
     Timer TimerListMidiCorr{*this, "TimerListMidiCorr", 10};
-
-private:
-    bool LoadWindow() override;
-    void UnloadWindow() override;
-    void Resized() override;
-    void Dress();
-    void AttachHandlers();
-    void AttachTransport();
-    void ReadOffColors();
-
-    WindowPlacement &entry_;
 };
-
-void mnuMidiPlayer_Click(PlayerState &player);
 
 } // namespace velluto

@@ -17,7 +17,6 @@
 #include "notes/frmAbout.h"
 #include "notes/frmBloccoNote.h"
 #include "notes/frmGuida.h"
-#include "player/frmMIDIPlayer.h"
 #include "program/FrameLoad.h"
 
 namespace velluto {

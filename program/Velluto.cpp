@@ -1,6 +1,5 @@
 #include "program/Velluto.h"
 
-#include "player/frmMIDIPlayer.h"
 #include "program/FrameCommands.h"
 
 namespace velluto {

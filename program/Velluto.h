@@ -6,10 +6,10 @@
 #include "banks/FactoryWindows.h"
 #include "banks/Recall.h"
 #include "files/Files.h"
-#include "keyboard/KeyboardState.h"
+#include "keyboard/KeyboardWindow.h"
 #include "midi/MIDI.h"
 #include "notes/Notes.h"
-#include "player/MCIModulo.h"
+#include "player/PlayerWindow.h"
 
 namespace velluto {
 

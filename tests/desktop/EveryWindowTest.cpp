@@ -6,8 +6,8 @@
 #include "files/Opening.h"
 #include "files/frmPrfUserAll.h"
 #include "files/frmStyUserAll.h"
-#include "keyboard/frmTastiera.h"
-#include "player/frmMIDIPlayer.h"
+#include "keyboard/KeyboardWindow.h"
+#include "player/PlayerWindow.h"
 
 #include <QCheckBox>
 #include <QRadioButton>

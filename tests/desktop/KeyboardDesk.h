@@ -3,7 +3,7 @@
 
 #include "desktop/Desk.h"
 #include "desktop/Piano.h"
-#include "keyboard/frmTastiera.h"
+#include "keyboard/KeyboardWindow.h"
 #include "unit/support/MidiMessages.h"
 
 #include <QSlider>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/Desk.h"
-#include "player/frmMIDIPlayer.h"
+#include "player/PlayerWindow.h"
 
 #include <QLabel>
 #include <QSlider>

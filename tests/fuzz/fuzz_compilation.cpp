@@ -3,7 +3,7 @@
 // never grows but by what was put in or by what a removal repeats.
 #include "fuzz/FuzzProgram.h"
 #include "player/CompilationImage.h"
-#include "player/frmMIDIPlayer.h"
+#include "player/PlayerWindow.h"
 
 #include <cstdlib>
 

@@ -1,5 +1,5 @@
 // The device as one window sees it, and the routines that all of the player shares.
-#include "player/MCIModulo.h"
+#include "player/PlayerDisplay.h"
 
 #include "unit/player/PlayerRun.h"
 

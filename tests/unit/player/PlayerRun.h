@@ -3,7 +3,7 @@
 #pragma once
 
 #include "driver/Commands.h"
-#include "player/frmMIDIPlayer.h"
+#include "player/PlayerWindow.h"
 #include "unit/support/TestProgram.h"
 #include "view/Gestures.h"
 

@@ -2,8 +2,8 @@
 // they leave.
 #pragma once
 
+#include "keyboard/KeyboardWindow.h"
 #include "keyboard/Notes.h"
-#include "keyboard/frmTastiera.h"
 #include "unit/support/MidiLink.h"
 #include "unit/support/MidiMessages.h"
 #include "view/Gestures.h"

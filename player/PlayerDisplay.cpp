@@ -1,8 +1,7 @@
-#include "player/MCIModulo.h"
+#include "player/PlayerDisplay.h"
 
 #include "app/Catalogue.h"
 #include "player/PlayerScale.h"
-#include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
 
@@ -25,10 +24,6 @@ constexpr std::array kButtonStates = {
 };
 
 } // namespace
-
-PlayerState::PlayerState(Modulo1 &core) : app(core) {}
-
-PlayerState::~PlayerState() = default;
 
 void ShowPlayerCaption(frmMIDIPlayer &form, std::string_view path)
 {

@@ -1,0 +1,20 @@
+// The player: its record, and the command that opens its window. What the window does at its events is put together here, above
+// the routines that its controls call.
+#pragma once
+
+#include "player/frmMIDIPlayer.h"
+
+#include <memory>
+
+namespace velluto {
+
+struct PlayerState : PlayerVariables {
+    explicit PlayerState(Modulo1 &core) : app(core) {}
+
+    Modulo1 &app;
+    std::unique_ptr<frmMIDIPlayer> window; // while it is open
+};
+
+void mnuMidiPlayer_Click(PlayerState &player);
+
+} // namespace velluto
