@@ -2,6 +2,7 @@
 // the file.
 #include "PlainRead.h"
 #include "RatioReporter.h"
+#include "platform/posix/PosixFiles.h"
 #include "platform/rtmidi/MachineSequencer.h"
 
 #include <malloc.h>
@@ -70,7 +71,8 @@ void PlainRead(benchmark::State &state)
 
 void OpenSong(benchmark::State &state)
 {
-    MachineSequencer sequencer(std::make_unique<NoOutputs>(), [](const std::function<void()> &) {});
+    PosixFiles files;
+    MachineSequencer sequencer(files, std::make_unique<NoOutputs>(), [](const std::function<void()> &) {});
     sequencer.SetFileName(kPath);
     for (auto _ : state) {
         sequencer.SetCommand("open");

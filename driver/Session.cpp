@@ -38,31 +38,9 @@ void Session::ForgetCalls()
 
 StandinSong Session::RealSong(const std::string &path)
 {
-    const auto refused = [this](int number, const Refusal &refusal) {
-        return StandinSong{0, number, Sentence(refusal, Program().app.messages.LinguaBase)};
-    };
-    std::unique_ptr<RandomAccessFile> file;
-    RuntimeError error = files.OpenToRead(path, file);
-    if (error.number == FileError::kFileNotFound || error.number == FileError::kPathNotFound) {
-        return refused(SequencerError::kFileNotFound, {Refusal::Why::NotFound});
-    }
-    std::uint64_t length = 0;
-    if (!error.Failed()) {
-        error = file->Length(length);
-    }
-    if (!error.Failed() && length > kLargestMidiFile) {
-        return refused(SequencerError::kInvalidFile, {Refusal::Why::TooLarge, kLargestMidiFile >> 20});
-    }
-    SharedBytes bytes(static_cast<std::size_t>(length));
-    std::size_t got = 0;
-    if (!error.Failed()) {
-        error = file->Read(0, bytes.Writable(), got);
-    }
-    if (error.Failed() || got < length) {
-        return refused(SequencerError::kInvalidFile, {Refusal::Why::NotReadable});
-    }
-    const MidiFile read = ReadMidiFile(std::move(bytes));
-    return read.refusal ? refused(SequencerError::kInvalidFile, read.refusal) : StandinSong{read.song.length, 0, {}};
+    const MidiFile read = ReadMidiFile(files, path);
+    return read.refusal ? StandinSong{0, SequencerErrorFor(read.refusal), Sentence(read.refusal, Program().app.messages.LinguaBase)}
+                        : StandinSong{read.song.length, 0, {}};
 }
 
 Velluto &Session::Program()

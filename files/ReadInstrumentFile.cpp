@@ -44,20 +44,10 @@ RuntimeError LookAt(RandomAccessFile &file, std::uint64_t length, bool &good)
     return {};
 }
 
-RuntimeError ReadWhole(RandomAccessFile &file, std::uint64_t length, FileImage &image)
+RuntimeError ReadImage(RandomAccessFile &file, FileImage &image)
 {
-    if (length > kLongestImage) {
-        return kOutOfMemory;
-    }
     try {
-        FileImage bytes(static_cast<std::size_t>(length));
-        std::size_t got = 0;
-        if (const RuntimeError error = file.Read(0, bytes.Writable(), got); error.Failed()) {
-            return error;
-        }
-        // Shorter only where somebody cut the file in the meantime.
-        image = got == length ? bytes : FileImage(bytes.View().first(got));
-        return {};
+        return ReadWhole(file, {kLongestImage, kOutOfMemory}, image);
     } catch (const std::bad_alloc &) {
         return kOutOfMemory;
     }
@@ -101,7 +91,7 @@ int ReadInstrumentFile(FilesState &files, const std::string &path)
             return RefuseFormat(app);
         }
     }
-    if (!Trapped([&] { return ReadWhole(*file, length, files.LoadImage); }, judge)) {
+    if (!Trapped([&] { return ReadImage(*file, files.LoadImage); }, judge)) {
         return ReadStatus::InputOutputError;
     }
     file.reset();

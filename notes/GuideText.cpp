@@ -4,7 +4,6 @@
 #include "notes/LineEnds.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace velluto {
 
@@ -16,24 +15,12 @@ constexpr RuntimeError kDoesNotFit{5};
 
 RuntimeError ReadGuide(FileStore &files, const std::string &path, std::string &bytes)
 {
-    std::unique_ptr<RandomAccessFile> file;
-    std::uint64_t length = 0;
-    if (const RuntimeError error = files.OpenToRead(path, file); error.Failed()) {
-        return error;
+    SharedBytes read;
+    const RuntimeError error = ReadWhole(files, path, {kGuideRoom, kDoesNotFit}, read);
+    if (!error.Failed()) {
+        bytes.assign(read.View().begin(), read.View().end());
     }
-    if (const RuntimeError error = file->Length(length); error.Failed()) {
-        return error;
-    }
-    if (length > kGuideRoom) {
-        return kDoesNotFit;
-    }
-    std::vector<std::uint8_t> buffer(static_cast<std::size_t>(length));
-    std::size_t got = 0;
-    if (const RuntimeError error = file->Read(0, buffer, got); error.Failed()) {
-        return error;
-    }
-    bytes.assign(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(got));
-    return {};
+    return error;
 }
 
 std::string ShownGuide(std::string_view bytes)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/RuntimeError.h"
+#include "platform/SharedBytes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -49,5 +50,16 @@ public:
     // The process's current directory, without a separator at its end (but "/" for the root).
     virtual std::string CurrentFolder() = 0;
 };
+
+// The longest file that is read whole, and the error that a longer one gives; no memory is asked for that.
+struct WholeLimit {
+    std::uint64_t most;
+    RuntimeError beyond;
+};
+
+// All of an open file. Where somebody cuts it in the meantime the bytes are fewer. Throws std::bad_alloc.
+RuntimeError ReadWhole(RandomAccessFile &file, WholeLimit limit, SharedBytes &bytes);
+// The same of a file that is opened to be read alone.
+RuntimeError ReadWhole(FileStore &files, const std::string &path, WholeLimit limit, SharedBytes &bytes);
 
 } // namespace velluto

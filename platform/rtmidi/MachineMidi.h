@@ -73,7 +73,4 @@ private:
     std::map<std::string, NoteTracker> abandoned_;
 };
 
-// The devices of this machine. A MIDI system that is not there, or no SoundFont, just has no devices.
-std::unique_ptr<MidiDevices> MakeMachineMidi();
-
 } // namespace velluto

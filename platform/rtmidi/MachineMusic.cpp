@@ -45,7 +45,7 @@ std::vector<std::unique_ptr<RtMidiPorts>> MakeSystems()
 
 } // namespace
 
-MachineMusic MakeMachineMusic(MachineSequencer::Post post)
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post)
 {
     std::vector<std::unique_ptr<MidiPorts>> devices;
     std::vector<RtMidiPorts *> systems;
@@ -55,12 +55,8 @@ MachineMusic MakeMachineMusic(MachineSequencer::Post post)
         devices.push_back(std::move(system));
     }
     auto outputs = std::make_unique<MachineOutputs>(std::make_unique<SynthesizerPorts>(FindSoundFont()), std::move(systems));
-    return {std::make_unique<MachineMidi>(std::move(devices)), std::make_unique<MachineSequencer>(std::move(outputs), std::move(post))};
-}
-
-std::unique_ptr<MidiDevices> MakeMachineMidi()
-{
-    return MakeMachineMusic({}).midi;
+    return {std::make_unique<MachineMidi>(std::move(devices)),
+            std::make_unique<MachineSequencer>(files, std::move(outputs), std::move(post))};
 }
 
 } // namespace velluto

@@ -17,6 +17,6 @@ struct MachineMusic {
 
 // Quick: devices and ports are opened when they are asked for. Where a look for a MIDI system takes its time, it begins here
 // on another thread, and the first count of the devices waits for it.
-MachineMusic MakeMachineMusic(MachineSequencer::Post post);
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post);
 
 } // namespace velluto

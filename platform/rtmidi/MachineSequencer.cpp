@@ -1,6 +1,5 @@
 #include "platform/rtmidi/MachineSequencer.h"
 
-#include "platform/rtmidi/WholeFile.h"
 #include "platform/sequencer/MidiFile.h"
 
 #ifdef __linux__
@@ -36,22 +35,6 @@ void WakeOnTime()
 #endif
 }
 
-// What is wrong where the file is not even bytes.
-Refusal RefusalOf(FileReading reading)
-{
-    switch (reading) {
-    case FileReading::NotFound:
-        return {Refusal::Why::NotFound};
-    case FileReading::NotReadable:
-        return {Refusal::Why::NotReadable};
-    case FileReading::TooLarge:
-        return {Refusal::Why::TooLarge, kLargestMidiFile >> 20};
-    case FileReading::Success:
-        break;
-    }
-    return {};
-}
-
 } // namespace
 
 // Holds the lock for a call of the interface thread. The playing thread, which takes the lock again as soon as it has let go
@@ -69,8 +52,8 @@ private:
     std::unique_lock<std::mutex> lock_;
 };
 
-MachineSequencer::MachineSequencer(std::unique_ptr<PlayerOutputs> outputs, Post post, std::chrono::milliseconds linger)
-    : post_(std::move(post)), linger_(linger), outputs_(std::move(outputs))
+MachineSequencer::MachineSequencer(FileStore &files, std::unique_ptr<PlayerOutputs> outputs, Post post, std::chrono::milliseconds linger)
+    : files_(files), post_(std::move(post)), linger_(linger), outputs_(std::move(outputs))
 {
 }
 
@@ -152,14 +135,9 @@ void MachineSequencer::Open()
     Halt(&SongPlayer::Close, true);
     from_ = 0;
     fromIsFresh_ = false;
-    SharedBytes bytes;
-    if (const FileReading reading = ReadWholeFile(fileName_, kLargestMidiFile, bytes); reading != FileReading::Success) {
-        Fail(reading == FileReading::NotFound ? SequencerError::kFileNotFound : SequencerError::kInvalidFile, RefusalOf(reading));
-        return;
-    }
-    MidiFile file = ReadMidiFile(std::move(bytes));
+    MidiFile file = ReadMidiFile(files_, fileName_);
     if (file.refusal) {
-        Fail(SequencerError::kInvalidFile, file.refusal);
+        Fail(SequencerErrorFor(file.refusal), file.refusal);
         return;
     }
     if (!thread_.joinable()) {

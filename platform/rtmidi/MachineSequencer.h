@@ -2,6 +2,7 @@
 // which the next message is due. Made once by main and handed to the program as its Sequencer.
 #pragma once
 
+#include "platform/FileStore.h"
 #include "platform/Sequencer.h"
 #include "platform/rtmidi/PlayerOutputs.h"
 #include "platform/sequencer/Refusal.h"
@@ -26,7 +27,7 @@ public:
     // After a play, until the outputs rest: its last notes fade in that time, and a play that follows finds them awake.
     static constexpr std::chrono::milliseconds kLinger{3000};
 
-    MachineSequencer(std::unique_ptr<PlayerOutputs> outputs, Post post, std::chrono::milliseconds linger = kLinger);
+    MachineSequencer(FileStore &files, std::unique_ptr<PlayerOutputs> outputs, Post post, std::chrono::milliseconds linger = kLinger);
     ~MachineSequencer() override; // no note rings on, and no Done comes any more
     MachineSequencer(const MachineSequencer &) = delete;
     MachineSequencer &operator=(const MachineSequencer &) = delete;
@@ -61,6 +62,7 @@ private:
     void Run();
     void WaitForWork(std::unique_lock<std::mutex> &lock, const SongPlayer::Step &step);
 
+    FileStore &files_;
     std::string fileName_;
     std::string command_;
     std::int32_t from_ = 0;

@@ -1,5 +1,6 @@
 #include "platform/sequencer/MidiFile.h"
 
+#include "platform/Sequencer.h"
 #include "platform/sequencer/TrackReader.h"
 
 #include <algorithm>
@@ -203,6 +204,28 @@ MidiFile ReadMidiFile(SharedBytes bytes)
         result.song = {};
     }
     return result;
+}
+
+MidiFile ReadMidiFile(FileStore &files, const std::string &path)
+{
+    constexpr RuntimeError kTooLarge{-1}; // no file store gives it
+    SharedBytes bytes;
+    switch (ReadWhole(files, path, {kLargestMidiFile, kTooLarge}, bytes).number) {
+    case 0:
+        return ReadMidiFile(std::move(bytes));
+    case FileError::kFileNotFound:
+    case FileError::kPathNotFound:
+        return {{Why::NotFound}, {}};
+    case kTooLarge.number:
+        return {{Why::TooLarge, kLargestMidiFile >> 20}, {}};
+    default:
+        return {{Why::NotReadable}, {}};
+    }
+}
+
+int SequencerErrorFor(const Refusal &refusal)
+{
+    return refusal.why == Why::NotFound ? SequencerError::kFileNotFound : SequencerError::kInvalidFile;
 }
 
 } // namespace velluto

@@ -1,6 +1,7 @@
 // The reader of Standard MIDI Files. Used by the machine's sequencer and by the stand-in that opens real files.
 #pragma once
 
+#include "platform/FileStore.h"
 #include "platform/sequencer/Refusal.h"
 #include "platform/sequencer/Song.h"
 
@@ -26,5 +27,10 @@ struct MidiFile {
 // - The song lasts no longer than a day (kLongestSong).
 // Never throws for the bytes' sake, and never reads outside them.
 MidiFile ReadMidiFile(SharedBytes bytes);
+// The same of a file that is still to be fetched: it may be missing, unreadable or too large.
+MidiFile ReadMidiFile(FileStore &files, const std::string &path);
+
+// The number of the error that a refused file gives.
+int SequencerErrorFor(const Refusal &refusal);
 
 } // namespace velluto

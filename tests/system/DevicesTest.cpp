@@ -1,5 +1,6 @@
 #include "JackServer.h"
-#include "platform/rtmidi/MachineMidi.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/rtmidi/MachineMusic.h"
 
 #include <gmock/gmock.h>
 
@@ -25,7 +26,7 @@ protected:
         StartInstrument();
         keys_ = std::make_unique<Process>(std::vector<std::string>{JACK_KEYS, "keys"});
         ASSERT_TRUE(keys_->WaitUntilReady());
-        midi_ = MakeMachineMidi();
+        midi_ = MakeMachineMusic(files_, {}).midi;
         Outs();
         Ins();
     }
@@ -112,13 +113,14 @@ protected:
     JackServer server_;
     std::unique_ptr<Process> instrument_;
     std::unique_ptr<Process> keys_;
+    PosixFiles files_;
     std::unique_ptr<MidiDevices> midi_;
 };
 
 TEST_F(DevicesTest, WithoutAServerThereAreNoDevicesAndNoWords)
 {
     testing::internal::CaptureStderr();
-    midi_ = MakeMachineMidi();
+    midi_ = MakeMachineMusic(files_, {}).midi;
     const std::vector<std::string> outs = Outs();
     const std::vector<std::string> ins = Ins();
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");

@@ -29,7 +29,7 @@ protected:
     }
     void MakeMusic()
     {
-        music_ = MakeMachineMusic([this](std::function<void()> call) {
+        music_ = MakeMachineMusic(files_, [this](std::function<void()> call) {
             const std::lock_guard lock(mutex_);
             calls_.push_back(std::move(call));
         });
@@ -100,6 +100,7 @@ protected:
     std::mutex mutex_;
     std::vector<std::function<void()>> calls_;
     std::vector<int> told_;
+    PosixFiles files_;
     MachineMusic music_;
 };
 

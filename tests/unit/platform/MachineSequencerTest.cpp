@@ -1,6 +1,8 @@
 // The sequencer on its own thread, with outputs on paper: commands, errors, what it says when.
 #include "platform/rtmidi/MachineSequencer.h"
 
+#include "platform/posix/PosixFiles.h"
+#include "standin/FaultyFiles.h"
 #include "unit/sequencer/MidiBytes.h"
 #include "unit/support/TestProgram.h"
 
@@ -112,12 +114,14 @@ struct MachineSequencerTest : testing::Test {
     }
 
     TempFolder folder;
+    PosixFiles machine;
+    FaultyFiles store{machine};
     int files = 0;
     Mail mail;
     Heard heard;
     std::vector<int> told; // by Done
     std::unique_ptr<MachineSequencer> sequencer = std::make_unique<MachineSequencer>(
-        std::make_unique<PaperOutputs>(heard), [this](std::function<void()> call) { mail.Post(std::move(call)); });
+        store, std::make_unique<PaperOutputs>(heard), [this](std::function<void()> call) { mail.Post(std::move(call)); });
 };
 
 // A note for a beat of 1 ms, and its end.
@@ -189,6 +193,19 @@ TEST_F(MachineSequencerTest, AFileAboveTheLimitIsNotEvenRead)
     Open(path);
     EXPECT_EQ(sequencer->Error(), SequencerError::kInvalidFile);
     EXPECT_EQ(sequencer->ErrorMessage(), "The MIDI file is larger than 16 MB.");
+}
+
+TEST_F(MachineSequencerTest, AFileThatFailsToBeReadIsRefused)
+{
+    const std::string path = Place(kShort);
+    for (const FileFault::Operation operation : {FileFault::Operation::Open, FileFault::Operation::Read}) {
+        store.faults = {{operation, path, FileError::kDeviceInputOutput, 1}};
+        Open(path);
+        EXPECT_EQ(sequencer->Error(), SequencerError::kInvalidFile);
+        EXPECT_EQ(sequencer->Mode(), SequencerMode::kNotReady);
+        Open(path);
+        EXPECT_EQ(sequencer->Error(), 0);
+    }
 }
 
 TEST_F(MachineSequencerTest, AFailedOpenLeavesNothingOpenAndASuccessClearsTheError)
@@ -369,7 +386,7 @@ TEST_F(MachineSequencerTest, TheEndOfTheSequencerEndsTheNotesAndTellsNoMore)
 TEST_F(MachineSequencerTest, TheOutputsRestAfterAPlayAndAreWokenForTheNext)
 {
     sequencer = std::make_unique<MachineSequencer>(
-        std::make_unique<PaperOutputs>(heard), [this](std::function<void()> call) { mail.Post(std::move(call)); },
+        store, std::make_unique<PaperOutputs>(heard), [this](std::function<void()> call) { mail.Post(std::move(call)); },
         std::chrono::milliseconds(1));
     Open(Place(kShort));
     EXPECT_EQ(heard.woken, 0);
