@@ -29,14 +29,14 @@ bool TakeWindowRole(RecallState &recall, const Form &window)
 {
     const int kind = window.Tag.Kind();
     const int slot = window.Tag.Slot();
-    RolePlace place = RolePlaceOf(window);
+    std::optional<RolePlace> place = RolePlaceOf(recall.files, window);
     const bool isOverview = kind == ViewKind::PerformanceOverview || IsStyleOverview(kind);
     const bool isOutside = kind == ViewKind::PerformanceFile && !IsBankSlot(slot, kLastPrfUserSlot);
     if (isOutside && slot <= kLastPrfUserSlot) {
-        place = {RolePlace::Table::Prf, slot}; // a Performance file's role is read as a bank's is
+        place = RolePlace{&recall.files.performances, slot}; // a Performance file's role is read as a bank's is
     }
-    if (place.table != RolePlace::Table::None) {
-        recall.roleScratch = ReadRole(recall.files, place);
+    if (place) {
+        recall.roleScratch = ReadRole(recall.files, *place);
     } else if (isOverview) {
         return false; // no row is selected
     }
@@ -108,10 +108,10 @@ Address UserStyleAddress(int slot, int row)
 Address StyleOverviewAddress(const FilesState &files, int kind, int row)
 {
     if (kind == ViewKind::StyleOverview) {
-        return {kMsbStyles, files.CurrentStySlot + kLsbStyleUserOffset, row};
+        return {kMsbStyles, files.styles.current + kLsbStyleUserOffset, row};
     }
     const int overview = kind - ViewKind::StyleOverview - 1; // 0 to 2
-    return {kMsbStyles, files.CurrentStySlot + kLsbDirectHdOffset + kDirectHdInGroup * overview, row};
+    return {kMsbStyles, files.styles.current + kLsbDirectHdOffset + kDirectHdInGroup * overview, row};
 }
 
 // Nothing where no such place exists on the instrument.
@@ -137,7 +137,7 @@ std::optional<Address> AddressOf(const RecallState &recall, int kind, int slot, 
         }
         return Address{kMsbPerformances, slot - kFirstBankSlot, row};
     case ViewKind::PerformanceOverview:
-        return Address{kMsbPerformances, recall.files.CurrentPrfSlot - 1, row};
+        return Address{kMsbPerformances, recall.files.performances.current - 1, row};
     default:
         return Address{};
     }
@@ -216,7 +216,7 @@ void SelectFromOverview(RecallState &recall, Form &window, int list)
     }
     recall.app.settings.LastChannel = static_cast<std::uint8_t>(channel);
     recall.midi.MonitorEnabled = true;
-    (performances ? recall.files.CurrentPrfSlot : recall.files.CurrentStySlot) = list;
+    (performances ? recall.files.performances.current : recall.files.styles.current) = list;
     RecallItem(recall, window.Tag, clicked->ListIndex());
 }
 

@@ -45,7 +45,7 @@ WindowTag frmSty::StateText(const WindowPlacement & /*placement*/) const
     tag.Put(kTitlePosition, Kind() == ViewKind::FactoryStyles1 ? "1: Style 1-8" : "2: Style 9-16");
     tag.Set(TagPosition::Kind, Kind());
     tag.Set(TagPosition::Slot, Kind() - kKindBeforeFirst);
-    tag.Set(TagPosition::State, Recall().files.WorkPcgRecord.State);
+    tag.Set(TagPosition::State, Recall().files.programs.work.State);
     return tag;
 }
 

@@ -5,6 +5,7 @@
 #include "files/Banks.h"
 #include "files/Opening.h"
 #include "files/ProgramRows.h"
+#include "files/ReadInstrumentFile.h"
 #include "files/frmPcgUN.h"
 #include "midi/frmMsgEx.h"
 
@@ -33,7 +34,7 @@ struct ProgramStage : Stage {
         return LargeFile(slots);
     }
     std::string path = Put("large.pcg", FullBank());
-    frmPcgUN &Bank() { return *files.PcgWindows[kBankSlot]; }
+    frmPcgUN &Bank() { return dynamic_cast<frmPcgUN &>(*files.programs.windows[kBankSlot]); }
 };
 
 ProgramStage &TheStage()

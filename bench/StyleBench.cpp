@@ -2,7 +2,7 @@
 #include "PlainRead.h"
 #include "Stage.h"
 #include "files/Banks.h"
-#include "files/Documents.h"
+#include "files/DocumentType.h"
 #include "files/frmStyUN.h"
 #include "files/frmStyUserAll.h"
 
@@ -57,17 +57,22 @@ void PlainReadOfStyle(benchmark::State &state)
     }
 }
 
+frmStyUserAll &Overview(StyleStage &stage)
+{
+    return dynamic_cast<frmStyUserAll &>(*stage.files.overviews[1]);
+}
+
 // From the command to the window with its rows, and its close, as the plain read gives its memory back too.
 void OpenStyle(benchmark::State &state)
 {
     StyleStage &stage = TheStage();
     for (auto _ : state) {
         mnuStyUser_Click(stage.files, kFirstStyUserSlot);
-        if (RightTrimmed(stage.files.StyWindows[kBank]->List1.Row(kStyles - 1)).empty()) {
+        if (RightTrimmed(dynamic_cast<frmStyUN &>(*stage.files.styles.windows[kBank]).List1.Row(kStyles - 1)).empty()) {
             state.SkipWithError("the last Style is not listed");
             break;
         }
-        stage.Close(*stage.files.StyWindows[kBank]);
+        stage.Close(dynamic_cast<frmStyUN &>(*stage.files.styles.windows[kBank]));
     }
 }
 
@@ -75,7 +80,7 @@ void SwitchSts(benchmark::State &state)
 {
     StyleStage &stage = TheStage();
     mnuStyUser_Click(stage.files, kFirstStyUserSlot);
-    frmStyUN &window = *stage.files.StyWindows[kBank];
+    frmStyUN &window = dynamic_cast<frmStyUN &>(*stage.files.styles.windows[kBank]);
     for (auto _ : state) {
         Press(window.CommSTS);
         Press(window.CommSTS);
@@ -98,11 +103,11 @@ void OpenStyleOverview(benchmark::State &state)
     StyleStage &stage = TheStage();
     for (auto _ : state) {
         mnuStyUserAll_Click(stage.files);
-        if (stage.files.StyUserAllWindows[0]->List1[3].ListCount() != kStyles) {
+        if (Overview(stage).List1[3].ListCount() != kStyles) {
             state.SkipWithError("the third file is not listed");
             break;
         }
-        stage.Close(*stage.files.StyUserAllWindows[0]);
+        stage.Close(Overview(stage));
     }
 }
 

@@ -2,10 +2,6 @@
 
 #include "driver/NamedValue.h"
 #include "driver/Words.h"
-#include "files/frmPcgUN.h"
-#include "files/frmPrfUN.h"
-#include "files/frmStyUN.h"
-#include "files/frmStyUserAll.h"
 #include "keyboard/frmTastiera.h"
 
 #include <algorithm>
@@ -166,7 +162,7 @@ Json Elements(const Table &table, std::size_t first, Make make)
 {
     Json json = Json::array();
     for (std::size_t i = first; i < table.size(); ++i) {
-        json.push_back(make(table.at(i)));
+        json.push_back(make(table[i]));
     }
     return json;
 }
@@ -174,11 +170,6 @@ template <auto Member, std::size_t First = 0>
 Json TableOf(Velluto &program)
 {
     return Elements(Variable<Member>(program), First, [](const auto &element) { return ToJson(element); });
-}
-template <auto Member>
-Json FlagsOf(Velluto &program)
-{
-    return Elements(Variable<Member>(program), 1, Flag);
 }
 template <auto Member>
 Json RowsOf(Velluto &program)
@@ -190,14 +181,37 @@ Json NotesOf(Velluto &program)
 {
     return Elements(Variable<Member>(program).Bytes(), 0, [](const auto &note) { return ToJson(note); });
 }
-// The names of the windows that exist in a table; empty texts for the others.
-template <auto Member, std::size_t First = 0>
+// The names of the windows that exist among some homes; empty texts for the others.
+Json WindowsIn(std::span<const std::unique_ptr<ChildForm>> homes, std::size_t first)
+{
+    return Elements(homes, first, [](const auto &window) { return window == nullptr ? std::string() : window->FullName(); });
+}
+
+// What the records of the three types of document hold; programs, styles and performances are types 0 to 2.
+template <std::size_t Type>
+Json CurrentOf(Velluto &program)
+{
+    return program.files.types[Type].current;
+}
+template <std::size_t Type>
+Json WorkOf(Velluto &program)
+{
+    return ToJson(program.files.types[Type].work);
+}
+template <std::size_t Type>
+Json OpenFlagsOf(Velluto &program)
+{
+    return Elements(program.files.types[Type].openFlags, 1, Flag);
+}
+template <std::size_t Type, std::size_t First = 0>
 Json WindowsOf(Velluto &program)
 {
-    return Elements(Variable<Member>(program), First, [](const auto &window) {
-        const Form *form = window.get();
-        return form == nullptr ? std::string() : form->FullName();
-    });
+    const DocumentType &type = program.files.types[Type];
+    return WindowsIn(std::span(type.windows).first(type.table.size()), First);
+}
+Json StyleOverviews(Velluto &program)
+{
+    return WindowsIn(program.files.overviews, ViewKind::StyleOverview - ViewKind::PerformanceOverview);
 }
 
 constexpr auto kNamed = std::to_array<NamedValue>({
@@ -279,20 +293,20 @@ constexpr auto kNamed = std::to_array<NamedValue>({
     {"ClipKind", Of<&ItemClipboard::ClipKind>},
     {"ClipSlot", Of<&ItemClipboard::ClipSlot>},
     {"ClipHasSts", Of<&ItemClipboard::ClipHasSts>},
-    {"CurrentPcgSlot", Of<&FilesState::CurrentPcgSlot>},
-    {"CurrentStySlot", Of<&FilesState::CurrentStySlot>},
-    {"CurrentPrfSlot", Of<&FilesState::CurrentPrfSlot>},
-    {"PcgOpenFlags", FlagsOf<&FilesState::PcgOpenFlags>, 1},
-    {"StyOpenFlags", FlagsOf<&FilesState::StyOpenFlags>, 1},
-    {"PrfOpenFlags", FlagsOf<&FilesState::PrfOpenFlags>, 1},
-    {"PcgWindows", WindowsOf<&FilesState::PcgWindows, 1>, 1},
-    {"StyWindows", WindowsOf<&FilesState::StyWindows>, 0},
-    {"PrfWindows", WindowsOf<&FilesState::PrfWindows>, 0},
-    {"StyUserAllWindows", WindowsOf<&FilesState::StyUserAllWindows>, ViewKind::StyleOverview},
+    {"CurrentPcgSlot", CurrentOf<0>},
+    {"CurrentStySlot", CurrentOf<1>},
+    {"CurrentPrfSlot", CurrentOf<2>},
+    {"PcgOpenFlags", OpenFlagsOf<0>, 1},
+    {"StyOpenFlags", OpenFlagsOf<1>, 1},
+    {"PrfOpenFlags", OpenFlagsOf<2>, 1},
+    {"PcgWindows", WindowsOf<0, 1>, 1},
+    {"StyWindows", WindowsOf<1>, 0},
+    {"PrfWindows", WindowsOf<2>, 0},
+    {"StyUserAllWindows", StyleOverviews, ViewKind::StyleOverview},
     {"RowBuffer", BytesOf<&FilesState::RowBuffer>},
-    {"WorkPcgRecord", Of<&FilesState::WorkPcgRecord>},
-    {"WorkStyRecord", Of<&FilesState::WorkStyRecord>},
-    {"WorkPrfRecord", Of<&FilesState::WorkPrfRecord>},
+    {"WorkPcgRecord", WorkOf<0>},
+    {"WorkStyRecord", WorkOf<1>},
+    {"WorkPrfRecord", WorkOf<2>},
     {"WorkPlacement", Of<&FilesState::WorkPlacement>},
     {"FileFolder", Of<&FilesState::FileFolder>},
     {"FileName", Of<&FilesState::FileName>},

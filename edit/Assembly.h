@@ -3,6 +3,7 @@
 #pragma once
 
 #include "edit/ImagePieces.h"
+#include "files/Files.h"
 
 #include <optional>
 

@@ -10,7 +10,7 @@ void mnuCopia_Click(FilesState &files)
     constexpr int kNoRow = 256;
     Form *window = files.app.children.Active();
     const ListBox *list = window != nullptr ? ListOf(*window) : nullptr;
-    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(window->Tag) : std::nullopt;
+    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(files, window->Tag) : std::nullopt;
     if (!rules) {
         return;
     }

@@ -8,11 +8,6 @@ namespace velluto {
 
 namespace {
 
-bool IsStyles(int kind)
-{
-    return kind == ViewKind::StyleFile || kind == ViewKind::NewStyle;
-}
-
 // The 1-based first selected row with an item; rules.rows + 1 for none.
 int FirstSelectedItem(const ItemRows &rows)
 {
@@ -58,7 +53,7 @@ void mnuTaglia_Click(FilesState &files)
 {
     Form *window = files.app.children.Active();
     ListBox *list = window != nullptr ? ListOf(*window) : nullptr;
-    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(window->Tag) : std::nullopt;
+    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(files, window->Tag) : std::nullopt;
     if (!rules || window->Tag.image.empty()) {
         return;
     }
@@ -71,7 +66,7 @@ void mnuTaglia_Click(FilesState &files)
 
     Assembly assembly{files, std::nullopt};
     const bool followed = assembly.Follow([&] {
-        if (IsStyles(tag.Kind())) {
+        if (files.styles.Has(tag.Kind())) {
             CutStyles(assembly, tag.image, first);
         } else {
             CutItems(assembly, ImagePieces(tag.image), first);

@@ -1,6 +1,7 @@
 #include "edit/EditMenu.h"
 
 #include "edit/ItemWindow.h"
+#include "files/NaturalSize.h"
 #include "files/WindowRole.h"
 
 #include <algorithm>
@@ -13,46 +14,9 @@ namespace {
 constexpr int kKindLeftAlone = 70; // a window of this kind gets neither natural size nor roles
 constexpr int kOneCharacter = 1;
 
-template <class Table>
-auto *EntryOf(Table &table, int entry)
-{
-    return entry >= 0 && entry < static_cast<int>(table.size()) ? &table[static_cast<std::size_t>(entry)] : nullptr;
-}
-
-bool HasNaturalPlacement(int kind)
-{
-    return IsFactoryPrograms(kind) || IsFactoryStyles(kind) || kind == ViewKind::PerformanceOverview || IsStyleOverview(kind) ||
-           kind == ViewKind::Keyboard || kind == ViewKind::Monitor || kind == ViewKind::Notebook || kind == ViewKind::Player;
-}
-
-template <class Record>
-std::optional<Size> NaturalSizeIn(const Record *record)
-{
-    return record != nullptr ? std::optional<Size>({record->MinWidth, record->MinHeight}) : std::nullopt;
-}
-
-// Nothing for windows that have no natural size of their own.
-std::optional<Size> NaturalSize(Settings &settings, int kind, int slot)
-{
-    switch (kind) {
-    case ViewKind::ProgramFile:
-    case ViewKind::NewProgram64:
-    case ViewKind::NewProgram128:
-        return NaturalSizeIn(EntryOf(settings.PcgDocTable, slot));
-    case ViewKind::StyleFile:
-    case ViewKind::NewStyle:
-        return NaturalSizeIn(EntryOf(settings.StyDocTable, slot));
-    case ViewKind::PerformanceFile:
-    case ViewKind::NewPerformance:
-        return NaturalSizeIn(EntryOf(settings.PrfDocTable, slot));
-    default:
-        return HasNaturalPlacement(kind) ? NaturalSizeIn(EntryOf(settings.PlacementTable, kind - 1)) : std::nullopt;
-    }
-}
-
 void OfferNaturalSize(FilesState &files, const Form &window)
 {
-    const std::optional<Size> natural = NaturalSize(files.app.settings, window.Tag.Kind(), window.Tag.Slot());
+    const std::optional<Size> natural = NaturalSize(files, window.Tag.Kind(), window.Tag.Slot());
     if (natural && *natural != Size{window.Width(), window.Height()}) {
         files.app.frame.mnuIngrandisci.enabled = true;
     }
@@ -81,38 +45,28 @@ std::optional<SelectedRun> FindSelectedRun(const ItemRows &rows)
 }
 
 // May what the clipboard holds go to a window of this kind and state? A value that is no file window's is not tested.
-bool FitsClipboard(const ItemClipboard &clipboard, const WindowTag &tag)
+bool FitsClipboard(FilesState &files, const WindowTag &tag)
 {
-    const int kind = tag.Kind();
-    const bool styles = kind == ViewKind::StyleFile || kind == ViewKind::NewStyle;
-    const bool sameSts = tag.At(TagPosition::HasSts) == clipboard.ClipHasSts;
-    switch (clipboard.ClipKind) {
-    case ViewKind::ProgramFile:
-    case ViewKind::NewProgram64:
-    case ViewKind::NewProgram128:
-        return kind == ViewKind::ProgramFile || kind == ViewKind::NewProgram64 || kind == ViewKind::NewProgram128;
-    case ViewKind::StyleFile:
-        // A new Style file that nothing was pasted into yet takes Styles with STS and without.
-        return styles && (sameSts || (kind == ViewKind::NewStyle && tag.At(TagPosition::PasteFixed) != 1));
-    case ViewKind::NewStyle:
-        return styles && sameSts;
-    case ViewKind::PerformanceFile:
-    case ViewKind::NewPerformance:
-        return kind == ViewKind::PerformanceFile || kind == ViewKind::NewPerformance;
-    default:
+    const ItemClipboard &clipboard = files.clipboard;
+    const DocumentType *type = TypeOfKind(files, clipboard.ClipKind);
+    if (type == nullptr) {
         return true;
     }
+    if (type != TypeOfKind(files, tag.Kind())) {
+        return false;
+    }
+    // A new Style file that nothing was pasted into yet takes Styles with STS and without, but for those of a new one.
+    return type != &files.styles || tag.At(TagPosition::HasSts) == clipboard.ClipHasSts ||
+           (clipboard.ClipKind == ViewKind::StyleFile && tag.Kind() == ViewKind::NewStyle && tag.At(TagPosition::PasteFixed) != 1);
 }
 
 // A run without an empty row can be copied and cut, one without an item can be pasted to. The first user bank of each type
 // can only be copied from: it stands in slot 9.
 void OfferItems(FilesState &files, Form &window)
 {
-    constexpr int kFirstUserBankSlot = 9;
-    const std::optional<RowRules> rules = RowRulesOf(window.Tag);
+    const std::optional<RowRules> rules = RowRulesOf(files, window.Tag);
     const ListBox *list = ListOf(window);
-    const int kind = window.Tag.Kind();
-    const bool styles = kind == ViewKind::StyleFile || kind == ViewKind::NewStyle;
+    const bool styles = files.styles.Has(window.Tag.Kind());
     if (!rules || list == nullptr || (styles && window.Tag.At(TagPosition::ListShows) == 0)) {
         return; // STS are never moved by themselves
     }
@@ -128,12 +82,12 @@ void OfferItems(FilesState &files, Form &window)
         hasItem = hasItem || rows.IsOccupied(row);
     }
     frmMain &frame = files.app.frame;
-    const bool editable = window.Tag.Slot() != kFirstUserBankSlot;
+    const bool editable = window.Tag.Slot() != kFirstBankSlot;
     if (!hasEmpty) {
         frame.mnuCopia.enabled = true;
         frame.mnuTaglia.enabled = editable;
     }
-    if (files.clipboard.ClipValid != 0 && FitsClipboard(files.clipboard, window.Tag) && !hasItem) {
+    if (files.clipboard.ClipValid != 0 && FitsClipboard(files, window.Tag) && !hasItem) {
         frame.mnuIncolla.enabled = editable;
     }
 }
@@ -150,11 +104,11 @@ void WithdrawRoles(frmMain &frame)
 void OfferRoles(FilesState &files, const Form &window)
 {
     frmMain &frame = files.app.frame;
-    const RolePlace place = RolePlaceOf(window, kOneCharacter);
-    if (place.table == RolePlace::Table::None) {
+    const std::optional<RolePlace> place = RolePlaceOf(files, window, kOneCharacter);
+    if (!place) {
         return;
     }
-    const int role = ReadRole(files, place);
+    const int role = ReadRole(files, *place);
     if (role < kRoleCount) {
         frame.mnuMIDIStp[role].checked = true;
     }
@@ -205,9 +159,9 @@ void mnuMIDIStp_Click(FilesState &files, int index)
 
     files.app.ViewKind = window->Tag.Kind();
     files.app.slot = window->Tag.Slot();
-    const RolePlace place = RolePlaceOf(*window);
-    if (place.table != RolePlace::Table::None) {
-        StoreRole(files, place, index);
+    const std::optional<RolePlace> place = RolePlaceOf(files, *window);
+    if (place) {
+        StoreRole(files, *place, index);
     }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "files/Korf.h"
+#include "view/Tag.h"
 
 #include <cstdint>
 #include <string>

@@ -5,22 +5,17 @@
 
 namespace velluto {
 
-std::optional<RowRules> RowRulesOf(const WindowTag &tag)
+std::optional<RowRules> RowRulesOf(FilesState &files, const WindowTag &tag)
 {
-    switch (tag.Kind()) {
-    case ViewKind::ProgramFile:
-    case ViewKind::NewProgram64:
-    case ViewKind::NewProgram128:
-        return RowRules{tag.At(TagPosition::Places), 128, 4}; // a file of 64 places, too, is copied from as if it had 128
-    case ViewKind::StyleFile:
-    case ViewKind::NewStyle:
-        return RowRules{16, 16, 3};
-    case ViewKind::PerformanceFile:
-    case ViewKind::NewPerformance:
-        return RowRules{8, 8, 2};
-    default:
+    const DocumentType *type = TypeOfKind(files, tag.Kind());
+    if (type == nullptr) {
         return std::nullopt;
     }
+    RowRules rules = type->rows;
+    if (rules.rows == 0) {
+        rules.rows = tag.At(TagPosition::Places);
+    }
+    return rules;
 }
 
 ListBox *ListOf(Form &window)

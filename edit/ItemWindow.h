@@ -8,14 +8,8 @@
 
 namespace velluto {
 
-struct RowRules {
-    int rows;                // of the window
-    int copied;              // rows that Copy looks at
-    std::size_t emptyLength; // of a row without an item, trailing blanks not counted
-};
-
 // Nothing for a window that holds no items of a file.
-[[nodiscard]] std::optional<RowRules> RowRulesOf(const WindowTag &tag);
+[[nodiscard]] std::optional<RowRules> RowRulesOf(FilesState &files, const WindowTag &tag);
 // The window's list, nullptr where it has none.
 [[nodiscard]] ListBox *ListOf(Form &window);
 

@@ -63,12 +63,12 @@ void mnuIncolla_Click(FilesState &files)
 {
     Form *window = files.app.children.Active();
     ListBox *list = window != nullptr ? ListOf(*window) : nullptr;
-    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(window->Tag) : std::nullopt;
+    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(files, window->Tag) : std::nullopt;
     if (!rules) {
         return;
     }
     WindowTag &tag = window->Tag;
-    const bool styles = tag.Kind() == ViewKind::StyleFile || tag.Kind() == ViewKind::NewStyle;
+    const bool styles = files.styles.Has(tag.Kind());
     const ItemRows rows{*list, *rules};
     PasteJob job(files, rows);
 

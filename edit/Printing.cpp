@@ -259,21 +259,13 @@ void PrintDocument(FilesState &files, const WindowTag &tag)
     job.Begin();
     PrintHeading(job, tag, app.ports.clock.ShortDate());
     const ListRows rows = RowsOf(app.children.Active());
-    switch (app.ViewKind) {
-    case ViewKind::ProgramFile:
-    case ViewKind::NewProgram64:
+    const DocumentType *type = TypeOfKind(files, app.ViewKind); // of none: the heading alone
+    if (type == &files.programs && app.ViewKind != ViewKind::NewProgram128) {
         PrintPrograms(job, rows, tag.At(TagPosition::Places));
-        break;
-    case ViewKind::StyleFile:
-    case ViewKind::NewStyle:
+    } else if (type == &files.styles) {
         PrintStyles(job, rows, files, tag.image);
-        break;
-    case ViewKind::PerformanceFile:
-    case ViewKind::NewPerformance:
+    } else if (type == &files.performances) {
         PrintPerformances(job, rows);
-        break;
-    default: // the heading alone
-        break;
     }
     job.EndDoc();
     const RuntimeError error = job.Error();

@@ -1,8 +1,8 @@
 #include "files/Banks.h"
 
 #include "app/ViewKind.h"
-#include "files/Documents.h"
-#include "files/Opening.h"
+#include "files/DocumentWindows.h"
+#include "files/ReadInstrumentFile.h"
 #include "files/frmPrfUserAll.h"
 #include "files/frmStyUserAll.h"
 
@@ -12,22 +12,27 @@ namespace {
 
 // Reads the file that the slot is tied to and shows the slot's window. entry is the command, which is off while the
 // window is there.
-void OpenBank(FilesState &files, const DocumentType &type, int slot, MenuEntry &entry)
+void OpenBank(FilesState &files, DocumentType &type, int slot, MenuEntry &entry)
 {
-    files.*type.current = slot;
-    TakeSlot(files, type, slot);
-    if (ReadInstrumentFile(files, (files.*type.work).Path.Trimmed()) != ReadStatus::Good) {
+    type.current = slot;
+    TakeSlot(type, slot);
+    if (ReadInstrumentFile(files, type.work.Path.Trimmed()) != ReadStatus::Good) {
         return;
     }
-    type.show(files, slot);
+    ShowDocument(files, type, slot);
     entry.enabled = false;
+}
+
+std::unique_ptr<ChildForm> &HomeOf(FilesState &files, int kind)
+{
+    return files.overviews.at(static_cast<std::size_t>(kind - ViewKind::PerformanceOverview));
 }
 
 void ShowStyleOverview(FilesState &files, MenuEntry &entry, int kind)
 {
     entry.enabled = false;
     files.app.ViewKind = kind;
-    ShowStyUserAllWindow(files, kind);
+    ShowChild<frmStyUserAll>(HomeOf(files, kind), files, kind);
 }
 
 } // namespace
@@ -35,7 +40,7 @@ void ShowStyleOverview(FilesState &files, MenuEntry &entry, int kind)
 void mnuPcgUser_Click(FilesState &files, int index)
 {
     if (index >= kFirstPcgUserSlot && index <= kLastPcgUserSlot) {
-        OpenBank(files, ProgramType(), index, files.app.frame.mnuPcgUser[index]); // ViewKind stays what it was
+        OpenBank(files, files.programs, index, files.app.frame.mnuPcgUser[index]); // ViewKind stays what it was
     }
 }
 
@@ -43,7 +48,7 @@ void mnuStyUser_Click(FilesState &files, int index)
 {
     if (index >= kFirstStyUserSlot && index <= kLastStyUserSlot) {
         files.app.ViewKind = ViewKind::StyleFile;
-        OpenBank(files, StyleType(), index, files.app.frame.mnuStyUser[index]);
+        OpenBank(files, files.styles, index, files.app.frame.mnuStyUser[index]);
     }
 }
 
@@ -52,7 +57,7 @@ void mnuStyDirectHD_Click(FilesState &files, int index)
     const int slot = index + kFirstDirectHdSlot - 1;
     if (slot >= kFirstDirectHdSlot && slot <= kLastDirectHdSlot) {
         files.app.ViewKind = ViewKind::StyleFile;
-        OpenBank(files, StyleType(), slot, files.app.frame.mnuStyDirectHD[index]);
+        OpenBank(files, files.styles, slot, files.app.frame.mnuStyDirectHD[index]);
     }
 }
 
@@ -61,7 +66,7 @@ void mnuPrfUser_Click(FilesState &files, int index)
     const int slot = index + kFirstPrfUserSlot - 1;
     if (slot >= kFirstPrfUserSlot && slot <= kLastPrfUserSlot) {
         files.app.ViewKind = ViewKind::PerformanceFile;
-        OpenBank(files, PerformanceType(), slot, files.app.frame.mnuPrfUser[index]);
+        OpenBank(files, files.performances, slot, files.app.frame.mnuPrfUser[index]);
     }
 }
 
@@ -88,7 +93,7 @@ void mnuStyDirectHD789_Click(FilesState &files)
 void mnuPrfUserAll_Click(FilesState &files)
 {
     files.app.frame.mnuPrfUserAll.enabled = false;
-    ShowPrfUserAllWindow(files);
+    ShowChild<frmPrfUserAll>(HomeOf(files, ViewKind::PerformanceOverview), files);
 }
 
 } // namespace velluto

@@ -10,7 +10,7 @@
 
 namespace velluto {
 
-DocumentForm::DocumentForm(std::string name, FilesState &files, const DocumentType &type, int slot, MenuEntry *command)
+DocumentForm::DocumentForm(std::string name, FilesState &files, DocumentType &type, int slot, MenuEntry *command)
     : ChildForm(std::move(name), slot, files.app, command), files_(files), type_(type), slot_(slot)
 {
     List1.Click = [this] { List1_Click(); };
@@ -47,7 +47,7 @@ bool DocumentForm::LoadWindow()
     WindowTag tag;
     tag.prefix = TagPrefix();
     tag.Set(TagPosition::Slot, slot_);
-    if (kind >= type_.firstNewKind && kind <= type_.lastNewKind) {
+    if (type_.IsNewKind(kind)) {
         tag.Set(TagPosition::Untitled, 1);
         record.Path.Set(NewName()); // in the working record only
         tag.SetPath(record.Path.All());
@@ -70,14 +70,14 @@ bool DocumentForm::LoadWindow()
 void DocumentForm::PlaceWindow()
 {
     const Size natural = NaturalSize();
-    TakeSlot(files_, type_, slot_);
+    TakeSlot(type_, slot_);
     CheckPlace();
     DocRecord &record = Work();
     PlaceFirst(record, natural);
     record.State = StoredState::Normal;
     record.Tag7 = static_cast<std::uint8_t>(files_.RecentKind);
     place = PlaceOf(record);
-    StoreSlot(files_, type_, slot_);
+    StoreSlot(type_, slot_);
 }
 
 // The list above, the buttons below it.
@@ -91,7 +91,7 @@ void DocumentForm::LayOut()
 
 void DocumentForm::Resized()
 {
-    TakeSlot(files_, type_, slot_);
+    TakeSlot(type_, slot_);
     DocRecord &record = Work();
     if (windowState == WindowState::Normal) {
         KeepNoSmaller(app, *this, {record.MinWidth, record.MinHeight});
@@ -99,7 +99,7 @@ void DocumentForm::Resized()
     LayOut();
     StoreSize(record, *this);
     StoreState(record, *this);
-    StoreSlot(files_, type_, slot_);
+    StoreSlot(type_, slot_);
 }
 
 bool DocumentForm::IsCopySource() const
@@ -110,19 +110,19 @@ bool DocumentForm::IsCopySource() const
 void DocumentForm::UnloadWindow()
 {
     app.ViewKind = Tag.Kind();
-    files_.*type_.current = Tag.Slot();
+    type_.current = Tag.Slot();
     if (IsCopySource()) {
         files_.clipboard.ClipValid = 0;
     }
-    TakeSlot(files_, type_, slot_);
+    TakeSlot(type_, slot_);
     Work().State = StoredState::Closed;
     StorePlace(Work(), *this);
-    StoreSlot(files_, type_, slot_);
+    StoreSlot(type_, slot_);
     if (IsFileWindow()) {
         if (type_.freesSlot) {
-            (files_.*type_.openFlags)[static_cast<std::size_t>(slot_)] = false;
+            type_.openFlags[static_cast<std::size_t>(slot_)] = false;
         }
-        (app.frame.*type_.openCommand).enabled = true;
+        type_.openCommand.enabled = true;
         UpdateRecentPlacement(app);
     }
 }
@@ -151,7 +151,7 @@ void DocumentForm::CommClose_Click()
 
 void DocumentForm::TakeBank(int bankSlot)
 {
-    TakeSlot(files_, type_, bankSlot);
+    TakeSlot(type_, bankSlot);
     if (Work().State != StoredState::Normal) {
         return;
     }
@@ -159,7 +159,7 @@ void DocumentForm::TakeBank(int bankSlot)
         const auto *document = dynamic_cast<DocumentForm *>(form);
         if (document != nullptr && &document->type_ == &type_ && document->slot_ == bankSlot) {
             app.children.Unload(*form);
-            TakeSlot(files_, type_, bankSlot);
+            TakeSlot(type_, bankSlot);
             return;
         }
     }
@@ -167,7 +167,7 @@ void DocumentForm::TakeBank(int bankSlot)
 
 void DocumentForm::StoreBank(int bankSlot, MenuEntry &entry, const std::string &words)
 {
-    StoreSlot(files_, type_, bankSlot);
+    StoreSlot(type_, bankSlot);
     entry.caption = words;
     entry.enabled = true;
     for (Form *form : app.children.All()) {
@@ -182,7 +182,7 @@ void DocumentForm::StoreBank(int bankSlot, MenuEntry &entry, const std::string &
 void DocumentForm::RefreshToolTips()
 {
     for (const BankButton &bank : banks_) {
-        const std::string path = type_.table(app.settings)[static_cast<std::size_t>(bank.slot)].Path.Trimmed();
+        const std::string path = type_.table[static_cast<std::size_t>(bank.slot)].Path.Trimmed();
         bank.button->toolTip = path.empty() ? bank.name : bank.name + ": " + path;
     }
 }

@@ -2,13 +2,9 @@
 // clicked, and the buttons that tie their file to a bank. Each type's form adds its rows and its own rules.
 #pragma once
 
-#include "app/ChildForm.h"
-#include "files/Documents.h"
 #include "files/Files.h"
 
-#include <array>
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,11 +14,11 @@ class DocumentForm : public ChildForm {
 public:
     ListBox List1{*this, "List1"};
 
-    [[nodiscard]] const DocumentType &Type() const { return type_; }
+    [[nodiscard]] DocumentType &Type() const { return type_; }
 
 protected:
     // command is that of the menu which is off while this window, of a new file or of a bank, is there.
-    DocumentForm(std::string name, FilesState &files, const DocumentType &type, int slot, MenuEntry *command);
+    DocumentForm(std::string name, FilesState &files, DocumentType &type, int slot, MenuEntry *command);
 
     // Makes the button one of those that tie this file to a bank; they are shown in file windows only. bankName is what
     // its tool tip and a screen reader call the bank.
@@ -31,7 +27,7 @@ protected:
     void AddCloseButton(Button &button, bool visible);
 
     [[nodiscard]] FilesState &Files() const { return files_; }
-    [[nodiscard]] DocRecord &Work() const { return files_.*type_.work; }
+    [[nodiscard]] DocRecord &Work() const { return type_.work; }
     [[nodiscard]] int Slot() const { return slot_; }
     [[nodiscard]] bool IsFileWindow() const { return IsFileSlot(slot_); }
 
@@ -81,17 +77,10 @@ private:
         std::string name;
     };
     FilesState &files_;
-    const DocumentType &type_;
+    DocumentType &type_;
     int slot_;
     std::vector<BankButton> banks_;
     Button *close_ = nullptr;
 };
-
-// Brings the slot's window up, made afresh where there is none.
-template <class Window, std::size_t Count>
-void ShowDocument(FilesState &files, std::array<std::unique_ptr<Window>, Count> &windows, int slot)
-{
-    ShowChild<Window>(windows.at(static_cast<std::size_t>(slot)), files, slot);
-}
 
 } // namespace velluto

@@ -1,32 +1,20 @@
-// The record of the instrument's files: the work areas of the container routines, the current slots, the windows of
-// the documents. Work areas are valid within one command only, but keep what the last command left.
+// The record of the instrument's files: the work areas of the container routines, the three types of document, the windows.
+// Work areas are valid within one command only, but keep what the last command left.
 #pragma once
 
-#include "app/Modulo1.h"
+#include "files/DocumentType.h"
+#include "files/StyleRows.h"
 
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace velluto {
 
-class frmPcgUN;
-class frmPrfUN;
-class frmPrfUserAll;
-class frmStyUN;
-class frmStyUserAll;
-
-// The rows of a Style window or of one list of an overview while they are composed: 16 rows of 28 characters. An item's
-// slot decides where its row stands; what would stand behind the sixteenth is lost.
-inline constexpr int kStyleRowLength = 28;
-inline constexpr int kStyleRows = 16;
-inline constexpr int kRowBufferLength = kStyleRowLength * kStyleRows;
-
-// Elements 0 to 127: 1-based position of item 1 to 128 in the image; 128 to 255: its length in bytes.
-using ItemTable = std::array<std::int32_t, 256>;
-// The same for the 32 items of a Style file.
+// The items' positions and lengths, as ItemTable, for the 32 items of a Style file.
 using SavedItemTable = std::array<std::int32_t, 64>;
 
 // What a Copy or Cut left for Paste.
@@ -50,7 +38,8 @@ struct ViewServices {
 
 struct FilesState {
     explicit FilesState(Modulo1 &core);
-    ~FilesState();
+    FilesState(const FilesState &) = delete;
+    FilesState &operator=(const FilesState &) = delete;
 
     Modulo1 &app;
     ViewServices services;
@@ -65,15 +54,10 @@ struct FilesState {
     int CutCount = 0;                // rows that the last Cut found; one that finds none goes by it
     ItemClipboard clipboard;
 
-    int CurrentPcgSlot = 0;
-    int CurrentStySlot = 0;
-    int CurrentPrfSlot = 0;
-    std::array<bool, 9> PcgOpenFlags{}; // 1 to 8
-    std::array<bool, 9> StyOpenFlags{};
-    std::array<bool, 9> PrfOpenFlags{};
-    DocRecord WorkPcgRecord; // every access to a slot goes through the working copy of its type
-    DocRecord WorkStyRecord;
-    DocRecord WorkPrfRecord;
+    std::array<DocumentType, 3> types; // in the order of the dialogs' filter
+    DocumentType &programs = types[0];
+    DocumentType &styles = types[1];
+    DocumentType &performances = types[2];
     WindowPlacement WorkPlacement;
 
     std::string FileFolder; // of the file being opened, or last saved under a new name
@@ -84,11 +68,13 @@ struct FilesState {
     int PcgFileSlot = 0;
     int RecentKind = 0;
 
-    std::array<std::unique_ptr<frmPcgUN>, 13> PcgWindows;            // 1 to 12
-    std::array<std::unique_ptr<frmStyUN>, 21> StyWindows;            // 0 to 20
-    std::array<std::unique_ptr<frmPrfUN>, 29> PrfWindows;            // 0 to 28
-    std::array<std::unique_ptr<frmStyUserAll>, 4> StyUserAllWindows; // ViewKind 25 to 28
-    std::unique_ptr<frmPrfUserAll> PrfUserAllWindow;
+    std::array<std::unique_ptr<ChildForm>, 5> overviews; // ViewKind 24 to 28
 };
+
+// The type whose files a window of this kind holds, new ones too; nullptr for a window without a document.
+[[nodiscard]] DocumentType *TypeOfKind(FilesState &files, int kind);
+
+// Notes in FilePath, FileFolder and FileName which file the next steps are about.
+void NameFile(FilesState &files, std::string_view path);
 
 } // namespace velluto

@@ -2,9 +2,8 @@
 // that lists, edits or prints items asks here where an item lies; nobody else knows an offset.
 #pragma once
 
-#include "files/Files.h"
-
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -30,6 +29,9 @@ inline constexpr int kIndexWord = 4;   // one file offset
 inline constexpr int kIndexTail = 8;   // "KEND" and the count
 inline constexpr int kMostItems = 128; // what an ItemTable has room for
 } // namespace Korf
+
+// Elements 0 to 127: 1-based position of item 1 to 128 in the image; 128 to 255: its length in bytes.
+using ItemTable = std::array<std::int32_t, 2 * Korf::kMostItems>;
 
 // The piece of the image that begins at the 1-based position: what there is of it, nothing outside the image.
 [[nodiscard]] ImageView Piece(ImageView image, std::int64_t position, std::int64_t length);

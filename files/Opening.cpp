@@ -3,8 +3,9 @@
 #include "app/Catalogue.h"
 #include "app/RecentFiles.h"
 #include "app/ViewKind.h"
-#include "files/Documents.h"
+#include "files/DocumentWindows.h"
 #include "files/ErrorTrap.h"
+#include "files/ReadInstrumentFile.h"
 
 #include <algorithm>
 
@@ -21,22 +22,22 @@ std::string OpeningTitle(const FilesState &files)
 }
 
 // The type that the last three characters of a name tell, with or without a dot before them.
-const DocumentType *TypeOfName(std::string_view name)
+DocumentType *TypeOfName(FilesState &files, std::string_view name)
 {
     const std::string end = UpperCase(name.substr(name.size() - std::min<std::size_t>(name.size(), 3)));
-    const auto found = std::ranges::find(DocumentTypes(), end, &DocumentType::extension);
-    return found == DocumentTypes().end() ? nullptr : &*found;
+    const auto found = std::ranges::find(files.types, end, &DocumentType::extension);
+    return found == files.types.end() ? nullptr : &*found;
 }
 
 // The type of a recent entry: its extension in capitals or in small letters, but in no mixture of both.
-const DocumentType *TypeOfExtension(std::string_view path)
+DocumentType *TypeOfExtension(FilesState &files, std::string_view path)
 {
     const auto dot = path.find_last_of('.');
     const std::string_view extension = dot == std::string_view::npos ? path : path.substr(dot + 1);
-    const auto found = std::ranges::find_if(DocumentTypes(), [extension](const DocumentType &type) {
+    const auto found = std::ranges::find_if(files.types, [extension](const DocumentType &type) {
         return extension == type.extension || extension == LowerCase(type.extension);
     });
-    return found == DocumentTypes().end() ? nullptr : &*found;
+    return found == files.types.end() ? nullptr : &*found;
 }
 
 FileDialog OpenDialog(const Modulo1 &app, const DocumentType &type)
@@ -51,45 +52,44 @@ FileDialog OpenDialog(const Modulo1 &app, const DocumentType &type)
 }
 
 // Brings the file in LoadImage to the screen: in the slot that knew it before, or else in the free slot found already.
-void ShowLoadedFile(FilesState &files, const DocumentType &type)
+void ShowLoadedFile(FilesState &files, DocumentType &type)
 {
     Modulo1 &app = files.app;
     const std::string path = files.FilePath;
     if (RefusedAsTooLong(app, path, OpeningTitle(files))) {
         return;
     }
-    int &current = files.*type.current;
     files.OpenChainCode = 0;
     app.ViewKind = type.kind;
-    files.PcgFileSlot = FindKnown(files, type, path);
+    files.PcgFileSlot = FindKnown(type, path);
     if (type.remembersKnown) {
         files.KnownFileFlag = files.PcgFileSlot > 0 ? 1 : 0;
     }
     if (files.PcgFileSlot > 0) {
-        current = files.PcgFileSlot;
+        type.current = files.PcgFileSlot;
     }
-    const int slot = current;
-    (files.*type.work).Path.Set(path);
-    StoreSlot(files, type, slot);
+    const int slot = type.current;
+    type.work.Path.Set(path);
+    StoreSlot(type, slot);
 
-    bool &taken = (files.*type.openFlags)[static_cast<std::size_t>(slot)];
+    bool &taken = type.openFlags[static_cast<std::size_t>(slot)];
     taken = taken || type.flagBeforeShow;
-    type.show(files, slot);
+    ShowDocument(files, type, slot);
     taken = true;
     AddRecent(app, path, static_cast<std::uint8_t>(files.RecentKind));
 
-    const int free = FindFree(files, type);
-    current = free > 0 ? free : kLastFileSlot + 1;
+    const int free = FindFree(type);
+    type.current = free > 0 ? free : kLastFileSlot + 1;
     if (free == 0) {
-        (app.frame.*type.openCommand).enabled = false;
+        type.openCommand.enabled = false;
     }
 }
 
-void OpenCommand(FilesState &files, const DocumentType &type);
+void OpenCommand(FilesState &files, DocumentType &type);
 
 // Shows the dialog of an Open command and acts on its outcome. True when the command's own file, or the last file once
 // more, is to be shown.
-bool ChosenForThisCommand(FilesState &files, const DocumentType &type)
+bool ChosenForThisCommand(FilesState &files, DocumentType &type)
 {
     const int outcome = ChooseFile(files, type.kind);
     if (outcome == type.chainCode) {
@@ -109,16 +109,15 @@ bool ChosenForThisCommand(FilesState &files, const DocumentType &type)
         return false;
     default:
         files.OpenChainCode = outcome;
-        OpenCommand(files, *std::ranges::find(DocumentTypes(), outcome, &DocumentType::chainCode));
+        OpenCommand(files, *std::ranges::find(files.types, outcome, &DocumentType::chainCode));
         return false;
     }
 }
 
-void OpenCommand(FilesState &files, const DocumentType &type)
+void OpenCommand(FilesState &files, DocumentType &type)
 {
-    int &current = files.*type.current;
-    current = FindFree(files, type);
-    if (current == 0) {
+    type.current = FindFree(type);
+    if (type.current == 0) {
         return;
     }
     if (files.OpenChainCode == type.chainCode || ChosenForThisCommand(files, type)) {
@@ -127,30 +126,30 @@ void OpenCommand(FilesState &files, const DocumentType &type)
 }
 
 // Loads the new file's window in its own slot, which can have one window only: the entry is off until that has gone.
-void NewCommand(FilesState &files, const DocumentType &type, MenuEntry &entry, int slot, int kind)
+void NewCommand(FilesState &files, DocumentType &type, MenuEntry &entry, int slot, int kind)
 {
     entry.enabled = false;
-    files.*type.current = slot;
+    type.current = slot;
     files.app.ViewKind = kind;
-    type.show(files, slot);
+    ShowDocument(files, type, slot);
 }
 
 // Opens a path that nobody has to choose any more. type is null where the name is of none of the three.
-void OpenPath(FilesState &files, const std::string &path, const DocumentType *type)
+void OpenPath(FilesState &files, const std::string &path, DocumentType *type)
 {
     Modulo1 &app = files.app;
     NameFile(files, path);
     app.CurrentOperation = OpeningTitle(files);
     app.settings.LastDir = files.FileFolder;
-    if (type == nullptr || !(app.frame.*(type->openCommand)).enabled) {
+    if (type == nullptr || !type->openCommand.enabled) {
         return;
     }
-    if (FindOpen(files, *type, files.FilePath)) {
+    if (FindOpen(*type, files.FilePath)) {
         app.messages.ShowMessage(MessageNo::FileAlreadyOpen, app.CurrentOperation, {});
         return;
     }
-    files.*(type->current) = FindFree(files, *type);
-    if (files.*(type->current) == 0) {
+    type->current = FindFree(*type);
+    if (type->current == 0) {
         return;
     }
     const int status = ReadInstrumentFile(files, files.FilePath);
@@ -167,8 +166,8 @@ void OpenPath(FilesState &files, const std::string &path, const DocumentType *ty
 int ChooseFile(FilesState &files, int number)
 {
     Modulo1 &app = files.app;
-    const auto first = std::ranges::find(DocumentTypes(), number, &DocumentType::kind);
-    if (first == DocumentTypes().end()) {
+    const auto first = std::ranges::find(files.types, number, &DocumentType::kind);
+    if (first == files.types.end()) {
         return ChooseOutcome::Nothing;
     }
     const FileChoice choice = app.face.ShowFileDialog(OpenDialog(app, *first));
@@ -182,12 +181,12 @@ int ChooseFile(FilesState &files, int number)
     if (choice.filterIndex < 1 || choice.filterIndex > kAllFilesFilter) {
         return ChooseOutcome::Nothing;
     }
-    const DocumentType *type = TypeOfName(choice.path);
+    DocumentType *type = TypeOfName(files, choice.path);
     if (type == nullptr) {
         return choice.filterIndex == kAllFilesFilter ? ChooseOutcome::ForeignName : ChooseOutcome::Nothing;
     }
     NameFile(files, choice.path);
-    if (FindOpen(files, *type, files.FilePath)) {
+    if (FindOpen(*type, files.FilePath)) {
         return ChooseOutcome::AlreadyOpen;
     }
     switch (ReadInstrumentFile(files, files.FilePath)) {
@@ -203,37 +202,37 @@ int ChooseFile(FilesState &files, int number)
 
 void mnuPcgApri_Click(FilesState &files)
 {
-    OpenCommand(files, ProgramType());
+    OpenCommand(files, files.programs);
 }
 
 void mnuStyApri_Click(FilesState &files)
 {
-    OpenCommand(files, StyleType());
+    OpenCommand(files, files.styles);
 }
 
 void mnuPrfApri_Click(FilesState &files)
 {
-    OpenCommand(files, PerformanceType());
+    OpenCommand(files, files.performances);
 }
 
 void mnuPcgNuovo64_Click(FilesState &files)
 {
-    NewCommand(files, ProgramType(), files.app.frame.mnuPcgNuovo64, kNewPcg64Slot, ViewKind::NewProgram64);
+    NewCommand(files, files.programs, files.app.frame.mnuPcgNuovo64, kNewPcg64Slot, ViewKind::NewProgram64);
 }
 
 void mnuPcgNuovo128_Click(FilesState &files)
 {
-    NewCommand(files, ProgramType(), files.app.frame.mnuPcgNuovo128, kNewPcg128Slot, ViewKind::NewProgram128);
+    NewCommand(files, files.programs, files.app.frame.mnuPcgNuovo128, kNewPcg128Slot, ViewKind::NewProgram128);
 }
 
 void mnuStyNuovo_Click(FilesState &files)
 {
-    NewCommand(files, StyleType(), files.app.frame.mnuStyNuovo, kNewStySlot, ViewKind::NewStyle);
+    NewCommand(files, files.styles, files.app.frame.mnuStyNuovo, kNewStySlot, ViewKind::NewStyle);
 }
 
 void mnuPrfNuovo_Click(FilesState &files)
 {
-    NewCommand(files, PerformanceType(), files.app.frame.mnuPrfNuovo, kNewPrfSlot, ViewKind::NewPerformance);
+    NewCommand(files, files.performances, files.app.frame.mnuPrfNuovo, kNewPrfSlot, ViewKind::NewPerformance);
 }
 
 void mnuRecentFile_Click(FilesState &files, int index)
@@ -244,57 +243,12 @@ void mnuRecentFile_Click(FilesState &files, int index)
     }
     app.WorkRecentRecord = app.settings.RecentTable[static_cast<std::size_t>(index)];
     const std::string path = app.WorkRecentRecord.Path.Trimmed();
-    OpenPath(files, path, TypeOfExtension(path));
+    OpenPath(files, path, TypeOfExtension(files, path));
 }
 
 void OpenNamedFile(FilesState &files, const std::string &path)
 {
-    OpenPath(files, path, TypeOfName(path));
-}
-
-int FindOpenPcg(FilesState &files, std::string_view path)
-{
-    return FindOpen(files, ProgramType(), path) ? 1 : 0;
-}
-
-int FindOpenSty(FilesState &files, std::string_view path)
-{
-    return FindOpen(files, StyleType(), path) ? 1 : 0;
-}
-
-int FindOpenPrf(FilesState &files, std::string_view path)
-{
-    return FindOpen(files, PerformanceType(), path) ? 1 : 0;
-}
-
-int FindKnownPcg(FilesState &files, std::string_view path)
-{
-    return FindKnown(files, ProgramType(), path);
-}
-
-int FindKnownSty(FilesState &files, std::string_view path)
-{
-    return FindKnown(files, StyleType(), path);
-}
-
-int FindKnownPrf(FilesState &files, std::string_view path)
-{
-    return FindKnown(files, PerformanceType(), path);
-}
-
-int FindFreePcgSlot(const FilesState &files)
-{
-    return FindFree(files, ProgramType());
-}
-
-int FindFreeStySlot(const FilesState &files)
-{
-    return FindFree(files, StyleType());
-}
-
-int FindFreePrfSlot(const FilesState &files)
-{
-    return FindFree(files, PerformanceType());
+    OpenPath(files, path, TypeOfName(files, path));
 }
 
 } // namespace velluto

@@ -2,7 +2,7 @@
 
 #include "app/StoredPlace.h"
 #include "files/ChildLayout.h"
-#include "files/Opening.h"
+#include "files/ReadInstrumentFile.h"
 #include "files/WindowTitle.h"
 
 #include <algorithm>
@@ -15,8 +15,7 @@ constexpr int kLabelMargin = 90; // twips that a centred label is wider than its
 
 } // namespace
 
-OverviewForm::OverviewForm(std::string name, int number, FilesState &files, const DocumentType &type, int kind, int firstSlot,
-                           MenuEntry &command)
+OverviewForm::OverviewForm(std::string name, int number, FilesState &files, DocumentType &type, int kind, int firstSlot, MenuEntry &command)
     : ChildForm(std::move(name), number, files.app, &command), files_(files), type_(type), kind_(kind), firstSlot_(firstSlot),
       entry_(files.app.settings.PlacementTable.at(static_cast<std::size_t>(kind - 1)))
 {
@@ -88,8 +87,8 @@ bool OverviewForm::ReadBanks()
 {
     int slot = firstSlot_;
     for (const Column &column : columns_) {
-        TakeSlot(files_, type_, slot++);
-        const std::string path = (files_.*type_.work).Path.Trimmed();
+        TakeSlot(type_, slot++);
+        const std::string path = type_.work.Path.Trimmed();
         if (path.empty()) {
             continue;
         }

@@ -2,9 +2,7 @@
 // are tied to. They keep no image, and a load that meets a file it cannot read ends there.
 #pragma once
 
-#include "app/ChildForm.h"
-#include "files/Documents.h"
-#include "files/Korf.h"
+#include "files/Files.h"
 
 #include <string>
 #include <vector>
@@ -27,7 +25,7 @@ protected:
     };
 
     // kind is the window's ViewKind, firstSlot the slot of its first list's bank, command what shows the window.
-    OverviewForm(std::string name, int number, FilesState &files, const DocumentType &type, int kind, int firstSlot, MenuEntry &command);
+    OverviewForm(std::string name, int number, FilesState &files, DocumentType &type, int kind, int firstSlot, MenuEntry &command);
 
     // Adds the next list; banks follow each other in the order of their slots.
     void AddList(ListBox &list, Label &label);
@@ -54,7 +52,7 @@ private:
     void ShowFileName(const Column &column, const std::string &path);
 
     FilesState &files_;
-    const DocumentType &type_;
+    DocumentType &type_;
     int kind_;
     int firstSlot_;
     WindowPlacement &entry_;

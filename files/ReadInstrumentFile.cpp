@@ -1,7 +1,7 @@
+#include "files/ReadInstrumentFile.h"
+
 #include "app/Catalogue.h"
 #include "files/ErrorTrap.h"
-#include "files/Korf.h"
-#include "files/Opening.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,6 @@
 
 #include "app/Catalogue.h"
 #include "app/ViewKind.h"
-#include "files/Documents.h"
 #include "files/ReplaceFile.h"
 #include "files/WindowTitle.h"
 
@@ -17,25 +16,6 @@ constexpr int kNotSaved = 1;
 
 // The Open filter but for a blank before the second, third and fourth name.
 constexpr std::string_view kSaveFilter = "Program (*.pcg)|*.pcg| Style (*.sty)|*.sty| Performance (*.prf)|*.prf| All files (*.*)|*.*|";
-
-// The type whose files a window of this kind holds, new ones too; nullptr for a window without a document.
-const DocumentType *TypeOfKind(int kind)
-{
-    switch (kind) {
-    case ViewKind::ProgramFile:
-    case ViewKind::NewProgram64:
-    case ViewKind::NewProgram128:
-        return &ProgramType();
-    case ViewKind::StyleFile:
-    case ViewKind::NewStyle:
-        return &StyleType();
-    case ViewKind::PerformanceFile:
-    case ViewKind::NewPerformance:
-        return &PerformanceType();
-    default:
-        return nullptr;
-    }
-}
 
 // The judge of Save As: a full disk and a disk that is not ready make it wait, everything else ends it.
 Verdict JudgeSaveAs(const Messages &messages, RuntimeError error)
@@ -72,10 +52,10 @@ FileDialog SaveDialog(const Modulo1 &app, const DocumentType &type)
 // record of a Style or Performance file keeps its old path.
 void RenameKnownSlot(FilesState &files, std::string_view oldPath, std::string_view newPath)
 {
-    const int slot = FindKnown(files, ProgramType(), oldPath);
+    const int slot = FindKnown(files.programs, oldPath);
     if (slot > 0) {
-        files.WorkPcgRecord.Path.Set(newPath);
-        StoreSlot(files, ProgramType(), slot);
+        files.programs.work.Path.Set(newPath);
+        StoreSlot(files.programs, slot);
     }
 }
 
@@ -107,7 +87,7 @@ int SaveDocumentAs(FilesState &files, const WindowTag &tag)
 {
     Modulo1 &app = files.app;
     WindowTag saved = tag;
-    const DocumentType *type = TypeOfKind(saved.Kind());
+    const DocumentType *type = TypeOfKind(files, saved.Kind());
     if (type == nullptr) {
         return kSaved;
     }

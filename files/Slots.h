@@ -24,6 +24,7 @@ inline constexpr int kDirectHdInGroup = 3; // banks under one entry such as "Dir
 inline constexpr int kNewPrfSlot = 0;
 inline constexpr int kFirstPrfUserSlot = kFirstBankSlot;
 inline constexpr int kLastPrfUserSlot = 28;
+inline constexpr int kMostSlots = kLastPrfUserSlot + 1; // that a type has, slot 0 included
 
 [[nodiscard]] constexpr bool IsFileSlot(int slot)
 {

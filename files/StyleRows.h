@@ -10,6 +10,12 @@
 
 namespace velluto {
 
+// The rows of a Style window or of one list of an overview while they are composed: 16 rows of 28 characters. An item's
+// slot decides where its row stands; what would stand behind the sixteenth is lost.
+inline constexpr int kStyleRowLength = 28;
+inline constexpr int kStyleRows = 16;
+inline constexpr int kRowBufferLength = kStyleRowLength * kStyleRows;
+
 // Rows of a new file.
 [[nodiscard]] std::vector<std::string> NewStyleRows();
 

@@ -4,6 +4,8 @@
 
 #include "files/Files.h"
 
+#include <optional>
+
 namespace velluto {
 
 [[nodiscard]] bool IsFactoryPrograms(int kind);
@@ -11,17 +13,16 @@ namespace velluto {
 [[nodiscard]] bool IsStyleOverview(int kind);
 
 struct RolePlace {
-    enum class Table { None, Placement, Pcg, Sty, Prf };
-    Table table = Table::None;
-    int entry = 0; // index into the table
+    DocumentType *type; // nullptr: the entry is one of the placement table
+    int entry;          // index into the table
 };
 
-// None for windows without a role: other kinds, slots that are no bank, an overview without a selected row. In the
+// Nothing for windows without a role: other kinds, slots that are no bank, an overview without a selected row. In the
 // Performance overview a selected row counts only where it is longer than shorterRows without its trailing blanks.
-[[nodiscard]] RolePlace RolePlaceOf(const Form &window, int shorterRows = -1);
-// Copies the entry to the working record of its type and answers its role. The place is not None.
+[[nodiscard]] std::optional<RolePlace> RolePlaceOf(FilesState &files, const Form &window, int shorterRows = -1);
+// Copies the entry to the working record of its type and answers its role.
 int ReadRole(FilesState &files, RolePlace place);
-// Stores the role through the working record. The place is not None.
+// Stores the role through the working record.
 void StoreRole(FilesState &files, RolePlace place, int role);
 
 } // namespace velluto

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <span>
 
 namespace velluto {
@@ -82,42 +81,6 @@ std::string Filled(const Modulo1 &app, const WindowTag &tag, const TitleRule &ru
     return word == ",n" ? " " + number : number;
 }
 
-// Where the natural size of a window is kept, or nothing for a window that has none.
-std::optional<Size> NaturalSize(const Settings &settings, int kind, int slot)
-{
-    const auto of = [](const auto &table, int entry) -> std::optional<Size> {
-        if (entry < 0 || entry >= static_cast<int>(table.size())) {
-            return std::nullopt;
-        }
-        const auto &record = table[static_cast<std::size_t>(entry)];
-        return Size{record.MinWidth, record.MinHeight};
-    };
-    switch (kind) {
-    case ViewKind::ProgramFile:
-    case ViewKind::NewProgram64:
-        return of(settings.PcgDocTable, slot);
-    case ViewKind::StyleFile:
-    case ViewKind::NewStyle:
-        return of(settings.StyDocTable, slot);
-    case ViewKind::PerformanceFile:
-    case ViewKind::NewPerformance:
-    case ViewKind::PerformanceOverview:
-        return of(settings.PrfDocTable, kind == ViewKind::PerformanceOverview ? 0 : slot);
-    case ViewKind::Keyboard:
-    case ViewKind::Monitor:
-    case ViewKind::Notebook:
-    case ViewKind::FactoryStyles1:
-    case ViewKind::FactoryStyles2:
-    case ViewKind::Player:
-        return of(settings.PlacementTable, kind - 1);
-    default:
-        break;
-    }
-    const bool placed =
-        Range{ViewKind::BankA, ViewKind::BankF}.Has(kind) || Range{ViewKind::StyleOverview, ViewKind::StyleOverviewLast}.Has(kind);
-    return placed ? of(settings.PlacementTable, kind - 1) : std::nullopt;
-}
-
 } // namespace
 
 std::string WindowTitle(Modulo1 &app, const WindowTag &tag)
@@ -145,18 +108,6 @@ std::string WindowTitle(Modulo1 &app, const WindowTag &tag)
         rest.remove_prefix(close + 1);
     }
     return title;
-}
-
-void mnuIngrandisci_Click(Modulo1 &app)
-{
-    Form *window = app.children.Active();
-    if (window == nullptr) {
-        return;
-    }
-    const std::optional<Size> size = NaturalSize(app.settings, window->Tag.Kind(), window->Tag.Slot());
-    if (size) {
-        window->place = Place{window->Left(), window->Top(), size->width, size->height};
-    }
 }
 
 } // namespace velluto

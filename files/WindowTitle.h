@@ -11,7 +11,4 @@ namespace velluto {
 // has give an empty text.
 [[nodiscard]] std::string WindowTitle(Modulo1 &app, const WindowTag &tag);
 
-// Gives the active child its natural size back.
-void mnuIngrandisci_Click(Modulo1 &app);
-
 } // namespace velluto

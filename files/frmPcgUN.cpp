@@ -44,7 +44,7 @@ MenuEntry *CommandOf(frmMain &menu, int slot)
 
 } // namespace
 
-frmPcgUN::frmPcgUN(FilesState &files, int slot) : DocumentForm("frmPcgUN", files, ProgramType(), slot, CommandOf(files.app.frame, slot))
+frmPcgUN::frmPcgUN(FilesState &files, int slot) : DocumentForm("frmPcgUN", files, files.programs, slot, CommandOf(files.app.frame, slot))
 {
     List1.columns = kColumns;
     List1.accessibleName = "Program";
@@ -140,11 +140,6 @@ void frmPcgUN::CommUser_Click(int index)
     app.settings.PcgUserAssigned = true;
     MenuEntry &entry = app.frame.mnuPcgUser[index];
     StoreBank(index, entry, entry.caption.Get().substr(0, kUserCaption) + " " + FileNameOf(path));
-}
-
-void ShowPcgWindow(FilesState &files, int slot)
-{
-    ShowDocument(files, files.PcgWindows, slot);
 }
 
 } // namespace velluto

@@ -36,6 +36,4 @@ private:
     int buttonRow_ = 0; // height of the row of buttons, twips
 };
 
-void ShowPcgWindow(FilesState &files, int slot);
-
 } // namespace velluto

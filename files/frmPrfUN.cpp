@@ -33,7 +33,8 @@ MenuEntry *CommandOf(frmMain &menu, int slot)
 
 } // namespace
 
-frmPrfUN::frmPrfUN(FilesState &files, int slot) : DocumentForm("frmPrfUN", files, PerformanceType(), slot, CommandOf(files.app.frame, slot))
+frmPrfUN::frmPrfUN(FilesState &files, int slot)
+    : DocumentForm("frmPrfUN", files, files.performances, slot, CommandOf(files.app.frame, slot))
 {
     List1.accessibleName = "Performance";
     for (Button &button : CommUser) {
@@ -110,8 +111,8 @@ void frmPrfUN::CommUser_Click(int index)
 {
     const int bankSlot = index + kBankOffset;
     TakeBank(bankSlot);
-    Files().CurrentPrfSlot = Tag.Slot();
-    TakeSlot(Files(), Type(), Files().CurrentPrfSlot);
+    Type().current = Tag.Slot();
+    TakeSlot(Type(), Type().current);
     const std::string path = Tag.Path();
     Work().Path.Set(path);
     Work().Role = static_cast<std::uint8_t>(Tag.At(TagPosition::Role));
@@ -120,11 +121,6 @@ void frmPrfUN::CommUser_Click(int index)
     StoreBank(bankSlot, menu.mnuPrfUser[index], std::to_string(index) + " " + FileNameOf(path));
     menu.mnuPrfUser120.enabled = true;
     menu.mnuPrfUserAll.enabled = true;
-}
-
-void ShowPrfWindow(FilesState &files, int slot)
-{
-    ShowDocument(files, files.PrfWindows, slot);
 }
 
 } // namespace velluto

@@ -30,6 +30,4 @@ private:
     [[nodiscard]] bool SelectsRow(std::size_t trimmedLength) const override;
 };
 
-void ShowPrfWindow(FilesState &files, int slot);
-
 } // namespace velluto

@@ -18,7 +18,7 @@ constexpr int kGap = 250; // between two lists; a label fills the one above its 
 } // namespace
 
 frmPrfUserAll::frmPrfUserAll(FilesState &files)
-    : OverviewForm("frmPrfUserAll", kNoNumber, files, PerformanceType(), ViewKind::PerformanceOverview, kFirstPrfUserSlot,
+    : OverviewForm("frmPrfUserAll", kNoNumber, files, files.performances, ViewKind::PerformanceOverview, kFirstPrfUserSlot,
                    files.app.frame.mnuPrfUserAll)
 {
     for (ListBox &list : List1) {
@@ -36,11 +36,6 @@ OverviewForm::Grid frmPrfUserAll::NaturalGrid() const
 std::vector<std::string> frmPrfUserAll::RowsFor(ImageView image)
 {
     return PerformanceOverviewRows(image);
-}
-
-void ShowPrfUserAllWindow(FilesState &files)
-{
-    ShowChild<frmPrfUserAll>(files.PrfUserAllWindow, files);
 }
 
 } // namespace velluto

@@ -20,7 +20,4 @@ private:
     [[nodiscard]] bool CentresLabels() const override { return false; }
 };
 
-// Brings the overview up, made afresh where there is none.
-void ShowPrfUserAllWindow(FilesState &files);
-
 } // namespace velluto

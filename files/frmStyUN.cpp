@@ -47,7 +47,7 @@ MenuEntry *CommandOf(frmMain &menu, int slot)
 
 } // namespace
 
-frmStyUN::frmStyUN(FilesState &files, int slot) : DocumentForm("frmStyUN", files, StyleType(), slot, CommandOf(files.app.frame, slot))
+frmStyUN::frmStyUN(FilesState &files, int slot) : DocumentForm("frmStyUN", files, files.styles, slot, CommandOf(files.app.frame, slot))
 {
     List1.columns = kColumns;
     List1.accessibleName = kStyle;
@@ -200,7 +200,7 @@ void frmStyUN::TieTo(int bankSlot)
 // Ties this file to a user bank, with this window's role.
 void frmStyUN::CommUser_Click(int index)
 {
-    Files().CurrentStySlot = index;
+    Type().current = index;
     TakeBank(index);
     const std::string path = Tag.Path();
     Work().Path.Set(path);
@@ -213,7 +213,7 @@ void frmStyUN::CommUser_Click(int index)
 // Ties this file to a Direct HD bank, which keeps its own role.
 void frmStyUN::CommDirectHD_Click(int index)
 {
-    Files().CurrentStySlot = index;
+    Type().current = index;
     TakeBank(index);
     const std::string path = Tag.Path();
     Work().Path.Set(path);
@@ -224,11 +224,6 @@ void frmStyUN::CommDirectHD_Click(int index)
     menu.mnuStyDirectHD19.enabled = true;
     const std::array<MenuEntry *, 3> groups{&menu.mnuStyDirectHD123, &menu.mnuStyDirectHD456, &menu.mnuStyDirectHD789};
     groups.at(static_cast<std::size_t>(before / kDirectHdInGroup))->enabled = true;
-}
-
-void ShowStyWindow(FilesState &files, int slot)
-{
-    ShowDocument(files, files.StyWindows, slot);
 }
 
 } // namespace velluto

@@ -39,6 +39,4 @@ private:
     void EndCaptionWith(const std::string &end);
 };
 
-void ShowStyWindow(FilesState &files, int slot);
-
 } // namespace velluto

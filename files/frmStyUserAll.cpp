@@ -43,7 +43,7 @@ MenuEntry &CommandOf(frmMain &menu, int kind)
 } // namespace
 
 frmStyUserAll::frmStyUserAll(FilesState &files, int kind)
-    : OverviewForm("frmStyUserAll", kind, files, StyleType(), kind, FirstSlot(kind), CommandOf(files.app.frame, kind))
+    : OverviewForm("frmStyUserAll", kind, files, files.styles, kind, FirstSlot(kind), CommandOf(files.app.frame, kind))
 {
     for (ListBox &list : List1) {
         list.columns = kListColumns;
@@ -63,11 +63,6 @@ std::vector<std::string> frmStyUserAll::RowsFor(ImageView image)
     IndexItems(image, Files().ItemIndex);
     PutOverviewRows(Files().RowBuffer, image, Files().ItemIndex);
     return RowsOf(Files().RowBuffer);
-}
-
-void ShowStyUserAllWindow(FilesState &files, int kind)
-{
-    ShowChild<frmStyUserAll>(files.StyUserAllWindows.at(WindowIndex(kind)), files, kind);
 }
 
 } // namespace velluto

@@ -21,7 +21,4 @@ private:
     [[nodiscard]] bool CentresLabels() const override { return true; }
 };
 
-// Brings the overview of that kind up, made afresh where there is none.
-void ShowStyUserAllWindow(FilesState &files, int kind);
-
 } // namespace velluto

@@ -9,9 +9,9 @@
 #include "edit/Paste.h"
 #include "edit/Printing.h"
 #include "files/Banks.h"
+#include "files/NaturalSize.h"
 #include "files/Opening.h"
 #include "files/Saving.h"
-#include "files/WindowTitle.h"
 #include "midi/frmMIDISetup.h"
 #include "midi/frmMsgEx.h"
 #include "notes/frmAbout.h"
@@ -25,15 +25,9 @@ namespace {
 
 constexpr std::uint8_t kItalian = 1;
 constexpr std::uint8_t kEnglish = 2;
-constexpr int kFirstUserBankSlot = 9; // kept from saving through the File menu
 
 // The frame's rectangle before the settings say another, twips.
 constexpr Place kDesignPlace{0, 0, 14400, 9900};
-
-bool IsDocument(int kind)
-{
-    return kind == ViewKind::ProgramFile || (kind >= ViewKind::NewProgram64 && kind <= ViewKind::NewPerformance);
-}
 
 void mnuFile_Click(Velluto &program)
 {
@@ -51,11 +45,11 @@ void mnuFile_Click(Velluto &program)
     menu.mnuChiudi.enabled = true;
     app.ViewKind = window->Tag.Kind();
     // Bank views and tools can be closed, not saved.
-    if (!IsDocument(app.ViewKind)) {
+    if (TypeOfKind(program.files, app.ViewKind) == nullptr) {
         return;
     }
     menu.mnuStampa.enabled = true;
-    if (window->Tag.Slot() != kFirstUserBankSlot) {
+    if (window->Tag.Slot() != kFirstBankSlot) { // the first user bank of each type is kept from it
         menu.mnuSalva.enabled = true;
         menu.mnuSalvaAs.enabled = true;
     }
@@ -150,7 +144,7 @@ void AttachEditMenu(Velluto &program)
     frmMain &menu = program.app.frame;
     FilesState &files = program.files;
     menu.mnuModifica.Drop = [&files] { mnuModifica_Click(files); };
-    menu.mnuIngrandisci.Click = [&program] { mnuIngrandisci_Click(program.app); };
+    menu.mnuIngrandisci.Click = [&files] { mnuIngrandisci_Click(files); };
     menu.mnuTaglia.Click = [&files] { mnuTaglia_Click(files); };
     menu.mnuCopia.Click = [&files] { mnuCopia_Click(files); };
     menu.mnuIncolla.Click = [&files] { mnuIncolla_Click(files); };
@@ -240,16 +234,19 @@ void AttachWindowMenu(Modulo1 &app)
 
 } // namespace
 
-void AttachHandlers(Velluto &program)
+Velluto::Velluto(Ports ports, Face &face)
+    : app(ports, face), midi(app), files(app), recall(app, midi, files), banks{recall, {}, {}}, keyboard(midi), notes(app), player(app)
 {
-    AttachFrame(program);
-    AttachFileMenu(program);
-    AttachEditMenu(program);
-    AttachViewMenu(program);
-    AttachFactoryBanks(program);
-    AttachPreferences(program);
-    AttachNotes(program);
-    AttachWindowMenu(program.app);
+    files.services.SelectOnInstrument = [this](Form &window, int row) { SelectOnInstrument(recall, window, row); };
+    files.services.SelectFromOverview = [this](Form &window, int list) { SelectFromOverview(recall, window, list); };
+    AttachFrame(*this);
+    AttachFileMenu(*this);
+    AttachEditMenu(*this);
+    AttachViewMenu(*this);
+    AttachFactoryBanks(*this);
+    AttachPreferences(*this);
+    AttachNotes(*this);
+    AttachWindowMenu(app);
 }
 
 void LoadFrame(Velluto &program)

@@ -12,9 +12,9 @@ namespace {
 void ResetCounters(Velluto &program)
 {
     program.app.children.ChildCount = 0;
-    program.files.PcgOpenFlags.fill(false);
-    program.files.StyOpenFlags.fill(false);
-    program.files.PrfOpenFlags.fill(false);
+    for (DocumentType &type : program.files.types) {
+        type.openFlags.fill(false);
+    }
 }
 
 // The caption of an entry as the menu tree tells it, and of all that stands below it.

@@ -15,7 +15,6 @@ namespace velluto {
 
 struct Velluto {
     Velluto(Ports ports, Face &face);
-    ~Velluto();
 
     Modulo1 app;
     MidiState midi;

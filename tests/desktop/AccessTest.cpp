@@ -1,8 +1,7 @@
 // Every control can be named by a screen reader, in the program's own windows.
 #include "desktop/Desk.h"
+#include "files/Banks.h"
 #include "files/Opening.h"
-#include "files/frmPrfUserAll.h"
-#include "files/frmStyUserAll.h"
 #include "midi/frmMIDISetup.h"
 #include "midi/frmMsgEx.h"
 #include "player/MMControl.h"
@@ -49,10 +48,11 @@ TEST_F(AccessTest, EveryControlOfEveryWindowHasAName)
     ChooseMenu(app.frame.mnuMsgEx);
     ChooseMenu(app.frame.mnuBankA);
     ChooseMenu(app.frame.mnuSty[1]);
-    for (const int kind : {25, 26, 27, 28}) {
-        ShowStyUserAllWindow(program.files, kind);
-    }
-    ShowPrfUserAllWindow(program.files);
+    mnuStyUserAll_Click(program.files);
+    mnuStyDirectHD123_Click(program.files);
+    mnuStyDirectHD456_Click(program.files);
+    mnuStyDirectHD789_Click(program.files);
+    mnuPrfUserAll_Click(program.files);
     ChooseMenu(app.frame.mnuTastiera);
     ChooseMenu(app.frame.mnuMidiPlayer);
     Settle();

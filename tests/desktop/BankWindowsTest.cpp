@@ -38,12 +38,12 @@ protected:
     frmStyUN &StyleFile()
     {
         OpenFile(Put("a.sty", SixteenStyles()));
-        return *program.files.StyWindows[1];
+        return dynamic_cast<frmStyUN &>(*program.files.styles.windows[1]);
     }
     frmPrfUN &PerformanceFile()
     {
         OpenFile(Put("a.prf", InstrumentFile({{"Ballad", 0, {1}}})));
-        return *program.files.PrfWindows[1];
+        return dynamic_cast<frmPrfUN &>(*program.files.performances.windows[1]);
     }
     static Bytes SixteenStyles()
     {
@@ -60,7 +60,7 @@ protected:
         }
         mnuStyUserAll_Click(program.files);
         Settle();
-        return *program.files.StyUserAllWindows[0];
+        return dynamic_cast<frmStyUserAll &>(*program.files.overviews[1]);
     }
     std::vector<FittedButton *> ShownButtons(const Form &form)
     {
@@ -229,7 +229,7 @@ TEST_F(BankWindowsTest, ALabelThatIsTooLongIsCutAndItsToolTipTellsTheWholePath)
     }
     mnuPrfUserAll_Click(program.files);
     Settle();
-    const frmPrfUserAll &window = *program.files.PrfUserAllWindow;
+    const frmPrfUserAll &window = dynamic_cast<frmPrfUserAll &>(*program.files.overviews[0]);
     const auto &label = Widget<QWidget>(window, "Label1(12)");
     EXPECT_EQ(label.toolTip(), FromUtf8(path));
     EXPECT_EQ(label.width(), List(window, "List1(12)").width());

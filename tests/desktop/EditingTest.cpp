@@ -22,7 +22,7 @@ protected:
         app.settings.PcgDocTable[10].Path.Set(Put("a.pcg", {{"Piano", 0, "AAA"}, {"Organ", 1, "bb"}, {"Choir", 2, "CCCC"}}));
         app.frame.mnuPcgUser[10].enabled = true;
         ChooseMenu(app.frame.mnuPcgUser[10]);
-        source = program.files.PcgWindows[10].get();
+        source = dynamic_cast<frmPcgUN *>(program.files.programs.windows[10].get());
         ASSERT_NE(source, nullptr);
         QApplication::clipboard()->clear();
         Settle();
@@ -36,7 +36,7 @@ protected:
     {
         ChooseMenu(app.frame.mnuPcgNuovo64);
         Settle();
-        return *program.files.PcgWindows[11];
+        return dynamic_cast<frmPcgUN &>(*program.files.programs.windows[11]);
     }
     // Makes the window the active one by a click on a row.
     void Pick(const Form &form, int row, Qt::KeyboardModifiers modifiers = {})
@@ -213,12 +213,12 @@ TEST_F(EditingTest, AStylePastedIntoANewFileSwitchesTheStsButton)
     app.frame.mnuStyUser[10].enabled = true;
     ChooseMenu(app.frame.mnuStyUser[10]);
     Settle();
-    frmStyUN &styles = *program.files.StyWindows[10];
+    frmStyUN &styles = dynamic_cast<frmStyUN &>(*program.files.styles.windows[10]);
     Pick(styles, 1);
     Press(styles, Qt::Key_C);
     ChooseMenu(app.frame.mnuStyNuovo);
     Settle();
-    frmStyUN &target = *program.files.StyWindows[0];
+    frmStyUN &target = dynamic_cast<frmStyUN &>(*program.files.styles.windows[0]);
     EXPECT_TRUE(Widget<QAbstractButton>(target, "CommSTS").isEnabled());
     Pick(target, 15);
     Press(target, Qt::Key_V);

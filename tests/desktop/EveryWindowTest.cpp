@@ -3,9 +3,8 @@
 #include "desktop/Desk.h"
 #include "desktop/ElidedLabel.h"
 #include "desktop/FittedButton.h"
+#include "files/Banks.h"
 #include "files/Opening.h"
-#include "files/frmPrfUserAll.h"
-#include "files/frmStyUserAll.h"
 #include "keyboard/KeyboardWindow.h"
 #include "player/PlayerWindow.h"
 
@@ -102,9 +101,9 @@ TEST_P(EveryWindowTest, HasRoomForItsWords)
     Look("style-file");
     OpenSample("Full-8.prf");
     Look("performance-file");
-    ShowStyUserAllWindow(program.files, 25);
+    mnuStyUserAll_Click(program.files);
     Look("StyUserAll");
-    ShowPrfUserAllWindow(program.files);
+    mnuPrfUserAll_Click(program.files);
     Look("PrfUserAll");
     for (MenuEntry *entry :
          {&menu.mnuPcgNuovo128, &menu.mnuStyNuovo, &menu.mnuPrfNuovo, &menu.mnuBankA, &menu.mnuBankB, &menu.mnuBankF, &menu.mnuSty[1],

@@ -37,7 +37,7 @@ void UseStyles(FuzzProgram &run, const Bytes &given)
 {
     FilesState &files = run.program.files;
     frmMain &menu = run.program.app.frame;
-    frmStyUN *const window = files.StyWindows[kFirstFileSlot].get();
+    auto *const window = dynamic_cast<frmStyUN *>(files.styles.windows[kFirstFileSlot].get());
     if (!IsThere(window)) {
         return;
     }
@@ -48,13 +48,13 @@ void UseStyles(FuzzProgram &run, const Bytes &given)
     Press(window->CommUser[kStyUser2]);
     Press(window->CommDirectHD[kDirectHd9]);
     run.Choose(menu.mnuStyUser[kStyUser2]);
-    if (frmStyUN *const bank = files.StyWindows[kStyUser2].get(); IsThere(bank)) {
+    if (auto *const bank = dynamic_cast<frmStyUN *>(files.styles.windows[kStyUser2].get()); IsThere(bank)) {
         ClickEveryRow(*bank);
         Press(bank->CommSTS);
     }
     run.Choose(menu.mnuStyUserAll);
     run.Choose(menu.mnuStyDirectHD789);
-    for (const auto &overview : files.StyUserAllWindows) {
+    for (const auto &overview : files.overviews) {
         if (IsThere(overview.get())) {
             ClickEveryRow(*overview);
         }
@@ -66,7 +66,7 @@ void UsePerformances(FuzzProgram &run, const Bytes &given)
 {
     FilesState &files = run.program.files;
     frmMain &menu = run.program.app.frame;
-    frmPrfUN *const window = files.PrfWindows[kFirstFileSlot].get();
+    auto *const window = dynamic_cast<frmPrfUN *>(files.performances.windows[kFirstFileSlot].get());
     if (!IsThere(window)) {
         return;
     }
@@ -75,12 +75,12 @@ void UsePerformances(FuzzProgram &run, const Bytes &given)
         Press(window->CommUser[bank]);
     }
     run.Choose(menu.mnuPrfUser[kPrfUser20]);
-    if (frmPrfUN *const bank = files.PrfWindows[kLastPrfUserSlot].get(); IsThere(bank)) {
+    if (auto *const bank = dynamic_cast<frmPrfUN *>(files.performances.windows[kLastPrfUserSlot].get()); IsThere(bank)) {
         ClickEveryRow(*bank);
     }
     run.Choose(menu.mnuPrfUserAll);
-    if (IsThere(files.PrfUserAllWindow.get())) {
-        ClickEveryRow(*files.PrfUserAllWindow);
+    if (IsThere(files.overviews[0].get())) {
+        ClickEveryRow(*files.overviews[0]);
     }
     SaveAs(run, *window, "/home/b.prf", given);
 }

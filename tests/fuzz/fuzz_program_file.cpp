@@ -13,6 +13,12 @@ namespace {
 
 constexpr int kUser1 = 9;
 
+frmPcgUN *OpenWindow(FuzzProgram &run, std::size_t slot)
+{
+    auto *window = dynamic_cast<frmPcgUN *>(run.program.files.programs.windows.at(slot).get());
+    return window != nullptr && window->IsLoaded() ? window : nullptr;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
@@ -25,11 +31,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }
     run.Choose(run.program.app.frame.mnuDevMIDIOut[0]);
     run.Open("/home/a.pcg");
-    if (const auto &window = run.program.files.PcgWindows[kFirstFileSlot]; window && window->IsLoaded()) {
+    if (auto *const window = OpenWindow(run, kFirstFileSlot)) {
         ClickEveryRow(*window);
         Press(window->CommUser[kUser1]);
         run.Choose(run.program.app.frame.mnuPcgUser[kUser1]);
-        if (const auto &bank = run.program.files.PcgWindows[kUser1]; bank && bank->IsLoaded()) {
+        if (auto *const bank = OpenWindow(run, kUser1)) {
             ClickEveryRow(*bank);
         }
         run.program.app.children.Activate(*window);

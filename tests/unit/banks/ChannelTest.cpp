@@ -35,9 +35,9 @@ TEST(Channel, ProgramBanksReadTheirSlot)
     link.settings.PcgDocTable[9].Role = 5;
     link.settings.PcgDocTable[10].Role = 6;
     EXPECT_EQ(link.Channel(14, 9), 4);
-    EXPECT_EQ(link.files.WorkPcgRecord.Role, 5);
+    EXPECT_EQ(link.files.programs.work.Role, 5);
     EXPECT_EQ(link.Channel(14, 10), 5);
-    EXPECT_EQ(link.files.WorkPcgRecord.Role, 6);
+    EXPECT_EQ(link.files.programs.work.Role, 6);
 }
 
 TEST(Channel, StyleBanksReadTheirSlotFrom9To20)
@@ -46,7 +46,7 @@ TEST(Channel, StyleBanksReadTheirSlotFrom9To20)
     for (int slot = 9; slot <= 20; ++slot) {
         link.settings.StyDocTable.at(static_cast<std::size_t>(slot)).Role = static_cast<std::uint8_t>(slot - 6);
         EXPECT_EQ(link.Channel(20, slot), slot - 7);
-        EXPECT_EQ(link.files.WorkStyRecord.Role, slot - 6);
+        EXPECT_EQ(link.files.styles.work.Role, slot - 6);
     }
 }
 
@@ -56,7 +56,7 @@ TEST(Channel, PerformanceBanksReadTheirSlotFrom9To28)
     for (int slot = 9; slot <= 28; ++slot) {
         link.settings.PrfDocTable.at(static_cast<std::size_t>(slot)).Role = static_cast<std::uint8_t>(slot / 2);
         EXPECT_EQ(link.Channel(22, slot), slot / 2 - 1);
-        EXPECT_EQ(link.files.WorkPrfRecord.Role, slot / 2);
+        EXPECT_EQ(link.files.performances.work.Role, slot / 2);
     }
 }
 
@@ -66,7 +66,7 @@ TEST(Channel, APerformanceFileIsReadAndYetStaysSilent)
     for (int slot = 0; slot <= 8; ++slot) {
         link.settings.PrfDocTable.at(static_cast<std::size_t>(slot)).Role = 14;
         EXPECT_EQ(link.Channel(22, slot), 99) << slot;
-        EXPECT_EQ(link.files.WorkPrfRecord.Role, 14);
+        EXPECT_EQ(link.files.performances.work.Role, 14);
         EXPECT_EQ(link.recall.roleScratch, 14);
     }
     EXPECT_EQ(link.Channel(22, 29), 99);

@@ -90,9 +90,9 @@ TEST_F(FactoryWindowTest, TheStateTextOfABankIs65Characters)
 
 TEST_F(FactoryWindowTest, TheStateTextOfAStyleListIs45Characters)
 {
-    run.program.files.WorkPcgRecord.State = 2;
+    run.program.files.programs.work.State = 2;
     EXPECT_EQ(Styles(1).Tag.prefix, "\x0F" + Zeros(13) + "\x01" + Zeros(1) + "\x02" + Zeros(3) + "1: Style 1-8" + Blanks(13));
-    run.program.files.WorkPcgRecord.State = 0;
+    run.program.files.programs.work.State = 0;
     EXPECT_EQ(Styles(2).Tag.prefix, "\x10" + Zeros(13) + "\x02" + Zeros(5) + "2: Style 9-16" + Blanks(12));
 }
 

@@ -43,7 +43,7 @@ TEST_F(Overview, PerformanceBanksAreMsb1AndTheListLess1)
         link.devices.sent.clear();
         SelectFromOverview(link.recall, window, list);
         EXPECT_EQ(link.devices.sent, RecallLink::Messages(0, 1, static_cast<std::uint32_t>(list - 1), 6));
-        EXPECT_EQ(link.files.CurrentPrfSlot, list);
+        EXPECT_EQ(link.files.performances.current, list);
     }
 }
 
@@ -57,7 +57,7 @@ TEST_F(Overview, StyleBanksHaveTheLsbOfTheirSingleWindows)
             SelectFromOverview(link.recall, window, list);
             const auto lsb = static_cast<std::uint32_t>(17 + (kind - 25) * 3 + list - 1);
             EXPECT_EQ(link.devices.sent, RecallLink::Messages(0, 0, lsb, 11)) << kind << " " << list;
-            EXPECT_EQ(link.files.CurrentStySlot, list);
+            EXPECT_EQ(link.files.styles.current, list);
         }
     }
 }
@@ -139,7 +139,7 @@ TEST_F(Overview, OfTheTwoOnlyThePerformancesArmTheMonitorWithoutAChannel)
     EXPECT_TRUE(link.midi.MonitorEnabled);
     EXPECT_EQ(link.devices.sent, Sent{});
     EXPECT_EQ(link.settings.LastChannel, 7);
-    EXPECT_EQ(link.files.CurrentPrfSlot, 0);
+    EXPECT_EQ(link.files.performances.current, 0);
 }
 
 TEST_F(Overview, WithAChannelTheStylesArmTheMonitorToo)

@@ -195,7 +195,7 @@ TEST_F(DriverTest, ValueGivesATableFromItsFirstIndexOn)
     Velluto &program = session.Program();
     program.app.settings.PcgDocTable[1].Path.Set("/one.pcg");
     program.app.settings.StyDocTable[20].Role = 9;
-    program.files.PcgOpenFlags[8] = true;
+    program.files.programs.openFlags[8] = true;
     const Json table = Ok("value PcgDocTable").at("value");
     EXPECT_EQ(table.size(), 12U);
     EXPECT_EQ(table.at(0).at("Path"), "/one.pcg");

@@ -24,7 +24,7 @@ TEST_F(BankTest, OpensTheFileAssignedToIt)
     EXPECT_EQ(Window(9).Tag.Path(), path);
     EXPECT_EQ(Window(9).Tag.At(TagPosition::Role), 2) << "the role of the bank's own record";
     EXPECT_FALSE(app.frame.mnuPcgUser[9].enabled);
-    EXPECT_EQ(files.CurrentPcgSlot, 9);
+    EXPECT_EQ(files.programs.current, 9);
 }
 
 TEST_F(BankTest, AFileThatHasGoneIsToldToNobody)
@@ -84,7 +84,7 @@ TEST_F(RecentFileTest, AClickOpensTheFileAgainAndPutsItOnTop)
     EXPECT_EQ(Window(2).caption.Get(), "File User: b.pcg (2)");
     EXPECT_EQ(app.settings.LastDir, run.folder->Path());
     EXPECT_EQ(files.KnownFileFlag, 1);
-    EXPECT_TRUE(files.PcgOpenFlags[2]);
+    EXPECT_TRUE(files.programs.openFlags[2]);
     std::vector<std::string> names;
     for (int n = 1; n <= 6; ++n) {
         names.push_back(FileNameOf(app.settings.RecentTable[static_cast<std::size_t>(n)].Path.Trimmed()));
@@ -171,8 +171,8 @@ TEST_F(RecentFileTest, StylesAndPerformancesOpenFromTheirEntries)
     ASSERT_EQ(app.children.All().size(), 2U);
     EXPECT_EQ(app.children.All()[0]->FullName(), "frmStyUN(1)");
     EXPECT_EQ(app.children.All()[1]->FullName(), "frmPrfUN(1)");
-    EXPECT_TRUE(files.StyOpenFlags[1]);
-    EXPECT_TRUE(files.PrfOpenFlags[1]);
+    EXPECT_TRUE(files.styles.openFlags[1]);
+    EXPECT_TRUE(files.performances.openFlags[1]);
 }
 
 TEST_F(RecentFileTest, EmptyEntriesAndNumbersBeyondTheTableDoNothing)

@@ -40,27 +40,12 @@ class BankFilesTest : public FilesTest {
 protected:
     using FilesTest::FilesTest;
 
-    template <class Windows>
-    static auto &At(Windows &windows, int slot)
-    {
-        const auto &window = windows.at(static_cast<std::size_t>(slot));
-        if (!window) {
-            throw std::runtime_error("no window in slot " + std::to_string(slot));
-        }
-        return *window;
-    }
-    frmStyUN &Sty(int slot) { return At(files.StyWindows, slot); }
-    frmPrfUN &Prf(int slot) { return At(files.PrfWindows, slot); }
-    frmStyUserAll &StyAll(int kind) { return At(files.StyUserAllWindows, kind - 25); }
-    frmPrfUserAll &PrfAll()
-    {
-        if (!files.PrfUserAllWindow) {
-            throw std::runtime_error("no overview of Performances");
-        }
-        return *files.PrfUserAllWindow;
-    }
-    bool HasSty(int slot) { return files.StyWindows.at(static_cast<std::size_t>(slot)) != nullptr; }
-    bool HasPrf(int slot) { return files.PrfWindows.at(static_cast<std::size_t>(slot)) != nullptr; }
+    frmStyUN &Sty(int slot) { return WindowAt<frmStyUN>(files.styles.windows, slot); }
+    frmPrfUN &Prf(int slot) { return WindowAt<frmPrfUN>(files.performances.windows, slot); }
+    frmStyUserAll &StyAll(int kind) { return WindowAt<frmStyUserAll>(files.overviews, kind - 24); }
+    frmPrfUserAll &PrfAll() { return WindowAt<frmPrfUserAll>(files.overviews, 0); }
+    bool HasSty(int slot) { return files.styles.windows.at(static_cast<std::size_t>(slot)) != nullptr; }
+    bool HasPrf(int slot) { return files.performances.windows.at(static_cast<std::size_t>(slot)) != nullptr; }
     DocRecord &StyRecord(int slot) { return app.settings.StyDocTable.at(static_cast<std::size_t>(slot)); }
     DocRecord &PrfRecord(int slot) { return app.settings.PrfDocTable.at(static_cast<std::size_t>(slot)); }
 

@@ -70,14 +70,14 @@ TEST_P(DocumentChangesTest, SaveAsTakesTheNewNameAndOnlyProgramRecordsFollow)
     const std::string other = run.At("b" + kind.extension);
     OpenFile(path);
     SaveAs(other);
-    EXPECT_EQ(run.face.dialogs.back().filterIndex, kind.type->filterIndex);
+    EXPECT_EQ(run.face.dialogs.back().filterIndex, type.filterIndex);
     EXPECT_EQ(run.face.dialogs.back().extension, kind.extension.substr(1));
     EXPECT_EQ(run.face.dialogs.back().proposed, "SenzaNome" + kind.extension);
     EXPECT_EQ(ReadBytes(other), kind.file);
     EXPECT_TRUE(Exists(path)) << "the old file stays";
     EXPECT_EQ(Window(1).Tag.Path(), other);
     EXPECT_EQ(Window(1).caption.Get().substr(0, 16), "File User: b" + kind.extension);
-    EXPECT_EQ(Record(1).Path.Trimmed(), kind.type == &ProgramType() ? other : path);
+    EXPECT_EQ(Record(1).Path.Trimmed(), &type == &files.programs ? other : path);
 }
 
 TEST_P(DocumentChangesTest, ANewFileAsksForItsNameAndItsCommandIsOffUntilItCloses)

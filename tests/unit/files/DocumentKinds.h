@@ -8,7 +8,7 @@ namespace velluto::test {
 // What a suite needs to know of a type, and what is not alike.
 struct DocumentKind {
     std::string name;
-    const DocumentType *type;
+    std::size_t type; // in files.types
     std::string extension;
     std::string form;
     int viewKind;
@@ -27,18 +27,19 @@ struct DocumentKind {
 inline std::vector<DocumentKind> DocumentKinds()
 {
     return {
-        {"Program", &ProgramType(), ".pcg", "frmPcgUN", 14, 9, 11, 0, FileWithItems({{"Grand Piano", 0}, {"Organ", 5}}), " 001 Grand Piano",
-         121, 64, "File Program - a.pcg (1)", true, TagPosition::ProgramEdited},
-        {"Style", &StyleType(), ".sty", "frmStyUN", 20, 9, 0, 0, FileWithItems({{"Bossa", 0}, {"STS", 0}, {"Beat", 5}, {"STS", 5}}),
+        {"Program", 0, ".pcg", "frmPcgUN", 14, 9, 11, 0, FileWithItems({{"Grand Piano", 0}, {"Organ", 5}}), " 001 Grand Piano", 121, 64,
+         "File Program - a.pcg (1)", true, TagPosition::ProgramEdited},
+        {"Style", 1, ".sty", "frmStyUN", 20, 9, 0, 0, FileWithItems({{"Bossa", 0}, {"STS", 0}, {"Beat", 5}, {"STS", 5}}),
          " 01 Bossa                1  ", 0, 17, "File Style: ", false, TagPosition::ProgramEdited},
-        {"Performance", &PerformanceType(), ".prf", "frmPrfUN", 22, 9, 0, 8, FileWithItems({{"Ballad", 0}, {"Waltz", 5}}), " 1 Ballad", 1,
-         0, "File a.prf (1)", true, TagPosition::Modified},
+        {"Performance", 2, ".prf", "frmPrfUN", 22, 9, 0, 8, FileWithItems({{"Ballad", 0}, {"Waltz", 5}}), " 1 Ballad", 1, 0,
+         "File a.prf (1)", true, TagPosition::Modified},
     };
 }
 
 class EachDocumentTest : public BankFilesTest, public ::testing::WithParamInterface<DocumentKind> {
 protected:
     const DocumentKind &kind = GetParam();
+    DocumentType &type = files.types.at(kind.type);
 
     void SetUp() override
     {
@@ -50,8 +51,8 @@ protected:
     std::string PutFile(const std::string &name) { return Put(name + kind.extension, kind.file); }
     void OpenFile(const std::string &path)
     {
-        run.face.choices.push_back({false, path, kind.type->filterIndex});
-        run.Choose(app.frame.*(kind.type->openCommand));
+        run.face.choices.push_back({false, path, type.filterIndex});
+        run.Choose(type.openCommand);
     }
     bool Has(int slot) { return Find(slot) != nullptr; }
     Form *Find(int slot)
@@ -71,23 +72,23 @@ protected:
         throw std::runtime_error("no window in slot " + std::to_string(slot));
     }
     static ListBox &List(Form &form) { return dynamic_cast<ListBox &>(*ControlNamed(form, "List1")); }
-    DocRecord &Record(int slot) { return kind.type->table(app.settings)[static_cast<std::size_t>(slot)]; }
+    DocRecord &Record(int slot) { return type.table[static_cast<std::size_t>(slot)]; }
     MenuEntry &BankEntry()
     {
-        if (kind.type == &ProgramType()) {
+        if (&type == &files.programs) {
             return app.frame.mnuPcgUser[9];
         }
-        return kind.type == &StyleType() ? app.frame.mnuStyUser[9] : app.frame.mnuPrfUser[1];
+        return &type == &files.styles ? app.frame.mnuStyUser[9] : app.frame.mnuPrfUser[1];
     }
     MenuEntry &NewEntry()
     {
-        if (kind.type == &ProgramType()) {
+        if (&type == &files.programs) {
             return app.frame.mnuPcgNuovo64;
         }
-        return kind.type == &StyleType() ? app.frame.mnuStyNuovo : app.frame.mnuPrfNuovo;
+        return &type == &files.styles ? app.frame.mnuStyNuovo : app.frame.mnuPrfNuovo;
     }
     Control &BankButton(Form &form) { return *ControlNamed(form, "CommUser", kind.firstBank - kind.buttonOffset); }
-    std::array<bool, 9> &OpenFlags() { return files.*(kind.type->openFlags); }
+    std::array<bool, 9> &OpenFlags() { return type.openFlags; }
     // Opens the file, ties it to User 1 and opens that bank.
     Form &OpenBankOf(const std::string &path)
     {

@@ -23,7 +23,7 @@ TEST_P(DocumentWindowTest, AnOpenedFileShowsItsRowsAndKeepsItsBytes)
     EXPECT_EQ(app.children.Active(), &window);
     EXPECT_EQ(app.children.ChildCount, 1);
     EXPECT_EQ(app.settings.RecentTable[1].Path.Trimmed(), path);
-    EXPECT_EQ(files.*(kind.type->current), 2);
+    EXPECT_EQ(type.current, 2);
     OpenFile(path);
     EXPECT_THAT(Boxes(), ElementsAre("Apertura di a" + kind.extension + ": File già aperto"));
 }
@@ -34,10 +34,10 @@ TEST_P(DocumentWindowTest, EightOpenWindowsDisableTheCommandAndAClosedOneEnables
         OpenFile(PutFile("file" + std::to_string(i)));
     }
     EXPECT_TRUE(Has(8));
-    EXPECT_FALSE((app.frame.*(kind.type->openCommand)).enabled);
-    EXPECT_EQ(files.*(kind.type->current), 9);
+    EXPECT_FALSE(type.openCommand.enabled);
+    EXPECT_EQ(type.current, 9);
     run.Close(Window(3));
-    EXPECT_TRUE((app.frame.*(kind.type->openCommand)).enabled);
+    EXPECT_TRUE(type.openCommand.enabled);
     EXPECT_EQ(OpenFlags()[3], !kind.freesSlot);
     OpenFile(PutFile("ninth"));
     EXPECT_EQ(Has(3), kind.freesSlot);
@@ -72,7 +72,7 @@ TEST_P(DocumentWindowTest, ToolTipsFollowWhatABankIsTiedTo)
 TEST_P(DocumentWindowTest, AClickInABankSelectsOnTheInstrumentAndOneInAFileDoesNot)
 {
     Form &bank = OpenBankOf(PutFile("a"));
-    const std::uint32_t channel = kind.type == &ProgramType() ? 1 : 0;
+    const std::uint32_t channel = &type == &files.programs ? 1 : 0;
     ListGesture::ClickRow(List(Window(1)), 5, Modifier::None);
     EXPECT_EQ(run.midi.sent, std::vector<std::uint32_t>{});
     ListGesture::ClickRow(List(bank), 5, Modifier::None);

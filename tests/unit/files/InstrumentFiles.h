@@ -5,9 +5,11 @@
 #include "unit/support/TestProgram.h"
 
 #include "files/Banks.h"
-#include "files/Documents.h"
+#include "files/DocumentType.h"
 #include "files/Korf.h"
+#include "files/NaturalSize.h"
 #include "files/Opening.h"
+#include "files/ReadInstrumentFile.h"
 #include "files/Saving.h"
 #include "files/WindowTitle.h"
 #include "files/frmPcgUN.h"
@@ -96,15 +98,17 @@ protected:
         run.Choose(app.frame.mnuSalvaAs);
     }
     // The window of the slot; a test fails where there is none.
-    frmPcgUN &Window(int slot)
+    template <class Window, class Windows>
+    static Window &WindowAt(Windows &windows, int place)
     {
-        const auto &window = files.PcgWindows.at(static_cast<std::size_t>(slot));
+        const auto &window = windows.at(static_cast<std::size_t>(place));
         if (!window) {
-            throw std::runtime_error("no window in slot " + std::to_string(slot));
+            throw std::runtime_error("no window in place " + std::to_string(place));
         }
-        return *window;
+        return dynamic_cast<Window &>(*window);
     }
-    bool HasWindow(int slot) { return files.PcgWindows.at(static_cast<std::size_t>(slot)) != nullptr; }
+    frmPcgUN &Window(int slot) { return WindowAt<frmPcgUN>(files.programs.windows, slot); }
+    bool HasWindow(int slot) { return files.programs.windows.at(static_cast<std::size_t>(slot)) != nullptr; }
     DocRecord &Record(int slot) { return app.settings.PcgDocTable.at(static_cast<std::size_t>(slot)); }
     std::string RowOf(int slot, int row) { return Window(slot).List1.Row(row); }
     // Makes the next operations of this kind on the path fail.

@@ -88,8 +88,8 @@ TEST_F(OpeningTest, AFileComesUpInTheFirstFreeSlotAndOnTopOfTheRecentList)
     EXPECT_EQ(app.children.Active(), &Window(1));
     EXPECT_EQ(app.children.ChildCount, 1);
     EXPECT_FALSE(app.children.RestoringLayout);
-    EXPECT_TRUE(files.PcgOpenFlags[1]);
-    EXPECT_EQ(files.CurrentPcgSlot, 2) << "the next free slot";
+    EXPECT_TRUE(files.programs.openFlags[1]);
+    EXPECT_EQ(files.programs.current, 2) << "the next free slot";
     EXPECT_EQ(files.FileFolder, run.folder->Path());
     EXPECT_EQ(files.FileName, "a.pcg");
     EXPECT_EQ(app.settings.LastDir, run.folder->Path());
@@ -213,8 +213,8 @@ TEST_F(OpeningTest, AFileLastSeenInSlot4GoesToSlot4)
     EXPECT_THAT(OpenSlots(), ElementsAre(4));
     EXPECT_EQ(files.KnownFileFlag, 1);
     EXPECT_EQ(files.PcgFileSlot, 4);
-    EXPECT_EQ(files.CurrentPcgSlot, 1);
-    EXPECT_TRUE(files.PcgOpenFlags[4]);
+    EXPECT_EQ(files.programs.current, 1);
+    EXPECT_TRUE(files.programs.openFlags[4]);
 }
 
 TEST_F(OpeningTest, EightOpenWindowsDisableTheCommandAndAClosedOneEnablesIt)
@@ -222,7 +222,7 @@ TEST_F(OpeningTest, EightOpenWindowsDisableTheCommandAndAClosedOneEnablesIt)
     OpenEight();
     EXPECT_THAT(OpenSlots(), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
     EXPECT_FALSE(app.frame.mnuPcgApri.enabled);
-    EXPECT_EQ(files.CurrentPcgSlot, 9);
+    EXPECT_EQ(files.programs.current, 9);
     run.Close(Window(5));
     EXPECT_TRUE(app.frame.mnuPcgApri.enabled);
     Open(PutFile("ninth.pcg"));
@@ -236,7 +236,7 @@ TEST_F(OpeningTest, WithEightOpenWindowsTheCommandItselfStaysSilent)
     run.face.dialogs.clear();
     mnuPcgApri_Click(files);
     EXPECT_THAT(run.face.dialogs, IsEmpty());
-    EXPECT_EQ(files.CurrentPcgSlot, 0);
+    EXPECT_EQ(files.programs.current, 0);
 }
 
 TEST_F(OpeningTest, ANewDocumentInheritsTheRestOfTheRecordOfSlot8)

@@ -245,7 +245,7 @@ TEST_F(OverviewWindowTest, AWindowWhoseLoadStoppedClosesWithoutAKindOfItsOwn)
     run.Choose(app.frame.mnuStyUserAll);
     app.children.Move(StyAll(25), 900, 900);
     EXPECT_TRUE(run.Close(StyAll(25)));
-    EXPECT_EQ(files.StyUserAllWindows[0], nullptr);
+    EXPECT_EQ(files.overviews[1], nullptr);
     EXPECT_EQ(app.settings.PlacementTable[24].Left, 0);
     EXPECT_FALSE(app.frame.mnuStyUserAll.enabled) << "its command stays off";
     EXPECT_EQ(app.children.ChildCount, 0) << "one less than there are: this window was never counted";
@@ -340,7 +340,7 @@ TEST_F(OverviewWindowTest, AClickLeavesTheSelectionInItsListAloneAndPlaysIt)
     ListGesture::ClickRow(window.List1[2], 3, Modifier::None);
     EXPECT_EQ(Selected(window), (std::vector<int>{2}));
     EXPECT_EQ(run.midi.sent, (std::vector<std::uint32_t>{0x0000B1, 0x1220B1, 0x0003C1})) << "bank 0 18, program 3, second channel";
-    EXPECT_EQ(files.CurrentStySlot, 2);
+    EXPECT_EQ(files.styles.current, 2);
 }
 
 TEST_F(OverviewWindowTest, ThePerformanceOverviewPlaysByTheNumberOfTheList)
@@ -352,7 +352,7 @@ TEST_F(OverviewWindowTest, ThePerformanceOverviewPlaysByTheNumberOfTheList)
     run.midi.sent.clear();
     ListGesture::ClickRow(PrfAll().List1[20], 1, Modifier::None);
     EXPECT_EQ(run.midi.sent, (std::vector<std::uint32_t>{0x0100B1, 0x1320B1, 0x0001C1}));
-    EXPECT_EQ(files.CurrentPrfSlot, 20);
+    EXPECT_EQ(files.performances.current, 20);
 }
 
 TEST_F(OverviewWindowTest, ARoleSetInAnOverviewGoesToTheBankOfTheSelectedRow)
@@ -392,7 +392,7 @@ TEST_F(OverviewWindowTest, AnExitStoresThePlacesOfAllOverviews)
     app.children.Move(StyAll(25), 120, 135);
     EXPECT_TRUE(run.Exit());
     EXPECT_EQ(app.settings.PlacementTable[24].Left, 120);
-    EXPECT_EQ(files.StyUserAllWindows[0], nullptr);
+    EXPECT_EQ(files.overviews[1], nullptr);
 }
 
 } // namespace

@@ -254,7 +254,7 @@ TEST_F(PerformanceWindowTest, CommUserTiesTheFileWithThisWindowsRectangleAndRole
     EXPECT_EQ(bank.Width, 9000);
     EXPECT_EQ(bank.Height, 6000);
     EXPECT_EQ(bank.MinWidth, PrfRecord(1).MinWidth);
-    EXPECT_EQ(files.CurrentPrfSlot, 1);
+    EXPECT_EQ(files.performances.current, 1);
     EXPECT_EQ(app.frame.mnuPrfUser[12].caption.Get(), "12 a.prf");
     EXPECT_TRUE(app.frame.mnuPrfUser[12].enabled);
     EXPECT_TRUE(app.frame.mnuPrfUser120.enabled);
@@ -348,7 +348,7 @@ TEST_F(PerformanceWindowTest, AClosedWindowFreesItsSlot)
         OpenPrf(Put("f" + std::to_string(i) + ".prf", FileWithItems({{"Ballad", 0}})));
         ASSERT_TRUE(HasPrf(1)) << i;
         run.Close(Prf(1));
-        EXPECT_FALSE(files.PrfOpenFlags[1]);
+        EXPECT_FALSE(files.performances.openFlags[1]);
     }
     EXPECT_EQ(PrfRecord(1).Path.Trimmed(), run.At("f9.prf"));
 }

@@ -47,7 +47,7 @@ TEST_F(ProgramPlaceTest, ASmallBankStaysBelowTheHeightOfALargeOneWithATallFontTo
     tall.onModal = [](Form &form) { Press(*ControlNamed(form, "CommOK")); };
     ASSERT_TRUE(StartUp(other));
     ASSERT_TRUE(ChooseMenu(other.app.frame.mnuPcgNuovo64));
-    const frmPcgUN &window = *other.files.PcgWindows[11];
+    const frmPcgUN &window = dynamic_cast<frmPcgUN &>(*other.files.programs.windows[11]);
     EXPECT_LT(window.Height(), 5082);
     EXPECT_EQ(window.List1.place.Get().height, 17 * 255);
     EXPECT_GE(window.CommClose.place.Get().height, 225);

@@ -94,7 +94,7 @@ TEST_F(ProgramWindowTest, AClosedWindowLeavesItsKindAndSlotInTheGlobals)
     app.ViewKind = 0;
     run.Close(Window(1));
     EXPECT_EQ(app.ViewKind, 14);
-    EXPECT_EQ(files.CurrentPcgSlot, 1);
+    EXPECT_EQ(files.programs.current, 1);
 }
 
 TEST_F(ProgramWindowTest, CommUserSurvivesAStateThatNoWindowStandsBehind)

@@ -20,7 +20,7 @@ TEST_F(StyleBanksTest, CommUserTiesTheFileAndItsRoleToTheBank)
     EXPECT_EQ(entry.caption.Get(), "&4 User 3: a.sty");
     EXPECT_TRUE(entry.enabled);
     EXPECT_TRUE(app.frame.mnuStyUserAll.enabled);
-    EXPECT_EQ(files.CurrentStySlot, 11);
+    EXPECT_EQ(files.styles.current, 11);
     EXPECT_THAT(OpenForms(), ElementsAre("frmStyUN(1)"));
     OpenSty(Put("b.sty", FileWithItems({{"Beat", 0}})));
     Press(Sty(2).CommUser[11]);
@@ -113,18 +113,18 @@ TEST_F(StyleBanksTest, ANewFileTakesThePlaceOfItsOwnSlot)
     StyRecord(0).Width = 9000;
     StyRecord(0).Height = 4500;
     PrfRecord(0) = StyRecord(0);
-    files.WorkStyRecord = DocRecord();
-    files.WorkPrfRecord = DocRecord();
+    files.styles.work = DocRecord();
+    files.performances.work = DocRecord();
     run.Choose(app.frame.mnuStyNuovo);
     EXPECT_EQ(Sty(0).place.Get(), (Place{450, 600, 9000, 4500}));
-    EXPECT_EQ(files.CurrentStySlot, 0);
+    EXPECT_EQ(files.styles.current, 0);
     run.Choose(app.frame.mnuPrfNuovo);
     EXPECT_EQ(Prf(0).place.Get(), (Place{450, 600, 9000, 4500}));
-    EXPECT_EQ(files.CurrentPrfSlot, 0);
+    EXPECT_EQ(files.performances.current, 0);
     run.Choose(app.frame.mnuPcgNuovo64);
-    EXPECT_EQ(files.CurrentPcgSlot, 11);
+    EXPECT_EQ(files.programs.current, 11);
     run.Choose(app.frame.mnuPcgNuovo128);
-    EXPECT_EQ(files.CurrentPcgSlot, 12);
+    EXPECT_EQ(files.programs.current, 12);
 }
 
 TEST_F(StyleBanksTest, AMinimisedBankStaysOpenWhenItIsTied)
@@ -181,10 +181,10 @@ TEST_F(StyleBanksTest, EightOpensExhaustTheSlotsForTheRun)
         ASSERT_TRUE(HasSty(i));
         EXPECT_EQ(app.frame.mnuStyApri.enabled, i < 8);
         run.Close(Sty(i));
-        EXPECT_TRUE(files.StyOpenFlags.at(static_cast<std::size_t>(i)));
+        EXPECT_TRUE(files.styles.openFlags.at(static_cast<std::size_t>(i)));
     }
     EXPECT_TRUE(app.frame.mnuStyApri.enabled) << "the window that closed has enabled it";
-    EXPECT_EQ(FindFreeStySlot(files), 0);
+    EXPECT_EQ(FindFree(files.styles), 0);
     run.face.dialogs.clear();
     OpenSty(Put("f9.sty", FileWithItems({{"Bossa", 0}})));
     run.face.choices.clear();
@@ -205,12 +205,12 @@ TEST_F(StyleBanksTest, AReopenedFileTakesItsOldSlotAndNoOther)
     OpenSty(path);
     EXPECT_EQ(Sty(1).Left(), 300) << "its place comes back without more ado";
     EXPECT_EQ(Sty(1).Top(), 450);
-    EXPECT_EQ(FindFreeStySlot(files), 2);
+    EXPECT_EQ(FindFree(files.styles), 2);
 }
 
 TEST_F(StyleBanksTest, WithAllSlotsTakenAHandOverStopsWithItsCodeStillSet)
 {
-    files.StyOpenFlags.fill(true);
+    files.styles.openFlags.fill(true);
     Open(Put("a.sty", FileWithItems({{"Bossa", 0}})));
     EXPECT_EQ(files.OpenChainCode, 5);
     EXPECT_THAT(OpenForms(), IsEmpty());
@@ -222,7 +222,7 @@ TEST_F(StyleBanksTest, TheOpenFlagIsSetBeforeTheWindowIsShown)
 {
     // Seen from the window's own activation.
     bool taken = false;
-    app.frame.mnuWindow.observer = [&](Aspect /*aspect*/) { taken = files.StyOpenFlags[1]; };
+    app.frame.mnuWindow.observer = [&](Aspect /*aspect*/) { taken = files.styles.openFlags[1]; };
     app.frame.mnuWindow.enabled = false;
     StyleOf(FileWithItems({{"Bossa", 0}}));
     EXPECT_TRUE(taken);

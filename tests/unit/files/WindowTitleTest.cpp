@@ -153,7 +153,7 @@ protected:
     {
         AnyChild child(kind, slot);
         app.children.Show(child);
-        mnuIngrandisci_Click(app);
+        mnuIngrandisci_Click(files);
         app.children.Unload(child);
         return child.place;
     }
@@ -204,7 +204,7 @@ TEST_F(NaturalSizeTest, OtherWindowsKeepTheirSize)
 
 TEST_F(NaturalSizeTest, WithoutAChildNothingHappens)
 {
-    mnuIngrandisci_Click(app);
+    mnuIngrandisci_Click(files);
     EXPECT_EQ(app.children.Active(), nullptr);
 }
 
@@ -213,7 +213,7 @@ TEST_F(NaturalSizeTest, AnEnlargedProgramWindowGetsItsNaturalSizeBack)
     Open(Put("a.pcg", FileOfLength(200)));
     const Place natural = Window(1).place;
     app.children.Resize(Window(1), natural.width + 900, natural.height + 700);
-    mnuIngrandisci_Click(app);
+    mnuIngrandisci_Click(files);
     EXPECT_EQ(Window(1).place.Get(), natural);
     EXPECT_EQ(Record(1).Width, natural.width);
 }
