@@ -57,6 +57,8 @@ leave_stage() {
         import -window root "$pictures/failed-$test_name.png" && complain "The screen is in $pictures/failed-$test_name.png"
         [ ! -s "$stage/program.log" ] || cat "$stage/program.log" >&2
     fi
+    # Asked to end, a program whose test has failed might stand before a question for ever.
+    [ -z "${program_pid-}" ] || kill -KILL "$program_pid" 2>/dev/null || true
     end_processes "${started_pids[@]}"
     rm -rf --one-file-system "$stage" || true
     exit "$status"
