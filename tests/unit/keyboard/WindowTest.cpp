@@ -32,6 +32,8 @@ TEST_F(Opening, InItalianTheTitleAndTheButtonAreItalian)
     EXPECT_EQ(form.CommClose.caption.Get(), "&Chiudi");
     EXPECT_EQ(form.Label2[1].toolTip.Get(), "Doppio clic: 0");
     EXPECT_EQ(form.HScroll1.accessibleName, "Ottava");
+    EXPECT_EQ(form.Combo1.accessibleName, "MIDI Channel");
+    EXPECT_EQ(form.Text1.accessibleName, "Note (Number)");
 }
 
 TEST_F(Opening, TheFixedCaptionsAreTheSameInBothLanguages)
