@@ -53,7 +53,7 @@ public:
 
 // The longest file that is read whole, and the error that a longer one gives; no memory is asked for that.
 struct WholeLimit {
-    std::uint64_t most;
+    std::uint64_t most = 0;
     RuntimeError beyond;
 };
 
