@@ -5,6 +5,7 @@
 #include "files/OverviewForm.h"
 #include "files/Slots.h"
 #include "files/WindowRole.h"
+#include "midi/MidiOut.h"
 #include "midi/Roles.h"
 #include "view/NumberedLists.h"
 #include "view/Raised.h"

@@ -1,6 +1,7 @@
 // From an event of the pointer on the on-screen keyboard to the last of its bytes at the device, without the screen.
 #include "RatioReporter.h"
 #include "keyboard/KeyboardWindow.h"
+#include "midi/DeviceMenus.h"
 #include "midi/frmMsgEx.h"
 #include "unit/support/TestProgram.h"
 

@@ -1,4 +1,5 @@
 #include "Stage.h"
+#include "midi/DeviceMenus.h"
 
 #include "files/Korf.h"
 #include "midi/MIDI.h"

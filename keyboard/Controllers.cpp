@@ -1,5 +1,6 @@
 #include "keyboard/Controllers.h"
 
+#include "midi/MidiOut.h"
 #include "midi/Monitor.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 
 #include "keyboard/Controllers.h"
 #include "keyboard/Notes.h"
+#include "midi/MidiOut.h"
 
 namespace velluto {
 

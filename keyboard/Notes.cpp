@@ -1,5 +1,7 @@
 #include "keyboard/Notes.h"
 
+#include "midi/MidiOut.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>

@@ -1,6 +1,7 @@
 #include "keyboard/Pointer.h"
 
 #include "keyboard/Notes.h"
+#include "midi/MidiOut.h"
 
 namespace velluto {
 

@@ -1,6 +1,8 @@
-#include "midi/MIDI.h"
+#include "midi/DeviceMenus.h"
 
 #include "app/Characters.h"
+#include "midi/MidiIn.h"
+#include "midi/MidiOut.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,12 +1,10 @@
-// The MIDI link's record and its operations: one output and one input device, the short-message send path, Thru.
-// Used by whoever plays the instrument; the roles are in Roles.h, the monitor in Monitor.h.
+// The MIDI link's record: one output and one input device. Used by all of the room and by whoever plays the instrument.
 #pragma once
 
 #include "app/Modulo1.h"
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -59,39 +57,5 @@ struct MidiState {
     std::unique_ptr<frmMsgEx> monitor;   // the monitor window while it is open
     std::unique_ptr<frmMIDISetup> setup; // the channel setup window while it is open
 };
-
-// Takes stock of the devices and reopens the saved ones. Called once, before the frame is shown; where it has to
-// disable a menu entry it calls loadFrame first.
-void SurveyMidiDevices(MidiState &midi, const std::function<void()> &loadFrame);
-
-// Sends midi.ShortMsg. Silent without an open device; the first failure is shown and disarms the path.
-void SendShortMsg(MidiState &midi);
-// Sends them one after the other; the last of them stays in ShortMsg. The monitor shows the bytes of all in one line, and only one that
-// fails by itself, while its box stands.
-void SendGroup(MidiState &midi, const std::array<ShortMessage, 3> &messages);
-// channel 0 to 15, note and velocity 0 to 127.
-void SendNoteOn(MidiState &midi, int channel, int note, int velocity);
-void SendNoteOff(MidiState &midi, int channel, int note, int velocity);
-void SendAllNotesOff(MidiState &midi, int channel);
-
-// All of these return the platform's result code.
-int OpenMidiOut(MidiState &midi);
-int CloseMidiOut(MidiState &midi);
-int OpenMidiIn(MidiState &midi);
-int CloseMidiIn(MidiState &midi);
-int ThruConnect(MidiState &midi);
-int ThruDisconnect(MidiState &midi);
-int MidiInStartRun(MidiState &midi);
-int MidiInStopRun(MidiState &midi);
-
-// Entered by a platform thread; instance is a MidiInputRing.
-void MidiInProc(MidiHandle handle, std::uint32_t message, void *instance, std::uint32_t parameter1, std::uint32_t parameter2);
-
-// Names, visibility and check marks of mnuDevMIDIOut and mnuDevMIDIIn, at the load of the frame.
-void FillDeviceMenus(MidiState &midi);
-// The menu commands.
-void mnuDevMIDIOut_Click(MidiState &midi, int index);
-void mnuDevMIDIIn_Click(MidiState &midi, int index);
-void mnuMIDIThru_Click(MidiState &midi);
 
 } // namespace velluto

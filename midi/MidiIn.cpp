@@ -1,6 +1,7 @@
+#include "midi/MidiIn.h"
+
 #include "app/Catalogue.h"
 #include "midi/ErrorText.h"
-#include "midi/MIDI.h"
 
 namespace velluto {
 

@@ -1,6 +1,7 @@
+#include "midi/MidiOut.h"
+
 #include "app/Catalogue.h"
 #include "midi/ErrorText.h"
-#include "midi/MIDI.h"
 #include "midi/Monitor.h"
 
 #include <algorithm>

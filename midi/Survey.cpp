@@ -1,6 +1,8 @@
-#include "midi/MIDI.h"
+#include "midi/Survey.h"
 
 #include "app/Catalogue.h"
+#include "midi/MidiIn.h"
+#include "midi/MidiOut.h"
 
 #include <algorithm>
 

@@ -4,6 +4,7 @@
 #include "app/RecentFiles.h"
 #include "app/StatusBar.h"
 #include "files/Slots.h"
+#include "midi/DeviceMenus.h"
 
 namespace velluto {
 

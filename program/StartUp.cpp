@@ -1,5 +1,6 @@
 #include "app/Catalogue.h"
 #include "app/SettingsFile.h"
+#include "midi/Survey.h"
 #include "program/FrameCommands.h"
 #include "program/Velluto.h"
 

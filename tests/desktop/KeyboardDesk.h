@@ -4,6 +4,7 @@
 #include "desktop/Desk.h"
 #include "desktop/Piano.h"
 #include "keyboard/KeyboardWindow.h"
+#include "midi/DeviceMenus.h"
 #include "unit/support/MidiMessages.h"
 
 #include <QSlider>

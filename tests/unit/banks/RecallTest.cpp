@@ -1,5 +1,6 @@
 // From kind, slot and row to bank select and program change.
 #include "RecallLink.h"
+#include "midi/MidiOut.h"
 
 #include "midi/frmMsgEx.h"
 

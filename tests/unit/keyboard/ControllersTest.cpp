@@ -1,5 +1,6 @@
 // The sliders, and the split point's readout.
 #include "keyboard/Controllers.h"
+#include "midi/MidiOut.h"
 #include "midi/Monitor.h"
 #include "midi/frmMsgEx.h"
 #include "unit/support/KeyboardLink.h"

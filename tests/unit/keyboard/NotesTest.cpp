@@ -1,4 +1,5 @@
 // The keys, and a note on and off.
+#include "midi/MidiOut.h"
 #include "unit/support/KeyboardLink.h"
 
 #include <gtest/gtest.h>

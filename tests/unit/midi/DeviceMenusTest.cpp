@@ -1,4 +1,5 @@
 // The two device menus: their names and marks at load, and what a click on an entry does.
+#include "midi/DeviceMenus.h"
 #include "unit/support/MidiLink.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,6 @@
 // The input device, its callback's ring, and Thru.
+#include "midi/DeviceMenus.h"
+#include "midi/MidiIn.h"
 #include "unit/support/MidiLink.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // The monitor: what it writes, when it is cleared, and its window.
 #include "midi/Monitor.h"
+#include "midi/MidiOut.h"
 #include "midi/frmMsgEx.h"
 #include "unit/support/MidiLink.h"
 

@@ -1,4 +1,5 @@
 // The send path, the notes, and the words of its failures.
+#include "midi/MidiOut.h"
 #include "unit/support/MidiLink.h"
 
 #include "midi/frmMsgEx.h"

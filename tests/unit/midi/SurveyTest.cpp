@@ -1,4 +1,5 @@
 // Taking stock of the devices at start, and reopening the saved ones.
+#include "midi/Survey.h"
 #include "unit/support/MidiLink.h"
 
 #include <gtest/gtest.h>

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "midi/MIDI.h"
+#include "midi/MidiOut.h"
+#include "midi/Survey.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
 #include "standin/StandinClock.h"

@@ -1,0 +1,15 @@
+// The menus of outputs, inputs and Thru.
+#pragma once
+
+#include "midi/MIDI.h"
+
+namespace velluto {
+
+// Names, visibility and check marks of mnuDevMIDIOut and mnuDevMIDIIn, at the load of the frame.
+void FillDeviceMenus(MidiState &midi);
+// The menu commands.
+void mnuDevMIDIOut_Click(MidiState &midi, int index);
+void mnuDevMIDIIn_Click(MidiState &midi, int index);
+void mnuMIDIThru_Click(MidiState &midi);
+
+} // namespace velluto
