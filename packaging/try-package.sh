@@ -51,7 +51,7 @@ mkdir -m 700 "$XDG_RUNTIME_DIR"
 Xvfb :91 -screen 0 1024x768x24 -nolisten tcp &
 display=$!
 export DISPLAY=:91
-sleep 2
+sleep 5
 openbox --sm-disable &
 cp /usr/share/velluto/data/samples/Full-64.pcg "$HOME/Stage.pcg"
 cd "$HOME"
@@ -59,7 +59,7 @@ velluto Stage.pcg &
 program=$!
 title() { xdotool getactivewindow getwindowname 2>/dev/null || true; }
 await() {
-    for _ in $(seq 200); do
+    for _ in $(seq 1200); do
         if [ "$(title)" = "$1" ]; then return 0; fi
         sleep 0.1
     done
@@ -68,7 +68,7 @@ await() {
 }
 await "Velluto v 1.1"
 xdotool key Down Return
-sleep 2
+sleep 5
 xdotool key Return # there is no MIDI input here, and the program says so
 await "Velluto v 1.1 - Velluto"
 sleep 1
