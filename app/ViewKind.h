@@ -26,3 +26,22 @@ inline constexpr int StyleOverviewLast = 28;
 inline constexpr int ChannelSetup = 29;
 
 } // namespace velluto::ViewKind
+
+namespace velluto {
+
+[[nodiscard]] constexpr bool IsFactoryPrograms(int kind)
+{
+    return kind >= ViewKind::BankA && kind <= ViewKind::BankF;
+}
+
+[[nodiscard]] constexpr bool IsFactoryStyles(int kind)
+{
+    return kind == ViewKind::FactoryStyles1 || kind == ViewKind::FactoryStyles2;
+}
+
+[[nodiscard]] constexpr bool IsStyleOverview(int kind)
+{
+    return kind >= ViewKind::StyleOverview && kind <= ViewKind::StyleOverviewLast;
+}
+
+} // namespace velluto

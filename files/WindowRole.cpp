@@ -36,21 +36,6 @@ void WithEntry(FilesState &files, RolePlace place, Use use)
 
 } // namespace
 
-bool IsFactoryPrograms(int kind)
-{
-    return kind >= ViewKind::BankA && kind <= ViewKind::BankF;
-}
-
-bool IsFactoryStyles(int kind)
-{
-    return kind == ViewKind::FactoryStyles1 || kind == ViewKind::FactoryStyles2;
-}
-
-bool IsStyleOverview(int kind)
-{
-    return kind >= ViewKind::StyleOverview && kind <= ViewKind::StyleOverviewLast;
-}
-
 std::optional<RolePlace> RolePlaceOf(FilesState &files, const Form &window, int shorterRows)
 {
     const int kind = window.Tag.Kind();

@@ -8,10 +8,6 @@
 
 namespace velluto {
 
-[[nodiscard]] bool IsFactoryPrograms(int kind);
-[[nodiscard]] bool IsFactoryStyles(int kind);
-[[nodiscard]] bool IsStyleOverview(int kind);
-
 struct RolePlace {
     DocumentType *type; // nullptr: the entry is one of the placement table
     int entry;          // index into the table

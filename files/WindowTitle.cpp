@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
+#include <string_view>
 
 namespace velluto {
 
@@ -18,67 +18,64 @@ struct Range {
 };
 
 constexpr Range kAnySlot{0, 255};
+constexpr Range kPrograms{ViewKind::ProgramFile, ViewKind::ProgramFile};
+constexpr Range kStyles{ViewKind::StyleFile, ViewKind::NewStyle};
+constexpr Range kPerformances{ViewKind::PerformanceFile, ViewKind::NewPerformance};
+constexpr int kNoWord = 0;
+constexpr int kNoNumber = -1;
 
-// Words in braces stand for what is filled in; all the rest stands as it is.
-//   {bank} {banks} {new}  words of the catalogue by their plain ids: Italian, whatever the language
-//   {BANKS}               the same word in the language of the run
-//   {name}                the file's name
-//   {n} {,n}              the slot less numberBase; with the comma it brings the blank of a plain number with it
-//   {45} {13}             so many characters of the Tag from position 21; {45} without trailing blanks
-struct TitleRule {
+// Does the file's name follow behind a colon, and what behind the name: "(STY)", or the slot in brackets.
+enum class Named { No, Yes, WithType, WithSlot };
+
+struct TitleRow {
     Range kinds;
     Range slots;
-    int numberBase;
-    std::string_view title;
+    int word; // of the catalogue by its plain id: Italian, whatever the language of the run
+    std::string_view text;
+    int numberBase; // the slot less this stands behind the text
+    Named named;
 };
 
-constexpr std::array<TitleRule, 17> kTitles{{
-    {{2, 7}, kAnySlot, 0, "{BANKS} {45}"},
-    {{15, 16}, kAnySlot, 0, "{BANKS} {13}"},
-    {{14, 14}, {9, 10}, 8, "{bank} User{,n}: {name}"},
-    {{14, 14}, {11, 12}, 0, "{new}: {name}"},
-    {{14, 14}, {1, 8}, 0, "File User: {name} ({n})"},
-    {{20, 21}, {0, 0}, 0, "{new}: {name}   (STY)"},
-    {{20, 21}, {1, 8}, 0, "File User: {name}   (STY)"},
-    {{20, 21}, {9, 11}, 8, "{bank} User{,n}: {name}   (STY)"},
-    {{20, 21}, {12, 20}, 11, "{bank} Direct HD{,n}: {name}   (STY)"},
-    {{22, 23}, {0, 0}, 0, "{new}: {name}"},
-    {{22, 23}, {1, 8}, 0, "File User: {name}"},
-    {{22, 23}, {9, 28}, 8, "{bank} User {n}: {name}"},
-    {{24, 24}, kAnySlot, 0, "{banks} Performance User 1-20"},
-    {{25, 25}, kAnySlot, 0, "{banks} Style User 1-3"},
-    {{26, 26}, kAnySlot, 0, "{bank} Direct HD 123"},
-    {{27, 27}, kAnySlot, 0, "{bank} Direct HD 456"},
-    {{28, 28}, kAnySlot, 0, "{bank} Direct HD 789"},
-}};
+constexpr std::array kTitles = std::to_array<TitleRow>({
+    {kPrograms, {9, 10}, TextId::Bank, " User", 8, Named::Yes},
+    {kPrograms, {11, 12}, TextId::NewFile, "", kNoNumber, Named::Yes},
+    {kPrograms, {1, 8}, kNoWord, "File User", kNoNumber, Named::WithSlot},
+    {kStyles, {0, 0}, TextId::NewFile, "", kNoNumber, Named::WithType},
+    {kStyles, {1, 8}, kNoWord, "File User", kNoNumber, Named::WithType},
+    {kStyles, {9, 11}, TextId::Bank, " User", 8, Named::WithType},
+    {kStyles, {12, 20}, TextId::Bank, " Direct HD", 11, Named::WithType},
+    {kPerformances, {0, 0}, TextId::NewFile, "", kNoNumber, Named::Yes},
+    {kPerformances, {1, 8}, kNoWord, "File User", kNoNumber, Named::Yes},
+    {kPerformances, {9, 28}, TextId::Bank, " User", 8, Named::Yes},
+    {{24, 24}, kAnySlot, TextId::Banks, " Performance User 1-20", kNoNumber, Named::No},
+    {{25, 25}, kAnySlot, TextId::Banks, " Style User 1-3", kNoNumber, Named::No},
+    {{26, 26}, kAnySlot, TextId::Bank, " Direct HD 123", kNoNumber, Named::No},
+    {{27, 27}, kAnySlot, TextId::Bank, " Direct HD 456", kNoNumber, Named::No},
+    {{28, 28}, kAnySlot, TextId::Bank, " Direct HD 789", kNoNumber, Named::No},
+});
 
-std::string Filled(const Modulo1 &app, const WindowTag &tag, const TitleRule &rule, std::string_view word)
+std::string TitleOf(const TitleRow &row, const WindowTag &tag)
 {
-    constexpr int kLongName = 45;
-    constexpr int kShortName = 13;
-    const std::string number = std::to_string(tag.Slot() - rule.numberBase);
-    if (word == "BANKS") {
-        return app.messages.Text(TextId::Banks);
+    std::string title(row.word != kNoWord ? LoadResString(row.word) : std::string_view());
+    title += row.text;
+    if (row.numberBase != kNoNumber) {
+        title += " " + std::to_string(tag.Slot() - row.numberBase);
     }
-    if (word == "banks") {
-        return std::string(LoadResString(TextId::Banks));
+    if (row.named != Named::No) {
+        title += ": " + FileNameOf(tag.Path());
     }
-    if (word == "bank") {
-        return std::string(LoadResString(TextId::Bank));
+    if (row.named == Named::WithType) {
+        title += "   (STY)";
+    } else if (row.named == Named::WithSlot) {
+        title += " (" + std::to_string(tag.Slot()) + ")";
     }
-    if (word == "new") {
-        return std::string(LoadResString(TextId::NewFile));
-    }
-    if (word == "name") {
-        return FileNameOf(tag.Path());
-    }
-    if (word == "45") {
-        return std::string(RightTrimmed(tag.Text(TagPosition::Path, kLongName)));
-    }
-    if (word == "13") {
-        return tag.Text(TagPosition::Path, kShortName);
-    }
-    return word == ",n" ? " " + number : number;
+    return title;
+}
+
+// A factory bank's name stands in its Tag, where others have their path.
+std::string FactoryTitle(const Modulo1 &app, std::string_view name)
+{
+    return app.messages.Text(TextId::Banks) + " " + std::string(name);
 }
 
 } // namespace
@@ -90,24 +87,16 @@ std::string WindowTitle(Modulo1 &app, const WindowTag &tag)
     // A new Program file is a Program file in its own slot.
     const bool newProgram = Range{ViewKind::NewProgram64, ViewKind::NewProgram128}.Has(app.ViewKind);
     const int kind = newProgram ? ViewKind::ProgramFile : app.ViewKind;
-    const std::span<const TitleRule> rules(kTitles);
-    const auto rule = std::ranges::find_if(rules, [&](const TitleRule &r) { return r.kinds.Has(kind) && r.slots.Has(app.slot); });
-    if (rule == rules.end()) {
-        return {};
+    constexpr int kProgramBankName = 45;
+    constexpr int kStyleBankName = 13;
+    if (IsFactoryPrograms(kind)) {
+        return FactoryTitle(app, RightTrimmed(tag.Text(TagPosition::Path, kProgramBankName)));
     }
-    std::string title;
-    std::string_view rest = rule->title;
-    while (!rest.empty()) {
-        const auto open = rest.find('{');
-        title += rest.substr(0, open);
-        if (open == std::string_view::npos) {
-            break;
-        }
-        const auto close = rest.find('}', open);
-        title += Filled(app, tag, *rule, rest.substr(open + 1, close - open - 1));
-        rest.remove_prefix(close + 1);
+    if (IsFactoryStyles(kind)) {
+        return FactoryTitle(app, tag.Text(TagPosition::Path, kStyleBankName));
     }
-    return title;
+    const auto *const row = std::ranges::find_if(kTitles, [&](const TitleRow &r) { return r.kinds.Has(kind) && r.slots.Has(app.slot); });
+    return row != kTitles.end() ? TitleOf(*row, tag) : std::string();
 }
 
 } // namespace velluto
