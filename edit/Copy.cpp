@@ -8,23 +8,21 @@ namespace velluto {
 void mnuCopia_Click(FilesState &files)
 {
     constexpr int kNoRow = 256;
-    Form *window = files.app.children.Active();
-    const ListBox *list = window != nullptr ? ListOf(*window) : nullptr;
-    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(files, window->Tag) : std::nullopt;
-    if (!rules) {
+    const std::optional<ItemWindow> window = ActiveItemWindow(files);
+    if (!window) {
         return;
     }
+    const WindowTag &tag = window->form.Tag;
     ItemClipboard &clipboard = files.clipboard;
-    clipboard.ClipSlot = window->Tag.Slot();
-    clipboard.ClipKind = window->Tag.Kind();
-    clipboard.ClipHasSts = window->Tag.At(TagPosition::HasSts);
+    clipboard.ClipSlot = tag.Slot();
+    clipboard.ClipKind = tag.Kind();
+    clipboard.ClipHasSts = tag.At(TagPosition::HasSts);
     clipboard.ClipFirstRow = kNoRow;
     clipboard.ClipCount = 0;
-    clipboard.ClipImage = window->Tag.image;
+    clipboard.ClipImage = tag.image;
 
-    const ItemRows rows{*list, *rules};
-    for (int i = 0; i < rules->copied; ++i) {
-        if (rows.IsOccupied(i) && rows.IsSelected(i)) {
+    for (int i = 0; i < window->rules.copied; ++i) {
+        if (window->IsOccupied(i) && window->IsSelected(i)) {
             if (clipboard.ClipFirstRow == kNoRow) {
                 clipboard.ClipFirstRow = i;
             }

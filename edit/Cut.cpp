@@ -9,7 +9,7 @@ namespace velluto {
 namespace {
 
 // The 1-based first selected row with an item; rules.rows + 1 for none.
-int FirstSelectedItem(const ItemRows &rows)
+int FirstSelectedItem(const ItemWindow &rows)
 {
     int r = 1;
     while (r <= rows.rules.rows && !(rows.IsOccupied(r - 1) && rows.IsSelected(r - 1))) {
@@ -18,7 +18,7 @@ int FirstSelectedItem(const ItemRows &rows)
     return r;
 }
 
-int CountRun(const ItemRows &rows, int first)
+int CountRun(const ItemWindow &rows, int first)
 {
     int count = 0;
     for (int r = first; r <= rows.rules.rows && !rows.IsEmpty(r - 1) && rows.IsSelected(r - 1); ++r) {
@@ -39,11 +39,11 @@ void FillClipboard(FilesState &files, const WindowTag &tag, int first)
     clipboard.ClipValid = 1;
 }
 
-void BlankRows(ListBox &list, const RowRules &rules, int first, int count)
+void BlankRows(const ItemWindow &window, int first, int count)
 {
     constexpr std::size_t kBlanks = 16;
     for (int r = first; r < first + count; ++r) {
-        list.SetRow(r - 1, list.Row(r - 1).substr(0, rules.emptyLength + 1) + std::string(kBlanks, ' '));
+        window.list.SetRow(r - 1, window.list.Row(r - 1).substr(0, window.rules.emptyLength + 1) + std::string(kBlanks, ' '));
     }
 }
 
@@ -51,17 +51,14 @@ void BlankRows(ListBox &list, const RowRules &rules, int first, int count)
 
 void mnuTaglia_Click(FilesState &files)
 {
-    Form *window = files.app.children.Active();
-    ListBox *list = window != nullptr ? ListOf(*window) : nullptr;
-    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(files, window->Tag) : std::nullopt;
-    if (!rules || window->Tag.image.empty()) {
+    const std::optional<ItemWindow> window = ActiveItemWindow(files);
+    if (!window || window->form.Tag.image.empty()) {
         return;
     }
-    WindowTag &tag = window->Tag;
-    const ItemRows rows{*list, *rules};
-    const int first = FirstSelectedItem(rows);
-    if (first <= rules->rows) {
-        files.CutCount = CountRun(rows, first); // where nothing is selected the count of the Cut before stays
+    WindowTag &tag = window->form.Tag;
+    const int first = FirstSelectedItem(*window);
+    if (first <= window->rules.rows) {
+        files.CutCount = CountRun(*window, first); // where nothing is selected the count of the Cut before stays
     }
 
     Assembly assembly{files, std::nullopt};
@@ -76,7 +73,7 @@ void mnuTaglia_Click(FilesState &files)
         return;
     }
     FillClipboard(files, tag, first);
-    BlankRows(*list, *rules, first, files.CutCount);
+    BlankRows(*window, first, files.CutCount);
     tag.Set(TagPosition::Modified, 1);
     if (tag.Kind() == ViewKind::NewStyle && CountItems(files.BuildImage.View()) == 0) {
         tag.Set(TagPosition::PasteFixed, 0);

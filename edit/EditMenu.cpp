@@ -28,7 +28,7 @@ struct SelectedRun {
     int last;
 };
 
-std::optional<SelectedRun> FindSelectedRun(const ItemRows &rows)
+std::optional<SelectedRun> FindSelectedRun(const ItemWindow &rows)
 {
     int first = 0;
     while (first < rows.rules.rows && !rows.IsSelected(first)) {
@@ -62,32 +62,34 @@ bool FitsClipboard(FilesState &files, const WindowTag &tag)
 
 // A run without an empty row can be copied and cut, one without an item can be pasted to. The first user bank of each type
 // can only be copied from: it stands in slot 9.
-void OfferItems(FilesState &files, Form &window)
+void OfferItems(FilesState &files)
 {
-    const std::optional<RowRules> rules = RowRulesOf(files, window.Tag);
-    const ListBox *list = ListOf(window);
-    const bool styles = files.styles.Has(window.Tag.Kind());
-    if (!rules || list == nullptr || (styles && window.Tag.At(TagPosition::ListShows) == 0)) {
+    const std::optional<ItemWindow> rows = ActiveItemWindow(files);
+    if (!rows) {
+        return;
+    }
+    const WindowTag &tag = rows->form.Tag;
+    const bool styles = files.styles.Has(tag.Kind());
+    if (styles && tag.At(TagPosition::ListShows) == 0) {
         return; // STS are never moved by themselves
     }
-    const ItemRows rows{*list, *rules};
-    const std::optional<SelectedRun> run = FindSelectedRun(rows);
+    const std::optional<SelectedRun> run = FindSelectedRun(*rows);
     if (!run) {
         return;
     }
     bool hasEmpty = false;
     bool hasItem = false;
     for (int row = run->first; row <= run->last; ++row) {
-        hasEmpty = hasEmpty || rows.IsEmpty(row);
-        hasItem = hasItem || rows.IsOccupied(row);
+        hasEmpty = hasEmpty || rows->IsEmpty(row);
+        hasItem = hasItem || rows->IsOccupied(row);
     }
     frmMain &frame = files.app.frame;
-    const bool editable = window.Tag.Slot() != kFirstBankSlot;
+    const bool editable = tag.Slot() != kFirstBankSlot;
     if (!hasEmpty) {
         frame.mnuCopia.enabled = true;
         frame.mnuTaglia.enabled = editable;
     }
-    if (files.clipboard.ClipValid != 0 && FitsClipboard(files, window.Tag) && !hasItem) {
+    if (files.clipboard.ClipValid != 0 && FitsClipboard(files, tag) && !hasItem) {
         frame.mnuIncolla.enabled = editable;
     }
 }
@@ -122,7 +124,7 @@ void OfferRoles(FilesState &files, const Form &window)
 void mnuModifica_Click(FilesState &files)
 {
     frmMain &frame = files.app.frame;
-    Form *window = files.app.children.Active();
+    const Form *window = files.app.children.Active();
     frame.mnuIngrandisci.enabled = false;
     frame.mnuCopia.enabled = false;
     frame.mnuIncolla.enabled = false;
@@ -138,7 +140,7 @@ void mnuModifica_Click(FilesState &files)
     if (files.app.ViewKind == kKindLeftAlone) {
         return;
     }
-    OfferItems(files, *window);
+    OfferItems(files);
     OfferNaturalSize(files, *window);
     WithdrawRoles(frame);
     OfferRoles(files, *window);

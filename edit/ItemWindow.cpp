@@ -5,6 +5,9 @@
 
 namespace velluto {
 
+namespace {
+
+// Nothing for a window that holds no items of a file.
 std::optional<RowRules> RowRulesOf(FilesState &files, const WindowTag &tag)
 {
     const DocumentType *type = TypeOfKind(files, tag.Kind());
@@ -18,14 +21,19 @@ std::optional<RowRules> RowRulesOf(FilesState &files, const WindowTag &tag)
     return rules;
 }
 
-ListBox *ListOf(Form &window)
-{
-    return dynamic_cast<ListBox *>(ControlNamed(window, "List1"));
-}
+} // namespace
 
-std::size_t ItemRows::Length(int row) const
+std::size_t ItemWindow::Length(int row) const
 {
     return RightTrimmed(list.Row(row)).size();
+}
+
+std::optional<ItemWindow> ActiveItemWindow(FilesState &files)
+{
+    Form *form = files.app.children.Active();
+    auto *list = form != nullptr ? dynamic_cast<ListBox *>(ControlNamed(*form, "List1")) : nullptr;
+    const std::optional<RowRules> rules = list != nullptr ? RowRulesOf(files, form->Tag) : std::nullopt;
+    return rules ? std::optional(ItemWindow{*form, *list, *rules}) : std::nullopt;
 }
 
 } // namespace velluto

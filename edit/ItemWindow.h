@@ -8,14 +8,10 @@
 
 namespace velluto {
 
-// Nothing for a window that holds no items of a file.
-[[nodiscard]] std::optional<RowRules> RowRulesOf(FilesState &files, const WindowTag &tag);
-// The window's list, nullptr where it has none.
-[[nodiscard]] ListBox *ListOf(Form &window);
-
 // Rows are 0-based; one past the end of the list reads as empty text.
-struct ItemRows {
-    const ListBox &list;
+struct ItemWindow {
+    Form &form;
+    ListBox &list;
     RowRules rules;
 
     [[nodiscard]] std::size_t Length(int row) const; // trailing blanks not counted
@@ -24,5 +20,8 @@ struct ItemRows {
     [[nodiscard]] bool IsEmpty(int row) const { return Length(row) == rules.emptyLength; }
     [[nodiscard]] bool IsSelected(int row) const { return list.Selected(row); }
 };
+
+// The active child, where it holds items of a file.
+[[nodiscard]] std::optional<ItemWindow> ActiveItemWindow(FilesState &files);
 
 } // namespace velluto

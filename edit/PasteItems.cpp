@@ -1,6 +1,7 @@
+#include "edit/PasteItems.h"
+
 #include "app/FixedText.h"
 #include "edit/ImageDraft.h"
-#include "edit/PasteSteps.h"
 
 #include <algorithm>
 
@@ -30,9 +31,8 @@ std::string RowName(std::string name)
 void ComposeRows(PasteJob &job, const Block &block)
 {
     for (int k = 0; k < job.take; ++k) {
-        const int row = job.dest + k;
         const std::string name = RowName(block.clip.Text(EntryPosition(block.ClipEntry + k), Korf::kNameLength));
-        job.newRows.emplace_back(row, job.rows.list.Row(row).substr(0, job.rows.rules.emptyLength + 1) + name);
+        job.ShowInRow(job.dest + k, job.window.rules.emptyLength + 1, name);
     }
 }
 
@@ -67,7 +67,7 @@ void MoveAll(const Items &items, int count, std::int64_t by)
 }
 
 // Into a window without items, also a new one without an image.
-ImagePieces BeginItems(PasteJob &job, const Block &block)
+ImagePieces BeginItems(const PasteJob &job, const Block &block)
 {
     const Items items(job.files.ItemIndex);
     const Items built(job.files.BuildItemIndex);
@@ -84,7 +84,7 @@ ImagePieces BeginItems(PasteJob &job, const Block &block)
 }
 
 // Behind all occupied rows. The table holds the target's index.
-ImagePieces AppendItems(PasteJob &job, const Block &block, const ImagePieces &target, int n)
+ImagePieces AppendItems(const PasteJob &job, const Block &block, const ImagePieces &target, int n)
 {
     const Items items(job.files.ItemIndex);
     const Items built(job.files.BuildItemIndex);
@@ -97,8 +97,7 @@ ImagePieces AppendItems(PasteJob &job, const Block &block, const ImagePieces &ta
         built.SetLength(item, items.Length(block.ClipEntry + item - n - 1));
     }
     AppendTakenEntries(draft, job, block);
-    job.take += n;
-    return draft.Close(job.files.BuildItemIndex, job.take);
+    return draft.Close(job.files.BuildItemIndex, n + job.take);
 }
 
 // The table's part of an insert before item p. The order matters, since later writes read earlier ones, and the lengths
@@ -123,7 +122,7 @@ void ShiftTable(const PasteJob &job, int n, int p)
 }
 
 // Before the occupied rows that follow.
-ImagePieces InsertItems(PasteJob &job, const Block &block, const ImagePieces &target, int n)
+ImagePieces InsertItems(const PasteJob &job, const Block &block, const ImagePieces &target, int n)
 {
     const Items built(job.files.BuildItemIndex);
     const int above = FindEntryAbove(target, n, job.dest);
@@ -139,8 +138,7 @@ ImagePieces InsertItems(PasteJob &job, const Block &block, const ImagePieces &ta
     draft.AppendBytes(target, built.Position(p), built.End(n)); // by the shifted table, though the target never moved
     const int all = n + job.take;
     MoveAll(built, all, std::int64_t{job.take} * Korf::kEntryLength);
-    job.take = all;
-    return draft.Close(job.files.BuildItemIndex, job.take);
+    return draft.Close(job.files.BuildItemIndex, all);
 }
 
 } // namespace

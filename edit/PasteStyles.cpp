@@ -1,7 +1,10 @@
+#include "edit/PasteStyles.h"
+
 #include "edit/ImageDraft.h"
-#include "edit/PasteSteps.h"
 #include "files/StyleLayout.h"
 #include "files/StyleRows.h"
+
+#include <algorithm>
 
 namespace velluto {
 
@@ -9,84 +12,89 @@ namespace {
 
 constexpr int kRowHead = 4; // characters of a row in front of its name
 
+// The clipboard's file, indexed once for the whole Paste.
+struct Clip {
+    explicit Clip(const PasteJob &job)
+        : image(job.files.clipboard.ClipImage), layout(ClassifyStyleLayout(job.files.clipboard.ClipImage.View())), count(CountItems(image))
+    {
+        IndexItems(image, job.files.ItemIndex);
+        index = job.files.ItemIndex;
+    }
+
+    ImagePieces image;
+    int layout; // a StyleLayout
+    int count;
+    ItemTable index{};
+
+    [[nodiscard]] int EntryFor(int row) const { return FindEntry(image, count, row - 1); }
+    // Where the STS of an entry stands, by the layout: its entry and its item.
+    [[nodiscard]] int PartnerOf(int entry) const { return layout == StyleLayout::Interleaved ? entry + 1 : entry + count / 2; }
+    // Puts the items over what the table holds. Those behind the last one stay, and are read where an entry is not found.
+    void LayOver(ItemTable &table) const
+    {
+        const auto items = static_cast<std::size_t>(std::min(count, Korf::kMostItems));
+        std::copy_n(index.begin(), items, table.begin());
+        std::copy_n(index.begin() + Korf::kMostItems, items, table.begin() + Korf::kMostItems);
+    }
+};
+
 // What the list is to show: the Styles by name and size, each behind the number of its new row.
-void ComposeRows(PasteJob &job, const ImagePieces &clip)
+void ComposeRows(PasteJob &job, const Clip &clip)
 {
     const Items items(job.files.ItemIndex);
-    const int s = CountItems(clip);
     for (int r = job.first; r <= job.stop; ++r) {
-        const int e = FindEntry(clip, s, r - 1);
-        const int row = job.RowOf(r);
-        const std::string text = StyleText(clip.Text(EntryPosition(e), Korf::kNameLength), items.Length(e));
-        job.newRows.emplace_back(row, job.rows.list.Row(row).substr(0, kRowHead) + text);
+        const int e = clip.EntryFor(r);
+        job.ShowInRow(job.RowOf(r), kRowHead, StyleText(clip.image.Text(EntryPosition(e), Korf::kNameLength), items.Length(e)));
     }
 }
 
-} // namespace
-
-PasteOutcome PasteStyles(Assembly &assembly, PasteJob &job, const FileImage &target)
+// The entries of the run, each with that of its STS behind it where pairs come in.
+void AppendRunEntries(ImageDraft &draft, const PasteJob &job, const Clip &clip, bool pairs)
 {
-    const FileImage &clipImage = job.files.clipboard.ClipImage;
-    const ImagePieces clip(clipImage);
-    IndexItems(clip, job.files.ItemIndex);
-    ComposeRows(job, clip);
-    const ImagePieces t(target);
-    const int clipLayout = ClassifyStyleLayout(clipImage.View());
-    if (CountItems(t) == 0) {
-        PasteIntoEmptyStyles(assembly, job, clip, clipLayout);
-        return clipLayout == StyleLayout::StylesOnly ? PasteOutcome::Began : PasteOutcome::BeganWithSts;
+    for (int r = job.first; r <= job.stop; ++r) {
+        const int e = clip.EntryFor(r);
+        draft.AppendEntry(clip.image, e, job.RowOf(r));
+        if (pairs) {
+            draft.AppendEntry(clip.image, clip.PartnerOf(e), job.RowOf(r));
+        }
     }
-    const int targetLayout = ClassifyStyleLayout(target.View());
-    if (targetLayout == StyleLayout::Grouped) {
-        PasteIntoGroupedStyles(assembly, job, clip, clipLayout, t);
-    } else {
-        AppendStyles(assembly, job, clip, clipLayout, t, targetLayout);
-    }
-    return PasteOutcome::Filled;
 }
 
-// Each Style and its STS side by side, however they stood in the source.
-void PasteIntoEmptyStyles(Assembly &assembly, PasteJob &job, const ImagePieces &clip, int layout)
+// The bodies likewise. Their lengths go to BuildItemIndex, from a place on and so many places apart for each Style.
+void AppendRunBodies(ImageDraft &draft, const PasteJob &job, const Clip &clip, bool pairs, int place, int stride)
 {
     const Items items(job.files.ItemIndex);
     const Items built(job.files.BuildItemIndex);
-    const int s = CountItems(clip);
-    const bool pairs = layout != StyleLayout::StylesOnly;
-    const auto partnerOf = [&](int e) { return layout == StyleLayout::Grouped ? e + s / 2 : e + 1; };
-    IndexItems(clip, job.files.ItemIndex);
-    ImageDraft draft;
-    for (int r = job.first; r <= job.stop; ++r) {
-        const int e = FindEntry(clip, s, r - 1);
-        draft.AppendEntry(clip, e, job.RowOf(r));
-        if (pairs) {
-            draft.AppendEntry(clip, partnerOf(e), job.RowOf(r));
-        }
-    }
-    for (int r = job.first; r <= job.stop; ++r) {
-        const int e = FindEntry(clip, s, r - 1);
-        // Two places for each Style even where it has no STS: the second one then keeps what an earlier edit left
-        // there, and the positions are reckoned by it all the same.
-        const int place = 1 + 2 * (r - job.first);
-        draft.AppendBody(clip, items, e);
+    for (int r = job.first; r <= job.stop; ++r, place += stride) {
+        const int e = clip.EntryFor(r);
+        draft.AppendBody(clip.image, items, e);
         built.SetLength(place, items.Length(e));
         if (pairs) {
-            draft.AppendBody(clip, items, partnerOf(e));
-            built.SetLength(place + 1, items.Length(partnerOf(e)));
+            draft.AppendBody(clip.image, items, clip.PartnerOf(e));
+            built.SetLength(place + 1, items.Length(clip.PartnerOf(e)));
         }
     }
-    if (pairs) {
-        job.take *= 2;
-    }
-    built.Cumulate(FirstBody(job.take), job.take);
-    assembly.image = draft.Close(job.files.BuildItemIndex, job.take);
+}
+
+// Each Style and its STS side by side, however they stood in the source.
+void PasteIntoEmpty(Assembly &assembly, const PasteJob &job, const Clip &clip)
+{
+    // Two places for each Style even where it has no STS: the second one then keeps what an earlier edit left there, and
+    // the positions are reckoned by it all the same.
+    constexpr int kStride = 2;
+    const bool pairs = clip.layout != StyleLayout::StylesOnly;
+    ImageDraft draft;
+    AppendRunEntries(draft, job, clip, pairs);
+    AppendRunBodies(draft, job, clip, pairs, 1, kStride);
+    const int all = pairs ? 2 * job.take : job.take;
+    Items(job.files.BuildItemIndex).Cumulate(FirstBody(all), all);
+    assembly.image = draft.Close(job.files.BuildItemIndex, all);
 }
 
 // Puts each Style among the Styles and its STS among the STS. Every Style builds a whole image, from which the next one
 // starts.
-void PasteIntoGroupedStyles(Assembly &assembly, PasteJob &job, const ImagePieces &clip, int clipLayout, ImagePieces target)
+void PasteIntoGrouped(Assembly &assembly, const PasteJob &job, const Clip &clip, ImagePieces target)
 {
-    constexpr int kFirstSlotByte = 57; // 1-based positions of the slot bytes of the first two entries
-    constexpr int kSecondSlotByte = 81;
     FilesState &files = job.files;
     const Items items(files.ItemIndex);
     const Items saved(files.SavedItemIndex);
@@ -97,22 +105,22 @@ void PasteIntoGroupedStyles(Assembly &assembly, PasteJob &job, const ImagePieces
         const int h = n / 2;
         IndexItems(target, files.ItemIndex);
         items.CopyTo(saved);
-        IndexItems(clip, files.ItemIndex);
-        const int s = CountItems(clip);
-        const int e = FindEntry(clip, s, r - 1);
+        clip.LayOver(files.ItemIndex);
+        const int e = clip.EntryFor(r);
         const int above = FindEntryAbove(target, n, row);
         const int p = above != 0 ? above : h + 1;
         const int q = p + h + 1; // the place of the STS
         // Entry and body of the partner are looked for by two tests, and agree in every file that has STS.
-        const int partnerEntry = clip.At(kFirstSlotByte) == clip.At(kSecondSlotByte) ? e + 1 : e + s / 2;
-        const int partnerBody = clipLayout == StyleLayout::Interleaved ? e + 1 : e + s / 2;
+        const bool adjacent = SlotOf(clip.image, 1) == SlotOf(clip.image, 2);
+        const int partnerEntry = adjacent ? e + 1 : e + clip.count / 2;
+        const int partnerBody = clip.PartnerOf(e);
         const bool followed = p < h; // one short where the Style goes before the last one: files in use are made so
 
         ImageDraft draft;
         draft.AppendEntries(target, 1, p - 1);
-        draft.AppendEntry(clip, e, row);
+        draft.AppendEntry(clip.image, e, row);
         draft.AppendEntries(target, p, h);
-        draft.AppendEntry(clip, partnerEntry, row);
+        draft.AppendEntry(clip.image, partnerEntry, row);
         if (followed) {
             draft.AppendEntries(target, p + h, h - p + 1);
         }
@@ -123,10 +131,10 @@ void PasteIntoGroupedStyles(Assembly &assembly, PasteJob &job, const ImagePieces
             }
         }
         draft.AppendBodies(target, saved, 1, p - 1);
-        draft.AppendBody(clip, items, e);
+        draft.AppendBody(clip.image, items, e);
         built.SetLength(p, items.Length(e));
         draft.AppendBodies(target, saved, p, p + h - 1);
-        draft.AppendBody(clip, items, partnerBody);
+        draft.AppendBody(clip.image, items, partnerBody);
         built.SetLength(q, items.Length(partnerBody));
         if (followed) {
             draft.AppendBodies(target, saved, p + h, n);
@@ -138,20 +146,17 @@ void PasteIntoGroupedStyles(Assembly &assembly, PasteJob &job, const ImagePieces
 }
 
 // New items go behind all others, whatever their slots.
-void AppendStyles(Assembly &assembly, PasteJob &job, const ImagePieces &clip, int clipLayout, const ImagePieces &target, int targetLayout)
+void AppendStyles(Assembly &assembly, const PasteJob &job, const Clip &clip, const ImagePieces &target, int targetLayout)
 {
     FilesState &files = job.files;
-    const Items items(files.ItemIndex);
     const Items saved(files.SavedItemIndex);
     const Items built(files.BuildItemIndex);
     const int n = CountItems(target);
     const bool pairs = targetLayout != StyleLayout::StylesOnly; // elsewhere a Style loses its STS
     const int stride = pairs ? 2 : 1;
     IndexItems(target, files.ItemIndex);
-    items.CopyTo(saved);
-    IndexItems(clip, files.ItemIndex);
-    const int s = CountItems(clip);
-    const auto partnerOf = [&](int e) { return clipLayout == StyleLayout::Interleaved ? e + 1 : e + s / 2; };
+    Items(files.ItemIndex).CopyTo(saved);
+    clip.LayOver(files.ItemIndex);
 
     ImageDraft draft;
     draft.AppendEntries(target, 1, n);
@@ -159,27 +164,32 @@ void AppendStyles(Assembly &assembly, PasteJob &job, const ImagePieces &clip, in
         built.SetPosition(item, saved.Position(item));
         built.SetLength(item, saved.Length(item));
     }
-    for (int r = job.first; r <= job.stop; ++r) {
-        const int e = FindEntry(clip, s, r - 1);
-        draft.AppendEntry(clip, e, job.RowOf(r));
-        if (pairs) {
-            draft.AppendEntry(clip, partnerOf(e), job.RowOf(r));
-        }
-    }
+    AppendRunEntries(draft, job, clip, pairs);
     draft.AppendBodies(target, saved, 1, n);
-    for (int r = job.first; r <= job.stop; ++r) {
-        const int e = FindEntry(clip, s, r - 1);
-        const int place = n + 1 + (r - job.first) * stride;
-        draft.AppendBody(clip, items, e);
-        built.SetLength(place, items.Length(e));
-        if (pairs) {
-            draft.AppendBody(clip, items, partnerOf(e));
-            built.SetLength(place + 1, items.Length(partnerOf(e)));
-        }
+    AppendRunBodies(draft, job, clip, pairs, n + 1, stride);
+    const int all = n + job.take * stride;
+    built.Cumulate(FirstBody(all), all);
+    assembly.image = draft.Close(files.BuildItemIndex, all);
+}
+
+} // namespace
+
+PasteOutcome PasteStyles(Assembly &assembly, PasteJob &job, const FileImage &target)
+{
+    const Clip clip(job);
+    ComposeRows(job, clip);
+    const ImagePieces pieces(target);
+    if (CountItems(pieces) == 0) {
+        PasteIntoEmpty(assembly, job, clip);
+        return clip.layout == StyleLayout::StylesOnly ? PasteOutcome::Began : PasteOutcome::BeganWithSts;
     }
-    job.take = n + job.take * stride;
-    built.Cumulate(FirstBody(job.take), job.take);
-    assembly.image = draft.Close(files.BuildItemIndex, job.take);
+    const int targetLayout = ClassifyStyleLayout(target.View());
+    if (targetLayout == StyleLayout::Grouped) {
+        PasteIntoGrouped(assembly, job, clip, pieces);
+    } else {
+        AppendStyles(assembly, job, clip, pieces, targetLayout);
+    }
+    return PasteOutcome::Filled;
 }
 
 } // namespace velluto

@@ -1,23 +1,27 @@
 #include "edit/CutSteps.h"
+
 #include "edit/ImageDraft.h"
 #include "files/StyleLayout.h"
+
+#include <algorithm>
+#include <initializer_list>
 
 namespace velluto {
 
 namespace {
 
-// What one Style leaves behind: entries up to and from, and as many again around its STS where that stands apart.
-struct Gap {
-    int first; // 1-based entry
-    int width; // entries side by side
+// Entries that go, side by side.
+struct Taken {
+    int first; // 1-based
+    int width;
 };
 
-void TakeLengths(const Items &from, const Items &to, int n, std::initializer_list<Gap> gaps)
+// The lengths of n items, less those that go, follow one another in the new table.
+void KeepLengths(const Items &from, const Items &to, int n, std::initializer_list<Taken> taken)
 {
     int place = 0;
     for (int item = 1; item <= n; ++item) {
-        const bool left = std::ranges::none_of(gaps, [item](Gap gap) { return item >= gap.first && item < gap.first + gap.width; });
-        if (left) {
+        if (std::ranges::none_of(taken, [item](Taken gone) { return item >= gone.first && item < gone.first + gone.width; })) {
             to.SetLength(++place, from.Length(item));
         }
     }
@@ -36,7 +40,7 @@ int CutGrouped(ImageDraft &draft, const ImagePieces &source, FilesState &files, 
     if (e < half) {
         draft.AppendBodies(source, items, e + half + 1, n);
     }
-    TakeLengths(items, Items(files.BuildItemIndex), n, {{e, 1}, {e + half, 1}});
+    KeepLengths(items, Items(files.BuildItemIndex), n, {{e, 1}, {e + half, 1}});
     return n - 2;
 }
 
@@ -50,11 +54,44 @@ int CutAdjacent(ImageDraft &draft, const ImagePieces &source, FilesState &files,
     }
     draft.AppendBodies(source, items, 1, e - 1);
     draft.AppendBodies(source, items, e + width, n);
-    TakeLengths(items, Items(files.BuildItemIndex), n, {{e, width}});
+    KeepLengths(items, Items(files.BuildItemIndex), n, {{e, width}});
     return n - width;
 }
 
 } // namespace
+
+void CutItems(Assembly &assembly, const ImagePieces &source, int first)
+{
+    FilesState &files = assembly.files;
+    const Items items(files.ItemIndex);
+    const Items built(files.BuildItemIndex);
+    const int count = files.CutCount;
+    const int n = CountItems(source);
+    ImageDraft draft;
+    IndexItems(source, files.ItemIndex);
+    const int e = FindEntry(source, n, first - 1);
+    if (e > n) {
+        // Nothing was selected: the file is left with no items at all, though its rows stay.
+        assembly.image = draft.Close(files.BuildItemIndex, 0);
+        return;
+    }
+    const int after = e + count;
+    const bool followed = after - 1 < n;
+
+    draft.AppendEntries(source, 1, e - 1);
+    if (followed) {
+        // Not the rest of the directory: e - 1 entries too many, taken from the first bodies. They end up between
+        // directory and bodies, and neither the count nor the positions below know of them. Files in use have them.
+        draft.AppendEntries(source, after, n - count);
+    }
+    draft.AppendBodies(source, items, 1, e - 1);
+    draft.AppendBodies(source, items, after, n);
+
+    KeepLengths(items, built, n, {{e, count}});
+    const int m = n - count;
+    built.Cumulate(FirstBody(m), m);
+    assembly.image = draft.Close(files.BuildItemIndex, m);
+}
 
 void CutStyles(Assembly &assembly, const FileImage &source, int first)
 {
