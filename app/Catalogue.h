@@ -1,5 +1,5 @@
-// Every text of the program in its two languages, by id: 1 to 155 Italian, the id + 200 English. Used wherever a text
-// is shown; whoever reads one adds LinguaBase himself.
+// The numbered texts of the program in its two languages: 1 to 155 Italian, the id + 200 English; whoever reads one adds
+// LinguaBase himself. Texts without a number stand as TwoTexts beside what they belong to.
 #pragma once
 
 #include <string>

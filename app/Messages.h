@@ -1,6 +1,7 @@
 // The two message routines that every box of the program goes through, and the language offset they read texts with.
 #pragma once
 
+#include "app/Language.h"
 #include "view/Face.h"
 
 #include <string>
@@ -42,10 +43,11 @@ inline constexpr int ProgramChanged = 3;
 
 struct Messages {
     Face &face;
-    int LinguaBase = 0; // 0 Italian, 200 English; fixed for a run
+    int LinguaBase = kItalianBase; // fixed for a run
 
     // The catalogue's text in the language of the run. id is the Italian one.
     [[nodiscard]] std::string Text(int id) const;
+    [[nodiscard]] std::string Text(const TwoTexts &texts) const { return std::string(texts.In(LinguaBase)); }
     // Shows message `number` with its "_" replaced by insert. Numbers outside the table lead to no text.
     void ShowMessage(int number, std::string_view title, std::string_view insert) const;
     // Yes, No or Cancel (Box::kYes...).

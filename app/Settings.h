@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/FixedText.h"
+#include "app/Language.h"
 
 #include <array>
 #include <cstdint>
@@ -91,7 +92,7 @@ struct Settings {
     // AssignFactoryBanks.
     Settings();
 
-    std::uint8_t Lingua = 1; // 1 Italian, 2 English
+    std::uint8_t Lingua = Language::Italian;
     bool ReservedFlag17 = false;
     bool PlayerPanelOpen = false;
     bool ThruOn = false;

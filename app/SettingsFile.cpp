@@ -33,7 +33,6 @@ constexpr int kPerformanceEntries = 28;
 constexpr int kRecentEntries = 16;
 
 constexpr std::size_t kPlayerNameLength = 50;
-constexpr int kLinguaBaseStep = 200;
 
 // The open file as records. Each operation is repeated while the disk is not ready, where the routine asks for that.
 class SettingsFile {
@@ -84,7 +83,7 @@ private:
 
 void SetLinguaBase(Modulo1 &app)
 {
-    app.messages.LinguaBase = (app.settings.Lingua - 1) * kLinguaBaseStep;
+    app.messages.LinguaBase = app.settings.Lingua == Language::Italian ? kItalianBase : kEnglishBase;
 }
 
 // Reads count records from `first` into the entries 1 to count of a table.

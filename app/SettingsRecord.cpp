@@ -72,8 +72,6 @@ constexpr std::size_t kKind = 246;
 
 constexpr int kPositionOffset = 16000; // stored positions are this much higher
 constexpr int kHighestTableDevice = 7;
-constexpr std::uint8_t kItalian = 1;
-constexpr std::uint8_t kEnglish = 2;
 
 // The two bytes wrap, so every one of their values comes back as it went.
 std::int16_t Position(std::uint16_t stored)
@@ -191,8 +189,7 @@ void TakeGeneral(const SettingsRecord &record, Settings &settings)
         const std::uint8_t stored = record.Byte(flag.position);
         settings.*flag.value = flag.readAs == ReadAs::ExactlyOne ? stored == 1 : stored != 0;
     }
-    const std::uint8_t lingua = record.Byte(General::kLingua);
-    settings.Lingua = lingua == kEnglish ? kEnglish : kItalian;
+    settings.Lingua = record.Byte(General::kLingua) == Language::English ? Language::English : Language::Italian;
     settings.LastChannel = record.Byte(General::kLastChannel);
     settings.MidiOutDev = Device(record.Byte(General::kMidiOutDev));
     settings.MidiInDev = Device(record.Byte(General::kMidiInDev));

@@ -6,9 +6,6 @@ namespace velluto {
 
 namespace {
 
-constexpr std::uint8_t kItalian = 1;
-constexpr std::uint8_t kEnglish = 2;
-
 // Twips.
 constexpr Place kDialogPlace{0, 0, 5400, 2700};
 constexpr Place kQuestionPlace{240, 240, 4920, 300};
@@ -52,7 +49,7 @@ void frmLingua::Form_Unload()
 
 void frmLingua::Option1_Click(int index)
 {
-    app_.settings.Lingua = index == 0 ? kItalian : kEnglish;
+    app_.settings.Lingua = index == 0 ? Language::Italian : Language::English;
 }
 
 void frmLingua::CommOK_Click()

@@ -1,7 +1,7 @@
 #include "desktop/Binder.h"
 
+#include "desktop/QtText.h"
 #include "desktop/Twips.h"
-#include "desktop/Words.h"
 #include "view/Form.h"
 
 namespace velluto {

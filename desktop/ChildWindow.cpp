@@ -1,7 +1,7 @@
 #include "desktop/ChildWindow.h"
 
+#include "desktop/QtText.h"
 #include "desktop/Twips.h"
-#include "desktop/Words.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "desktop/Dialogs.h"
 
+#include "desktop/QtText.h"
 #include "desktop/Twips.h"
-#include "desktop/Words.h"
 
 #include <QCloseEvent>
 #include <QDir>

@@ -1,102 +1,102 @@
 #include "desktop/ItalianTexts.h"
 
+#include "app/Language.h"
+#include "desktop/QtText.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <utility>
 
 namespace velluto {
 
 namespace {
 
-using Pair = std::pair<std::string_view, const char *>;
-
 // Sorted by the English text.
-constexpr std::array kTexts = std::to_array<Pair>({
-    {"%1\nDirectory not found.\nPlease verify the correct directory name was given.",
-     "%1\nCartella non trovata.\nVerifica che il nome sia corretto."},
-    {"%1\nFile not found.\nPlease verify the correct file name was given.", "%1\nFile non trovato.\nVerifica che il nome sia corretto."},
+constexpr std::array kTexts = std::to_array<TwoTexts>({
+    {"%1\nCartella non trovata.\nVerifica che il nome sia corretto.",
+     "%1\nDirectory not found.\nPlease verify the correct directory name was given."},
+    {"%1\nFile non trovato.\nVerifica che il nome sia corretto.", "%1\nFile not found.\nPlease verify the correct file name was given."},
     {"%1 - [%2]", "%1 - [%2]"},
-    {"%1 already exists.\nDo you want to replace it?", "%1 esiste già.\nVuoi sostituirlo?"},
-    {"&Choose", "&Scegli"},
-    {"&Close", "&Chiudi"},
-    {"&Copy", "&Copia"},
-    {"&Delete", "&Elimina"},
-    {"&Move", "&Sposta"},
-    {"&New Folder", "&Nuova cartella"},
+    {"%1 esiste già.\nVuoi sostituirlo?", "%1 already exists.\nDo you want to replace it?"},
+    {"&Scegli", "&Choose"},
+    {"&Chiudi", "&Close"},
+    {"&Copia", "&Copy"},
+    {"&Elimina", "&Delete"},
+    {"&Sposta", "&Move"},
+    {"&Nuova cartella", "&New Folder"},
     {"&No", "&No"},
-    {"&Open", "&Apri"},
-    {"&Paste", "&Incolla"},
-    {"&Redo", "&Ripeti"},
-    {"&Rename", "&Rinomina"},
-    {"&Restore", "&Ripristina"},
-    {"&Save", "&Salva"},
-    {"&Size", "&Ridimensiona"},
-    {"&Undo", "&Annulla"},
-    {"&Yes", "&Sì"},
-    {"'%1' is write protected.\nDo you want to delete it anyway?", "'%1' è protetto da scrittura.\nVuoi eliminarlo comunque?"},
-    {"Are you sure you want to delete '%1'?", "Vuoi davvero eliminare '%1'?"},
-    {"Back", "Indietro"},
-    {"Cancel", "Annulla"},
-    {"Change to file list view mode", "Passa alla vista a elenco"},
-    {"Close", "Chiudi"},
+    {"&Apri", "&Open"},
+    {"&Incolla", "&Paste"},
+    {"&Ripeti", "&Redo"},
+    {"&Rinomina", "&Rename"},
+    {"&Ripristina", "&Restore"},
+    {"&Salva", "&Save"},
+    {"&Ridimensiona", "&Size"},
+    {"&Annulla", "&Undo"},
+    {"&Sì", "&Yes"},
+    {"'%1' è protetto da scrittura.\nVuoi eliminarlo comunque?", "'%1' is write protected.\nDo you want to delete it anyway?"},
+    {"Vuoi davvero eliminare '%1'?", "Are you sure you want to delete '%1'?"},
+    {"Indietro", "Back"},
+    {"Annulla", "Cancel"},
+    {"Passa alla vista a elenco", "Change to file list view mode"},
+    {"Chiudi", "Close"},
     {"Computer", "Computer"},
-    {"Could not delete directory.", "Impossibile eliminare la cartella."},
-    {"Create New Folder", "Crea nuova cartella"},
-    {"Create a New Folder", "Crea una nuova cartella"},
-    {"Cu&t", "&Taglia"},
-    {"Date Modified", "Ultima modifica"},
-    {"Delete", "Elimina"},
-    {"Detail View", "Vista dettagliata"},
-    {"Directory:", "Cartella:"},
-    {"Drive", "Unità"},
+    {"Impossibile eliminare la cartella.", "Could not delete directory."},
+    {"Crea nuova cartella", "Create New Folder"},
+    {"Crea una nuova cartella", "Create a New Folder"},
+    {"&Taglia", "Cu&t"},
+    {"Ultima modifica", "Date Modified"},
+    {"Elimina", "Delete"},
+    {"Vista dettagliata", "Detail View"},
+    {"Cartella:", "Directory:"},
+    {"Unità", "Drive"},
     {"File", "File"},
-    {"File &name:", "&Nome file:"},
-    {"Files of type:", "Tipo di file:"},
-    {"Folder", "Cartella"},
-    {"Forward", "Avanti"},
-    {"Go back", "Indietro"},
-    {"Go forward", "Avanti"},
-    {"Go to the parent directory", "Vai alla cartella superiore"},
-    {"Keyboard", "Tastiera"},
-    {"List View", "Vista a elenco"},
-    {"Look in:", "Cerca in:"},
-    {"Ma&ximize", "In&grandisci"},
-    {"Maximize", "Ingrandisci"},
+    {"&Nome file:", "File &name:"},
+    {"Tipo di file:", "Files of type:"},
+    {"Cartella", "Folder"},
+    {"Avanti", "Forward"},
+    {"Indietro", "Go back"},
+    {"Avanti", "Go forward"},
+    {"Vai alla cartella superiore", "Go to the parent directory"},
+    {"Tastiera", "Keyboard"},
+    {"Vista a elenco", "List View"},
+    {"Cerca in:", "Look in:"},
+    {"In&grandisci", "Ma&ximize"},
+    {"Ingrandisci", "Maximize"},
     {"Menu", "Menu"},
-    {"Mi&nimize", "Riduci a &icona"},
-    {"Minimize", "Riduci a icona"},
-    {"My Computer", "Computer"},
-    {"Name", "Nome"},
-    {"New Folder", "Nuova cartella"},
+    {"Riduci a &icona", "Mi&nimize"},
+    {"Riduci a icona", "Minimize"},
+    {"Computer", "My Computer"},
+    {"Nome", "Name"},
+    {"Nuova cartella", "New Folder"},
     {"OK", "OK"},
-    {"Open", "Apri"},
-    {"Parent Directory", "Cartella superiore"},
-    {"Recent Places", "Posizioni recenti"},
-    {"Remove", "Rimuovi"},
-    {"Restore", "Ripristina"},
-    {"Restore Down", "Ripristina"},
-    {"Save", "Salva"},
-    {"Save As", "Salva come"},
-    {"Select All", "Seleziona tutto"},
-    {"Show", "Mostra"},
-    {"Show ", "Mostra "},
-    {"Show &hidden files", "Mostra i file n&ascosti"},
-    {"Sidebar", "Barra laterale"},
-    {"Size", "Dimensione"},
-    {"Status bar", "Barra di stato"},
-    {"Type", "Tipo"},
+    {"Apri", "Open"},
+    {"Cartella superiore", "Parent Directory"},
+    {"Posizioni recenti", "Recent Places"},
+    {"Rimuovi", "Remove"},
+    {"Ripristina", "Restore"},
+    {"Ripristina", "Restore Down"},
+    {"Salva", "Save"},
+    {"Salva come", "Save As"},
+    {"Seleziona tutto", "Select All"},
+    {"Mostra", "Show"},
+    {"Mostra ", "Show "},
+    {"Mostra i file n&ascosti", "Show &hidden files"},
+    {"Barra laterale", "Sidebar"},
+    {"Dimensione", "Size"},
+    {"Barra di stato", "Status bar"},
+    {"Tipo", "Type"},
 });
 
-static_assert(std::ranges::is_sorted(kTexts, {}, &Pair::first), "the texts are looked up by halving");
+static_assert(std::ranges::is_sorted(kTexts, {}, &TwoTexts::english), "the texts are looked up by halving");
 
 } // namespace
 
 QString ItalianTexts::translate(const char * /*context*/, const char *source, const char * /*disambiguation*/, int /*n*/) const
 {
     const std::string_view wanted(source);
-    const auto *const found = std::ranges::lower_bound(kTexts, wanted, {}, &Pair::first);
-    return found != kTexts.end() && found->first == wanted ? QString::fromUtf8(found->second) : QString();
+    const auto *const found = std::ranges::lower_bound(kTexts, wanted, {}, &TwoTexts::english);
+    return found != kTexts.end() && found->english == wanted ? FromUtf8(found->italian) : QString();
 }
 
 } // namespace velluto

@@ -1,5 +1,5 @@
-// The Italian words for what Qt itself writes: buttons of boxes, the file dialog, title bar menus, editing menus. The
-// program's own texts come from its catalogue.
+// The Italian words for what Qt itself writes: buttons of boxes, the file dialog, title bar menus, editing menus; and the names
+// of two widgets that only the desktop has.
 #pragma once
 
 #include <QTranslator>

@@ -1,7 +1,7 @@
 #include "desktop/ListModel.h"
 
 #include "desktop/Fonts.h"
-#include "desktop/Words.h"
+#include "desktop/QtText.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "desktop/MainWindow.h"
 
+#include "desktop/QtText.h"
 #include "desktop/Twips.h"
-#include "desktop/Words.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -4,10 +4,10 @@
 #include "desktop/FittedButton.h"
 #include "desktop/KeyboardBinders.h"
 #include "desktop/PlayerBinders.h"
+#include "desktop/QtText.h"
 #include "desktop/SimpleBinders.h"
 #include "desktop/TextBinder.h"
 #include "desktop/WindowAccess.h"
-#include "desktop/Words.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

@@ -1,6 +1,6 @@
 #include "desktop/MenuBinder.h"
 
-#include "desktop/Words.h"
+#include "desktop/QtText.h"
 
 #include <QCursor>
 #include <QMenuBar>

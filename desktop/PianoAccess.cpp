@@ -1,7 +1,7 @@
 #include "desktop/PianoAccess.h"
 
 #include "desktop/PianoKeys.h"
-#include "desktop/Words.h"
+#include "desktop/QtText.h"
 
 #include <QAccessibleWidget>
 #include <QWindow>

@@ -1,8 +1,8 @@
 #include "desktop/PlayerBinders.h"
 
+#include "desktop/QtText.h"
 #include "desktop/Twips.h"
 #include "desktop/WindowAccess.h"
-#include "desktop/Words.h"
 #include "view/Gestures.h"
 
 #include <QMouseEvent>

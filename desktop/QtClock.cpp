@@ -1,5 +1,7 @@
 #include "desktop/QtClock.h"
 
+#include "app/Language.h"
+
 #include <QDate>
 #include <QTime>
 
@@ -7,7 +9,7 @@ namespace velluto {
 
 QLocale QtClock::Locale() const
 {
-    const bool italian = linguaBase_ == nullptr || *linguaBase_ == 0;
+    const bool italian = linguaBase_ == nullptr || *linguaBase_ == kItalianBase;
     const QLocale system = QLocale::system();
     if (system.language() == (italian ? QLocale::Italian : QLocale::English)) {
         return system;

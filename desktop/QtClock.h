@@ -9,7 +9,7 @@ namespace velluto {
 
 class QtClock : public Clock {
 public:
-    // linguaBase: 0 while the run's language is Italian. It outlives the clock's use.
+    // The run's. It outlives the clock's use; Italian until then.
     void Follow(const int &linguaBase) { linguaBase_ = &linguaBase; }
 
     std::string LongDate() override;

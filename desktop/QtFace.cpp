@@ -1,9 +1,10 @@
 #include "desktop/QtFace.h"
 
 #include "app/Catalogue.h"
+#include "app/Language.h"
 #include "desktop/Fonts.h"
+#include "desktop/QtText.h"
 #include "desktop/Twips.h"
-#include "desktop/Words.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -51,7 +52,7 @@ void QtFace::Post(std::function<void()> call)
 // The language is known once the settings have been read.
 void QtFace::TakeLanguage()
 {
-    const bool wanted = program_ && program_->linguaBase == 0;
+    const bool wanted = program_ && program_->linguaBase == kItalianBase;
     if (wanted != italianInstalled_) {
         italianInstalled_ = wanted;
         if (wanted) {
@@ -82,7 +83,7 @@ FileChoice QtFace::ShowFileDialog(const FileDialog &dialog)
 {
     TakeLanguage();
     const EventGate::Pass pass(gate_);
-    const int base = program_ ? program_->linguaBase : 0;
+    const int base = program_ ? program_->linguaBase : kItalianBase;
     return ChooseFile(DialogParent(), dialog, FromUtf8(LoadResString(TextId::PathNotFound + base)));
 }
 

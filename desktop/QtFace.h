@@ -17,7 +17,7 @@ namespace velluto {
 struct DrawnProgram {
     frmMain &frame;
     ChildWindows &children;
-    const int &linguaBase;            // 0 while the run's language is Italian
+    const int &linguaBase;            // of the run
     std::function<bool()> closeFrame; // the user closes the frame; false where a child refused
 };
 

@@ -1,7 +1,7 @@
 #include "desktop/QtPrinter.h"
 
 #include "app/Catalogue.h"
-#include "desktop/Words.h"
+#include "desktop/QtText.h"
 
 #include <QBuffer>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 
 #include "desktop/Icon.h"
 #include "desktop/Keys.h"
-#include "desktop/Words.h"
+#include "desktop/QtText.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -2,7 +2,7 @@
 
 #include "desktop/Fonts.h"
 #include "desktop/Keys.h"
-#include "desktop/Words.h"
+#include "desktop/QtText.h"
 
 #include <QContextMenuEvent>
 #include <QMetaObject>

@@ -41,7 +41,6 @@ int Run()
     Velluto program({files, *music.midi, clock, printer, *music.sequencer, folders, ticks}, face);
     face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [&program] { return CloseFrame(program); }});
     clock.Follow(program.app.messages.LinguaBase);
-    music.sequencer->Follow(program.app.messages.LinguaBase);
     printer.Follow(program.app);
     const EndSignals endSignals;
     int result = 0;

@@ -132,7 +132,7 @@ Json Sequencer(Session &session, const Words &words)
     if (what == "define" && words.size() == 3) {
         session.sequencer.songs[session.FullPath(words[1])] = {ToNumber(words[2], "the length", 0, kHighestNumber), 0, {}};
     } else if (what == "refuse" && words.size() == 4) {
-        session.sequencer.songs[session.FullPath(words[1])] = {0, ToNumber(words[2], "the error", 1, kHighestNumber), words[3]};
+        session.sequencer.songs[session.FullPath(words[1])] = {0, ToNumber(words[2], "the error", 1, kHighestNumber), InWords(words[3])};
     } else if (what == "rate" && words.size() == 2) {
         session.sequencer.rate = StandinSequencer::Milliseconds{ToNumber(words[1], "the rate", 1, kHighestNumber)};
     } else {

@@ -1,5 +1,6 @@
 #include "driver/NamedValue.h"
 
+#include "player/SequencerTexts.h"
 #include "player/frmMIDIPlayer.h"
 
 #include <array>
@@ -64,7 +65,8 @@ constexpr auto kNamed = std::to_array<NamedValue>({
     {"From", OfDevice<&Sequencer::From>},
     {"Length", OfDevice<&Sequencer::Length>},
     {"Error", OfDevice<&Sequencer::Error>},
-    {"ErrorMessage", OfDevice<&Sequencer::ErrorMessage>},
+    {"ErrorMessage",
+     [](Velluto &program) { return Json(Sentence(program.app.ports.sequencer.Reason(), program.app.messages.LinguaBase)); }},
 });
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "driver/Words.h"
 #include "platform/sequencer/MidiFile.h"
+#include "player/SequencerTexts.h"
 
 #include <algorithm>
 #include <cctype>
@@ -39,8 +40,10 @@ void Session::ForgetCalls()
 StandinSong Session::RealSong(const std::string &path)
 {
     const MidiFile read = ReadMidiFile(files, path);
-    return read.refusal ? StandinSong{0, SequencerErrorFor(read.refusal), Sentence(read.refusal, Program().app.messages.LinguaBase)}
-                        : StandinSong{read.song.length, 0, {}};
+    if (read.refusal) {
+        return {0, SequencerErrorFor(read.refusal), InWords(Sentence(read.refusal, Program().app.messages.LinguaBase))};
+    }
+    return {read.song.length, 0, {}};
 }
 
 Velluto &Session::Program()

@@ -76,7 +76,7 @@ void SetUpSliders(frmTastiera &form)
 
 void SetSliderTips(frmTastiera &form)
 {
-    const std::string hint = form.app.messages.LinguaBase == 0 ? "Doppio clic: " : "Double-click: ";
+    const std::string hint = form.app.messages.Text(TwoTexts{"Doppio clic: ", "Double-click: "});
     for (int i = 0; i < kSliderCount; ++i) {
         form.Label2[i].toolTip = hint + std::to_string(RowOf(i).firstRun - RowOf(i).shownLess);
     }

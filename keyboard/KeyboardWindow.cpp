@@ -114,7 +114,7 @@ void KeyboardWindow::TakeLanguage()
     caption = std::string(kProgramTitle) + " - " + title;
     Frame1.accessibleName = WithoutAccessMark(title);
     CommClose.caption = app.messages.Text(TextId::Close);
-    LabelOctave.caption = std::string(app.messages.LinguaBase == 0 ? "Ottava" : "Octave");
+    LabelOctave.caption = app.messages.Text(TwoTexts{"Ottava", "Octave"});
     HScroll1.accessibleName = LabelOctave.caption;
     SetSliderTips(*this);
 }

@@ -21,28 +21,15 @@ constexpr int kMargin = 60;
 constexpr int kLineHeight = 300; // of the line below the text
 
 // The words of the line below the text, "_" for what varies.
-struct Words {
-    std::string_view refused;
-    std::string_view full;
-    std::string_view tooLong;
-    std::string_view rest;
-    std::string_view use;
-};
-constexpr Words kItalian{"Il blocco note non può contenere il carattere «_»", "Il blocco note è pieno: contiene 32000 caratteri",
-                         "Il testo è troppo lungo per essere modificato qui",
-                         "Il file è più lungo del blocco note: il resto non si vede e rimane com'è", "_ caratteri su 32000"};
-constexpr Words kEnglish{"The notebook cannot hold the character \"_\"", "The notebook is full: it holds 32000 characters",
-                         "The text is too long to be edited here",
-                         "The file is longer than the notebook: the rest is not shown and stays as it is", "_ of 32000 characters"};
+constexpr TwoTexts kRefused{"Il blocco note non può contenere il carattere «_»", "The notebook cannot hold the character \"_\""};
+constexpr TwoTexts kFull{"Il blocco note è pieno: contiene 32000 caratteri", "The notebook is full: it holds 32000 characters"};
+constexpr TwoTexts kTooLong{"Il testo è troppo lungo per essere modificato qui", "The text is too long to be edited here"};
+constexpr TwoTexts kRest{"Il file è più lungo del blocco note: il resto non si vede e rimane com'è",
+                         "The file is longer than the notebook: the rest is not shown and stays as it is"};
+constexpr TwoTexts kUse{"_ caratteri su 32000", "_ of 32000 characters"};
 
-const Words &WordsOf(const Modulo1 &app)
+std::string Filled(std::string text, std::string_view insert)
 {
-    return app.messages.LinguaBase == 0 ? kItalian : kEnglish;
-}
-
-std::string Filled(std::string_view words, std::string_view insert)
-{
-    std::string text(words);
     return text.replace(text.find('_'), 1, insert);
 }
 
@@ -80,7 +67,7 @@ bool frmBloccoNote::LoadWindow()
     if (shown.isWhole) {
         Text1.text = shown.text;
         if (notes_.NotebookHasRest) {
-            lblStato.caption = std::string(WordsOf(app).rest);
+            lblStato.caption = app.messages.Text(kRest);
         } else {
             TellUse(CharactersOfText(shown.text).size());
         }
@@ -88,7 +75,7 @@ bool frmBloccoNote::LoadWindow()
         Text1.readOnly = true;
         Text1.Change = nullptr;
         Text1.text = shown.text;
-        lblStato.caption = std::string(WordsOf(app).tooLong);
+        lblStato.caption = app.messages.Text(kTooLong);
     }
     return true;
 }
@@ -120,7 +107,7 @@ void frmBloccoNote::Resized()
 
 void frmBloccoNote::TellUse(std::size_t characters)
 {
-    lblStato.caption = Filled(WordsOf(app).use, std::to_string(characters));
+    lblStato.caption = Filled(app.messages.Text(kUse), std::to_string(characters));
 }
 
 void frmBloccoNote::Text1_Change()
@@ -135,8 +122,7 @@ void frmBloccoNote::Text1_Change()
     // The write of the text that is left comes back here.
     Text1.caret = taken.caret;
     Text1.text = Utf8Of(taken.text);
-    const Words &words = WordsOf(app);
-    lblStato.caption = taken.refused != 0 ? Filled(words.refused, Utf8Of({&taken.refused, 1})) : std::string(words.full);
+    lblStato.caption = taken.refused != 0 ? Filled(app.messages.Text(kRefused), Utf8Of({&taken.refused, 1})) : app.messages.Text(kFull);
 }
 
 void mnuBloccoNote_Click(NotesState &notes)

@@ -12,7 +12,6 @@ namespace velluto {
 namespace {
 
 constexpr Font kGuideFont{"courier new", 10, 400};
-constexpr std::uint8_t kItalian = 1;
 
 // Twips.
 constexpr int kWidth = 9600;
@@ -22,7 +21,7 @@ constexpr int kMargin = 60;        // around the text
 
 const std::string &GuideFile(const Modulo1 &app)
 {
-    return app.settings.Lingua == kItalian ? app.paths.GuidaPath : app.paths.GuidePath;
+    return app.settings.Lingua == Language::Italian ? app.paths.GuidaPath : app.paths.GuidePath;
 }
 
 } // namespace

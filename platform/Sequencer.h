@@ -2,6 +2,8 @@
 // answered by the real sequencer and by the stand-in of driver and tests.
 #pragma once
 
+#include "platform/Refusal.h"
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -57,8 +59,8 @@ public:
     [[nodiscard]] virtual std::int32_t From() const = 0;
     virtual void SetFrom(std::int32_t position) = 0;
 
-    [[nodiscard]] virtual int Error() const = 0;                // of the last command; 0 is success
-    [[nodiscard]] virtual std::string ErrorMessage() const = 0; // the device's own words for Error, in UTF-8
+    [[nodiscard]] virtual int Error() const = 0;      // of the last command; 0 is success
+    [[nodiscard]] virtual Refusal Reason() const = 0; // for Error
 };
 
 } // namespace velluto

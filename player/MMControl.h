@@ -28,7 +28,7 @@ public:
     [[nodiscard]] std::int32_t From() const { return device_.From(); }
     void From(std::int32_t position) { device_.SetFrom(position); }
     [[nodiscard]] int Error() const { return device_.Error(); }
-    [[nodiscard]] std::string ErrorMessage() const { return device_.ErrorMessage(); }
+    [[nodiscard]] Refusal Reason() const { return device_.Reason(); } // for Error
     // Playing or paused.
     [[nodiscard]] bool InPlay() const { return Mode() == SequencerMode::kPlaying || Mode() == SequencerMode::kPaused; }
 

@@ -2,6 +2,7 @@
 
 #include "app/Catalogue.h"
 #include "player/PlayerScale.h"
+#include "player/SequencerTexts.h"
 
 #include <algorithm>
 
@@ -63,7 +64,8 @@ int CheckDeviceError(frmMIDIPlayer &form)
 {
     const int error = form.MMControl1.Error();
     if (error != 0) {
-        form.app.messages.ShowMessage(MessageNo::InsertOnly, kProgramTitle, form.MMControl1.ErrorMessage());
+        form.app.messages.ShowMessage(MessageNo::InsertOnly, kProgramTitle,
+                                      Sentence(form.MMControl1.Reason(), form.app.messages.LinguaBase));
     }
     return error;
 }

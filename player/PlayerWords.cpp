@@ -1,19 +1,12 @@
 #include "player/PlayerWords.h"
 
 #include <array>
-#include <string>
-#include <string_view>
 
 namespace velluto {
 
 namespace {
 
-struct Words {
-    std::string_view italian;
-    std::string_view english;
-};
-
-constexpr std::array<Words, kTransportButtons> kButtons{{
+constexpr std::array<TwoTexts, kTransportButtons> kButtons{{
     {"File precedente", "Previous file"},
     {"File successivo", "Next file"},
     {"Riproduci", "Play"},
@@ -22,23 +15,22 @@ constexpr std::array<Words, kTransportButtons> kButtons{{
     {"Avanti del 5%", "Forward 5%"},
     {"Ferma", "Stop"},
 }};
-constexpr Words kElapsed{"Tempo trascorso", "Elapsed time"};
-constexpr Words kPosition{"Posizione nel file", "Position in the file"};
-constexpr Words kStartMark{"Segno di inizio", "Start mark"};
-constexpr Words kStopMark{"Segno di fine", "Stop mark"};
-constexpr Words kCompilations{"Compilation", "Compilations"};
-constexpr Words kCompilationName{"Nome della compilation", "Name of the compilation"};
-constexpr Words kCompilationFiles{"File della compilation", "Files of the compilation"};
-constexpr Words kDrive{"Unità", "Drive"};
-constexpr Words kFolder{"Cartella", "Folder"};
-constexpr Words kFolderFiles{"File MIDI della cartella", "MIDI files of the folder"};
+constexpr TwoTexts kElapsed{"Tempo trascorso", "Elapsed time"};
+constexpr TwoTexts kPosition{"Posizione nel file", "Position in the file"};
+constexpr TwoTexts kStartMark{"Segno di inizio", "Start mark"};
+constexpr TwoTexts kStopMark{"Segno di fine", "Stop mark"};
+constexpr TwoTexts kCompilations{"Compilation", "Compilations"};
+constexpr TwoTexts kCompilationName{"Nome della compilation", "Name of the compilation"};
+constexpr TwoTexts kCompilationFiles{"File della compilation", "Files of the compilation"};
+constexpr TwoTexts kDrive{"Unità", "Drive"};
+constexpr TwoTexts kFolder{"Cartella", "Folder"};
+constexpr TwoTexts kFolderFiles{"File MIDI della cartella", "MIDI files of the folder"};
 
 } // namespace
 
 void NameControls(frmMIDIPlayer &form)
 {
-    const bool italian = form.app.messages.LinguaBase == 0;
-    const auto word = [italian](const Words &words) { return std::string(italian ? words.italian : words.english); };
+    const auto word = [&form](const TwoTexts &texts) { return form.app.messages.Text(texts); };
     for (int i = 0; i < kTransportButtons; ++i) {
         form.MCIPuls[i].accessibleName = word(kButtons.at(static_cast<std::size_t>(i)));
         form.MCIPuls[i].toolTip = form.MCIPuls[i].accessibleName;

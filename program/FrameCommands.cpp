@@ -26,9 +26,6 @@ namespace velluto {
 
 namespace {
 
-constexpr std::uint8_t kItalian = 1;
-constexpr std::uint8_t kEnglish = 2;
-
 // The frame's rectangle before the settings say another, twips.
 constexpr Place kDesignPlace{0, 0, 14400, 9900};
 
@@ -64,8 +61,8 @@ void ChooseLanguage(Modulo1 &app, MenuEntry &chosen, std::uint8_t lingua)
         return;
     }
     app.settings.Lingua = lingua;
-    app.frame.mnuItaliano.checked = lingua == kItalian;
-    app.frame.mnuInglese.checked = lingua == kEnglish;
+    app.frame.mnuItaliano.checked = lingua == Language::Italian;
+    app.frame.mnuInglese.checked = lingua == Language::English;
     // In the language of the run, which stays what it was.
     app.messages.ShowMessage(MessageNo::LanguageChangesLater, app.messages.Text(TextId::ChangeLanguage), {});
 }
@@ -202,8 +199,8 @@ void AttachPreferences(Velluto &program)
     Modulo1 &app = program.app;
     frmMain &menu = app.frame;
     MidiState &midi = program.midi;
-    menu.mnuItaliano.Click = [&app] { ChooseLanguage(app, app.frame.mnuItaliano, kItalian); };
-    menu.mnuInglese.Click = [&app] { ChooseLanguage(app, app.frame.mnuInglese, kEnglish); };
+    menu.mnuItaliano.Click = [&app] { ChooseLanguage(app, app.frame.mnuItaliano, Language::Italian); };
+    menu.mnuInglese.Click = [&app] { ChooseLanguage(app, app.frame.mnuInglese, Language::English); };
     for (MenuEntry &entry : menu.mnuDevMIDIOut) {
         entry.Click = [&midi, i = entry.index()] { mnuDevMIDIOut_Click(midi, i); };
     }

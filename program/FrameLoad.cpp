@@ -149,8 +149,8 @@ void LoadCheckMarks(Velluto &program)
     frmMain &menu = program.app.frame;
     const Settings &settings = program.app.settings;
     program.midi.MonitorEnabled = false;
-    menu.mnuItaliano.checked = settings.Lingua == 1;
-    menu.mnuInglese.checked = settings.Lingua != 1;
+    menu.mnuItaliano.checked = settings.Lingua == Language::Italian;
+    menu.mnuInglese.checked = settings.Lingua != Language::Italian;
     menu.mnuMIDIThru.checked = settings.ThruOn;
     menu.mnuVisBarraStato.checked = settings.StatusBarOn;
     menu.Picture1.visible = settings.StatusBarOn;

@@ -4,6 +4,11 @@
 
 namespace velluto {
 
+Refusal InWords(std::string words)
+{
+    return {Refusal::Why::Other, 0, 0, std::move(words)};
+}
+
 std::int32_t StandinSequencer::Position() const
 {
     const auto played = elapsed_ / playRate_;
@@ -63,7 +68,7 @@ void StandinSequencer::SetCommand(std::string_view word)
 {
     command_ = word;
     error_ = 0;
-    errorMessage_.clear();
+    refusal_ = {};
     if (word == "open") {
         Open();
     } else if (word == "play") {
@@ -81,7 +86,7 @@ void StandinSequencer::SetCommand(std::string_view word)
         }
         length_ = word == "stop" ? length_ : 0;
     } else {
-        Fail(SequencerError::kUnknownCommand, "unknown command");
+        Fail(SequencerError::kUnknownCommand, InWords("unknown command"));
     }
 }
 
@@ -98,10 +103,10 @@ void StandinSequencer::Open()
     from_ = 0;
     fromFresh_ = false;
     const auto known = songs.find(fileName_);
-    const StandinSong missing{0, SequencerError::kFileNotFound, "The file cannot be found."};
+    const StandinSong missing{0, SequencerError::kFileNotFound, InWords("The file cannot be found.")};
     const StandinSong song = known != songs.end() ? known->second : (OtherSong ? OtherSong(fileName_) : missing);
     if (song.error != 0) {
-        Fail(song.error, song.errorMessage);
+        Fail(song.error, song.refusal);
         return;
     }
     length_ = song.length;
@@ -111,7 +116,7 @@ void StandinSequencer::Open()
 void StandinSequencer::Play()
 {
     if (mode_ == SequencerMode::kNotReady) {
-        Fail(SequencerError::kNotOpen, "No file is open.");
+        Fail(SequencerError::kNotOpen, InWords("No file is open."));
         return;
     }
     const std::int32_t begin = fromFresh_ ? from_ : Position();
@@ -130,10 +135,10 @@ void StandinSequencer::Halt(int mode)
     mode_ = mode;
 }
 
-void StandinSequencer::Fail(int error, std::string message)
+void StandinSequencer::Fail(int error, Refusal refusal)
 {
     error_ = error;
-    errorMessage_ = std::move(message);
+    refusal_ = std::move(refusal);
 }
 
 } // namespace velluto

@@ -14,8 +14,11 @@ namespace velluto {
 struct StandinSong {
     std::int32_t length = 0; // of a file that opens
     int error = 0;           // not 0: the file is refused with it
-    std::string errorMessage;
+    Refusal refusal;         // why
 };
+
+// A reason that only this device knows.
+[[nodiscard]] Refusal InWords(std::string words);
 
 class StandinSequencer : public Sequencer {
 public:
@@ -46,13 +49,13 @@ public:
     [[nodiscard]] std::int32_t From() const override { return from_; }
     void SetFrom(std::int32_t position) override;
     [[nodiscard]] int Error() const override { return error_; }
-    [[nodiscard]] std::string ErrorMessage() const override { return errorMessage_; }
+    [[nodiscard]] Refusal Reason() const override { return refusal_; }
 
 private:
     void Open();
     void Play();
     void Halt(int mode);
-    void Fail(int error, std::string message);
+    void Fail(int error, Refusal refusal);
 
     std::string fileName_;
     std::string command_;
@@ -64,7 +67,7 @@ private:
     Milliseconds elapsed_{0};    // of the running play
     Milliseconds playRate_{100}; // of the running play
     int error_ = 0;
-    std::string errorMessage_;
+    Refusal refusal_;
     std::deque<int> done_; // not raised yet
 };
 

@@ -94,11 +94,6 @@ void MachineSequencer::SetFrom(std::int32_t position)
     fromIsFresh_ = true;
 }
 
-std::string MachineSequencer::ErrorMessage() const
-{
-    return Sentence(refusal_, *linguaBase_);
-}
-
 void MachineSequencer::Fail(int error, const Refusal &refusal)
 {
     error_ = error;

@@ -5,7 +5,6 @@
 #include "platform/FileStore.h"
 #include "platform/Sequencer.h"
 #include "platform/rtmidi/PlayerOutputs.h"
-#include "platform/sequencer/Refusal.h"
 #include "platform/sequencer/SongPlayer.h"
 
 #include <atomic>
@@ -43,14 +42,10 @@ public:
     [[nodiscard]] std::int32_t From() const override { return from_; }
     void SetFrom(std::int32_t position) override;
     [[nodiscard]] int Error() const override { return error_; }
-    [[nodiscard]] std::string ErrorMessage() const override;
-
-    // linguaBase: 0 while the run's language is Italian. It outlives the sequencer's use. English until then.
-    void Follow(const int &linguaBase) { linguaBase_ = &linguaBase; }
+    [[nodiscard]] Refusal Reason() const override { return refusal_; }
 
 private:
     class Turn;
-    static constexpr int kEnglish = 200;
 
     void Open();
     void Play();
@@ -68,8 +63,7 @@ private:
     std::int32_t from_ = 0;
     bool fromIsFresh_ = false; // written since the last play
     int error_ = 0;
-    Refusal refusal_; // the reason for error_
-    const int *linguaBase_ = &kEnglish;
+    Refusal refusal_;
     Post post_;
     std::chrono::milliseconds linger_;
     std::shared_ptr<int> alive_ = std::make_shared<int>(); // what was posted looks whether this has gone

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/FileStore.h"
-#include "platform/sequencer/Refusal.h"
+#include "platform/Refusal.h"
 #include "platform/sequencer/Song.h"
 
 namespace velluto {

@@ -2,8 +2,8 @@
 // once, and by SongCursor, which plays them.
 #pragma once
 
+#include "platform/Refusal.h"
 #include "platform/ShortMessage.h"
-#include "platform/sequencer/Refusal.h"
 
 namespace velluto {
 

@@ -5,9 +5,9 @@
 #include "desktop/ChildWindow.h"
 #include "desktop/ListView.h"
 #include "desktop/QtFace.h"
+#include "desktop/QtText.h"
 #include "desktop/QtTicks.h"
 #include "desktop/Twips.h"
-#include "desktop/Words.h"
 #include "unit/support/TestProgram.h"
 
 #include <QAbstractButton>

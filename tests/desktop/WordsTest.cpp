@@ -1,6 +1,6 @@
 // Texts on their way between the program and Qt.
-#include "desktop/Words.h"
 #include "desktop/Dialogs.h"
+#include "desktop/QtText.h"
 
 #include <gtest/gtest.h>
 

@@ -53,7 +53,7 @@ protected:
         WriteBytes(folder_.At("song.mid"), bytes);
         Device().SetFileName(folder_.At("song.mid"));
         Device().SetCommand("open");
-        ASSERT_EQ(Device().ErrorMessage(), "");
+        ASSERT_FALSE(Device().Reason());
     }
     // Opens it, plays it to the patched instrument, and waits for the first note.
     void PlayLong()

@@ -87,7 +87,7 @@ TEST_F(DriverTest, SeqKeepsWhatIsToldOfAPath)
     ASSERT_EQ(songs.size(), 2U);
     EXPECT_EQ(songs[folder.At("song.mid")].length, 400);
     EXPECT_EQ(songs[folder.At("bad song.mid")].error, 277);
-    EXPECT_EQ(songs[folder.At("bad song.mid")].errorMessage, "It will not open.");
+    EXPECT_EQ(songs[folder.At("bad song.mid")].refusal.words, "It will not open.");
     EXPECT_EQ(session.sequencer.rate, StandinSequencer::Milliseconds{50});
     Ok("seq define song.mid 500");
     EXPECT_EQ(songs.size(), 2U);

@@ -16,7 +16,7 @@ protected:
     StandinSequencerTest()
     {
         device.songs["a"] = {20, 0, {}};
-        device.songs["bad"] = {0, 301, "No."};
+        device.songs["bad"] = {0, 301, InWords("No.")};
         device.Done = [this](int code) { done.push_back(code); };
     }
     void Open(const char *path)
@@ -60,7 +60,7 @@ TEST_F(StandinSequencerTest, OpensWhatItWasToldOf)
     Open("bad");
     EXPECT_EQ(device.Mode(), 524);
     EXPECT_EQ(device.Error(), 301);
-    EXPECT_EQ(device.ErrorMessage(), "No.");
+    EXPECT_EQ(device.Reason().words, "No.");
     EXPECT_EQ(device.Length(), 0);
     Open("unknown");
     EXPECT_EQ(device.Error(), SequencerError::kFileNotFound);

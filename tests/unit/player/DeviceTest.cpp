@@ -88,10 +88,24 @@ TEST_F(Device, TheLastCommandDecidesWhichButtonsAreOn)
     EXPECT_EQ(after("close"), "0000000");
 }
 
+TEST_F(Device, AReasonIsToldInTheLanguageOfTheRun)
+{
+    Start();
+    session.sequencer.songs[At("gone.mid")] = {0, SequencerError::kFileNotFound, {Refusal::Why::NotFound}};
+    device().FileName = At("gone.mid");
+    for (const auto &[base, text] :
+         {std::pair(kItalianBase, "Il file MIDI non si trova."), std::pair(kEnglishBase, "The MIDI file cannot be found.")}) {
+        form().app.messages.LinguaBase = base;
+        device().Command("open");
+        EXPECT_EQ(CheckDeviceError(form()), SequencerError::kFileNotFound);
+        EXPECT_EQ(session.face.boxes.back().text, text);
+    }
+}
+
 TEST_F(Device, AnErrorIsToldInTheDevicesOwnWords)
 {
     Start();
-    session.sequencer.songs[At("bad.mid")] = {0, 301, "This is no MIDI file."};
+    session.sequencer.songs[At("bad.mid")] = {0, 301, InWords("This is no MIDI file.")};
     device().FileName = At("bad.mid");
     device().Command("open");
     EXPECT_EQ(CheckDeviceError(form()), 301);

@@ -292,7 +292,7 @@ TEST_F(EndOfFile, PlayAllEndsInAFolderThatHasBecomeEmpty)
 TEST_F(EndOfFile, AFileThatDoesNotOpenEndsPlayAllWithoutAMessage)
 {
     StartWithPanel();
-    session.sequencer.songs[At("d/b.mid")] = {0, 301, "This is no MIDI file."};
+    session.sequencer.songs[At("d/b.mid")] = {0, 301, InWords("This is no MIDI file.")};
     Click(form().ListMidiSel, 0);
     Press(form().CommPlayAll);
     Play();

@@ -95,7 +95,7 @@ TEST_F(FileSelection, AClickInTheFolderDropsTheFileOfTheCompilation)
 TEST_F(FileSelection, AFileThatTheDeviceRefusesIsToldInItsWords)
 {
     StartWithPanel();
-    session.sequencer.songs[At("d/b.mid")] = {0, 301, "This is no MIDI file."};
+    session.sequencer.songs[At("d/b.mid")] = {0, 301, InWords("This is no MIDI file.")};
     Click(form().ListMidiSel, 0);
     Click(form().ListMidiSel, 1);
     ASSERT_EQ(session.face.boxes.size(), 1U);
@@ -205,7 +205,7 @@ TEST_F(FileSelection, OfSeveralRowsTheCurrentOneIsTaken)
 TEST_F(FileSelection, AFileOfTheCompilationThatIsRefused)
 {
     StartWithCompilation();
-    session.sequencer.songs[At("d/b.mid")] = {0, 301, "This is no MIDI file."};
+    session.sequencer.songs[At("d/b.mid")] = {0, 301, InWords("This is no MIDI file.")};
     Click(form().ListMidiCorr, 1);
     EXPECT_EQ(session.face.boxes.size(), 1U);
     EXPECT_EQ(form().caption.Get(), "MIDI PLAYER");
@@ -252,7 +252,7 @@ TEST_F(FileSelection, ADoubleClickInTheCompilationPlays)
 TEST_F(FileSelection, ADoubleClickOnARefusedFileSaysSoOnceAndPlaysNothing)
 {
     StartWithPanel();
-    session.sequencer.songs[At("d/b.mid")] = {0, 301, "This is no MIDI file."};
+    session.sequencer.songs[At("d/b.mid")] = {0, 301, InWords("This is no MIDI file.")};
     DoubleClick(form().ListMidiSel, 1);
     EXPECT_EQ(session.face.boxes.size(), 1U);
     EXPECT_EQ(device().Mode(), 524);

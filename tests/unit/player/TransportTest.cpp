@@ -274,7 +274,7 @@ TEST_F(Transport, AFileThatDoesNotOpenInTheSwitchIsNotTold)
 {
     StartWithPanel();
     Click(form().ListMidiSel, 0);
-    session.sequencer.songs[At("d/b.mid")] = {0, 301, "This is no MIDI file."};
+    session.sequencer.songs[At("d/b.mid")] = {0, 301, InWords("This is no MIDI file.")};
     Transported(kNext);
     Clock(10);
     EXPECT_TRUE(session.face.boxes.empty());

@@ -1,4 +1,4 @@
-#include "desktop/Words.h"
+#include "desktop/QtText.h"
 
 #include "app/Characters.h"
 

@@ -1,5 +1,7 @@
 // The sentences for what the sequencer refuses, in both languages.
-#include "platform/sequencer/Refusal.h"
+#include "player/SequencerTexts.h"
+
+#include "app/Language.h"
 
 #include <gmock/gmock.h>
 
@@ -12,13 +14,10 @@ using Why = Refusal::Why;
 using testing::EndsWith;
 using testing::Not;
 
-constexpr int kItalian = 0;
-constexpr int kEnglish = 200;
-
 TEST(RefusalWords, NoReasonHasNoWords)
 {
-    EXPECT_EQ(Sentence({}, kItalian), "");
-    EXPECT_EQ(Sentence({}, kEnglish), "");
+    EXPECT_EQ(Sentence({}, kItalianBase), "");
+    EXPECT_EQ(Sentence({}, kEnglishBase), "");
     EXPECT_FALSE(Refusal{});
     EXPECT_TRUE(Refusal{Why::UnknownCommand});
 }
@@ -28,7 +27,7 @@ TEST(RefusalWords, EachReasonHasASentenceOfItsOwnInBothLanguages)
     std::set<std::string> said;
     for (int number = 1; number <= static_cast<int>(Why::TooLong); ++number) {
         const Refusal refusal{static_cast<Why>(number), 3, 5};
-        for (const int language : {kItalian, kEnglish}) {
+        for (const int language : {kItalianBase, kEnglishBase}) {
             const std::string words = Sentence(refusal, language);
             EXPECT_THAT(words, EndsWith(".")) << number;
             EXPECT_THAT(words, Not(testing::HasSubstr("%"))) << number;
@@ -39,10 +38,10 @@ TEST(RefusalWords, EachReasonHasASentenceOfItsOwnInBothLanguages)
 
 TEST(RefusalWords, NumbersStandWhereTheyBelong)
 {
-    EXPECT_EQ(Sentence({Why::TrackMissing, 3, 5}, kEnglish), "The MIDI file is damaged: track 3 of 5 is missing.");
-    EXPECT_EQ(Sentence({Why::TrackMissing, 3, 5}, kItalian), "Il file MIDI è danneggiato: manca la traccia 3 di 5.");
-    EXPECT_EQ(Sentence({Why::CountOfTracks, 0, 65535}, kItalian), "Il file MIDI è danneggiato: un file di formato 0 con 65535 tracce.");
-    EXPECT_EQ(Sentence({Why::TooLarge, 16}, kItalian), "Il file MIDI supera i 16 MB.");
+    EXPECT_EQ(Sentence({Why::TrackMissing, 3, 5}, kEnglishBase), "The MIDI file is damaged: track 3 of 5 is missing.");
+    EXPECT_EQ(Sentence({Why::TrackMissing, 3, 5}, kItalianBase), "Il file MIDI è danneggiato: manca la traccia 3 di 5.");
+    EXPECT_EQ(Sentence({Why::CountOfTracks, 0, 65535}, kItalianBase), "Il file MIDI è danneggiato: un file di formato 0 con 65535 tracce.");
+    EXPECT_EQ(Sentence({Why::TooLarge, 16}, kItalianBase), "Il file MIDI supera i 16 MB.");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// Why the sequencer refuses a file or a command, and the sentence that tells the user. Used by the reader of MIDI files, by the
-// machine's sequencer and by the stand-in that opens real files.
+// Why the sequencer refuses a file or a command. Used by the reader of MIDI files and by all sequencers; the player has the
+// sentences that tell the user.
 #pragma once
 
 #include <cstdint>
@@ -42,16 +42,16 @@ struct Refusal {
         // In the song:
         TooManyEvents, // more than N
         TooLong,
+        // Another device's reason, in its own words.
+        Other,
     };
 
     Why why = Why::None;
     std::uint64_t n = 0;
     std::uint64_t m = 0;
+    std::string words = {};
 
     explicit operator bool() const { return why != Why::None; }
 };
-
-// A sentence for the user, in UTF-8; empty for Why::None. linguaBase is the run's: 0 Italian, else English.
-std::string Sentence(const Refusal &refusal, int linguaBase);
 
 } // namespace velluto
