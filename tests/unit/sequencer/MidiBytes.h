@@ -1,7 +1,9 @@
 // MIDI files made byte by byte, for the tests of the reader and of what plays the files.
 #pragma once
 
+#include "app/Language.h"
 #include "platform/sequencer/MidiFile.h"
+#include "player/SequencerTexts.h"
 
 #include <cstdint>
 #include <initializer_list>
@@ -63,8 +65,7 @@ inline Bytes EndAfter(unsigned ticks)
 // Why the file is refused, in English; empty where it is not.
 inline std::string WordsOf(const MidiFile &file)
 {
-    constexpr int kEnglish = 200;
-    return Sentence(file.refusal, kEnglish);
+    return Sentence(file.refusal, kEnglishBase);
 }
 
 } // namespace velluto::test

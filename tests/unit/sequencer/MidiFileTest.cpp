@@ -235,7 +235,8 @@ Bytes OneTrack(const Bytes &events)
     return File(0, k96, {events});
 }
 
-std::vector<Refused> Catalogue()
+// By what stands around the tracks.
+std::vector<Refused> RefusedByItsChunks()
 {
     const Bytes track = Chunk("MTrk", EndAfter(96));
     const auto with = [](Bytes head, const Bytes &rest) {
@@ -273,6 +274,13 @@ std::vector<Refused> Catalogue()
         {"ATrackSmallerThanItsEvents", with(Header(0, 1, 96), {'M', 'T', 'r', 'k', 0, 0, 0, 4, 0x80, 96, 0xFF, 0x2F, 0}),
          "The MIDI file is damaged: track 1 ends in the middle of an event."},
         {"TwoHeaders", with(Header(0, 1, 96), with(Header(0, 1, 96), track)), "The MIDI file is damaged: it has a second header."},
+    };
+}
+
+// By what stands in a track.
+std::vector<Refused> RefusedByItsEvents()
+{
+    return {
         {"AnEmptyTrack", OneTrack({}), "The MIDI file is damaged: track 1 has no end."},
         {"NoEndOfTrack", OneTrack({0, 0x90, 60, 100}), "The MIDI file is damaged: track 1 has no end."},
         {"NoEndInTheSecondTrack", File(1, k96, {EndAfter(96), {0, 0x90, 60, 100}}), "The MIDI file is damaged: track 2 has no end."},
@@ -310,6 +318,13 @@ std::vector<Refused> Catalogue()
         {"ASongPositionMessage", OneTrack({0, 0xF2, 0, 0, 0, 0xFF, 0x2F, 0}),
          "The MIDI file is damaged: track 1 holds an event that has no place in a file."},
     };
+}
+
+std::vector<Refused> Catalogue()
+{
+    std::vector<Refused> all = RefusedByItsChunks();
+    std::ranges::move(RefusedByItsEvents(), std::back_inserter(all));
+    return all;
 }
 
 class RefusedFile : public testing::TestWithParam<Refused> {};
