@@ -115,7 +115,9 @@ def latch_and_slide(reader, ears, keyboard):
         reader.click(piano.child(key))
     ears.keyboard("a chord held", "90 30 40", "90 34 40", "90 37 40")
     slider = reader.get("slider", "Reverb", keyboard)
-    reader.click(reader.get("slider", "Volume", keyboard), *RIGHT_CLICK)  # the focus, with a button that moves nothing
+    volume = reader.get("slider", "Volume", keyboard)
+    reader.click(volume, *RIGHT_CLICK)  # the focus, with a button that moves nothing
+    wait_for("the focus of the slider that was clicked", lambda: volume.has("focused"))
     slider.ask(lambda a: a.grab_focus(), None)
     wait_for("the slider's focus", lambda: slider.has("focused"))
     reader.press("Up", "Up", "Up")
