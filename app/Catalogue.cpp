@@ -12,7 +12,7 @@ namespace velluto {
 namespace {
 
 struct CatalogueText {
-    int id;
+    int id = 0;
     TwoTexts text;
 };
 

@@ -49,7 +49,7 @@ struct DocumentType {
     MenuEntry &openCommand;
 
     int current = 0;                                              // slot that the command under way is about
-    DocRecord work;                                               // every access to a slot goes through it
+    DocRecord work{};                                             // every access to a slot goes through it
     std::array<bool, kLastFileSlot + 1> openFlags{};              // 1 to 8
     std::array<std::unique_ptr<ChildForm>, kMostSlots> windows{}; // by slot
 

@@ -14,7 +14,7 @@ using Why = Refusal::Why;
 
 // %1 and %2 stand for the refusal's numbers.
 struct SentenceOf {
-    Why why;
+    Why why{};
     TwoTexts text;
 };
 
