@@ -80,7 +80,7 @@ void SwitchSts(benchmark::State &state)
 {
     StyleStage &stage = TheStage();
     mnuStyUser_Click(stage.files, kFirstStyUserSlot);
-    frmStyUN &window = dynamic_cast<frmStyUN &>(*stage.files.styles.windows[kBank]);
+    auto &window = dynamic_cast<frmStyUN &>(*stage.files.styles.windows[kBank]);
     for (auto _ : state) {
         Press(window.CommSTS);
         Press(window.CommSTS);
