@@ -66,7 +66,7 @@ FilesState::FilesState(Modulo1 &core) : app(core), types{Programs(core), Styles(
 
 DocumentType *TypeOfKind(FilesState &files, int kind)
 {
-    const auto found = std::ranges::find_if(files.types, [kind](const DocumentType &type) { return type.Has(kind); });
+    auto *const found = std::ranges::find_if(files.types, [kind](const DocumentType &type) { return type.Has(kind); });
     return found == files.types.end() ? nullptr : &*found;
 }
 

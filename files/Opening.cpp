@@ -25,7 +25,7 @@ std::string OpeningTitle(const FilesState &files)
 DocumentType *TypeOfName(FilesState &files, std::string_view name)
 {
     const std::string end = UpperCase(name.substr(name.size() - std::min<std::size_t>(name.size(), 3)));
-    const auto found = std::ranges::find(files.types, end, &DocumentType::extension);
+    auto *const found = std::ranges::find(files.types, end, &DocumentType::extension);
     return found == files.types.end() ? nullptr : &*found;
 }
 
@@ -34,7 +34,7 @@ DocumentType *TypeOfExtension(FilesState &files, std::string_view path)
 {
     const auto dot = path.find_last_of('.');
     const std::string_view extension = dot == std::string_view::npos ? path : path.substr(dot + 1);
-    const auto found = std::ranges::find_if(files.types, [extension](const DocumentType &type) {
+    auto *const found = std::ranges::find_if(files.types, [extension](const DocumentType &type) {
         return extension == type.extension || extension == LowerCase(type.extension);
     });
     return found == files.types.end() ? nullptr : &*found;
@@ -166,7 +166,7 @@ void OpenPath(FilesState &files, const std::string &path, DocumentType *type)
 int ChooseFile(FilesState &files, int number)
 {
     Modulo1 &app = files.app;
-    const auto first = std::ranges::find(files.types, number, &DocumentType::kind);
+    auto *const first = std::ranges::find(files.types, number, &DocumentType::kind);
     if (first == files.types.end()) {
         return ChooseOutcome::Nothing;
     }
