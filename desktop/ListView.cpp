@@ -171,6 +171,12 @@ void ListView::LayOutColumns()
     horizontalScrollBar()->setRange(0, bar ? std::max(width - seen, 0) : 0);
 }
 
+// Qt would move the rows that its own layout knows of, and it knows of none.
+void ListView::scrollContentsBy(int /*dx*/, int /*dy*/)
+{
+    viewport()->update();
+}
+
 int ListView::horizontalOffset() const
 {
     return horizontalScrollBar()->value();

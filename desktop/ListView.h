@@ -46,6 +46,7 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
     [[nodiscard]] int horizontalOffset() const override;
     [[nodiscard]] int verticalOffset() const override;
 

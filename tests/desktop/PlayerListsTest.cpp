@@ -5,6 +5,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScreen>
 #include <QScrollBar>
 #include <QToolTip>
 
@@ -158,6 +159,23 @@ TEST_F(PlayerListsTest, TheWheelScrollsAndALongListBeginsAtItsTop)
     view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum());
     EXPECT_TRUE(LastInView(Form().ListMidiSel) == 102 || LastInView(Form().ListMidiSel) == -1);
     EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(view.model()->index(102, 0))));
+}
+
+TEST_F(PlayerListsTest, AListThatHasScrolledShowsTheRowsThatAClickTakes)
+{
+    for (int number = 100; number < 200; ++number) {
+        Song("s" + std::to_string(number) + ".mid");
+    }
+    Open();
+    ListView &view = View(Form().ListMidiSel);
+    const QRect rows(view.viewport()->mapTo(&Frame(), QPoint()), view.viewport()->size());
+    const auto shown = [&] { return Frame().screen()->grabWindow(Frame().winId()).toImage().copy(rows); };
+    Settle();
+    const QImage before = shown();
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum());
+    Settle();
+    EXPECT_NE(shown(), before);
+    EXPECT_EQ(shown(), Frame().grab().toImage().convertToFormat(before.format()).copy(rows)); // as if painted once more
 }
 
 TEST_F(PlayerListsTest, ANameTooLongForItsListIsWholeInTheTip)
