@@ -164,8 +164,7 @@ public:
     [[nodiscard]] const std::string &Row(int row) const;     // row 0-based; empty outside the list
     [[nodiscard]] bool Selected(int row) const;              // false outside the list
     [[nodiscard]] int ListIndex() const { return current_; } // 0-based current row, -1 for none
-    [[nodiscard]] int Anchor() const { return anchor_; }
-    void SetRows(std::vector<std::string> rows); // clears the selection
+    void SetRows(std::vector<std::string> rows);             // clears the selection
     void AddItem(std::string row) { InsertItem(std::move(row), ListCount()); }
     void InsertItem(std::string row, int at);
     void RemoveItem(int at);

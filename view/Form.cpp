@@ -7,20 +7,6 @@ std::string Form::FullName() const
     return number_ == kNoNumber ? name_ : name_ + "(" + std::to_string(number_) + ")";
 }
 
-void Form::SetWidth(int width)
-{
-    Place wanted = place;
-    wanted.width = width;
-    place = wanted;
-}
-
-void Form::SetHeight(int height)
-{
-    Place wanted = place;
-    wanted.height = height;
-    place = wanted;
-}
-
 void Form::Changed(Aspect aspect)
 {
     Raise(observer, aspect);

@@ -38,8 +38,6 @@ public:
     [[nodiscard]] int Top() const { return place.Get().top; }
     [[nodiscard]] int Width() const { return place.Get().width; }
     [[nodiscard]] int Height() const { return place.Get().height; }
-    void SetWidth(int width);
-    void SetHeight(int height);
 
     // Inner size: the outer size less the window's frame. The face sets frame before the form loads, and maximisedInside
     // while it draws the form maximised, where place tells of the normal window only.

@@ -120,15 +120,15 @@ TEST(Controls, AFormIsResizedByAChangeOfSizeOrStateOnceItIsLoaded)
     window.Load();
     window.place = Place{50, 60, 100, 100};
     EXPECT_EQ(window.resizes, 0);
-    window.SetWidth(200);
+    window.place = Place{50, 60, 200, 100};
     EXPECT_EQ(window.resizes, 1);
-    window.SetHeight(300);
+    window.place = Place{50, 60, 200, 300};
     EXPECT_EQ(window.resizes, 2);
     window.windowState = WindowState::Minimised;
     EXPECT_EQ(window.resizes, 3);
     EXPECT_EQ(window.place.Get(), (Place{50, 60, 200, 300}));
     window.Unload();
-    window.SetWidth(400);
+    window.place = Place{50, 60, 400, 300};
     EXPECT_EQ(window.resizes, 3);
 }
 

@@ -203,7 +203,8 @@ TEST_F(ListTest, NewRowsClearSelectionAndCurrentRow)
     List1.SetRows({"a", "b"});
     EXPECT_EQ(Selected(), Rows{});
     EXPECT_EQ(List1.ListIndex(), -1);
-    EXPECT_EQ(List1.Anchor(), -1);
+    Click(1, Modifier::Shift); // from the first row on, not from the row clicked before
+    EXPECT_EQ(Selected(), (Rows{0, 1}));
 }
 
 TEST_F(ListTest, RowsKeepTheirZeroBytes)
