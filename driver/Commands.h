@@ -24,6 +24,9 @@ struct Command {
 
 inline constexpr int kAnyNumber = 1 << 20;
 
+// The user closes the frame: the command "exit", and what "close" is for the frame.
+[[nodiscard]] Json Exit(Session &session, const Words &words);
+
 [[nodiscard]] std::span<const Command> StageCommands();
 [[nodiscard]] std::span<const Command> RunningCommands();
 [[nodiscard]] std::span<const Command> UsingCommands();

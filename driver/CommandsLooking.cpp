@@ -3,7 +3,6 @@
 
 #include "driver/Describe.h"
 #include "driver/Names.h"
-#include "driver/Running.h"
 #include "driver/Sha256.h"
 #include "driver/Values.h"
 
@@ -27,21 +26,16 @@ Json Windows(Session &session, const Words & /*words*/)
 Json Show(Session &session, const Words &words)
 {
     const Form &window = FindWindow(session.Program(), words[0]);
-    Json told = Good();
     if (words.size() == 1) {
-        told["controls"] = DescribeControls(window);
-    } else {
-        const Control &control = FindControl(window, words[1]);
-        told["controls"] = Json{{control.FullName(), DescribeControl(control)}};
+        return Good("controls", DescribeControls(window));
     }
-    return told;
+    const Control &control = FindControl(window, words[1]);
+    return Good("controls", Json{{control.FullName(), DescribeControl(control)}});
 }
 
 Json Menus(Session &session, const Words & /*words*/)
 {
-    Json told = Good();
-    told["menus"] = DescribeMenus(session.Program().app.frame);
-    return told;
+    return Good("menus", DescribeMenus(session.Program().app.frame));
 }
 
 Json ShowTag(Session &session, const Words &words)
@@ -134,9 +128,7 @@ Json Boxes(Session &session, const Words & /*words*/)
                          {"answer", WordOfButton(box.answer)}});
     }
     session.face.boxes.clear();
-    Json told = Good();
-    told["boxes"] = std::move(boxes);
-    return told;
+    return Good("boxes", std::move(boxes));
 }
 
 Json Dialogs(Session &session, const Words & /*words*/)
@@ -152,9 +144,7 @@ Json Dialogs(Session &session, const Words & /*words*/)
                            {"extension", ProgramText(dialog.extension)}});
     }
     session.face.dialogs.clear();
-    Json told = Good();
-    told["dialogs"] = std::move(dialogs);
-    return told;
+    return Good("dialogs", std::move(dialogs));
 }
 
 Json Printed(Session &session, const Words & /*words*/)
@@ -167,16 +157,12 @@ Json Printed(Session &session, const Words & /*words*/)
         }
         pages.push_back(std::move(lines));
     }
-    Json told = Good();
-    told["pages"] = std::move(pages);
-    return told;
+    return Good("pages", std::move(pages));
 }
 
 Json Value(Session &session, const Words &words)
 {
-    Json told = Good();
-    told["value"] = ValueOf(session.LastProgram(), words.front());
-    return told;
+    return Good("value", ValueOf(session.LastProgram(), words.front()));
 }
 
 constexpr std::array<Command, 10> kCommands = {{

@@ -2,7 +2,6 @@
 #include "driver/Commands.h"
 
 #include "driver/Names.h"
-#include "driver/Running.h"
 #include "view/Gestures.h"
 
 #include <algorithm>
@@ -64,14 +63,7 @@ Json Start(Session &session, const Words &words)
         session.DropProgram();
         throw BadCommand("the language was asked for; the choice was cancelled");
     }
-    Json told = Good();
-    told["running"] = session.Running();
-    return told;
-}
-
-Json Exit(Session &session, const Words & /*words*/)
-{
-    return ExitProgram(session);
+    return Good("running", session.Running());
 }
 
 Json Choose(Session &session, const Words &words)
@@ -114,6 +106,12 @@ constexpr std::array<Command, 5> kCommands = {{
 }};
 
 } // namespace
+
+Json Exit(Session &session, const Words & /*words*/)
+{
+    (void)CloseFrame(session.Program());
+    return Good("running", session.Running());
+}
 
 std::span<const Command> RunningCommands()
 {

@@ -4,7 +4,6 @@
 
 #include "app/Characters.h"
 #include "driver/Names.h"
-#include "driver/Running.h"
 #include "view/FolderControls.h"
 #include "view/Gestures.h"
 
@@ -20,7 +19,7 @@ Form &Touch(Session &session, std::string_view name)
 {
     Velluto &program = session.Program();
     Form &window = FindWindow(program, name);
-    if (!IsFrame(session, window)) {
+    if (!IsFrame(program, window)) {
         if (window.windowState == WindowState::Minimised) {
             throw BadCommand(window.FullName() + " is minimised");
         }
@@ -49,9 +48,7 @@ Control &Reach(Session &session, std::string_view windowName, std::string_view c
 Json ChooseEntry(Session &session, const Words &words)
 {
     MenuEntry &entry = FindEntry(session.Program(), words.front());
-    Json told = Good();
-    told["chosen"] = ChooseMenu(entry);
-    return told;
+    return Good("chosen", ChooseMenu(entry));
 }
 
 Json Drop(Session &session, const Words &words)

@@ -2,7 +2,6 @@
 #include "driver/Commands.h"
 
 #include "driver/Names.h"
-#include "driver/Running.h"
 
 #include <array>
 
@@ -13,7 +12,7 @@ namespace {
 // A hand on a window's title or edge brings a child to the front, minimised too.
 void BringForward(Session &session, Form &window)
 {
-    if (!IsFrame(session, window)) {
+    if (!IsFrame(session.Program(), window)) {
         session.Program().app.children.Activate(window);
     }
 }
@@ -27,12 +26,10 @@ Json Activate(Session &session, const Words &words)
 Json Close(Session &session, const Words &words)
 {
     Form &window = FindWindow(session.Program(), words.front());
-    if (IsFrame(session, window)) {
-        return ExitProgram(session);
+    if (IsFrame(session.Program(), window)) {
+        return Exit(session, words);
     }
-    Json told = Good();
-    told["closed"] = session.Program().app.children.Unload(window);
-    return told;
+    return Good("closed", session.Program().app.children.Unload(window));
 }
 
 template <WindowState State>
@@ -40,7 +37,7 @@ Json SetState(Session &session, const Words &words)
 {
     Form &window = FindWindow(session.Program(), words.front());
     ChildWindows &children = session.Program().app.children;
-    if (IsFrame(session, window)) {
+    if (IsFrame(session.Program(), window)) {
         window.windowState = State;
         return Good();
     }

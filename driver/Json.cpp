@@ -49,6 +49,13 @@ Json Good()
     return Json{{"ok", true}};
 }
 
+Json Good(std::string_view key, Json value)
+{
+    Json told = Good();
+    told[std::string(key)] = std::move(value);
+    return told;
+}
+
 Json Bad(std::string_view error)
 {
     return Json{{"ok", false}, {"error", ProgramText(error)}};

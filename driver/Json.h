@@ -22,6 +22,8 @@ using Json = nlohmann::ordered_json; // keys keep the order in which they were p
 [[nodiscard]] std::string_view AsText(std::span<const std::uint8_t> bytes);
 
 [[nodiscard]] Json Good();
+// With what there is to tell.
+[[nodiscard]] Json Good(std::string_view key, Json value);
 [[nodiscard]] Json Bad(std::string_view error);
 // The answer on one line, without a line end.
 [[nodiscard]] std::string OneLine(const Json &answer);

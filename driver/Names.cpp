@@ -1,10 +1,22 @@
 #include "driver/Names.h"
 
 #include "driver/Words.h"
+#include "view/Face.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velluto::driver {
+
+namespace {
+
+struct ButtonName {
+    std::string_view word;
+    int button;
+};
+constexpr std::array<ButtonName, 4> kButtons = {{{"yes", Box::kYes}, {"no", Box::kNo}, {"cancel", Box::kCancel}, {"ok", Box::kOk}}};
+
+} // namespace
 
 Form &FindWindow(Velluto &program, std::string_view name)
 {
@@ -42,6 +54,18 @@ MenuEntry &FindEntry(Velluto &program, std::string_view name)
 void RefuseKind(const Control &control, std::string_view kind)
 {
     throw BadCommand(control.FullName() + " is not " + std::string(kind));
+}
+
+int ButtonOf(std::string_view word)
+{
+    const auto *const found = std::ranges::find(kButtons, word, &ButtonName::word);
+    return found == kButtons.end() ? 0 : found->button;
+}
+
+std::string_view WordOfButton(int button)
+{
+    const auto *const found = std::ranges::find(kButtons, button, &ButtonName::button);
+    return found == kButtons.end() ? "" : found->word;
 }
 
 } // namespace velluto::driver

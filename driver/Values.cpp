@@ -1,21 +1,35 @@
 #include "driver/Values.h"
 
-#include "driver/NamedValue.h"
 #include "driver/Words.h"
 #include "keyboard/frmTastiera.h"
+#include "player/SequencerTexts.h"
+#include "player/frmMIDIPlayer.h"
 
 #include <algorithm>
 #include <array>
+#include <span>
+#include <tuple>
 #include <type_traits>
 
 namespace velluto::driver {
 
 namespace {
 
+struct NamedValue {
+    std::string_view name;
+    Json (*read)(Velluto &program);
+    int first = 0; // the index of a table's first element
+};
+
+// A number, true or false, or a text of the program.
 template <class T>
 Json ToJson(const T &value)
 {
-    return PlainValue(value);
+    if constexpr (std::is_arithmetic_v<T>) {
+        return value;
+    } else {
+        return ProgramText(value);
+    }
 }
 
 Json ToJson(const FileImage &image)
@@ -65,67 +79,22 @@ Json Flag(bool flag)
     return flag ? 1 : 0;
 }
 
-// The record that a variable lives in.
+// The record that a variable lives in. The keyboard's notes live as long as its window.
 template <class Record>
-const Record &Home(Velluto &program);
-template <>
-const RunPaths &Home(Velluto &program)
+const Record &Home(Velluto &program)
 {
-    return program.app.paths;
-}
-template <>
-const Modulo1 &Home(Velluto &program)
-{
-    return program.app;
-}
-template <>
-const Messages &Home(Velluto &program)
-{
-    return program.app.messages;
-}
-template <>
-const Settings &Home(Velluto &program)
-{
-    return program.app.settings;
-}
-template <>
-const ChildWindows &Home(Velluto &program)
-{
-    return program.app.children;
-}
-template <>
-const MidiState &Home(Velluto &program)
-{
-    return program.midi;
-}
-template <>
-const FilesState &Home(Velluto &program)
-{
-    return program.files;
-}
-template <>
-const ItemClipboard &Home(Velluto &program)
-{
-    return program.files.clipboard;
-}
-template <>
-const FactoryTables &Home(Velluto &program)
-{
-    return program.recall.tables;
-}
-template <>
-const NotesState &Home(Velluto &program)
-{
-    return program.notes;
-}
-// The keyboard's notes live as long as its window.
-template <>
-const NoteState &Home(Velluto &program)
-{
-    if (program.keyboard.window == nullptr) {
-        throw BadCommand("the keyboard is not open");
+    if constexpr (std::is_same_v<Record, NoteState>) {
+        if (program.keyboard.window == nullptr) {
+            throw BadCommand("the keyboard is not open");
+        }
+        return program.keyboard.window->notes;
+    } else {
+        Modulo1 &app = program.app;
+        const auto homes =
+            std::tie(app, app.paths, app.messages, app.settings, app.children, program.midi, program.files, program.files.clipboard,
+                     program.recall.tables, program.notes, static_cast<PlayerVariables &>(program.player));
+        return std::get<Record &>(homes);
     }
-    return program.keyboard.window->notes;
 }
 
 template <class Record, class Value>
@@ -212,6 +181,18 @@ Json WindowsOf(Velluto &program)
 Json StyleOverviews(Velluto &program)
 {
     return WindowsIn(program.files.overviews, ViewKind::StyleOverview - ViewKind::PerformanceOverview);
+}
+
+template <auto Member>
+Json OfDevice(Velluto &program)
+{
+    return ToJson((program.app.ports.sequencer.*Member)());
+}
+
+// That of the window's own control, as long as there is one.
+std::string LastCommand(const Velluto &program)
+{
+    return program.player.window != nullptr ? program.player.window->MMControl1.Command() : program.app.ports.sequencer.Command();
 }
 
 constexpr auto kNamed = std::to_array<NamedValue>({
@@ -319,18 +300,37 @@ constexpr auto kNamed = std::to_array<NamedValue>({
     {"GuideText", BytesOf<&NotesState::GuideText>},
     {"GuideLength", Of<&NotesState::GuideLength>},
     {"NotebookText", BytesOf<&NotesState::NotebookText>},
+    {"CompilationImage", BytesOf<&PlayerVariables::image>},
+    {"CompilationName", Of<&PlayerVariables::CompilationName>},
+    {"CompilationDirty", Of<&PlayerVariables::CompilationDirty>},
+    {"PlayFromCompilation", Of<&PlayerVariables::PlayFromCompilation>},
+    {"PlayAllArmed", Of<&PlayerVariables::PlayAllArmed>},
+    {"SelectionGuard", Of<&PlayerVariables::SelectionGuard>},
+    {"DeviceOpenTried", Of<&PlayerVariables::DeviceOpenTried>},
+    {"CurrentCompRow", Of<&PlayerVariables::CurrentCompRow>},
+    {"CurrentFileRow", Of<&PlayerVariables::CurrentFileRow>},
+    {"PlayingFileRow", Of<&PlayerVariables::PlayingFileRow>},
+    {"CompilationIndex", Of<&PlayerVariables::CompilationIndex>},
+    {"NextFilePath", Of<&PlayerVariables::NextFilePath>},
+    {"PlayDir", Of<&PlayerVariables::PlayDir>},
+    {"OpenFilePath", Of<&PlayerVariables::OpenFilePath>},
+    {"RepeatOff", Of<&PlayerVariables::RepeatOff>},
+    {"PlayAllOff", Of<&PlayerVariables::PlayAllOff>},
+    {"TrackLength", Of<&PlayerVariables::TrackLength>},
+    {"StartMark", Of<&PlayerVariables::StartMark>},
+    {"StopMark", Of<&PlayerVariables::StopMark>},
+    {"MarksActive", Of<&PlayerVariables::MarksActive>},
+    {"TickCount", Of<&PlayerVariables::TickCount>},
+    {"TickMap", TableOf<&PlayerVariables::TickMap>},
+    {"Command", [](Velluto &program) { return Json(LastCommand(program)); }},
+    {"Mode", OfDevice<&Sequencer::Mode>},
+    {"Position", OfDevice<&Sequencer::Position>},
+    {"From", OfDevice<&Sequencer::From>},
+    {"Length", OfDevice<&Sequencer::Length>},
+    {"Error", OfDevice<&Sequencer::Error>},
+    {"ErrorMessage",
+     [](Velluto &program) { return Json(Sentence(program.app.ports.sequencer.Reason(), program.app.messages.LinguaBase)); }},
 });
-
-const NamedValue *Find(std::string_view name)
-{
-    for (const std::span<const NamedValue> named : {std::span<const NamedValue>(kNamed), PlayerValues()}) {
-        const auto found = std::ranges::find(named, name, &NamedValue::name);
-        if (found != named.end()) {
-            return &*found;
-        }
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -338,8 +338,8 @@ Json ValueOf(Velluto &program, std::string_view name)
 {
     const std::size_t bracket = std::min(name.find('('), name.size());
     const std::string_view plain = name.substr(0, bracket);
-    const NamedValue *const found = Find(plain);
-    if (found == nullptr || (bracket < name.size() && name.back() != ')')) {
+    const auto *const found = std::ranges::find(kNamed, plain, &NamedValue::name);
+    if (found == kNamed.end() || (bracket < name.size() && name.back() != ')')) {
         throw BadCommand("no variable " + std::string(name));
     }
     Json value = found->read(program);
@@ -358,7 +358,6 @@ std::vector<std::string_view> ValueNames()
 {
     std::vector<std::string_view> names;
     std::ranges::transform(kNamed, std::back_inserter(names), &NamedValue::name);
-    std::ranges::transform(PlayerValues(), std::back_inserter(names), &NamedValue::name);
     return names;
 }
 

@@ -44,16 +44,6 @@ void StandinFace::ShowModal(Form &form)
     form.Unload();
 }
 
-void StandinFace::CloseModal(Form &form)
-{
-    form.Unload();
-}
-
-void StandinFace::PopUpMenu(MenuEntry &menu)
-{
-    popUps.push_back(&menu);
-}
-
 Size StandinFace::MeasureA(const Font &font)
 {
     // Liberation Mono: 0.6 em wide; a row as high as its glyphs with one pixel to spare.
@@ -77,21 +67,5 @@ int StandinFace::LabelWidth(const std::string &text)
     const auto characters = std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
     return static_cast<int>(characters) * 6 * kTwipsPerPixel;
 }
-
-void StandinFace::FrameShown(Form &form)
-{
-    frame = &form;
-}
-
-void StandinFace::FrameClosed(Form & /*form*/)
-{
-    frame = nullptr;
-}
-
-void StandinFace::ChildShown(Form & /*child*/) {}
-
-void StandinFace::ChildClosed(Form & /*child*/) {}
-
-void StandinFace::ChildActivated(Form * /*child*/) {}
 
 } // namespace velluto

@@ -31,17 +31,17 @@ public:
     int MessageBox(const std::string &title, const std::string &text, int style) override;
     FileChoice ShowFileDialog(const FileDialog &dialog) override;
     void ShowModal(Form &form) override;
-    void CloseModal(Form &form) override;
-    void PopUpMenu(MenuEntry &menu) override;
+    void CloseModal(Form &form) override { form.Unload(); }
+    void PopUpMenu(MenuEntry &menu) override { popUps.push_back(&menu); }
     Size MeasureA(const Font &font) override;
     Size ChildFrame() override;
     Size Workspace() override;
     int LabelWidth(const std::string &text) override;
-    void FrameShown(Form &form) override;
-    void FrameClosed(Form &form) override;
-    void ChildShown(Form &child) override;
-    void ChildClosed(Form &child) override;
-    void ChildActivated(Form *child) override;
+    void FrameShown(Form &form) override { frame = &form; }
+    void FrameClosed(Form & /*form*/) override { frame = nullptr; }
+    void ChildShown(Form & /*child*/) override {}
+    void ChildClosed(Form & /*child*/) override {}
+    void ChildActivated(Form * /*child*/) override {}
 };
 
 } // namespace velluto

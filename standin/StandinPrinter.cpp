@@ -24,51 +24,6 @@ RuntimeError StandinPrinter::Try()
     return {failure};
 }
 
-RuntimeError StandinPrinter::FontName(std::string_view name)
-{
-    const RuntimeError error = Try();
-    if (!error.Failed()) {
-        fontName = name;
-    }
-    return error;
-}
-
-RuntimeError StandinPrinter::FontSize(int points)
-{
-    const RuntimeError error = Try();
-    if (!error.Failed()) {
-        fontSize = points;
-    }
-    return error;
-}
-
-RuntimeError StandinPrinter::FontBold(bool bold)
-{
-    const RuntimeError error = Try();
-    if (!error.Failed()) {
-        fontBold = bold;
-    }
-    return error;
-}
-
-RuntimeError StandinPrinter::CurrentX(int place)
-{
-    const RuntimeError error = Try();
-    if (!error.Failed()) {
-        x_ = place;
-    }
-    return error;
-}
-
-RuntimeError StandinPrinter::CurrentY(int place)
-{
-    const RuntimeError error = Try();
-    if (!error.Failed()) {
-        y_ = place;
-    }
-    return error;
-}
-
 RuntimeError StandinPrinter::Print(std::string_view line)
 {
     const RuntimeError error = Try();

@@ -32,19 +32,29 @@ public:
     std::optional<int> successes;
     int failure = PrinterError::kPrinter;
 
-    RuntimeError FontName(std::string_view name) override;
-    RuntimeError FontSize(int points) override;
-    RuntimeError FontBold(bool bold) override;
+    RuntimeError FontName(std::string_view name) override { return Take(fontName, name); }
+    RuntimeError FontSize(int points) override { return Take(fontSize, points); }
+    RuntimeError FontBold(bool bold) override { return Take(fontBold, bold); }
     [[nodiscard]] int CurrentX() const override { return x_; }
     [[nodiscard]] int CurrentY() const override { return y_; }
-    RuntimeError CurrentX(int place) override;
-    RuntimeError CurrentY(int place) override;
+    RuntimeError CurrentX(int place) override { return Take(x_, place); }
+    RuntimeError CurrentY(int place) override { return Take(y_, place); }
     RuntimeError Print(std::string_view line) override;
     RuntimeError EndDoc() override;
 
 private:
     // Counts an operation. One that fails drops the document under way.
     RuntimeError Try();
+    // An operation that only sets something.
+    template <class Kept, class Value>
+    RuntimeError Take(Kept &kept, Value value)
+    {
+        const RuntimeError error = Try();
+        if (!error.Failed()) {
+            kept = value;
+        }
+        return error;
+    }
     void Begin();
 
     PrintedPage page_;
