@@ -17,6 +17,9 @@ namespace velluto {
 // The other way.
 [[nodiscard]] std::string Utf8Of(std::u32string_view characters);
 
+// The text with every line end, whichever kind it was, as carriage return and line feed.
+[[nodiscard]] std::u32string WithCrLf(std::u32string_view text);
+
 // A byte of UTF-8 that goes on with the character before it.
 [[nodiscard]] constexpr bool IsContinuationByte(char byte)
 {

@@ -3,36 +3,23 @@
 #pragma once
 
 #include "app/Settings.h"
+#include "view/ControlArray.h"
 #include "view/MenuEntry.h"
 
 #include <array>
-#include <cstddef>
-#include <utility>
 
 namespace velluto {
 
 // Numbered entries of one name, First to First + Count - 1, addressed by their own numbers.
 template <int First, int Count>
-class MenuArray {
-public:
+struct MenuArray : ControlArray<MenuEntry, First, Count> {
     // text gives the caption of each number; captions stay empty without it.
     MenuArray(MenuEntry &parent, const char *name, const std::array<std::string_view, Count> &text)
-        : MenuArray(parent, name, text, std::make_index_sequence<Count>())
+        : ControlArray<MenuEntry, First, Count>([&](int number) {
+              return MenuEntry(parent, name, {0, text[static_cast<std::size_t>(number - First)]}, Shortcut{}, number);
+          })
     {
     }
-    MenuEntry &operator[](int number) { return entries_.at(static_cast<std::size_t>(number - First)); }
-    [[nodiscard]] static constexpr int first() { return First; }
-    [[nodiscard]] static constexpr int last() { return First + Count - 1; }
-    auto begin() { return entries_.begin(); }
-    auto end() { return entries_.end(); }
-
-private:
-    template <std::size_t... I>
-    MenuArray(MenuEntry &parent, const char *name, const std::array<std::string_view, Count> &text, std::index_sequence<I...>)
-        : entries_{MenuEntry(parent, name, {0, text[I]}, Shortcut{}, First + static_cast<int>(I))...}
-    {
-    }
-    std::array<MenuEntry, Count> entries_;
 };
 
 struct frmMain : Form {

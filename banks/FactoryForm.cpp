@@ -14,8 +14,8 @@ constexpr Font kListFont{"courier new", 11, 400};
 
 } // namespace
 
-FactoryForm::FactoryForm(std::string name, int number, RecallState &recall, int kind, MenuEntry &command)
-    : ChildForm(std::move(name), number, recall.app, &command), recall_(recall), kind_(kind),
+FactoryForm::FactoryForm(std::string name, int number, RecallState &recall, int kind, MenuEntry &command, Size cells)
+    : ChildForm(std::move(name), number, recall.app, &command), recall_(recall), kind_(kind), cells_(cells),
       entry_(recall.app.settings.PlacementTable.at(static_cast<std::size_t>(kind - 1)))
 {
     List1.font = kListFont;
@@ -40,8 +40,7 @@ bool FactoryForm::LoadWindow()
 void FactoryForm::PlaceWindow()
 {
     const Size letter = app.face.MeasureA(List1.font);
-    const Size cells = NaturalCells();
-    PlaceFirst(entry_, {cells.width * letter.width + frame.width, cells.height * letter.height + frame.height});
+    PlaceFirst(entry_, {cells_.width * letter.width + frame.width, cells_.height * letter.height + frame.height});
     place = PlaceOf(entry_);
     entry_.State = StoredState::Normal;
     recall_.files.WorkPlacement = entry_;

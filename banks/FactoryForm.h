@@ -16,8 +16,9 @@ public:
     ListBox List1{*this, "List1"};
 
 protected:
-    // number tells the window from the others of its form, kind is its ViewKind, command what shows it.
-    FactoryForm(std::string name, int number, RecallState &recall, int kind, MenuEntry &command);
+    // number tells the window from the others of its form, kind is its ViewKind, command what shows it. cells is the list's natural size
+    // in widths and heights of the letter "A".
+    FactoryForm(std::string name, int number, RecallState &recall, int kind, MenuEntry &command, Size cells);
 
     void UnloadWindow() override;
 
@@ -31,8 +32,6 @@ private:
     bool LoadWindow() final;
     void Resized() final;
 
-    // The list's size in widths and heights of the letter "A".
-    [[nodiscard]] virtual Size NaturalCells() const = 0;
     [[nodiscard]] virtual std::vector<std::string> Rows() const = 0;
     [[nodiscard]] virtual WindowTag StateText(const WindowPlacement &placement) const = 0;
     // A click on this row passes on to the instrument.
@@ -45,6 +44,7 @@ private:
 
     RecallState &recall_;
     int kind_;
+    Size cells_;
     WindowPlacement &entry_;
 };
 

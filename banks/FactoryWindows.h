@@ -16,12 +16,7 @@ struct BankState {
     std::array<std::unique_ptr<frmSty>, 2> StyListWindows;  // ViewKind 15 and 16
 };
 
-void mnuBankA_Click(BankState &banks);
-void mnuBankB_Click(BankState &banks);
-void mnuBankC_Click(BankState &banks);
-void mnuBankD_Click(BankState &banks);
-void mnuBankE_Click(BankState &banks);
-void mnuBankF_Click(BankState &banks);
-void mnuSty_Click(BankState &banks, int index); // 1 or 2
+void ShowFactoryBank(BankState &banks, int kind); // 2 to 7: the commands mnuBankA to mnuBankF
+void mnuSty_Click(BankState &banks, int index);   // 1 or 2
 
 } // namespace velluto

@@ -1,7 +1,6 @@
 #include "banks/Recall.h"
 
 #include "banks/BankLayout.h"
-#include "banks/RecallTables.h"
 #include "files/OverviewForm.h"
 #include "files/Slots.h"
 #include "files/WindowRole.h"
@@ -18,6 +17,30 @@
 namespace velluto {
 
 namespace {
+
+// Where the instrument keeps what a list shows.
+constexpr RecordField kFieldMsb{18, 3};
+constexpr RecordField kFieldLsb{22, 3};
+constexpr RecordField kFieldProgram{26, 3};
+
+// The pages of a factory Style list: sixteen rows each, headings between them.
+struct StylePage {
+    int firstRow;
+    int lastRow;
+};
+constexpr std::array<StylePage, 8> kStylePages = {{{2, 17}, {21, 36}, {39, 54}, {58, 73}, {76, 91}, {95, 110}, {113, 128}, {132, 147}}};
+
+// Bank select MSB of what the user can load.
+constexpr int kMsbUserPrograms = 121;
+constexpr int kMsbStyles = 0;
+constexpr int kMsbPerformances = 1;
+
+// Bank select LSB.
+constexpr int kLsbProgramUser1 = 64;
+constexpr int kLsbStyleList2 = 8;      // the second factory Style list begins here
+constexpr int kLsbStyleSlotOffset = 8; // slot 9 (User 1) is LSB 17, slot 20 (Direct HD 9) LSB 28
+constexpr int kLsbStyleUserOffset = 16;
+constexpr int kLsbDirectHdOffset = 19;
 
 bool Between(int value, int low, int high)
 {

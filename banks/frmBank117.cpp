@@ -23,11 +23,6 @@ constexpr int kTitlePosition = 21;
 constexpr std::array<MenuEntry frmMain::*, 6> kCommands{&frmMain::mnuBankA, &frmMain::mnuBankB, &frmMain::mnuBankC,
                                                         &frmMain::mnuBankD, &frmMain::mnuBankE, &frmMain::mnuBankF};
 
-MenuEntry &CommandOf(frmMain &menu, int kind)
-{
-    return menu.*kCommands.at(static_cast<std::size_t>(kind - ViewKind::BankA));
-}
-
 // A menu caption as a title: without the mark of its access key, and with "&" for every "/".
 std::string TitleOf(std::string_view caption)
 {
@@ -39,14 +34,15 @@ std::string TitleOf(std::string_view caption)
 
 } // namespace
 
-frmBank117::frmBank117(RecallState &recall, int kind) : FactoryForm("frmBank117", kind, recall, kind, CommandOf(recall.app.frame, kind))
+MenuEntry &FactoryBankEntry(frmMain &menu, int kind)
 {
-    List1.columns = kColumns;
+    return menu.*kCommands.at(static_cast<std::size_t>(kind - ViewKind::BankA));
 }
 
-Size frmBank117::NaturalCells() const
+frmBank117::frmBank117(RecallState &recall, int kind)
+    : FactoryForm("frmBank117", kind, recall, kind, FactoryBankEntry(recall.app.frame, kind), kCells)
 {
-    return kCells;
+    List1.columns = kColumns;
 }
 
 std::vector<std::string> frmBank117::Rows() const
@@ -58,7 +54,7 @@ WindowTag frmBank117::StateText(const WindowPlacement &placement) const
 {
     WindowTag tag;
     tag.prefix = std::string(kZeros, '\0') + std::string(kTitleLength, ' ');
-    tag.Put(kTitlePosition, TitleOf(CommandOf(app.frame, Kind()).caption.Get()));
+    tag.Put(kTitlePosition, TitleOf(FactoryBankEntry(app.frame, Kind()).caption.Get()));
     tag.Set(TagPosition::Kind, Kind());
     tag.Set(TagPosition::Role, placement.Role);
     return tag;

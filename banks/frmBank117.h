@@ -5,6 +5,9 @@
 
 namespace velluto {
 
+// The command that shows the bank of a kind, and whose caption is its title.
+[[nodiscard]] MenuEntry &FactoryBankEntry(frmMain &menu, int kind);
+
 class frmBank117 : public FactoryForm {
 public:
     // kind 2 to 7
@@ -13,7 +16,6 @@ public:
     bool Form_QueryUnload() override;
 
 private:
-    [[nodiscard]] Size NaturalCells() const override;
     [[nodiscard]] std::vector<std::string> Rows() const override;
     [[nodiscard]] WindowTag StateText(const WindowPlacement &placement) const override;
     [[nodiscard]] bool PlaysRow(std::string_view row) const override;

@@ -21,15 +21,10 @@ constexpr std::size_t kBehindNumber = 2; // 0-based character of a row that is a
 } // namespace
 
 frmSty::frmSty(RecallState &recall, int index)
-    : FactoryForm("frmSty", index, recall, kKindBeforeFirst + index, recall.app.frame.mnuSty[index])
+    : FactoryForm("frmSty", index, recall, kKindBeforeFirst + index, recall.app.frame.mnuSty[index], kCells)
 {
     List1.columns = kColumns;
     List1.longestColumn = kRowsInGroup;
-}
-
-Size frmSty::NaturalCells() const
-{
-    return kCells;
 }
 
 std::vector<std::string> frmSty::Rows() const

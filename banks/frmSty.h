@@ -11,7 +11,6 @@ public:
     frmSty(RecallState &recall, int index);
 
 private:
-    [[nodiscard]] Size NaturalCells() const override;
     [[nodiscard]] std::vector<std::string> Rows() const override;
     [[nodiscard]] WindowTag StateText(const WindowPlacement &placement) const override;
     [[nodiscard]] bool PlaysRow(std::string_view row) const override;

@@ -1,7 +1,6 @@
 #include "notes/NotebookText.h"
 
 #include "app/Characters.h"
-#include "notes/LineEnds.h"
 
 #include <algorithm>
 #include <vector>

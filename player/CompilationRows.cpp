@@ -65,10 +65,10 @@ std::size_t RowBehind(const std::vector<std::string> &keys, const std::string &k
 
 } // namespace
 
-void RebuildCompilationList(frmMIDIPlayer &form, RebuildMode mode)
+void RebuildCompilationList(frmMIDIPlayer &form)
 {
     std::vector<std::string> rows = form.ListMidiCorr.Rows();
-    const RowReading reading = ReadRows(form, mode == RebuildMode::Append ? rows.size() : 0, rows);
+    const RowReading reading = ReadRows(form, rows.size(), rows);
     form.ListMidiCorr.RewriteRows(rows);
     TellReading(form, reading);
 }

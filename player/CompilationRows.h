@@ -6,12 +6,9 @@
 
 namespace velluto {
 
-enum class RebuildMode {
-    Rewrite = 0, // writes rows over the ones of their number
-    Append = 1   // to an empty list
-};
-// The image's files as rows. Ends before the first file whose length cannot be read, which HandlePlayerError hears of.
-void RebuildCompilationList(frmMIDIPlayer &form, RebuildMode mode);
+// The image's files as rows of the list, which is empty before. Ends before the first file whose length cannot be read, which
+// HandlePlayerError hears of.
+void RebuildCompilationList(frmMIDIPlayer &form);
 // The full path of the file in a row, 0-based; empty outside the image.
 [[nodiscard]] std::string CompilationItemPath(const frmMIDIPlayer &form, int row);
 // Inserts the rows first to last of FileMidiSel, each at its place in the order of names.

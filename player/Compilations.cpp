@@ -57,7 +57,7 @@ void FillCompilations(frmMIDIPlayer &form)
     form.state.CompilationName = settings.PlayerName;
     form.CommCanc.enabled = true;
     if (LoadCompilation(form, settings.PlayerName)) {
-        RebuildCompilationList(form, RebuildMode::Append);
+        RebuildCompilationList(form);
     }
 }
 
@@ -119,7 +119,7 @@ void ListComp_Click(frmMIDIPlayer &form)
     if (!LoadCompilation(form, name)) {
         return;
     }
-    RebuildCompilationList(form, RebuildMode::Append);
+    RebuildCompilationList(form);
     if (!CompilationFileInPlay(form)) {
         UpdateRemoveButtons(form);
     }

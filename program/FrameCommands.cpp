@@ -98,6 +98,15 @@ void frmMain_Unload(Velluto &program)
     WriteSettings(app);
 }
 
+// Each entry of an array calls the command with its own number.
+template <auto Click, class Entries, class State>
+void AttachEach(Entries &entries, State &state)
+{
+    for (MenuEntry &entry : entries) {
+        entry.Click = [&state, index = entry.index()] { Click(state, index); };
+    }
+}
+
 void AttachFrame(Velluto &program)
 {
     Modulo1 &app = program.app;
@@ -134,9 +143,7 @@ void AttachFileMenu(Velluto &program)
     menu.mnuSalvaAs.Click = [&files] { mnuSalvaAs_Click(files); };
     menu.mnuStampa.Click = [&files] { mnuStampa_Click(files); };
     menu.mnuExit.Click = [&program] { CloseFrame(program); };
-    for (MenuEntry &entry : menu.mnuRecentFile) {
-        entry.Click = [&files, n = entry.index()] { mnuRecentFile_Click(files, n); };
-    }
+    AttachEach<mnuRecentFile_Click>(menu.mnuRecentFile, files);
 }
 
 void AttachEditMenu(Velluto &program)
@@ -148,27 +155,17 @@ void AttachEditMenu(Velluto &program)
     menu.mnuTaglia.Click = [&files] { mnuTaglia_Click(files); };
     menu.mnuCopia.Click = [&files] { mnuCopia_Click(files); };
     menu.mnuIncolla.Click = [&files] { mnuIncolla_Click(files); };
-    for (MenuEntry &entry : menu.mnuMIDIStp) {
-        entry.Click = [&files, role = entry.index()] { mnuMIDIStp_Click(files, role); };
-    }
+    AttachEach<mnuMIDIStp_Click>(menu.mnuMIDIStp, files);
 }
 
 void AttachViewMenu(Velluto &program)
 {
     frmMain &menu = program.app.frame;
     FilesState &files = program.files;
-    for (MenuEntry &entry : menu.mnuPcgUser) {
-        entry.Click = [&files, slot = entry.index()] { mnuPcgUser_Click(files, slot); };
-    }
-    for (MenuEntry &entry : menu.mnuStyUser) {
-        entry.Click = [&files, slot = entry.index()] { mnuStyUser_Click(files, slot); };
-    }
-    for (MenuEntry &entry : menu.mnuStyDirectHD) {
-        entry.Click = [&files, number = entry.index()] { mnuStyDirectHD_Click(files, number); };
-    }
-    for (MenuEntry &entry : menu.mnuPrfUser) {
-        entry.Click = [&files, number = entry.index()] { mnuPrfUser_Click(files, number); };
-    }
+    AttachEach<mnuPcgUser_Click>(menu.mnuPcgUser, files);
+    AttachEach<mnuStyUser_Click>(menu.mnuStyUser, files);
+    AttachEach<mnuStyDirectHD_Click>(menu.mnuStyDirectHD, files);
+    AttachEach<mnuPrfUser_Click>(menu.mnuPrfUser, files);
     menu.mnuStyUserAll.Click = [&files] { mnuStyUserAll_Click(files); };
     menu.mnuStyDirectHD123.Click = [&files] { mnuStyDirectHD123_Click(files); };
     menu.mnuStyDirectHD456.Click = [&files] { mnuStyDirectHD456_Click(files); };
@@ -183,15 +180,10 @@ void AttachFactoryBanks(Velluto &program)
 {
     frmMain &menu = program.app.frame;
     BankState &banks = program.banks;
-    menu.mnuBankA.Click = [&banks] { mnuBankA_Click(banks); };
-    menu.mnuBankB.Click = [&banks] { mnuBankB_Click(banks); };
-    menu.mnuBankC.Click = [&banks] { mnuBankC_Click(banks); };
-    menu.mnuBankD.Click = [&banks] { mnuBankD_Click(banks); };
-    menu.mnuBankE.Click = [&banks] { mnuBankE_Click(banks); };
-    menu.mnuBankF.Click = [&banks] { mnuBankF_Click(banks); };
-    for (MenuEntry &entry : menu.mnuSty) {
-        entry.Click = [&banks, index = entry.index()] { mnuSty_Click(banks, index); };
+    for (int kind = ViewKind::BankA; kind <= ViewKind::BankF; ++kind) {
+        FactoryBankEntry(menu, kind).Click = [&banks, kind] { ShowFactoryBank(banks, kind); };
     }
+    AttachEach<mnuSty_Click>(menu.mnuSty, banks);
 }
 
 void AttachPreferences(Velluto &program)
@@ -201,12 +193,8 @@ void AttachPreferences(Velluto &program)
     MidiState &midi = program.midi;
     menu.mnuItaliano.Click = [&app] { ChooseLanguage(app, app.frame.mnuItaliano, Language::Italian); };
     menu.mnuInglese.Click = [&app] { ChooseLanguage(app, app.frame.mnuInglese, Language::English); };
-    for (MenuEntry &entry : menu.mnuDevMIDIOut) {
-        entry.Click = [&midi, i = entry.index()] { mnuDevMIDIOut_Click(midi, i); };
-    }
-    for (MenuEntry &entry : menu.mnuDevMIDIIn) {
-        entry.Click = [&midi, i = entry.index()] { mnuDevMIDIIn_Click(midi, i); };
-    }
+    AttachEach<mnuDevMIDIOut_Click>(menu.mnuDevMIDIOut, midi);
+    AttachEach<mnuDevMIDIIn_Click>(menu.mnuDevMIDIIn, midi);
     menu.mnuMIDIThru.Click = [&midi] { mnuMIDIThru_Click(midi); };
     menu.mnuMIDISetup.Click = [&midi] { mnuMIDISetup_Click(midi); };
     menu.mnuVisBarraStato.Click = [&menu] { mnuVisBarraStato_Click(menu); };

@@ -6,6 +6,10 @@
 #include "files/Slots.h"
 #include "midi/DeviceMenus.h"
 
+#include <array>
+#include <initializer_list>
+#include <span>
+
 namespace velluto {
 
 namespace {
@@ -64,65 +68,46 @@ bool LoadBankEntry(MenuEntry &entry, const DocRecord &record)
     return !path.empty();
 }
 
-template <class Table>
-const DocRecord &Slot(const Table &table, int slot)
+// The same for all banks of one name, the first of which stands in firstSlot. What leads to any of them can be chosen where one can.
+template <class Entries>
+void LoadBanks(Entries &entries, std::span<const DocRecord> table, int firstSlot, std::initializer_list<MenuEntry *> leading)
 {
-    return table.at(static_cast<std::size_t>(slot));
-}
-
-void LoadProgramBanks(frmMain &menu, const Settings &settings)
-{
-    for (MenuEntry &entry : menu.mnuPcgUser) {
-        LoadBankEntry(entry, Slot(settings.PcgDocTable, entry.index()));
+    for (MenuEntry *entry : leading) {
+        entry->enabled = false;
     }
-}
-
-void LoadStyleBanks(frmMain &menu, const Settings &settings)
-{
-    menu.mnuStyUserAll.enabled = false;
-    for (MenuEntry &entry : menu.mnuStyUser) {
-        if (LoadBankEntry(entry, Slot(settings.StyDocTable, entry.index()))) {
-            menu.mnuStyUserAll.enabled = true;
+    for (MenuEntry &entry : entries) {
+        if (LoadBankEntry(entry, table[static_cast<std::size_t>(firstSlot + entry.index() - Entries::first())])) {
+            for (MenuEntry *all : leading) {
+                all->enabled = true;
+            }
         }
     }
 }
 
-void LoadDirectHdBanks(frmMain &menu, const Settings &settings)
+void LoadDirectHdGroups(frmMain &menu)
 {
     const std::array<MenuEntry *, 3> groups{&menu.mnuStyDirectHD123, &menu.mnuStyDirectHD456, &menu.mnuStyDirectHD789};
-    menu.mnuStyDirectHD19.enabled = false;
     for (MenuEntry *group : groups) {
         group->enabled = false;
     }
-    for (MenuEntry &entry : menu.mnuStyDirectHD) {
-        const int before = entry.index() - 1;
-        if (LoadBankEntry(entry, Slot(settings.StyDocTable, kFirstDirectHdSlot + before))) {
-            menu.mnuStyDirectHD19.enabled = true;
-            groups.at(static_cast<std::size_t>(before / kDirectHdInGroup))->enabled = true;
-        }
-    }
-}
-
-void LoadPerformanceBanks(frmMain &menu, const Settings &settings)
-{
-    menu.mnuPrfUserAll.enabled = false;
-    menu.mnuPrfUser120.enabled = false;
-    for (MenuEntry &entry : menu.mnuPrfUser) {
-        if (LoadBankEntry(entry, Slot(settings.PrfDocTable, kFirstPrfUserSlot + entry.index() - 1))) {
-            menu.mnuPrfUserAll.enabled = true;
-            menu.mnuPrfUser120.enabled = true;
+    for (const MenuEntry &entry : menu.mnuStyDirectHD) {
+        if (entry.enabled) {
+            groups.at(static_cast<std::size_t>((entry.index() - 1) / kDirectHdInGroup))->enabled = true;
         }
     }
 }
 
 void LoadViewMenu(Modulo1 &app)
 {
-    SetCaptions(app.messages, app.frame.mnuView);
-    LoadProgramBanks(app.frame, app.settings);
-    LoadStyleBanks(app.frame, app.settings);
-    LoadDirectHdBanks(app.frame, app.settings);
-    LoadPerformanceBanks(app.frame, app.settings);
-    SetCaptions(app.messages, app.frame.mnuMidiPlayer);
+    frmMain &menu = app.frame;
+    const Settings &settings = app.settings;
+    SetCaptions(app.messages, menu.mnuView);
+    LoadBanks(menu.mnuPcgUser, settings.PcgDocTable, kFirstPcgUserSlot, {});
+    LoadBanks(menu.mnuStyUser, settings.StyDocTable, kFirstStyUserSlot, {&menu.mnuStyUserAll});
+    LoadBanks(menu.mnuStyDirectHD, settings.StyDocTable, kFirstDirectHdSlot, {&menu.mnuStyDirectHD19});
+    LoadDirectHdGroups(menu);
+    LoadBanks(menu.mnuPrfUser, settings.PrfDocTable, kFirstPrfUserSlot, {&menu.mnuPrfUserAll, &menu.mnuPrfUser120});
+    SetCaptions(app.messages, menu.mnuMidiPlayer);
 }
 
 void LoadPreferences(Velluto &program)
