@@ -9,8 +9,9 @@ set -euo pipefail
 
 begin installed "$@" # with an instrument, so that the start has nothing to say about missing ports
 cmake --install "$program" --prefix "$stage/usr" >"$stage/install.log"
-for file in bin/velluto libexec/velluto/velluto share/velluto/user-folder.sh share/applications/velluto.desktop \
-    share/icons/hicolor/scalable/apps/velluto.svg share/mime/packages/velluto.xml share/man/man1/velluto.1 share/doc/velluto/copyright; do
+for file in bin/velluto bin/velluto-tool libexec/velluto/velluto share/velluto/user-folder.sh share/applications/velluto.desktop \
+    share/icons/hicolor/scalable/apps/velluto.svg share/mime/packages/velluto.xml share/man/man1/velluto.1 \
+    share/man/man1/velluto-tool.1 share/doc/velluto/copyright; do
     [ -s "$stage/usr/$file" ] || fail "$file is not installed"
 done
 

@@ -1,0 +1,87 @@
+// The command line.
+#include "tool/Arguments.h"
+
+#include <gtest/gtest.h>
+
+namespace velluto::tool {
+namespace {
+
+using Line = std::vector<std::string>;
+
+Arguments Parsed(const Line &line)
+{
+    std::string complaint;
+    const auto arguments = ParseArguments(line, kEnglishBase, complaint);
+    EXPECT_TRUE(arguments) << complaint;
+    return arguments.value_or(Arguments{});
+}
+
+std::string Complaint(const Line &line, int linguaBase = kEnglishBase)
+{
+    std::string complaint;
+    EXPECT_FALSE(ParseArguments(line, linguaBase, complaint));
+    return complaint;
+}
+
+TEST(ToolArguments, ACommandTakesFilesAndOptionsInAnyOrder)
+{
+    const Arguments list = Parsed({"--csv", "list", "a", "--all", "b"});
+    EXPECT_EQ(list.command, Command::List);
+    EXPECT_EQ(list.format, Format::Csv);
+    EXPECT_TRUE(list.all);
+    EXPECT_EQ(list.paths, (Line{"a", "b"}));
+    EXPECT_EQ(Parsed({"check", "a", "--json"}).format, Format::Json);
+}
+
+TEST(ToolArguments, FindTakesItsWordsFirst)
+{
+    const Arguments find = Parsed({"find", "grand piano", "a", "b"});
+    EXPECT_EQ(find.words, "grand piano");
+    EXPECT_EQ(find.paths, (Line{"a", "b"}));
+    EXPECT_EQ(Complaint({"find"}), "the words to look for are missing");
+    EXPECT_EQ(Complaint({"find", " ", "a"}), "the words to look for are missing");
+    EXPECT_EQ(Complaint({"find", "piano"}), "a file or a folder is missing");
+}
+
+TEST(ToolArguments, BehindTwoDashesNothingIsAnOption)
+{
+    EXPECT_EQ(Parsed({"list", "--", "--csv", "-"}).paths, (Line{"--csv", "-"}));
+}
+
+TEST(ToolArguments, HelpAndVersionComeBeforeAllElse)
+{
+    EXPECT_EQ(Parsed({"--help", "--nonsense"}).command, Command::Help);
+    EXPECT_EQ(Parsed({"list", "--version"}).command, Command::Version);
+}
+
+TEST(ToolArguments, WhatIsNoCommandIsTold)
+{
+    EXPECT_EQ(Complaint({}), "a command is missing");
+    EXPECT_EQ(Complaint({"lost", "a"}), "unknown command: lost");
+    EXPECT_EQ(Complaint({"lost\x1B"}, kItalianBase), "comando sconosciuto: lost?");
+    EXPECT_EQ(Complaint({"list", "-x", "a"}), "unknown option: -x");
+    EXPECT_EQ(Complaint({"list"}), "a file or a folder is missing");
+}
+
+TEST(ToolArguments, TheLanguageIsItOrEn)
+{
+    EXPECT_EQ(LanguageAsked(Line{"list", "--language", "it"}), kItalianBase);
+    EXPECT_EQ(LanguageAsked(Line{"--language=it", "--language=en"}), kEnglishBase);
+    EXPECT_EQ(LanguageAsked(Line{"list", "--", "--language=it"}), std::nullopt);
+    EXPECT_EQ(Parsed({"list", "--language", "it", "a"}).paths, Line{"a"});
+    EXPECT_EQ(Complaint({"list", "--language", "de", "a"}), "--language wants it or en");
+    EXPECT_EQ(Complaint({"list", "a", "--language"}), "something is missing behind --language");
+}
+
+TEST(ToolArguments, TheHelpNamesEveryCommandInBothLanguages)
+{
+    for (const int language : {kItalianBase, kEnglishBase}) {
+        const std::string help(HelpText(language));
+        for (const char *word : {"list ", "find ", "check ", "--csv", "--json", "--all", "--language", "--help", "--version"}) {
+            EXPECT_NE(help.find(word), std::string::npos) << word;
+        }
+    }
+}
+
+} // namespace
+} // namespace velluto::tool

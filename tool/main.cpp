@@ -1,0 +1,97 @@
+// velluto-tool: lists, searches and checks files of the instrument on a console. All rules are in the library beside.
+#include "platform/posix/PosixFiles.h"
+#include "tool/Commands.h"
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <fcntl.h>
+#include <iostream>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace velluto::tool {
+
+namespace {
+
+constexpr TwoTexts kSeeHelp{"velluto-tool: %1\nvelluto-tool --help dice che cosa si può scrivere.\n",
+                            "velluto-tool: %1\nvelluto-tool --help tells what can be written.\n"};
+constexpr TwoTexts kNotWritten{"velluto-tool: la risposta non si può scrivere\n", "velluto-tool: the answer cannot be written\n"};
+
+// A file must never be opened in the place of a stream that the caller has closed: what is meant for the stream would go there.
+void KeepStreamsApart()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) < 0) {
+            (void)::open("/dev/null", O_RDONLY); // takes the lowest number; writing to it fails
+        }
+    }
+}
+
+// The first of the three that says something.
+std::string_view Locale()
+{
+    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char *value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing writes the environment
+        if (value != nullptr && *value != '\0') {
+            return value;
+        }
+    }
+    return {};
+}
+
+int Run(const Desk &desk, const std::vector<std::string> &words)
+{
+    std::string complaint;
+    const std::optional<Arguments> arguments = ParseArguments(words, desk.speaker.linguaBase, complaint);
+    if (!arguments) {
+        desk.errors << desk.speaker.Say(kSeeHelp, {complaint});
+        return ExitCode::Usage;
+    }
+    switch (arguments->command) {
+    case Command::Help:
+        desk.out << HelpText(desk.speaker.linguaBase);
+        return ExitCode::Fine;
+    case Command::Version:
+        desk.out << "velluto-tool " VELLUTO_VERSION "\n";
+        return ExitCode::Fine;
+    case Command::List:
+        return ListFiles(desk, *arguments);
+    case Command::Find:
+        return FindItems(desk, *arguments);
+    case Command::Check:
+        return CheckFiles(desk, *arguments);
+    }
+    return ExitCode::Usage;
+}
+
+int Main(const std::vector<std::string> &words)
+{
+    KeepStreamsApart();
+    std::signal(SIGPIPE, SIG_IGN); // the write fails instead
+    std::ios::sync_with_stdio(false);
+    PosixFiles files;
+    const Desk desk{files, std::cout, std::cerr, Speaker{LanguageAsked(words).value_or(LanguageOfLocale(Locale()))}};
+    const int code = Run(desk, words);
+    if (!std::cout.flush()) {
+        std::cerr << desk.speaker.Say(kNotWritten);
+        return ExitCode::Unreadable;
+    }
+    return code;
+}
+
+} // namespace
+
+} // namespace velluto::tool
+
+int main(int argc, char **argv)
+{
+    try {
+        return velluto::tool::Main({argv + 1, argv + argc});
+    } catch (const std::exception &error) { // no memory, most likely
+        std::cerr << "velluto-tool: " << error.what() << '\n';
+        return velluto::tool::ExitCode::Unreadable;
+    }
+}
