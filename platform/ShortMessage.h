@@ -30,6 +30,7 @@ inline constexpr std::uint8_t kExclusiveEnd = 0xF7;
 inline constexpr std::uint8_t kStart = 0xFA;
 inline constexpr std::uint8_t kContinue = 0xFB;
 inline constexpr std::uint8_t kStop = 0xFC;
+inline constexpr std::uint8_t kActiveSensing = 0xFE;
 inline constexpr std::uint8_t kReset = 0xFF;
 
 [[nodiscard]] constexpr bool IsChannel(std::uint8_t status)

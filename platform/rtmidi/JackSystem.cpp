@@ -1,23 +1,16 @@
 #include "platform/rtmidi/JackSystem.h"
 
-#include "platform/rtmidi/MidiPorts.h"
 #include "platform/rtmidi/ProductName.h"
 
 #include <algorithm>
-#include <chrono>
-#include <memory>
 #include <thread>
 
 namespace velluto {
 
 namespace {
 
-constexpr const char *kWatcherName = "Velluto";
-
-// RtMidi's queue to a JACK port holds 16384 bytes, and a write to a full one waits for ever. A third of it may be
-// filled in one period: the queue is emptied once a period, but not at the moment at which the period is counted.
-constexpr std::size_t kQueueShare = 16384 / 3;
-constexpr std::size_t kQueueOverhead = sizeof(int); // what the queue adds to a message
+// What a server that stands still keeps of a connection, and so the longest message.
+constexpr std::size_t kOutputBytes = 65536;
 
 // A connection counts from one of the next periods on, and what is sent before that is lost; what is handed over is sent in
 // the next period and received in the same or in the one after.
@@ -27,17 +20,25 @@ constexpr std::chrono::microseconds kLookEvery(500);
 
 void Quiet(const char * /*text*/) {}
 
-// Takes a list of JACK's: the program's own ports, or all others.
-std::vector<std::string> Take(const char **list, bool own)
+std::vector<std::string> Take(const char **list)
 {
     const std::unique_ptr<const char *, decltype(&jack_free)> ports(list, &jack_free);
     std::vector<std::string> names;
     for (std::size_t i = 0; list != nullptr && list[i] != nullptr; ++i) {
-        if (IsOwnPort(list[i]) == own) {
-            names.emplace_back(list[i]);
-        }
+        names.emplace_back(list[i]);
     }
     return names;
+}
+
+// A connection made by its own end.
+template <typename Port, typename End>
+int Open(std::unique_ptr<Port> port, const std::string &other, std::unique_ptr<End> &end)
+{
+    const int code = port->Join(other);
+    if (code == MidiCode::kSuccess) {
+        end = std::move(port);
+    }
+    return code;
 }
 
 } // namespace
@@ -72,11 +73,17 @@ bool JackSystem::Connect()
         return true;
     }
     CloseClient();
-    client_ = jack_client_open(kWatcherName, JackNoStartServer, nullptr);
+    client_ = jack_client_open(kMidiClientName, JackNoStartServer, nullptr);
     if (client_ == nullptr) {
         return false;
     }
     alive_ = true;
+    SetCallbacks();
+    return alive_;
+}
+
+void JackSystem::SetCallbacks()
+{
     jack_on_shutdown(
         client_,
         [](void *self) {
@@ -103,12 +110,11 @@ bool JackSystem::Connect()
             return 0;
         },
         this);
-    return alive_;
 }
 
 bool JackSystem::Activate()
 {
-    const std::lock_guard lock(mutex_);
+    const std::scoped_lock lock(requests_, mutex_);
     if (alive_ && !active_) {
         active_ = jack_activate(client_) == 0;
         if (!active_) {
@@ -120,34 +126,57 @@ bool JackSystem::Activate()
 
 void JackSystem::Process(jack_nframes_t frames)
 {
+    // A thread that is ended in the midst of it leaves it as well.
+    struct Cycle {
+        explicit Cycle(std::atomic<bool> &at) : runs(at) { runs = true; }
+        ~Cycle() { runs = false; }
+        std::atomic<bool> &runs;
+    };
     cycles_.fetch_add(1, std::memory_order_relaxed);
-    if (const std::unique_lock lock(sourceLock_, std::try_to_lock); lock && source_ != nullptr) {
-        source_->Process(frames);
+    const Cycle cycle(inCycle_);
+    for (Slots *slots : {&inputs_, &outputs_}) {
+        for (Slot &slot : *slots) {
+            if (JackPort *const port = slot.port.load()) {
+                port->Process(slot.handle, frames);
+            }
+        }
     }
 }
 
-std::unique_ptr<SourcePort> JackSystem::MakeSource()
+jack_port_t *JackSystem::Add(JackPort &port, const char *label, JackPortFlags direction)
 {
-    const std::lock_guard lock(mutex_);
-    if (!alive_ || source_ != nullptr) {
+    const std::lock_guard lock(requests_);
+    Slots &slots = direction == JackPortIsInput ? inputs_ : outputs_;
+    const auto slot = std::ranges::find_if(slots, [](const Slot &one) { return one.port.load() == nullptr; });
+    if (!alive_ || slot == slots.end()) {
         return nullptr;
     }
-    jack_port_t *const port = jack_port_register(client_, kPlayerPortName, JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0);
-    if (port == nullptr) {
-        return nullptr;
+    jack_port_t *handle = nullptr;
+    for (std::size_t number = 1; handle == nullptr && number <= 2 * kMostPorts; ++number) {
+        const std::string name = number == 1 ? label : label + (' ' + std::to_string(number));
+        handle = jack_port_register(client_, name.c_str(), JACK_DEFAULT_MIDI_TYPE, direction, 0);
     }
-    JackSource::Host &host = *this;
-    auto source = std::make_unique<JackSource>(host, client_, port);
-    const std::lock_guard sourceLock(sourceLock_);
-    source_ = source.get();
-    return source;
+    if (handle != nullptr) {
+        slot->handle = handle;
+        slot->port = &port;
+    }
+    return handle;
 }
 
-void JackSystem::Forget(JackSource &source)
+void JackSystem::Remove(JackPort &port, jack_port_t *handle)
 {
-    const std::lock_guard lock(sourceLock_);
-    if (source_ == &source) {
-        source_ = nullptr;
+    const std::lock_guard lock(requests_);
+    for (Slots *slots : {&inputs_, &outputs_}) {
+        for (Slot &slot : *slots) {
+            JackPort *expected = &port;
+            slot.port.compare_exchange_strong(expected, nullptr);
+        }
+    }
+    while (inCycle_) {
+        std::this_thread::yield();
+    }
+    if (alive_) {
+        jack_port_unregister(client_, handle);
     }
 }
 
@@ -158,60 +187,66 @@ std::vector<std::string> JackSystem::Names(PortKind kind)
         return {};
     }
     const unsigned long direction = kind == PortKind::Output ? JackPortIsInput : JackPortIsOutput;
-    return Take(jack_get_ports(client_, nullptr, JACK_DEFAULT_MIDI_TYPE, direction), false);
+    std::vector<std::string> names = Take(jack_get_ports(client_, nullptr, JACK_DEFAULT_MIDI_TYPE, direction));
+    std::erase_if(names, IsOwnPort);
+    return names;
 }
 
-bool JackSystem::HasRoom(SendBudget &budget, std::size_t messageBytes) const
+int JackSystem::OpenOutput(const std::string &name, std::unique_ptr<SystemOutput> &end)
 {
-    const std::uint32_t cycle = cycles_.load(std::memory_order_relaxed);
-    if (cycle != budget.cycle) {
-        budget = {cycle, 0};
-    }
-    if (budget.bytes + messageBytes + kQueueOverhead > kQueueShare) {
-        return false;
-    }
-    budget.bytes += messageBytes + kQueueOverhead;
-    return true;
+    JackHost &host = *this;
+    return Open(std::make_unique<JackOutput>(host, "out", kOutputBytes), name, end);
 }
 
-std::chrono::steady_clock::time_point JackSystem::EndOfWait(std::uint32_t periods)
+int JackSystem::OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<SystemInput> &end)
 {
-    const std::lock_guard lock(mutex_);
-    const auto end = std::chrono::steady_clock::now() + kLongestDelay;
-    if (client_ == nullptr || !alive_) {
-        return end;
-    }
-    return end +
-           periods * std::chrono::microseconds(std::uint64_t{1000000} * jack_get_buffer_size(client_) / jack_get_sample_rate(client_));
+    JackHost &host = *this;
+    return Open(std::make_unique<JackInput>(host, std::move(sink)), name, end);
 }
 
-// As the period that runs has them, and not as they have been asked for.
-std::vector<std::string> JackSystem::Feeders(const std::string &portName)
+std::unique_ptr<SourcePort> JackSystem::MakeSource()
 {
-    const std::lock_guard lock(mutex_);
-    if (client_ == nullptr || !alive_) {
-        return {};
-    }
-    jack_port_t *const port = jack_port_by_name(client_, portName.c_str());
-    return port == nullptr ? std::vector<std::string>() : Take(jack_port_get_all_connections(client_, port), true);
+    JackHost &host = *this;
+    return std::make_unique<JackSource>(host);
 }
 
-void JackSystem::Settle(const std::string &portName, const std::vector<std::string> &before)
+int JackSystem::Join(const std::string &from, const std::string &to)
 {
-    const auto isNew = [&before](const std::string &name) { return std::ranges::find(before, name) == before.end(); };
-    const auto end = EndOfWait(kPeriodsToPass);
-    while (alive_ && std::ranges::none_of(Feeders(portName), isNew) && std::chrono::steady_clock::now() < end) {
+    {
+        const std::lock_guard lock(requests_);
+        if (!alive_ || jack_connect(client_, from.c_str(), to.c_str()) != 0) {
+            return MidiCode::kNoDevice;
+        }
+    }
+    // As the period that runs has it, and not as it has been asked for.
+    const auto passes = [&]() {
+        const std::vector<std::string> joined = Take(jack_port_get_all_connections(client_, jack_port_by_name(client_, from.c_str())));
+        return std::ranges::find(joined, to) != joined.end();
+    };
+    const auto end = EndOfWait();
+    while (alive_ && !passes() && std::chrono::steady_clock::now() < end) {
         std::this_thread::sleep_for(kLookEvery);
     }
+    return MidiCode::kSuccess;
 }
 
 void JackSystem::LetPass()
 {
     const std::uint32_t begin = cycles_.load(std::memory_order_relaxed);
-    const auto end = EndOfWait(kPeriodsToPass);
+    const auto end = EndOfWait();
     while (alive_ && cycles_.load(std::memory_order_relaxed) - begin < kPeriodsToPass && std::chrono::steady_clock::now() < end) {
         std::this_thread::sleep_for(kLookEvery);
     }
+}
+
+std::chrono::steady_clock::time_point JackSystem::EndOfWait() const
+{
+    const auto end = std::chrono::steady_clock::now() + kLongestDelay;
+    if (!alive_) {
+        return end;
+    }
+    const std::uint64_t frames = std::uint64_t{kPeriodsToPass} * jack_get_buffer_size(client_);
+    return end + std::chrono::microseconds(1000000 * frames / jack_get_sample_rate(client_));
 }
 
 } // namespace velluto

@@ -4,7 +4,9 @@
 
 #include "platform/rtmidi/MidiSystem.h"
 
-#include <memory>
+#include <RtMidi.h>
+
+#include <atomic>
 #include <mutex>
 
 namespace velluto {
@@ -13,17 +15,14 @@ class ListedSystem : public MidiSystem {
 public:
     explicit ListedSystem(RtMidi::Api api) : api_(api) {}
 
-    [[nodiscard]] RtMidi::Api Api() const override { return api_; }
     [[nodiscard]] bool Alive() const override { return connected_.load(); }
     bool Connect() override;
     bool Activate() override { return Alive(); }
     std::vector<std::string> Names(PortKind kind) override;
     [[nodiscard]] bool TellsChanges() const override { return false; }
-    bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
     // These systems connect at once, and deliver at once.
-    std::vector<std::string> Feeders(const std::string & /*portName*/) override { return {}; }
-    void Settle(const std::string & /*portName*/, const std::vector<std::string> & /*before*/) override {}
-    void LetPass() override {}
+    int OpenOutput(const std::string &name, std::unique_ptr<SystemOutput> &end) override;
+    int OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<SystemInput> &end) override;
     // Nothing on Windows, which knows no ports of programs.
     std::unique_ptr<SourcePort> MakeSource() override;
 

@@ -15,20 +15,18 @@ namespace velluto {
 
 namespace {
 
-// The MIDI systems that RtMidi was built for.
-std::vector<std::unique_ptr<RtMidiPorts>> MakeSystems()
+// The MIDI systems of this machine, as far as RtMidi was built for them.
+std::vector<std::unique_ptr<SystemPorts>> MakeSystems()
 {
     std::vector<RtMidi::Api> compiled;
     RtMidi::getCompiledApi(compiled);
     const auto has = [&](RtMidi::Api api) { return std::ranges::find(compiled, api) != compiled.end(); };
-    std::vector<std::unique_ptr<RtMidiPorts>> systems;
+    std::vector<std::unique_ptr<SystemPorts>> systems;
 #ifdef __linux__
     if (has(RtMidi::LINUX_ALSA)) {
-        systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<AlsaSystem>()));
+        systems.push_back(std::make_unique<SystemPorts>(std::make_unique<AlsaSystem>()));
     }
-    if (has(RtMidi::UNIX_JACK)) {
-        systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<JackSystem>()));
-    }
+    systems.push_back(std::make_unique<SystemPorts>(std::make_unique<JackSystem>()));
     // A JACK server answers in its own time, some periods of it, in which the program has other things to do.
     for (const auto &system : systems) {
         system->LookAhead();
@@ -36,7 +34,7 @@ std::vector<std::unique_ptr<RtMidiPorts>> MakeSystems()
 #else
     for (const RtMidi::Api api : {RtMidi::WINDOWS_MM, RtMidi::MACOSX_CORE}) {
         if (has(api)) {
-            systems.push_back(std::make_unique<RtMidiPorts>(std::make_unique<ListedSystem>(api)));
+            systems.push_back(std::make_unique<SystemPorts>(std::make_unique<ListedSystem>(api)));
         }
     }
 #endif
@@ -48,9 +46,9 @@ std::vector<std::unique_ptr<RtMidiPorts>> MakeSystems()
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post)
 {
     std::vector<std::unique_ptr<MidiPorts>> devices;
-    std::vector<RtMidiPorts *> systems;
+    std::vector<SystemPorts *> systems;
     devices.push_back(std::make_unique<SynthesizerPorts>(FindSoundFont()));
-    for (std::unique_ptr<RtMidiPorts> &system : MakeSystems()) {
+    for (std::unique_ptr<SystemPorts> &system : MakeSystems()) {
         systems.push_back(system.get());
         devices.push_back(std::move(system));
     }

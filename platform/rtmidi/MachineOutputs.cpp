@@ -6,10 +6,10 @@
 
 namespace velluto {
 
-MachineOutputs::MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, const std::vector<RtMidiPorts *> &systems)
+MachineOutputs::MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, const std::vector<SystemPorts *> &systems)
     : synthesizers_(std::move(synthesizers))
 {
-    for (RtMidiPorts *system : systems) {
+    for (SystemPorts *system : systems) {
         sources_.push_back({system, nullptr, false});
     }
 }

@@ -3,14 +3,14 @@
 #pragma once
 
 #include "platform/rtmidi/PlayerOutputs.h"
-#include "platform/rtmidi/RtMidiPorts.h"
+#include "platform/rtmidi/SystemPorts.h"
 
 namespace velluto {
 
 class MachineOutputs : public PlayerOutputs {
 public:
     // The synthesizer is one of its own: its channels are set by the file alone. The systems outlive this object.
-    MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, const std::vector<RtMidiPorts *> &systems);
+    MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, const std::vector<SystemPorts *> &systems);
 
     void Show() override;
     bool Wake() override;
@@ -19,7 +19,7 @@ public:
 
 private:
     struct Source {
-        RtMidiPorts *system = nullptr;
+        SystemPorts *system = nullptr;
         std::unique_ptr<SourcePort> port;
         bool isNew = false; // nothing was played since it was made
     };

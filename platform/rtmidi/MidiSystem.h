@@ -1,33 +1,36 @@
-// One of the machine's MIDI systems behind RtMidi: whether it is there, which ports it has, when they change. RtMidi
-// itself tells neither a port that disappears nor a server that ends. Used by RtMidiPorts and what it is made of.
+// One of the machine's MIDI systems: whether it is there, which ports it has, when they change, and bare connections to them.
+// Used by SystemPorts and what it is made of.
 #pragma once
 
+#include "platform/rtmidi/MidiPorts.h"
 #include "platform/rtmidi/SourcePort.h"
 
-#include <RtMidi.h>
-
-#include <atomic>
-#include <cstdint>
 #include <functional>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace velluto {
 
 // As the program sees it: an output takes what the program sends. A source is the program's own, and ends only with its system.
 enum class PortKind { Output, Input, Source };
 
-// What one connection has handed over since the system last took anything.
-struct SendBudget {
-    std::uint32_t cycle = 0;
-    std::size_t bytes = 0;
+// A system's own end of a connection. It ends with the object, which may take its time over it and needs its system till then.
+class SystemOutput {
+public:
+    virtual ~SystemOutput() = default;
+    // Hands over one whole message; a MidiCode. One thread at a time. Never waits: what the system has no room for is refused.
+    virtual int Send(std::span<const std::uint8_t> message) = 0;
+    // Waits, briefly, until what was handed over has reached the other side. A connection that ends takes with it what is
+    // still on its way.
+    virtual void Drain() {}
+};
+
+class SystemInput {
+public:
+    virtual ~SystemInput() = default;
 };
 
 class MidiSystem {
 public:
     virtual ~MidiSystem() = default;
-    [[nodiscard]] virtual RtMidi::Api Api() const = 0;
     // Whether the system that Connect found is still the one running. Any thread.
     [[nodiscard]] virtual bool Alive() const = 0;
     // Finds the system; false where it is not there. Quick and silent in both cases. To be called only when nothing is
@@ -40,18 +43,11 @@ public:
     virtual std::vector<std::string> Names(PortKind kind) = 0;
     // True where the system calls `changed`; otherwise whoever wants to know has to look.
     [[nodiscard]] virtual bool TellsChanges() const = 0;
-    // False where the message would overrun the connection's queue, since the system takes nothing at the moment.
-    virtual bool HasRoom(SendBudget &budget, std::size_t messageBytes) const = 0;
 
-    // The program's own ports from which the system passes on to this one.
-    virtual std::vector<std::string> Feeders(const std::string &portName) = 0;
-    // Waits, briefly, until there is one that was none before: a connection just made then passes what is sent on it.
-    virtual void Settle(const std::string &portName, const std::vector<std::string> &before) = 0;
-    // Waits, briefly, until what was handed over before has reached the other side. A connection that ends takes with it
-    // what is still on its way.
-    virtual void LetPass() = 0;
-
-    // The sequencer's port, for others to connect to. Nothing where the system makes none.
+    // A MidiCode; the end is set only with success, and passes from then on what is sent on it. May throw.
+    virtual int OpenOutput(const std::string &name, std::unique_ptr<SystemOutput> &end) = 0;
+    virtual int OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<SystemInput> &end) = 0;
+    // The sequencer's port, for others to connect to. Nothing where the system makes none. May throw.
     virtual std::unique_ptr<SourcePort> MakeSource() = 0;
 
     // Called by a thread of the system after ports have come or gone or the system has died. Set before Connect.

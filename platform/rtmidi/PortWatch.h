@@ -1,5 +1,5 @@
 // The watch over the connections to one MIDI system. A thread waits for word that ports have changed (or looks at them,
-// where the system gives no word) and lets go of every connection whose port has gone. Used by RtMidiPorts and by the
+// where the system gives no word) and lets go of every connection whose port has gone. Used by SystemPorts and by the
 // connections.
 #pragma once
 
@@ -15,7 +15,7 @@ namespace velluto {
 class WatchedPort {
 public:
     virtual ~WatchedPort() = default;
-    // The port is no longer there: lets go of RtMidi's object. Called by the watching thread or the interface thread.
+    // The port is no longer there: lets go of the system's end. Called by the watching thread or the interface thread.
     virtual void LetGo() = 0;
 
     PortKind kind = PortKind::Output;

@@ -237,6 +237,24 @@ TEST_F(DevicesTest, AnInstrumentThatGoesAwayGives68AndComesBackUnderItsNumber)
     EXPECT_TRUE(Arrives({"C0 04"}));
 }
 
+TEST_F(DevicesTest, ADeviceOpensWhileOtherClientsLeave)
+{
+    StartAll();
+    const int number = NumberOf(Outs(), "pa80:midi_in");
+    std::vector<std::string> sent;
+    for (int round = 0; round < 10; ++round) {
+        Process guest({JACK_KEYS, "guest"});
+        ASSERT_TRUE(guest.WaitUntilReady());
+        guest.CloseInput(); // it leaves
+        MidiHandle out = 0;
+        ASSERT_EQ(midi_->midiOutOpen(out, number), 0);
+        EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 0);
+        sent.emplace_back("C0 04");
+        ASSERT_TRUE(Arrives(sent)) << round;
+        EXPECT_EQ(midi_->midiOutClose(out), 0);
+    }
+}
+
 TEST_F(DevicesTest, AServerThatEndsWhileNothingIsOpenIsMissedAndFoundAgain)
 {
     StartAll();

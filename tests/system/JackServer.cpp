@@ -2,8 +2,10 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <sched.h>
 #include <stdexcept>
 #include <sys/file.h>
+#include <sys/mount.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <thread>
@@ -13,8 +15,31 @@ namespace velluto::test {
 
 namespace {
 
-constexpr int kNames = 4;
-constexpr std::chrono::seconds kWaitForName(250); // where others test too
+constexpr std::chrono::seconds kWaitForLane(250); // where others test too
+
+bool WriteFile(const char *path, const std::string &text)
+{
+    const int file = ::open(path, O_WRONLY | O_CLOEXEC);
+    const bool written = file >= 0 && ::write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
+    ::close(file);
+    return written;
+}
+
+// JACK's clients meet their servers in /dev/shm, under the client's name alone: two that are called alike, on two servers, may
+// get each other's server. So each test has a /dev/shm of its own (as in gui-lib.sh); false where the machine does not let it.
+bool TakeOwnSharedMemory()
+{
+    const ::uid_t user = ::getuid();
+    if (user != 0) {
+        const std::string map = std::to_string(user) + " " + std::to_string(user) + " 1";
+        if (::unshare(CLONE_NEWUSER | CLONE_NEWNS | CLONE_NEWIPC) != 0 || !WriteFile("/proc/self/uid_map", map)) {
+            return false;
+        }
+    } else if (::unshare(CLONE_NEWNS | CLONE_NEWIPC) != 0) {
+        return false;
+    }
+    return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 && ::mount("tmpfs", "/dev/shm", "tmpfs", 0, nullptr) == 0;
+}
 
 } // namespace
 
@@ -66,12 +91,17 @@ Process::~Process()
     ::close(output_);
 }
 
-void Process::Leave()
+void Process::CloseInput()
 {
     if (input_ >= 0) {
         ::close(input_);
         input_ = -1;
     }
+}
+
+void Process::Leave()
+{
+    CloseInput();
     End(0);
 }
 
@@ -151,9 +181,10 @@ void Process::End(int signal)
 
 JackServer::JackServer()
 {
-    const auto taken = [this]() {
-        for (int number = 1; number <= kNames; ++number) {
-            const std::string file = "/dev/shm/velluto-test-" + std::to_string(::getuid()) + "-" + std::to_string(number) + ".lock";
+    // A lane each, with a server's name (as in gui-lib.sh).
+    const auto taken = [this, lanes = TakeOwnSharedMemory() ? 4 : 1]() {
+        for (int number = 1; number <= lanes; ++number) {
+            const std::string file = "/tmp/velluto-test-" + std::to_string(::getuid()) + "-" + std::to_string(number) + ".lock";
             lock_ = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
             if (::flock(lock_, LOCK_EX | LOCK_NB) == 0) {
                 name_ = "velluto-" + std::to_string(number);
@@ -163,7 +194,7 @@ JackServer::JackServer()
         }
         return false;
     };
-    if (!Eventually(taken, kWaitForName)) {
+    if (!Eventually(taken, kWaitForLane)) {
         throw std::runtime_error("every server's name is taken");
     }
     ::setenv("JACK_DEFAULT_SERVER", name_.c_str(), 1);

@@ -30,6 +30,7 @@ public:
     bool WaitUntilReady(); // until it has written "ready"
     void Signal(int number) const;
     void Stop() const;    // and waits until it stands still; SIGCONT lets it go on
+    void CloseInput();    // at which it is to end by itself
     void Leave();         // ends it by the end of its input
     void End(int signal); // and waits for its end
 
@@ -44,10 +45,9 @@ private:
     std::vector<std::string> lines_;
 };
 
-// A server under one of a few names of the tests, as in gui-lib.sh; the environment names it to all clients. They are few since
-// JACK has room for eight names on a machine, and a server that was killed gives its own up only to the next one of that name.
-// It waits some seconds for a client that is late, since what has not been passed on by the end of a period is lost, and the
-// machine may be busy. For as long it stands still where a connected client is killed.
+// A server that no other test can meet; the environment names it to all clients. It waits some seconds for a client that is late, since
+// what has not been passed on by the end of a period is lost, and the machine may be busy. For as long it stands still where a connected
+// client is killed.
 class JackServer {
 public:
     JackServer();

@@ -26,11 +26,25 @@ wait_until() {
     done
 }
 
-# Ours until the end of the test: one of a few names for a MIDI server (as in JackServer.cpp), each with a display number. They
-# are few since JACK keeps a list of eight servers for the whole machine, and takes a killed one off it only for another of its name.
+# JACK's clients meet their servers in /dev/shm, under the client's name alone: two that are called alike, on two servers, may get
+# each other's server. So each test has a /dev/shm of its own (as in JackServer.cpp), where the machine lets it.
+if [ -z "${own_shm-}" ]; then
+    apart=(unshare --mount --ipc)
+    [ "$UID" -eq 0 ] || apart+=(--user --map-root-user)
+    if "${apart[@]}" mount -t tmpfs tmpfs /dev/shm 2>/dev/null; then
+        # shellcheck disable=SC2016 # those are the inner shell's
+        own_shm=true exec "${apart[@]}" bash -c 'mount -t tmpfs tmpfs /dev/shm && exec "$0" "$@"' "$0" "$@"
+    fi
+    own_shm=false
+fi
+
+# Ours until the end of the test: one of a few lanes, each with a name for a MIDI server and a display number. A single one where
+# all tests meet in one /dev/shm.
 take_lane() {
-    for lane in 1 2 3 4; do
-        exec {lane_lock}>"/dev/shm/velluto-test-$UID-$lane.lock"
+    local lanes=(1)
+    ! $own_shm || lanes=(1 2 3 4)
+    for lane in "${lanes[@]}"; do
+        exec {lane_lock}>"/tmp/velluto-test-$UID-$lane.lock"
         ! flock --nonblock "$lane_lock" || return 0
         exec {lane_lock}>&-
     done
@@ -56,6 +70,7 @@ leave_stage() {
     if [ "$status" -ne 0 ] && [ -n "${DISPLAY-}" ]; then
         import -window root "$pictures/failed-$test_name.png" && complain "The screen is in $pictures/failed-$test_name.png"
         [ ! -s "$stage/program.log" ] || cat "$stage/program.log" >&2
+        tail -n 5 "$stage/heard" "$stage/instrument.log" "$stage/jackd.log" >&2 2>/dev/null || true
     fi
     # Asked to end, a program whose test has failed might stand before a question for ever.
     [ -z "${program_pid-}" ] || kill -KILL "$program_pid" 2>/dev/null || true

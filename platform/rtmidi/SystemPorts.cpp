@@ -1,4 +1,4 @@
-#include "platform/rtmidi/RtMidiPorts.h"
+#include "platform/rtmidi/SystemPorts.h"
 
 #include "platform/MidiDevices.h"
 
@@ -8,13 +8,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kWait = 3000ms; // RtMidi takes a second to leave a dead server
+constexpr auto kWait = 3000ms; // JACK takes a second to leave a dead server
 
 } // namespace
 
-RtMidiPorts::RtMidiPorts(std::unique_ptr<MidiSystem> system) : system_(std::move(system)), watch_(*system_) {}
+SystemPorts::SystemPorts(std::unique_ptr<MidiSystem> system) : system_(std::move(system)), watch_(*system_) {}
 
-RtMidiPorts::~RtMidiPorts()
+SystemPorts::~SystemPorts()
 {
     watch_.End();
     // A server that neither runs nor dies can hold the closing of a client for ever: the program ends without it. The
@@ -27,7 +27,7 @@ RtMidiPorts::~RtMidiPorts()
     retirement_.Wait(kWait);
 }
 
-void RtMidiPorts::LookAhead()
+void SystemPorts::LookAhead()
 {
     const auto look = std::make_shared<std::packaged_task<void()>>([&system = *system_]() { system.Connect(); });
     lookedAhead_ = look->get_future();
@@ -35,27 +35,27 @@ void RtMidiPorts::LookAhead()
     retirement_.Retire([look]() { (*look)(); });
 }
 
-int RtMidiPorts::OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port)
+int SystemPorts::OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port)
 {
     return EnsureActive() ? ConnectOutput(Host(), name, port) : MidiCode::kNoDevice;
 }
 
-int RtMidiPorts::OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<InputPort> &port)
+int SystemPorts::OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<InputPort> &port)
 {
     return EnsureActive() ? ConnectInput(Host(), name, std::move(sink), port) : MidiCode::kNoDevice;
 }
 
-std::unique_ptr<SourcePort> RtMidiPorts::OpenSource()
+std::unique_ptr<SourcePort> SystemPorts::OpenSource()
 {
     return EnsureActive() ? ConnectSource(Host()) : nullptr;
 }
 
-std::vector<std::string> RtMidiPorts::List(PortKind kind)
+std::vector<std::string> SystemPorts::List(PortKind kind)
 {
     return EnsureAlive() ? system_->Names(kind) : std::vector<std::string>();
 }
 
-bool RtMidiPorts::EnsureAlive()
+bool SystemPorts::EnsureAlive()
 {
     if (lookedAhead_.valid()) {
         lookedAhead_.wait();
@@ -68,7 +68,7 @@ bool RtMidiPorts::EnsureAlive()
     return retirement_.Wait(kWait) && system_->Connect();
 }
 
-bool RtMidiPorts::EnsureActive()
+bool SystemPorts::EnsureActive()
 {
     return EnsureAlive() && system_->Activate();
 }

@@ -1,4 +1,4 @@
-#include "platform/rtmidi/RtMidiPorts.h"
+#include "platform/rtmidi/SystemPorts.h"
 
 #include "platform/MidiDevices.h"
 
@@ -32,7 +32,6 @@ class PaperSystem : public MidiSystem {
 public:
     explicit PaperSystem(Paper &paper) : paper_(paper) {}
 
-    [[nodiscard]] RtMidi::Api Api() const override { return RtMidi::RTMIDI_DUMMY; }
     [[nodiscard]] bool Alive() const override { return alive_.load(); }
     bool Connect() override
     {
@@ -50,10 +49,11 @@ public:
     }
     std::vector<std::string> Names(PortKind kind) override { return {kind == PortKind::Output ? "synth" : "keys"}; }
     [[nodiscard]] bool TellsChanges() const override { return false; }
-    bool HasRoom(SendBudget & /*budget*/, std::size_t /*messageBytes*/) const override { return true; }
-    std::vector<std::string> Feeders(const std::string & /*portName*/) override { return {}; }
-    void Settle(const std::string & /*portName*/, const std::vector<std::string> & /*before*/) override {}
-    void LetPass() override {}
+    int OpenOutput(const std::string & /*name*/, std::unique_ptr<SystemOutput> & /*end*/) override { return MidiCode::kError; }
+    int OpenInput(const std::string & /*name*/, std::shared_ptr<MessageSink> /*sink*/, std::unique_ptr<SystemInput> & /*end*/) override
+    {
+        return MidiCode::kError;
+    }
     std::unique_ptr<SourcePort> MakeSource() override { return std::make_unique<PaperSource>(); }
 
 private:
@@ -61,21 +61,21 @@ private:
     std::atomic<bool> alive_ = false;
 };
 
-TEST(RtMidiPorts, ASystemIsLookedForWhenItsPortsAreAskedFor)
+TEST(SystemPorts, ASystemIsLookedForWhenItsPortsAreAskedFor)
 {
     Paper paper{.answers = {true}};
-    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
     EXPECT_EQ(paper.connects, 0);
     EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
     EXPECT_THAT(ports.Inputs(), ElementsAre("keys"));
     EXPECT_EQ(paper.connects, 1);
 }
 
-TEST(RtMidiPorts, ALookAheadHoldsNobodyUpAndIsTheOnlyOne)
+TEST(SystemPorts, ALookAheadHoldsNobodyUpAndIsTheOnlyOne)
 {
     std::latch answered(1);
     Paper paper{.answers = {true}, .heldUntil = &answered};
-    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
     ports.LookAhead(); // comes back although the system has not answered
     answered.count_down();
     EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
@@ -83,39 +83,39 @@ TEST(RtMidiPorts, ALookAheadHoldsNobodyUpAndIsTheOnlyOne)
     EXPECT_EQ(paper.connects, 1);
 }
 
-TEST(RtMidiPorts, ALookAheadThatFoundNothingIsNotTheLastWord)
+TEST(SystemPorts, ALookAheadThatFoundNothingIsNotTheLastWord)
 {
     Paper paper{.answers = {false, true}};
-    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
     ports.LookAhead();
     EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
     EXPECT_EQ(paper.connects, 2);
 }
 
-TEST(RtMidiPorts, WithoutTheSystemThereAreNoPorts)
+TEST(SystemPorts, WithoutTheSystemThereAreNoPorts)
 {
     Paper paper{.answers = {false}};
-    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
     ports.LookAhead();
     EXPECT_THAT(ports.Outputs(), IsEmpty());
     EXPECT_EQ(ports.OpenSource(), nullptr);
     EXPECT_EQ(paper.activations, 0);
 }
 
-TEST(RtMidiPorts, ALookAheadThatNobodyAsksAboutEndsWithThePorts)
+TEST(SystemPorts, ALookAheadThatNobodyAsksAboutEndsWithThePorts)
 {
     Paper paper{.answers = {true}};
     {
-        RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+        SystemPorts ports(std::make_unique<PaperSystem>(paper));
         ports.LookAhead();
     }
     EXPECT_EQ(paper.connects, 1);
 }
 
-TEST(RtMidiPorts, OnlyWhoOpensSomethingActivatesTheSystem)
+TEST(SystemPorts, OnlyWhoOpensSomethingActivatesTheSystem)
 {
     Paper paper{.answers = {true}};
-    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
     ports.LookAhead();
     ports.Outputs();
     ports.Inputs();
@@ -124,10 +124,10 @@ TEST(RtMidiPorts, OnlyWhoOpensSomethingActivatesTheSystem)
     EXPECT_EQ(paper.activations, 1);
 }
 
-TEST(RtMidiPorts, NothingIsOpenedOnASystemThatCannotBeActivated)
+TEST(SystemPorts, NothingIsOpenedOnASystemThatCannotBeActivated)
 {
     Paper paper{.answers = {true}, .activates = false};
-    RtMidiPorts ports(std::make_unique<PaperSystem>(paper));
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
     EXPECT_EQ(ports.OpenSource(), nullptr);
     std::unique_ptr<OutputPort> port;
     EXPECT_EQ(ports.OpenOutput("synth", port), MidiCode::kNoDevice);

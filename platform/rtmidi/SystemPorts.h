@@ -1,19 +1,19 @@
-// The ports of one MIDI system, opened through RtMidi. A connection whose port has gone refuses what is sent on it, and
+// The ports of one MIDI system. A connection whose port has gone refuses what is sent on it, and
 // nothing of the interface thread ever waits for a dead system.
 #pragma once
 
-#include "platform/rtmidi/RtConnections.h"
+#include "platform/rtmidi/Connections.h"
 
 #include <future>
 
 namespace velluto {
 
-class RtMidiPorts : public MidiPorts {
+class SystemPorts : public MidiPorts {
 public:
-    explicit RtMidiPorts(std::unique_ptr<MidiSystem> system);
-    ~RtMidiPorts() override;
-    RtMidiPorts(const RtMidiPorts &) = delete;
-    RtMidiPorts &operator=(const RtMidiPorts &) = delete;
+    explicit SystemPorts(std::unique_ptr<MidiSystem> system);
+    ~SystemPorts() override;
+    SystemPorts(const SystemPorts &) = delete;
+    SystemPorts &operator=(const SystemPorts &) = delete;
 
     // Begins to look for the system on another thread. Whoever asks for its ports first waits for the end of that look.
     void LookAhead();

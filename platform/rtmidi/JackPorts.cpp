@@ -1,0 +1,139 @@
+#include "platform/rtmidi/JackPorts.h"
+
+#include "platform/MidiDevices.h"
+
+#include <jack/midiport.h>
+
+#include <algorithm>
+#include <array>
+#include <new>
+#include <stdexcept>
+#include <thread>
+
+namespace velluto {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t kSourceBytes = std::size_t{1} << 18;
+// How late a message may be handed over and still come at its time. Added to one period, since the one that is running when
+// it is due has taken its messages already.
+constexpr jack_nframes_t kGraceParts = 500; // of a second: 2 ms
+constexpr auto kLongestDrain = 1000ms;
+constexpr auto kDrainLook = 500us;
+
+jack_ringbuffer_t *MakeRing(std::size_t bytes)
+{
+    jack_ringbuffer_t *const ring = jack_ringbuffer_create(bytes);
+    if (ring == nullptr) {
+        throw std::bad_alloc();
+    }
+    return ring;
+}
+
+} // namespace
+
+JackRegistration::JackRegistration(JackHost &host, JackPort &port, const char *label, JackPortFlags direction)
+    : host_(host), port_(port), handle_(host.Add(port, label, direction))
+{
+    if (handle_ == nullptr) {
+        throw std::runtime_error("no port");
+    }
+}
+
+JackOutput::JackOutput(JackHost &host, const char *label, std::size_t ringBytes)
+    : host_(host), ring_(MakeRing(ringBytes)), registration_(host, *this, label, JackPortIsOutput)
+{
+}
+
+int JackOutput::Queue(std::span<const std::uint8_t> message, jack_time_t due)
+{
+    const Entry entry{due, message.size()};
+    if (jack_ringbuffer_write_space(ring_.get()) < sizeof(entry) + message.size()) {
+        return MidiCode::kError;
+    }
+    // In one step: the other side must not see an entry without its message.
+    std::array<jack_ringbuffer_data_t, 2> room{};
+    jack_ringbuffer_get_write_vector(ring_.get(), room.data());
+    std::size_t at = 0;
+    const auto put = [&](std::span<const std::byte> bytes) {
+        for (const std::byte byte : bytes) {
+            char *const place = at < room[0].len ? room[0].buf + at : room[1].buf + (at - room[0].len);
+            *place = static_cast<char>(byte);
+            ++at;
+        }
+    };
+    put(std::as_bytes(std::span(&entry, 1)));
+    put(std::as_bytes(message));
+    jack_ringbuffer_write_advance(ring_.get(), at);
+    return MidiCode::kSuccess;
+}
+
+void JackOutput::Drain()
+{
+    // Each message leaves in one of the two periods after its own.
+    jack_client_t *const client = host_.Client();
+    const auto period = std::chrono::microseconds(std::uint64_t{1000000} * jack_get_buffer_size(client) / jack_get_sample_rate(client));
+    const auto end = std::chrono::steady_clock::now() + kLongestDrain + 2 * period;
+    while (host_.ServerLives() && jack_ringbuffer_read_space(ring_.get()) > 0 && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kDrainLook);
+    }
+    host_.LetPass();
+}
+
+void JackOutput::Process(jack_port_t *port, jack_nframes_t frames)
+{
+    void *const buffer = jack_port_get_buffer(port, frames);
+    jack_midi_clear_buffer(buffer);
+    jack_client_t *const client = host_.Client();
+    const jack_nframes_t begin = jack_last_frame_time(client);
+    const jack_nframes_t delay = frames + jack_get_sample_rate(client) / kGraceParts;
+    jack_nframes_t earliest = 0; // places only rise within a period
+    Entry entry;
+    while (jack_ringbuffer_peek(ring_.get(), reinterpret_cast<char *>(&entry), sizeof(entry)) == sizeof(entry)) {
+        // The count of frames wraps.
+        const auto place = entry.due == kAtOnce ? 0 : static_cast<std::int32_t>(jack_time_to_frames(client, entry.due) + delay - begin);
+        if (place >= static_cast<std::int32_t>(frames)) {
+            break;
+        }
+        earliest = std::max(earliest, static_cast<jack_nframes_t>(std::max(place, 0)));
+        jack_midi_data_t *const bytes = jack_midi_event_reserve(buffer, earliest, entry.length);
+        if (bytes == nullptr && jack_midi_get_event_count(buffer) > 0) {
+            break; // there is room in the next period
+        }
+        jack_ringbuffer_read_advance(ring_.get(), sizeof(entry));
+        if (bytes != nullptr) {
+            jack_ringbuffer_read(ring_.get(), reinterpret_cast<char *>(bytes), entry.length);
+        } else { // larger than a whole period's room
+            jack_ringbuffer_read_advance(ring_.get(), entry.length);
+        }
+    }
+}
+
+JackInput::JackInput(JackHost &host, std::shared_ptr<MessageSink> sink)
+    : host_(host), sink_(std::move(sink)), registration_(host, *this, "in", JackPortIsInput)
+{
+}
+
+void JackInput::Process(jack_port_t *port, jack_nframes_t frames)
+{
+    void *const buffer = jack_port_get_buffer(port, frames);
+    const std::uint32_t count = jack_midi_get_event_count(buffer);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        jack_midi_event_t event{};
+        if (jack_midi_event_get(&event, buffer, i) == 0 && event.size > 0 && event.buffer[0] != MidiStatus::kActiveSensing) {
+            sink_->Deliver({event.buffer, event.size});
+        }
+    }
+}
+
+JackSource::JackSource(JackHost &host) : host_(host), output_(host, kPlayerPortName, kSourceBytes) {}
+
+void JackSource::Send(std::span<const std::uint8_t> message, TimePoint due)
+{
+    const auto late = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - due);
+    static_cast<void>(output_.Queue(message, jack_get_time() - static_cast<jack_time_t>(late.count())));
+}
+
+} // namespace velluto
