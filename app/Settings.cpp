@@ -7,10 +7,6 @@ namespace velluto {
 
 namespace {
 
-// By byte: Combo1, CheckClickKey, CheckHoldNote, HScroll1, VScroll(0) to VScroll(10), and last VScroll1, which no
-// file holds.
-constexpr std::array<std::uint8_t, 16> kKeyboardDefaults{0, 1, 0, 2, 100, 64, 64, 64, 0, 0, 64, 0, 0, 0, 0, 0};
-
 constexpr std::array<std::size_t, 2> kFactoryStyleEntries{14, 15};
 constexpr std::uint8_t kMaximised = 2;
 
@@ -20,7 +16,7 @@ constexpr std::string_view kBankEnding = "01.prf";
 
 } // namespace
 
-Settings::Settings() : KeyboardRecord(kKeyboardDefaults)
+Settings::Settings()
 {
     ChannelRole[0] = kUserAssignedRolePrograms;
     ChannelRole[1] = kUserAssignedRoleControl;

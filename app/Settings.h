@@ -77,7 +77,7 @@ inline constexpr int Player = 16;
 inline constexpr int ChannelSetup = 28;
 } // namespace PlacementEntry
 
-// Bytes of the KeyboardRecord.
+// Bytes of the KeyboardRecord, and what a first run has in them.
 namespace KeyboardByte {
 inline constexpr std::size_t Channel = 0;
 inline constexpr std::size_t ClickKey = 1;
@@ -86,6 +86,7 @@ inline constexpr std::size_t Shift = 3;
 inline constexpr std::size_t FirstSlider = 4;
 inline constexpr std::size_t Split = 15; // kept in memory only, and read by nobody
 } // namespace KeyboardByte
+inline constexpr std::array<std::uint8_t, 16> kKeyboardDefaults{0, 1, 0, 2, 100, 64, 64, 64, 0, 0, 64, 0, 0, 0, 0, 0};
 
 struct Settings {
     // A fresh record holds the values of a first run, in Italian; the factory Performance banks follow by
@@ -101,7 +102,7 @@ struct Settings {
     int MidiInDev = kNoMidiDevice;
     int MidiOutDev = kNoMidiDevice;
     std::uint8_t LastChannel = 0; // 0-based; 99 when no channel was found
-    std::array<std::uint8_t, 16> KeyboardRecord{};
+    std::array<std::uint8_t, 16> KeyboardRecord = kKeyboardDefaults;
     std::array<WindowPlacement, 29> PlacementTable{}; // index 0 to 28
     std::array<std::uint8_t, 16> ChannelRole{};       // entry c - 1 for MIDI channel c
     std::array<DocRecord, 13> PcgDocTable{};          // 1 to 12

@@ -36,19 +36,8 @@ template <WindowState State>
 Json SetState(Session &session, const Words &words)
 {
     Form &window = FindWindow(session.Program(), words.front());
-    ChildWindows &children = session.Program().app.children;
-    if (IsFrame(session.Program(), window)) {
-        window.windowState = State;
-        return Good();
-    }
-    children.Activate(window);
-    if constexpr (State == WindowState::Minimised) {
-        children.Minimise(window);
-    } else if constexpr (State == WindowState::Maximised) {
-        children.Maximise(window);
-    } else {
-        children.Restore(window);
-    }
+    BringForward(session, window);
+    window.windowState = State;
     return Good();
 }
 

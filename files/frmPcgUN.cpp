@@ -132,14 +132,14 @@ bool frmPcgUN::SelectsRow(std::size_t trimmedLength) const
 }
 
 // Ties this file to a user bank. The window stays a file window; the bank is opened from the View menu.
-void frmPcgUN::CommUser_Click(int index)
+void frmPcgUN::TieTo(int bankSlot)
 {
-    TakeBank(index);
+    TakeBank(bankSlot);
     const std::string path = Tag.Path();
     Work().Path.Set(path);
     app.settings.PcgUserAssigned = true;
-    MenuEntry &entry = app.frame.mnuPcgUser[index];
-    StoreBank(index, entry, entry.caption.Get().substr(0, kUserCaption) + " " + FileNameOf(path));
+    MenuEntry &entry = app.frame.mnuPcgUser[bankSlot];
+    StoreBank(bankSlot, entry, entry.caption.Get().substr(0, kUserCaption) + " " + FileNameOf(path));
 }
 
 } // namespace velluto

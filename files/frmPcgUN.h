@@ -18,9 +18,7 @@ public:
     bool Form_QueryUnload() override;
 
 private:
-    void CommUser_Click(int index);
-
-    void TieTo(int bankSlot) override { CommUser_Click(bankSlot); }
+    void TieTo(int bankSlot) override;
     [[nodiscard]] std::string NewName() const override;
     void ShowNew(WindowTag &tag) override;
     void ShowFile(WindowTag &tag) override;

@@ -101,15 +101,9 @@ bool frmPrfUN::SelectsRow(std::size_t trimmedLength) const
     return trimmedLength != kIgnoredRow;
 }
 
+// Ties this file to a user bank, which takes over this window's whole record, its rectangle too.
 void frmPrfUN::TieTo(int bankSlot)
 {
-    CommUser_Click(bankSlot - kBankOffset);
-}
-
-// Ties this file to a user bank, which takes over this window's whole record, its rectangle too.
-void frmPrfUN::CommUser_Click(int index)
-{
-    const int bankSlot = index + kBankOffset;
     TakeBank(bankSlot);
     Type().current = Tag.Slot();
     TakeSlot(Type(), Type().current);
@@ -118,7 +112,8 @@ void frmPrfUN::CommUser_Click(int index)
     Work().Role = static_cast<std::uint8_t>(Tag.At(TagPosition::Role));
     Work().State = StoredState::Closed;
     frmMain &menu = app.frame;
-    StoreBank(bankSlot, menu.mnuPrfUser[index], std::to_string(index) + " " + FileNameOf(path));
+    const int number = bankSlot - kBankOffset;
+    StoreBank(bankSlot, menu.mnuPrfUser[number], std::to_string(number) + " " + FileNameOf(path));
     menu.mnuPrfUser120.enabled = true;
     menu.mnuPrfUserAll.enabled = true;
 }

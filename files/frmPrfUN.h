@@ -18,8 +18,6 @@ public:
     bool Form_QueryUnload() override;
 
 private:
-    void CommUser_Click(int index);
-
     void TieTo(int bankSlot) override;
     [[nodiscard]] std::string NewName() const override;
     void ShowNew(WindowTag &tag) override;

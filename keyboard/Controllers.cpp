@@ -24,20 +24,25 @@ struct Slider {
     int shownLess;       // what the readout and the marks show is the value less this
     std::uint8_t status; // kNoMessage: the slider composes none
     int firstData;       // controller, or the bend's low byte
-    int firstRun;        // value of a first run
 };
 
-constexpr std::array<Slider, kSliderCount> kSliders{{{"Volume", 0, kControlChange, MidiController::kVolume, 100},
-                                                     {"Pan", kMiddle, kControlChange, MidiController::kPan, 64},
-                                                     {"Vel On", 0, kNoMessage, 0, 64},
-                                                     {"Vel Off", 0, kNoMessage, 0, 64},
-                                                     {"Att Time", 0, kControlChange, MidiController::kAttackTime, 0},
-                                                     {"Rel Time", 0, kControlChange, MidiController::kReleaseTime, 0},
-                                                     {"Bend", kMiddle, MidiStatus::kPitchBend, kBendFineByte, 64},
-                                                     {"PMod", 0, kControlChange, MidiController::kModulation, 0},
-                                                     {"COMod", 0, kControlChange, MidiController::kBreath, 0},
-                                                     {"Reverb", 0, kControlChange, MidiController::kReverb, 0},
-                                                     {"Chorus", 0, kControlChange, MidiController::kChorus, 0}}};
+constexpr std::array<Slider, kSliderCount> kSliders{{{"Volume", 0, kControlChange, MidiController::kVolume},
+                                                     {"Pan", kMiddle, kControlChange, MidiController::kPan},
+                                                     {"Vel On", 0, kNoMessage, 0},
+                                                     {"Vel Off", 0, kNoMessage, 0},
+                                                     {"Att Time", 0, kControlChange, MidiController::kAttackTime},
+                                                     {"Rel Time", 0, kControlChange, MidiController::kReleaseTime},
+                                                     {"Bend", kMiddle, MidiStatus::kPitchBend, kBendFineByte},
+                                                     {"PMod", 0, kControlChange, MidiController::kModulation},
+                                                     {"COMod", 0, kControlChange, MidiController::kBreath},
+                                                     {"Reverb", 0, kControlChange, MidiController::kReverb},
+                                                     {"Chorus", 0, kControlChange, MidiController::kChorus}}};
+
+// Of a first run.
+int FirstRun(int slider)
+{
+    return kKeyboardDefaults.at(static_cast<std::size_t>(slider) + KeyboardByte::FirstSlider);
+}
 
 // In the KeyboardRecord.
 std::uint8_t &KeptValue(frmTastiera &form, int slider)
@@ -78,7 +83,7 @@ void SetSliderTips(frmTastiera &form)
 {
     const std::string hint = form.app.messages.Text(TwoTexts{"Doppio clic: ", "Double-click: "});
     for (int i = 0; i < kSliderCount; ++i) {
-        form.Label2[i].toolTip = hint + std::to_string(RowOf(i).firstRun - RowOf(i).shownLess);
+        form.Label2[i].toolTip = hint + std::to_string(FirstRun(i) - RowOf(i).shownLess);
     }
 }
 
@@ -109,7 +114,7 @@ void VScroll_Change(frmTastiera &form, int slider)
 
 void Label2_DblClick(frmTastiera &form, int slider)
 {
-    form.VScroll[slider].value = RowOf(slider).firstRun;
+    form.VScroll[slider].value = FirstRun(slider);
 }
 
 void ShowSplitPoint(frmTastiera &form)

@@ -127,8 +127,9 @@ bool KeyboardWindow::LoadWindow()
     midi.MonitorEnabled = true;
     TakeRecord();
     ShowSplitPoint(*this);
-    ClearHeldNotes(*this);
-    ClearChord(*this);
+    notes.HeldNotes.Clear();
+    notes.ChordNotes.Clear();
+    notes.ChordArmed = false;
     notes.ClickGuard = false;
     notes.CurrentNote = kNoNote;
     UpdateOctaveLabels(*this);

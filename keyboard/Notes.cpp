@@ -65,17 +65,6 @@ void ResetVisibleKeys(frmTastiera &form)
     }
 }
 
-void ClearHeldNotes(frmTastiera &form)
-{
-    form.notes.HeldNotes.Clear();
-}
-
-void ClearChord(frmTastiera &form)
-{
-    form.notes.ChordArmed = false;
-    form.notes.ChordNotes.Clear();
-}
-
 bool AnyNoteHeld(const frmTastiera &form)
 {
     return std::ranges::any_of(form.notes.HeldNotes.Bytes(), [](unsigned char flag) { return flag != 0; });

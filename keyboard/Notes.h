@@ -21,8 +21,6 @@ void KeyNoteOff(frmTastiera &form, int note);
 void PaintPlain(frmTastiera &form, int key);
 // Takes the keys on screen out of HeldNotes, and their dots away.
 void ResetVisibleKeys(frmTastiera &form);
-void ClearHeldNotes(frmTastiera &form);
-void ClearChord(frmTastiera &form);
 [[nodiscard]] bool AnyNoteHeld(const frmTastiera &form);
 // Only what is seen: all dots away, and the dots of held notes back.
 void RepaintKeysUp(frmTastiera &form);

@@ -19,7 +19,7 @@ void PressChord(frmTastiera &form, int pressed)
     while (lowest < kHighestNote && !notes.ChordNotes[lowest]) {
         ++lowest;
     }
-    ClearHeldNotes(form);
+    notes.HeldNotes.Clear();
     ResetVisibleKeys(form);
     const int offset = pressed - lowest;
     for (int note = kLowestNote; note <= kHighestNote; ++note) {

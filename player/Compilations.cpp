@@ -51,8 +51,7 @@ void FillCompilations(frmMIDIPlayer &form)
         return;
     }
     const auto row = static_cast<int>(found - names.begin());
-    form.ListComp.SetListIndex(row);
-    form.ListComp.Select(row, true);
+    Choose(form.ListComp, row);
     form.Text2.text = settings.PlayerName;
     form.state.CompilationName = settings.PlayerName;
     form.CommCanc.enabled = true;
@@ -125,8 +124,7 @@ void ListComp_Click(frmMIDIPlayer &form)
     }
     if (name == form.app.settings.PlayerName) {
         const Raised guard(state.SelectionGuard);
-        form.ListMidiCorr.SetListIndex(state.CurrentCompRow);
-        form.ListMidiCorr.Select(state.CurrentCompRow, true);
+        Choose(form.ListMidiCorr, state.CurrentCompRow);
     }
     UpdateTransportButtons(form);
 }
@@ -159,8 +157,7 @@ void CommNuovo_Click(frmMIDIPlayer &form)
         const Raised loading(form.app.children.RestoringLayout);
         form.ListComp.ClearSelection();
         form.ListComp.InsertItem({}, 0);
-        form.ListComp.SetListIndex(0);
-        form.ListComp.Select(0, true);
+        Choose(form.ListComp, 0);
         if (state.CompilationIndex >= 0) {
             ++state.CompilationIndex;
         }

@@ -63,8 +63,7 @@ std::string NextInCompilation(frmMIDIPlayer &form)
     const bool listed = state.CompilationIndex >= 0 && state.CompilationIndex < form.ListComp.ListCount();
     if (!ShowsOpenCompilation(form) && listed) {
         form.ListComp.ClearSelection();
-        form.ListComp.SetListIndex(state.CompilationIndex);
-        form.ListComp.Select(state.CompilationIndex, true);
+        Choose(form.ListComp, state.CompilationIndex);
         ListComp_Click(form);
     }
     ListBox &list = form.ListMidiCorr;
@@ -73,8 +72,7 @@ std::string NextInCompilation(frmMIDIPlayer &form)
         MoveSelection(list, state.CurrentCompRow);
     }
     if (list.ListIndex() >= list.ListCount() - 1) {
-        list.SetListIndex(0);
-        list.Select(0, true);
+        Choose(list, 0);
     } else {
         MoveSelection(list, list.ListIndex() + 1);
     }

@@ -53,8 +53,7 @@ void ShowFolders(FolderList &list, const std::vector<std::string> &inside)
     }
     list.paths = std::move(paths);
     list.SetRows(std::move(rows));
-    list.SetListIndex(open);
-    list.Select(open, true);
+    Choose(list, open);
 }
 
 // The drive that the folder lies on: of several the one nearest to it.

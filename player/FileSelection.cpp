@@ -183,8 +183,7 @@ void TimerListMidiCorr_Timer(frmMIDIPlayer &form)
     const std::string name = NamePart(form.app.settings.PlayerFile);
     for (int row = 0; row < form.ListMidiCorr.ListCount(); ++row) {
         if (BareName(form.ListMidiCorr.Row(row)) == name) {
-            form.ListMidiCorr.SetListIndex(row);
-            form.ListMidiCorr.Select(row, true);
+            Choose(form.ListMidiCorr, row);
             ListMidiCorr_Click(form);
             return;
         }

@@ -46,11 +46,16 @@ int EndOfRun(const ListBox &list, int first)
     return last;
 }
 
+void Choose(ListBox &list, int row)
+{
+    list.SetListIndex(row);
+    list.Select(row, true);
+}
+
 void MoveSelection(ListBox &list, int row)
 {
     list.Select(list.ListIndex(), false);
-    list.SetListIndex(row);
-    list.Select(row, true);
+    Choose(list, row);
 }
 
 } // namespace velluto

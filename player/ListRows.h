@@ -22,6 +22,8 @@ namespace velluto {
 [[nodiscard]] int CurrentOrFirstSelected(const ListBox &list);
 // The last row of the unbroken run of selected rows that begins at first.
 [[nodiscard]] int EndOfRun(const ListBox &list, int first);
+// Makes a row current and selects it. Other selected rows stay as they are.
+void Choose(ListBox &list, int row);
 // Takes the selection from the current row to another one, which becomes current. Other selected rows stay as they are.
 void MoveSelection(ListBox &list, int row);
 

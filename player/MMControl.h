@@ -14,7 +14,6 @@ class MMControl : public Control {
 public:
     MMControl(Form &form, std::string name, Sequencer &device) : Control(form, std::move(name), kNoIndex), device_(device) {}
 
-    std::string DeviceType;
     std::string FileName;               // the full path, written before "open"
     std::function<void(int code)> Done; // a command has finished: 1 normally, 4 aborted
 

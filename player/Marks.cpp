@@ -2,7 +2,7 @@
 
 #include "player/PlayerClock.h"
 #include "player/PlayerDisplay.h"
-#include "player/PlayerScale.h"
+#include "player/PlayerLayout.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,7 +1,7 @@
 #include "player/PlayerDisplay.h"
 
 #include "app/Catalogue.h"
-#include "player/PlayerScale.h"
+#include "player/PlayerLayout.h"
 #include "player/SequencerTexts.h"
 
 #include <algorithm>

@@ -1,7 +1,6 @@
 #include "player/PlayerLayout.h"
 
 #include "app/StoredPlace.h"
-#include "player/PlayerScale.h"
 
 #include <algorithm>
 
@@ -29,7 +28,7 @@ constexpr int kPulsGap = 45;
 constexpr int kToggleWidth = 1050;
 constexpr int kReadingsHeight = 585; // of the elapsed time's large letters
 
-// The scale; the rest of it stands in PlayerScale.
+// The scale; the rest of it stands in the header.
 constexpr int kMarkerWidth = 330; // two halves, each wide enough for a hand
 constexpr int kMarkerHeight = 180;
 constexpr int kBarLeft = kMarkerAtStart + kMarkerWidth / 2 - kLineAtStart;

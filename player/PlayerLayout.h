@@ -6,6 +6,12 @@
 
 namespace velluto {
 
+// The scale over the bar: where line and markers stand at position 0, and what of the bar's width neither travels. Their tips, the line
+// and the middle of a slider's handle stand above each other at each position.
+inline constexpr int kLineAtStart = 30;    // inside the bar
+inline constexpr int kMarkerAtStart = 100; // from the left edge of the frame
+inline constexpr int kUntravelled = 135;
+
 // The inside of the window in its narrow or its wide form, at its least height.
 [[nodiscard]] Size PlayerSize(bool panelOpen);
 void LayOutPlayer(frmMIDIPlayer &form, Size inside);

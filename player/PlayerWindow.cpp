@@ -109,7 +109,6 @@ bool PlayerWindow::LoadWindow()
     ResetPositionLine(*this);
     ResetMarkers(*this);
 
-    MMControl1.DeviceType = "sequencer";
     MMControl1.Take();
     app.ports.ticks.Ticked = [this] { GoOn(*this); };
     FillFilePanel(*this);

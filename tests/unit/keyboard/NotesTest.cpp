@@ -178,7 +178,7 @@ TEST(HeldNotes, ResetVisibleKeysClearsThoseOnScreenOnly)
     EXPECT_EQ(link.Held(), (Ints{35, 97}));
     EXPECT_EQ(link.Dots(), Ints{});
     EXPECT_TRUE(AnyNoteHeld(form));
-    ClearHeldNotes(form);
+    form.notes.HeldNotes.Clear();
     EXPECT_FALSE(AnyNoteHeld(form));
 }
 

@@ -11,7 +11,6 @@ using Device = PlayerRun;
 TEST_F(Device, BeginsWithoutAFileAndWithoutACommand)
 {
     Start();
-    EXPECT_EQ(device().DeviceType, "sequencer");
     EXPECT_EQ(device().Mode(), 524);
     EXPECT_EQ(device().Command(), "");
     EXPECT_FALSE(device().visible);
