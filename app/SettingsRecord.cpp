@@ -37,39 +37,7 @@ constexpr std::array<FlagField, 5> kFlags{{
     {27, &Settings::StatusBarOn, ReadAs::NotZero},
 }};
 
-// An entry of the placements, by offset from its first byte.
-namespace PlacementAt {
-constexpr std::size_t kTop = 0;
-constexpr std::size_t kLeft = 2;
-constexpr std::size_t kWidth = 4;
-constexpr std::size_t kHeight = 6;
-constexpr std::size_t kState = 8;
-constexpr std::size_t kRole = 9;
-constexpr std::size_t kMinWidth = 10;
-constexpr std::size_t kMinHeight = 12;
-constexpr std::size_t kLength = 14;
-} // namespace PlacementAt
-
-// The record of a document slot; the first five fields are those of a recent file too.
-namespace DocumentAt {
-constexpr std::size_t kPath = 1;
-constexpr std::size_t kTop = 235;
-constexpr std::size_t kLeft = 237;
-constexpr std::size_t kWidth = 239;
-constexpr std::size_t kHeight = 241;
-constexpr std::size_t kState = 243;
-constexpr std::size_t kRole = 244;
-constexpr std::size_t kTag6 = 245;
-constexpr std::size_t kTag7 = 246;
-constexpr std::size_t kMinWidth = 247;
-constexpr std::size_t kMinHeight = 249;
-} // namespace DocumentAt
-
-namespace RecentAt {
-constexpr std::size_t kFlag = 245;
-constexpr std::size_t kKind = 246;
-} // namespace RecentAt
-
+constexpr std::size_t kPlacementLength = 14;
 constexpr int kPositionOffset = 16000; // stored positions are this much higher
 constexpr int kHighestTableDevice = 7;
 
@@ -84,11 +52,6 @@ std::uint16_t StoredPosition(std::int16_t position)
     return static_cast<std::uint16_t>(position + kPositionOffset);
 }
 
-std::uint16_t StoredLimitedPosition(std::int16_t position)
-{
-    return StoredPosition(std::clamp<std::int16_t>(position, -kPositionOffset, kPositionOffset));
-}
-
 // A size that the windows never produce takes the largest value that a record can hold.
 std::int16_t Length(std::uint16_t stored)
 {
@@ -100,48 +63,93 @@ int Device(std::uint8_t stored)
     return stored <= kHighestTableDevice ? stored : kNoMidiDevice;
 }
 
-void TakePlacement(const SettingsRecord &record, std::size_t at, WindowPlacement &placement)
+// The two ways over the fields of a record, each at its position. The functions below tell once where each field stands.
+struct Taking {
+    const SettingsRecord &record;
+    void Path(std::size_t at, PathText &path) const { path.Set(record.Text(at, kPathLength)); }
+    void Byte(std::size_t at, std::uint8_t &field) const { field = record.Byte(at); }
+    void Place(std::size_t at, std::int16_t &field) const { field = Position(record.Word(at)); }
+    void LimitedPlace(std::size_t at, std::int16_t &field) const { Place(at, field); }
+    void Size(std::size_t at, std::uint16_t &field) const { field = record.Word(at); }
+    void Size(std::size_t at, std::int16_t &field) const { field = Length(record.Word(at)); }
+};
+
+struct Putting {
+    SettingsRecord &record;
+    void Path(std::size_t at, const PathText &path) const { record.PutText(at, kPathLength, path.All()); }
+    void Byte(std::size_t at, std::uint8_t field) const { record.PutByte(at, field); }
+    void Place(std::size_t at, std::int16_t field) const { record.PutWord(at, StoredPosition(field)); }
+    void LimitedPlace(std::size_t at, std::int16_t field) const
+    {
+        Place(at, std::clamp<std::int16_t>(field, -kPositionOffset, kPositionOffset));
+    }
+    template <class Field>
+    void Size(std::size_t at, Field field) const
+    {
+        record.PutWord(at, static_cast<std::uint16_t>(field));
+    }
+};
+
+// at is the position of the entry's first byte.
+template <class Way, class Placement>
+void PlacementFields(Way way, std::size_t at, Placement &placement)
 {
-    placement.Top = Position(record.Word(at + PlacementAt::kTop));
-    placement.Left = Position(record.Word(at + PlacementAt::kLeft));
-    placement.Width = record.Word(at + PlacementAt::kWidth);
-    placement.Height = record.Word(at + PlacementAt::kHeight);
-    placement.State = record.Byte(at + PlacementAt::kState);
-    placement.Role = record.Byte(at + PlacementAt::kRole);
-    placement.MinWidth = record.Word(at + PlacementAt::kMinWidth);
-    placement.MinHeight = record.Word(at + PlacementAt::kMinHeight);
+    way.Place(at, placement.Top);
+    way.Place(at + 2, placement.Left);
+    way.Size(at + 4, placement.Width);
+    way.Size(at + 6, placement.Height);
+    way.Byte(at + 8, placement.State);
+    way.Byte(at + 9, placement.Role);
+    way.Size(at + 10, placement.MinWidth);
+    way.Size(at + 12, placement.MinHeight);
 }
 
-void PutPlacement(SettingsRecord &record, std::size_t at, const WindowPlacement &placement)
+// What documents and recent files have alike.
+template <class Way, class Record>
+void PathAndPlace(Way way, Record &entry)
 {
-    record.PutWord(at + PlacementAt::kTop, StoredPosition(placement.Top));
-    record.PutWord(at + PlacementAt::kLeft, StoredPosition(placement.Left));
-    record.PutWord(at + PlacementAt::kWidth, placement.Width);
-    record.PutWord(at + PlacementAt::kHeight, placement.Height);
-    record.PutByte(at + PlacementAt::kState, placement.State);
-    record.PutByte(at + PlacementAt::kRole, placement.Role);
-    record.PutWord(at + PlacementAt::kMinWidth, placement.MinWidth);
-    record.PutWord(at + PlacementAt::kMinHeight, placement.MinHeight);
+    way.Path(1, entry.Path);
+    way.LimitedPlace(235, entry.Top);
+    way.LimitedPlace(237, entry.Left);
+    way.Size(239, entry.Width);
+    way.Size(241, entry.Height);
 }
 
-template <class Record>
-void TakePathAndPlace(const SettingsRecord &record, Record &entry)
+template <class Way, class Record>
+void DocumentFields(Way way, Record &document)
 {
-    entry.Path.Set(record.Text(DocumentAt::kPath, kPathLength));
-    entry.Top = Position(record.Word(DocumentAt::kTop));
-    entry.Left = Position(record.Word(DocumentAt::kLeft));
-    entry.Width = Length(record.Word(DocumentAt::kWidth));
-    entry.Height = Length(record.Word(DocumentAt::kHeight));
+    PathAndPlace(way, document);
+    way.Byte(243, document.State);
+    way.Byte(244, document.Role);
+    way.Byte(245, document.Tag6);
+    way.Byte(246, document.Tag7);
+    way.Size(247, document.MinWidth);
+    way.Size(249, document.MinHeight);
 }
 
-template <class Record>
-void PutPathAndPlace(SettingsRecord &record, const Record &entry)
+template <class Way, class Record>
+void RecentFields(Way way, Record &recent)
 {
-    record.PutText(DocumentAt::kPath, kPathLength, entry.Path.All());
-    record.PutWord(DocumentAt::kTop, StoredLimitedPosition(entry.Top));
-    record.PutWord(DocumentAt::kLeft, StoredLimitedPosition(entry.Left));
-    record.PutWord(DocumentAt::kWidth, static_cast<std::uint16_t>(entry.Width));
-    record.PutWord(DocumentAt::kHeight, static_cast<std::uint16_t>(entry.Height));
+    PathAndPlace(way, recent);
+    way.Byte(245, recent.Flag);
+    way.Byte(246, recent.Kind);
+}
+
+// Record 1 but for its name and its flags.
+template <class Way, class Kept>
+void GeneralFields(Way way, Kept &settings)
+{
+    way.Byte(General::kLingua, settings.Lingua);
+    way.Byte(General::kLastChannel, settings.LastChannel);
+    for (std::size_t i = 0; i < KeyboardByte::Split; ++i) {
+        way.Byte(General::kKeyboard + i, settings.KeyboardRecord[i]);
+    }
+    for (std::size_t k = 0; k < settings.PlacementTable.size(); ++k) {
+        PlacementFields(way, General::kPlacements + k * kPlacementLength, settings.PlacementTable[k]);
+    }
+    for (std::size_t i = 0; i < settings.ChannelRole.size(); ++i) {
+        way.Byte(General::kChannelRoles + i, settings.ChannelRole[i]);
+    }
 }
 
 } // namespace
@@ -189,19 +197,12 @@ void TakeGeneral(const SettingsRecord &record, Settings &settings)
         const std::uint8_t stored = record.Byte(flag.position);
         settings.*flag.value = flag.readAs == ReadAs::ExactlyOne ? stored == 1 : stored != 0;
     }
-    settings.Lingua = record.Byte(General::kLingua) == Language::English ? Language::English : Language::Italian;
-    settings.LastChannel = record.Byte(General::kLastChannel);
+    GeneralFields(Taking{record}, settings);
+    if (settings.Lingua != Language::English) {
+        settings.Lingua = Language::Italian;
+    }
     settings.MidiOutDev = Device(record.Byte(General::kMidiOutDev));
     settings.MidiInDev = Device(record.Byte(General::kMidiInDev));
-    for (std::size_t i = 0; i < KeyboardByte::Split; ++i) {
-        settings.KeyboardRecord[i] = record.Byte(General::kKeyboard + i);
-    }
-    for (std::size_t k = 0; k < settings.PlacementTable.size(); ++k) {
-        TakePlacement(record, General::kPlacements + k * PlacementAt::kLength, settings.PlacementTable[k]);
-    }
-    for (std::size_t i = 0; i < settings.ChannelRole.size(); ++i) {
-        settings.ChannelRole[i] = record.Byte(General::kChannelRoles + i);
-    }
 }
 
 void PutGeneral(SettingsRecord &record, const Settings &settings, bool statusBarChecked)
@@ -210,56 +211,34 @@ void PutGeneral(SettingsRecord &record, const Settings &settings, bool statusBar
         const bool on = flag.value == &Settings::StatusBarOn ? statusBarChecked : settings.*flag.value;
         record.PutByte(flag.position, on ? 1 : 0);
     }
-    PutLanguage(record, settings.Lingua);
-    record.PutByte(General::kLastChannel, settings.LastChannel);
+    GeneralFields(Putting{record}, settings);
     record.PutByte(General::kMidiOutDev, static_cast<std::uint8_t>(settings.MidiOutDev & 0xFF));
     record.PutByte(General::kMidiInDev, static_cast<std::uint8_t>(settings.MidiInDev & 0xFF));
-    for (std::size_t i = 0; i < KeyboardByte::Split; ++i) {
-        record.PutByte(General::kKeyboard + i, settings.KeyboardRecord[i]);
-    }
-    for (std::size_t k = 0; k < settings.PlacementTable.size(); ++k) {
-        PutPlacement(record, General::kPlacements + k * PlacementAt::kLength, settings.PlacementTable[k]);
-    }
-    for (std::size_t i = 0; i < settings.ChannelRole.size(); ++i) {
-        record.PutByte(General::kChannelRoles + i, settings.ChannelRole[i]);
-    }
 }
 
 void TakeDocument(const SettingsRecord &record, DocRecord &document)
 {
-    TakePathAndPlace(record, document);
-    document.State = record.Byte(DocumentAt::kState);
-    document.Role = record.Byte(DocumentAt::kRole);
-    document.Tag6 = record.Byte(DocumentAt::kTag6);
-    document.Tag7 = record.Byte(DocumentAt::kTag7);
-    document.MinWidth = Length(record.Word(DocumentAt::kMinWidth));
-    document.MinHeight = Length(record.Word(DocumentAt::kMinHeight));
+    DocumentFields(Taking{record}, document);
 }
 
-SettingsRecord DocumentBytes(const DocRecord &document)
+SettingsRecord DocumentBytes(DocRecord document)
 {
+    document.Role = 0;
+    document.Tag7 = 0;
     SettingsRecord record('\0');
-    PutPathAndPlace(record, document);
-    record.PutByte(DocumentAt::kState, document.State);
-    record.PutByte(DocumentAt::kTag6, document.Tag6);
-    record.PutWord(DocumentAt::kMinWidth, static_cast<std::uint16_t>(document.MinWidth));
-    record.PutWord(DocumentAt::kMinHeight, static_cast<std::uint16_t>(document.MinHeight));
+    DocumentFields(Putting{record}, document);
     return record;
 }
 
 void TakeRecent(const SettingsRecord &record, RecentRecord &recent)
 {
-    TakePathAndPlace(record, recent);
-    recent.Flag = record.Byte(RecentAt::kFlag);
-    recent.Kind = record.Byte(RecentAt::kKind);
+    RecentFields(Taking{record}, recent);
 }
 
 SettingsRecord RecentBytes(const RecentRecord &recent)
 {
     SettingsRecord record('\0');
-    PutPathAndPlace(record, recent);
-    record.PutByte(RecentAt::kFlag, recent.Flag);
-    record.PutByte(RecentAt::kKind, recent.Kind);
+    RecentFields(Putting{record}, recent);
     return record;
 }
 

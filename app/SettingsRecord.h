@@ -48,7 +48,7 @@ void PutGeneral(SettingsRecord &record, const Settings &settings, bool statusBar
 
 // Records 4 to 61. Role and Tag7 are read but written as 0: they last until the program ends.
 void TakeDocument(const SettingsRecord &record, DocRecord &document);
-[[nodiscard]] SettingsRecord DocumentBytes(const DocRecord &document);
+[[nodiscard]] SettingsRecord DocumentBytes(DocRecord document);
 
 // Records 62 to 77.
 void TakeRecent(const SettingsRecord &record, RecentRecord &recent);
