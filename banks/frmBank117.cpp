@@ -14,10 +14,7 @@ namespace {
 constexpr int kColumns = 5;
 constexpr Size kCells{101, 32}; // 31 rows to a column and a line of margin
 
-// The state text: 20 zero characters and the 45 of the title.
-constexpr int kZeros = 20;
-constexpr int kTitleLength = 45;
-constexpr int kTitlePosition = 21;
+constexpr int kTitleLength = 45; // in the state text, behind its 20 zero characters
 
 // In the order of the kinds, from 2 on.
 constexpr std::array<MenuEntry frmMain::*, 6> kCommands{&frmMain::mnuBankA, &frmMain::mnuBankB, &frmMain::mnuBankC,
@@ -52,10 +49,9 @@ std::vector<std::string> frmBank117::Rows() const
 
 WindowTag frmBank117::StateText(const WindowPlacement &placement) const
 {
-    WindowTag tag;
-    tag.prefix = std::string(kZeros, '\0') + std::string(kTitleLength, ' ');
-    tag.Put(kTitlePosition, TitleOf(FactoryBankEntry(app.frame, Kind()).caption.Get()));
-    tag.Set(TagPosition::Kind, Kind());
+    WindowTag tag = ToolTag(Kind());
+    tag.prefix.append(kTitleLength, ' ');
+    tag.Put(TagPosition::Path, TitleOf(FactoryBankEntry(app.frame, Kind()).caption.Get()));
     tag.Set(TagPosition::Role, placement.Role);
     return tag;
 }

@@ -11,10 +11,7 @@ constexpr int kRowsInGroup = 37;
 constexpr Size kCells{88, 38};
 constexpr int kKindBeforeFirst = ViewKind::FactoryStyles1 - 1;
 
-// The state text: 20 zero characters, and 25 for the title.
-constexpr int kZeros = 20;
-constexpr int kTitleLength = 25;
-constexpr int kTitlePosition = 21;
+constexpr int kTitleLength = 25; // in the state text, behind its 20 zero characters
 
 constexpr std::size_t kBehindNumber = 2; // 0-based character of a row that is a blank in items alone
 
@@ -35,10 +32,9 @@ std::vector<std::string> frmSty::Rows() const
 // The role stays out of it; the state is that of the Program record last worked on. Nobody reads either.
 WindowTag frmSty::StateText(const WindowPlacement & /*placement*/) const
 {
-    WindowTag tag;
-    tag.prefix = std::string(kZeros, '\0') + std::string(kTitleLength, ' ');
-    tag.Put(kTitlePosition, Kind() == ViewKind::FactoryStyles1 ? "1: Style 1-8" : "2: Style 9-16");
-    tag.Set(TagPosition::Kind, Kind());
+    WindowTag tag = ToolTag(Kind());
+    tag.prefix.append(kTitleLength, ' ');
+    tag.Put(TagPosition::Path, Kind() == ViewKind::FactoryStyles1 ? "1: Style 1-8" : "2: Style 9-16");
     tag.Set(TagPosition::Slot, Kind() - kKindBeforeFirst);
     tag.Set(TagPosition::State, Recall().files.programs.work.State);
     return tag;

@@ -102,7 +102,7 @@ void OpenStyleOverview(benchmark::State &state)
 {
     StyleStage &stage = TheStage();
     for (auto _ : state) {
-        mnuStyUserAll_Click(stage.files);
+        ShowStyleOverview(stage.files, ViewKind::StyleOverview);
         if (Overview(stage).List1[3].ListCount() != kStyles) {
             state.SkipWithError("the third file is not listed");
             break;

@@ -70,19 +70,8 @@ Json MessageBytes(std::uint32_t message)
 
 std::string_view NameOf(ThruEvent::Kind kind)
 {
-    switch (kind) {
-    case ThruEvent::Kind::Connect:
-        return "connect";
-    case ThruEvent::Kind::Disconnect:
-        return "disconnect";
-    case ThruEvent::Kind::Start:
-        return "start";
-    case ThruEvent::Kind::Stop:
-        return "stop";
-    case ThruEvent::Kind::Message:
-        break;
-    }
-    return "message";
+    constexpr std::array<std::string_view, 5> kNames = {"connect", "disconnect", "start", "stop", "message"};
+    return kNames.at(static_cast<std::size_t>(kind));
 }
 
 // A device number, null where there was none.

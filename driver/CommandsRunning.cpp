@@ -6,13 +6,11 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace velluto::driver {
 
 namespace {
 
-constexpr int kHighestNumber = std::numeric_limits<int>::max();
 constexpr std::string_view kLanguageDialog = "frmLingua";
 
 // How the language dialog of a first run is answered.
@@ -71,7 +69,7 @@ Json Choose(Session &session, const Words &words)
     const std::string &mode = words.front();
     FileChoice choice;
     if (mode == "open" && words.size() == 3) {
-        choice = {false, session.FullPath(words[1]), ToNumber(words[2], "the filter", 0, kHighestNumber)};
+        choice = {false, session.FullPath(words[1]), ToNumber(words[2], "the filter", 0)};
     } else if (mode == "save" && words.size() == 2) {
         choice = {false, session.FullPath(words[1]), 1};
     } else if (mode != "cancel" || words.size() != 1) {
@@ -93,7 +91,7 @@ Json QueueAnswer(Session &session, const Words &words)
 
 Json PassTime(Session &session, const Words &words)
 {
-    session.PassTime(Timers::Milliseconds{ToNumber(words.front(), "the time", 0, kHighestNumber)});
+    session.PassTime(Timers::Milliseconds{ToNumber(words.front(), "the time", 0)});
     return Good();
 }
 

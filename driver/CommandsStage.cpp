@@ -3,13 +3,10 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace velluto::driver {
 
 namespace {
-
-constexpr int kHighestNumber = std::numeric_limits<int>::max();
 
 enum class Direction { Out, In };
 
@@ -53,7 +50,7 @@ StandinCodes WithCodes(StandinCodes codes, Direction direction, const Words &wor
         if (equals == std::string_view::npos || !known) {
             throw BadCommand("no operation of the device: " + std::string(word));
         }
-        codes.*(found->code) = ToNumber(word.substr(equals + 1), "the code", 0, kHighestNumber);
+        codes.*(found->code) = ToNumber(word.substr(equals + 1), "the code", 0);
     }
     return codes;
 }
@@ -130,11 +127,11 @@ Json Sequencer(Session &session, const Words &words)
 {
     const std::string &what = words.front();
     if (what == "define" && words.size() == 3) {
-        session.sequencer.songs[session.FullPath(words[1])] = {ToNumber(words[2], "the length", 0, kHighestNumber), 0, {}};
+        session.sequencer.songs[session.FullPath(words[1])] = {ToNumber(words[2], "the length", 0), 0, {}};
     } else if (what == "refuse" && words.size() == 4) {
-        session.sequencer.songs[session.FullPath(words[1])] = {0, ToNumber(words[2], "the error", 1, kHighestNumber), InWords(words[3])};
+        session.sequencer.songs[session.FullPath(words[1])] = {0, ToNumber(words[2], "the error", 1), InWords(words[3])};
     } else if (what == "rate" && words.size() == 2) {
-        session.sequencer.rate = StandinSequencer::Milliseconds{ToNumber(words[1], "the rate", 1, kHighestNumber)};
+        session.sequencer.rate = StandinSequencer::Milliseconds{ToNumber(words[1], "the rate", 1)};
     } else {
         throw BadCommand("usage: seq define PATH LENGTH, seq refuse PATH ERROR TEXT or seq rate MS");
     }
@@ -143,20 +140,11 @@ Json Sequencer(Session &session, const Words &words)
 
 FileFault::Operation OperationOf(std::string_view word)
 {
-    struct Name {
-        std::string_view name;
-        FileFault::Operation operation;
-    };
-    constexpr std::array<Name, 5> kNames = {{{"open", FileFault::Operation::Open},
-                                             {"read", FileFault::Operation::Read},
-                                             {"write", FileFault::Operation::Write},
-                                             {"delete", FileFault::Operation::Delete},
-                                             {"any", FileFault::Operation::Any}}};
-    const auto *const found = std::ranges::find(kNames, word, &Name::name);
-    if (found == kNames.end()) {
+    const auto *const found = std::ranges::find(FileFault::kNames, word);
+    if (found == FileFault::kNames.end()) {
         throw BadCommand("no file operation: " + std::string(word));
     }
-    return found->operation;
+    return static_cast<FileFault::Operation>(found - FileFault::kNames.begin());
 }
 
 Json Fault(Session &session, const Words &words)
@@ -164,8 +152,8 @@ Json Fault(Session &session, const Words &words)
     FileFault fault;
     fault.operation = OperationOf(words[0]);
     fault.path = session.FullPath(words[1]);
-    fault.number = ToNumber(words[2], "the error", 1, kHighestNumber);
-    fault.times = words.size() > 3 ? ToNumber(words[3], "the count", 1, kHighestNumber) : 1;
+    fault.number = ToNumber(words[2], "the error", 1);
+    fault.times = words.size() > 3 ? ToNumber(words[3], "the count", 1) : 1;
     session.files.faults.push_back(fault);
     return Good();
 }

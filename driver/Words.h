@@ -1,6 +1,7 @@
 // From a line of the driver's input to its words and numbers. Used by the commands.
 #pragma once
 
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -24,7 +25,7 @@ using Words = std::vector<std::string>;
 [[nodiscard]] bool IsRemark(std::string_view line);
 
 // A whole decimal number from lowest to highest. what names it in the error.
-[[nodiscard]] int ToNumber(std::string_view word, std::string_view what, int lowest, int highest);
+[[nodiscard]] int ToNumber(std::string_view word, std::string_view what, int lowest, int highest = std::numeric_limits<int>::max());
 // A byte of a MIDI message, decimal or, behind "0x", hexadecimal.
 [[nodiscard]] int ToByte(std::string_view word);
 

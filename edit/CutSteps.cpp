@@ -1,7 +1,7 @@
 #include "edit/CutSteps.h"
 
 #include "edit/ImageDraft.h"
-#include "files/StyleLayout.h"
+#include "files/StyleRows.h"
 
 #include <algorithm>
 #include <initializer_list>

@@ -1,7 +1,6 @@
 #include "edit/PasteStyles.h"
 
 #include "edit/ImageDraft.h"
-#include "files/StyleLayout.h"
 #include "files/StyleRows.h"
 
 #include <algorithm>

@@ -5,9 +5,9 @@
 #include "app/Paths.h"
 #include "edit/PrintLine.h"
 #include "files/Files.h"
-#include "files/PerformanceRows.h"
+#include "files/ItemRows.h"
 #include "files/Slots.h"
-#include "files/StyleLayout.h"
+#include "files/StyleRows.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -28,13 +28,6 @@ std::unique_ptr<ChildForm> &HomeOf(FilesState &files, int kind)
     return files.overviews.at(static_cast<std::size_t>(kind - ViewKind::PerformanceOverview));
 }
 
-void ShowStyleOverview(FilesState &files, MenuEntry &entry, int kind)
-{
-    entry.enabled = false;
-    files.app.ViewKind = kind;
-    ShowChild<frmStyUserAll>(HomeOf(files, kind), files, kind);
-}
-
 } // namespace
 
 void mnuPcgUser_Click(FilesState &files, int index)
@@ -70,24 +63,11 @@ void mnuPrfUser_Click(FilesState &files, int index)
     }
 }
 
-void mnuStyUserAll_Click(FilesState &files)
+void ShowStyleOverview(FilesState &files, int kind)
 {
-    ShowStyleOverview(files, files.app.frame.mnuStyUserAll, ViewKind::StyleOverview);
-}
-
-void mnuStyDirectHD123_Click(FilesState &files)
-{
-    ShowStyleOverview(files, files.app.frame.mnuStyDirectHD123, ViewKind::StyleOverview + 1);
-}
-
-void mnuStyDirectHD456_Click(FilesState &files)
-{
-    ShowStyleOverview(files, files.app.frame.mnuStyDirectHD456, ViewKind::StyleOverview + 2);
-}
-
-void mnuStyDirectHD789_Click(FilesState &files)
-{
-    ShowStyleOverview(files, files.app.frame.mnuStyDirectHD789, ViewKind::StyleOverviewLast);
+    StyleOverviewEntry(files.app.frame, kind).enabled = false;
+    files.app.ViewKind = kind;
+    ShowChild<frmStyUserAll>(HomeOf(files, kind), files, kind);
 }
 
 void mnuPrfUserAll_Click(FilesState &files)

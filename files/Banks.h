@@ -12,10 +12,7 @@ void mnuStyUser_Click(FilesState &files, int index);     // 9 to 11
 void mnuStyDirectHD_Click(FilesState &files, int index); // 1 to 9
 void mnuPrfUser_Click(FilesState &files, int index);     // 1 to 20
 
-void mnuStyUserAll_Click(FilesState &files);
-void mnuStyDirectHD123_Click(FilesState &files);
-void mnuStyDirectHD456_Click(FilesState &files);
-void mnuStyDirectHD789_Click(FilesState &files);
+void ShowStyleOverview(FilesState &files, int kind); // 25 to 28: the commands mnuStyUserAll, mnuStyDirectHD123 and so on
 void mnuPrfUserAll_Click(FilesState &files);
 
 } // namespace velluto

@@ -1,7 +1,6 @@
 #include "files/Files.h"
 
-#include "files/PerformanceRows.h"
-#include "files/ProgramRows.h"
+#include "files/ItemRows.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "files/StyleRows.h"
 
-#include "files/RowText.h"
+#include "files/ItemRows.h"
 
 #include <algorithm>
 #include <utility>
@@ -70,6 +70,23 @@ void WalkHalf(ImageView image, Put put)
 }
 
 } // namespace
+
+int ClassifyStyleLayout(ImageView image)
+{
+    const int n = CountItems(image);
+    const int s = EntrySlot(image, 0);
+    if (s < 0) {
+        return StyleLayout::StylesOnly;
+    }
+    int i = 1;
+    while (i < n && EntrySlot(image, i) != s) {
+        ++i;
+    }
+    if (i >= n) {
+        return StyleLayout::StylesOnly;
+    }
+    return i == 1 ? StyleLayout::Interleaved : StyleLayout::Grouped;
+}
 
 std::vector<std::string> NewStyleRows()
 {

@@ -1,4 +1,5 @@
-// The rows of Styles and of their STS as text: number, name and size for each of the sixteen places. Rows are composed
+// How the directory of a Style file is arranged, and the rows of Styles and of their STS as text: number, name and size for each of the
+// sixteen places. Rows are composed
 // out of order in RowBuffer, where an item's slot says which row it is. Used by the Style window and the overviews.
 #pragma once
 
@@ -9,6 +10,16 @@
 #include <vector>
 
 namespace velluto {
+
+namespace StyleLayout {
+inline constexpr int StylesOnly = 0;  // one entry for each Style
+inline constexpr int Interleaved = 1; // each Style is followed by its STS
+inline constexpr int Grouped = 2;     // all Styles, then all STS in the same order
+} // namespace StyleLayout
+
+// The arrangement, told by where the slot of the first entry comes again. An image without items has Styles only, and
+// so has one that ends before the first entry's slot.
+[[nodiscard]] int ClassifyStyleLayout(ImageView image);
 
 // The rows of a Style window or of one list of an overview while they are composed: 16 rows of 28 characters. An item's
 // slot decides where its row stands; what would stand behind the sixteenth is lost.

@@ -1,7 +1,7 @@
 #include "files/WindowRole.h"
 
+#include "files/ItemRows.h"
 #include "files/OverviewForm.h"
-#include "files/PerformanceRows.h"
 #include "view/NumberedLists.h"
 
 namespace velluto {

@@ -3,7 +3,7 @@
 #include "app/Catalogue.h"
 #include "app/ViewKind.h"
 #include "files/ChildLayout.h"
-#include "files/ProgramRows.h"
+#include "files/ItemRows.h"
 #include "files/Saving.h"
 
 #include <algorithm>

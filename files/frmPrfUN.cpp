@@ -1,7 +1,7 @@
 #include "files/frmPrfUN.h"
 
 #include "files/ChildLayout.h"
-#include "files/PerformanceRows.h"
+#include "files/ItemRows.h"
 #include "files/Saving.h"
 
 namespace velluto {

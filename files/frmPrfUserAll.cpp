@@ -1,7 +1,7 @@
 #include "files/frmPrfUserAll.h"
 
 #include "app/ViewKind.h"
-#include "files/PerformanceRows.h"
+#include "files/ItemRows.h"
 
 namespace velluto {
 

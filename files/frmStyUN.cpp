@@ -3,7 +3,6 @@
 #include "app/Catalogue.h"
 #include "files/ChildLayout.h"
 #include "files/Saving.h"
-#include "files/StyleLayout.h"
 #include "files/StyleRows.h"
 
 #include <array>

@@ -28,22 +28,17 @@ int FirstSlot(int kind)
     return kFirstStyUserSlot + kStyOverviewLists * (kind - ViewKind::StyleOverview);
 }
 
-std::size_t WindowIndex(int kind)
-{
-    return static_cast<std::size_t>(kind - ViewKind::StyleOverview);
-}
+} // namespace
 
-MenuEntry &CommandOf(frmMain &menu, int kind)
+MenuEntry &StyleOverviewEntry(frmMain &menu, int kind)
 {
     const std::array<MenuEntry *, 4> commands{&menu.mnuStyUserAll, &menu.mnuStyDirectHD123, &menu.mnuStyDirectHD456,
                                               &menu.mnuStyDirectHD789};
-    return *commands.at(WindowIndex(kind));
+    return *commands.at(static_cast<std::size_t>(kind - ViewKind::StyleOverview));
 }
 
-} // namespace
-
 frmStyUserAll::frmStyUserAll(FilesState &files, int kind)
-    : OverviewForm("frmStyUserAll", kind, files, files.styles, kind, FirstSlot(kind), CommandOf(files.app.frame, kind))
+    : OverviewForm("frmStyUserAll", kind, files, files.styles, kind, FirstSlot(kind), StyleOverviewEntry(files.app.frame, kind))
 {
     for (ListBox &list : List1) {
         list.columns = kListColumns;

@@ -7,6 +7,9 @@
 
 namespace velluto {
 
+// The command that shows the overview of a kind.
+[[nodiscard]] MenuEntry &StyleOverviewEntry(frmMain &menu, int kind);
+
 class frmStyUserAll : public OverviewForm {
 public:
     // kind 25 to 28

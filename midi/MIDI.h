@@ -58,4 +58,10 @@ struct MidiState {
     std::unique_ptr<frmMIDISetup> setup; // the channel setup window while it is open
 };
 
+// The box that every failed open, close and send shows: its site digit tells from the box alone which call failed.
+enum class MidiSite { ShortMsg = 4, InOpen = 5, OutOpen = 6, InClose = 7, OutClose = 8 };
+
+// Composes midi.ErrorText from the catalogue's text, the site and the code (at least two digits) and shows it.
+void ShowMidiError(MidiState &midi, int textId, MidiSite site, int code);
+
 } // namespace velluto

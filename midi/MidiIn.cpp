@@ -1,7 +1,6 @@
 #include "midi/MidiIn.h"
 
 #include "app/Catalogue.h"
-#include "midi/ErrorText.h"
 
 namespace velluto {
 

@@ -1,7 +1,6 @@
 #include "midi/MidiOut.h"
 
 #include "app/Catalogue.h"
-#include "midi/ErrorText.h"
 #include "midi/Monitor.h"
 
 #include <algorithm>

@@ -12,6 +12,7 @@
 #include "files/NaturalSize.h"
 #include "files/Opening.h"
 #include "files/Saving.h"
+#include "files/frmStyUserAll.h"
 #include "midi/DeviceMenus.h"
 #include "midi/MidiIn.h"
 #include "midi/MidiOut.h"
@@ -166,10 +167,9 @@ void AttachViewMenu(Velluto &program)
     AttachEach<mnuStyUser_Click>(menu.mnuStyUser, files);
     AttachEach<mnuStyDirectHD_Click>(menu.mnuStyDirectHD, files);
     AttachEach<mnuPrfUser_Click>(menu.mnuPrfUser, files);
-    menu.mnuStyUserAll.Click = [&files] { mnuStyUserAll_Click(files); };
-    menu.mnuStyDirectHD123.Click = [&files] { mnuStyDirectHD123_Click(files); };
-    menu.mnuStyDirectHD456.Click = [&files] { mnuStyDirectHD456_Click(files); };
-    menu.mnuStyDirectHD789.Click = [&files] { mnuStyDirectHD789_Click(files); };
+    for (int kind = ViewKind::StyleOverview; kind <= ViewKind::StyleOverviewLast; ++kind) {
+        StyleOverviewEntry(menu, kind).Click = [&files, kind] { ShowStyleOverview(files, kind); };
+    }
     menu.mnuPrfUserAll.Click = [&files] { mnuPrfUserAll_Click(files); };
     menu.mnuMsgEx.Click = [&program] { mnuMsgEx_Click(program.midi); };
     menu.mnuTastiera.Click = [&program] { mnuTastiera_Click(program.keyboard); };

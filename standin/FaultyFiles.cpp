@@ -28,28 +28,11 @@ private:
     std::unique_ptr<RandomAccessFile> behind_;
 };
 
-const char *NameOf(FileFault::Operation operation)
-{
-    switch (operation) {
-    case FileFault::Operation::Open:
-        return "open ";
-    case FileFault::Operation::Read:
-        return "read ";
-    case FileFault::Operation::Write:
-        return "write ";
-    case FileFault::Operation::Delete:
-        return "delete ";
-    case FileFault::Operation::Any:
-        break;
-    }
-    return "any ";
-}
-
 } // namespace
 
 RuntimeError FaultyFiles::Take(FileFault::Operation operation, const std::string &path)
 {
-    calls.push_back(NameOf(operation) + path);
+    calls.push_back(std::string(FileFault::kNames.at(static_cast<std::size_t>(operation))) + " " + path);
     for (FileFault &fault : faults) {
         const bool meant = fault.operation == operation || fault.operation == FileFault::Operation::Any;
         if (meant && fault.path == path && fault.times > 0) {
@@ -87,6 +70,29 @@ RuntimeError FaultyFiles::Delete(const std::string &path)
 {
     const RuntimeError error = Take(FileFault::Operation::Delete, path);
     return error.Failed() ? error : behind_.Delete(path);
+}
+
+RuntimeError FaultyFolders::Take(const std::string &path)
+{
+    const RuntimeError error = faults_.Take(FileFault::Operation::Open, path);
+    return error.Failed() ? error : faults_.Take(FileFault::Operation::Read, path);
+}
+
+RuntimeError FaultyFolders::Files(const std::string &folder, std::string_view pattern, std::vector<ListedFile> &files)
+{
+    const RuntimeError error = Take(folder);
+    return error.Failed() ? error : behind_.Files(folder, pattern, files);
+}
+
+RuntimeError FaultyFolders::Subfolders(const std::string &folder, std::vector<std::string> &names)
+{
+    return behind_.Subfolders(folder, names);
+}
+
+RuntimeError FaultyFolders::FileLength(const std::string &path, std::uint64_t &length)
+{
+    const RuntimeError error = Take(path);
+    return error.Failed() ? error : behind_.FileLength(path, length);
 }
 
 } // namespace velluto

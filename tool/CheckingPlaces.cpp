@@ -1,8 +1,6 @@
 #include "tool/CheckingPlaces.h"
 
-#include "files/PerformanceRows.h"
-#include "files/ProgramRows.h"
-#include "files/StyleLayout.h"
+#include "files/ItemRows.h"
 #include "files/StyleRows.h"
 
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "app/Characters.h"
 #include "app/FixedText.h"
-#include "files/PerformanceRows.h"
+#include "files/ItemRows.h"
 #include "tool/Checking.h"
 #include "tool/Contents.h"
 #include "tool/FileVisits.h"

@@ -1,9 +1,7 @@
 #include "tool/Contents.h"
 
 #include "app/FixedText.h"
-#include "files/PerformanceRows.h"
-#include "files/ProgramRows.h"
-#include "files/StyleLayout.h"
+#include "files/ItemRows.h"
 #include "files/StyleRows.h"
 #include "tool/Words.h"
 

@@ -1,7 +1,5 @@
 #include "platform/posix/PosixFiles.h"
 
-#include "platform/posix/ErrorNumbers.h"
-
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -115,6 +113,33 @@ RuntimeError OpenWith(int flags, const std::string &path, std::unique_ptr<Random
 }
 
 } // namespace
+
+RuntimeError FromErrno(int code)
+{
+    switch (code) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+        return {FileError::kPathNotFound};
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+        return {FileError::kPathFileAccess};
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return {FileError::kDiskFull};
+    case ENXIO:
+    case ENODEV:
+    case ENOMEDIUM:
+        return {FileError::kDiskNotReady};
+    case EIO:
+        return {FileError::kDeviceInputOutput};
+    default:
+        return {FileError::kOther};
+    }
+}
 
 PosixFiles::PosixFiles()
 {

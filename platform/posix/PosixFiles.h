@@ -14,4 +14,7 @@ public:
     std::string CurrentFolder() override;
 };
 
+// The run-time error of a system's error code, for folders too: code is an errno; one without a meaning of its own is kOther.
+[[nodiscard]] RuntimeError FromErrno(int code);
+
 } // namespace velluto

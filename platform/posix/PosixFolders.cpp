@@ -1,6 +1,6 @@
 #include "platform/posix/PosixFolders.h"
 
-#include "platform/posix/ErrorNumbers.h"
+#include "platform/posix/PosixFiles.h"
 
 #include <algorithm>
 #include <array>

@@ -48,10 +48,10 @@ TEST_F(AccessTest, EveryControlOfEveryWindowHasAName)
     ChooseMenu(app.frame.mnuMsgEx);
     ChooseMenu(app.frame.mnuBankA);
     ChooseMenu(app.frame.mnuSty[1]);
-    mnuStyUserAll_Click(program.files);
-    mnuStyDirectHD123_Click(program.files);
-    mnuStyDirectHD456_Click(program.files);
-    mnuStyDirectHD789_Click(program.files);
+    ShowStyleOverview(program.files, ViewKind::StyleOverview);
+    ShowStyleOverview(program.files, ViewKind::StyleOverview + 1);
+    ShowStyleOverview(program.files, ViewKind::StyleOverview + 2);
+    ShowStyleOverview(program.files, ViewKind::StyleOverviewLast);
     mnuPrfUserAll_Click(program.files);
     ChooseMenu(app.frame.mnuTastiera);
     ChooseMenu(app.frame.mnuMidiPlayer);

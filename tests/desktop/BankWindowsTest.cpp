@@ -58,7 +58,7 @@ protected:
         for (std::size_t slot = 9; slot <= 11; ++slot) {
             app.settings.StyDocTable[slot].Path.Set(Put("bank" + std::to_string(slot) + ".sty", SixteenStyles()));
         }
-        mnuStyUserAll_Click(program.files);
+        ShowStyleOverview(program.files, ViewKind::StyleOverview);
         Settle();
         return dynamic_cast<frmStyUserAll &>(*program.files.overviews[1]);
     }

@@ -101,7 +101,7 @@ TEST_P(EveryWindowTest, HasRoomForItsWords)
     Look("style-file");
     OpenSample("Full-8.prf");
     Look("performance-file");
-    mnuStyUserAll_Click(program.files);
+    ShowStyleOverview(program.files, ViewKind::StyleOverview);
     Look("StyUserAll");
     mnuPrfUserAll_Click(program.files);
     Look("PrfUserAll");

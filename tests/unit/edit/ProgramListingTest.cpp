@@ -1,7 +1,7 @@
 // The listings of Program and Performance files, whole.
 #include "unit/edit/PrintedFile.h"
 
-#include "files/ProgramRows.h"
+#include "files/ItemRows.h"
 
 namespace velluto::test {
 namespace {

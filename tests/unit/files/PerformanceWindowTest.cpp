@@ -1,5 +1,5 @@
 // The rows and the window of a Performance file, and the twenty banks that it can be tied to.
-#include "files/PerformanceRows.h"
+#include "files/ItemRows.h"
 #include "unit/files/BankFiles.h"
 
 namespace velluto::test {

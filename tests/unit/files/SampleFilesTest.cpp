@@ -1,5 +1,5 @@
 // The sample files of the program, as its windows show them.
-#include "files/StyleLayout.h"
+#include "files/StyleRows.h"
 #include "unit/files/BankFiles.h"
 
 namespace velluto::test {

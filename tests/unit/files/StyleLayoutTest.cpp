@@ -1,5 +1,5 @@
 // How the arrangement of a Style file is told from its directory.
-#include "files/StyleLayout.h"
+#include "files/StyleRows.h"
 #include "unit/files/InstrumentFiles.h"
 
 namespace velluto::test {

@@ -1,7 +1,7 @@
 #include "platform/posix/PosixFolders.h"
 
 #include "platform/FileStore.h"
-#include "standin/FaultyFolders.h"
+#include "standin/FaultyFiles.h"
 #include "unit/support/TestProgram.h"
 
 #include <gmock/gmock.h>

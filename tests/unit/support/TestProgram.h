@@ -7,7 +7,6 @@
 #include "program/FrameCommands.h"
 #include "program/Velluto.h"
 #include "standin/FaultyFiles.h"
-#include "standin/FaultyFolders.h"
 #include "standin/StandinClock.h"
 #include "standin/StandinFace.h"
 #include "standin/StandinMidi.h"
