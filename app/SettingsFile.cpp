@@ -44,18 +44,20 @@ public:
     {
         return Run([&] { return files_.Open(path, file_); });
     }
+    // The last record read lies in the file from end to end.
+    [[nodiscard]] bool HadAll() const { return got_ == kSettingsRecordLength; }
     void Close() { file_.reset(); }
     RuntimeError Delete(const std::string &path)
     {
         return Run([&] { return files_.Delete(path); });
     }
 
-    // What lies beyond the end of the file reads as blanks; got says how much was there.
-    RuntimeError Read(int number, SettingsRecord &record, std::size_t &got)
+    // What lies beyond the end of the file reads as blanks.
+    RuntimeError Read(int number, SettingsRecord &record)
     {
         return Run([&] {
             record = SettingsRecord();
-            return file_->Read(OffsetOf(number), record.Bytes(), got);
+            return file_->Read(OffsetOf(number), record.Bytes(), got_);
         });
     }
     RuntimeError Write(int number, const SettingsRecord &record)
@@ -79,6 +81,7 @@ private:
     FileStore &files_;
     NotReady policy_;
     std::unique_ptr<RandomAccessFile> file_;
+    std::size_t got_ = 0;
 };
 
 void SetLinguaBase(Modulo1 &app)
@@ -91,9 +94,8 @@ template <class Table, class Take>
 RuntimeError ReadTable(SettingsFile &file, int first, int count, Table &table, Take take)
 {
     SettingsRecord record;
-    std::size_t got = 0;
     for (int entry = 1; entry <= count; ++entry) {
-        if (const RuntimeError error = file.Read(first + entry - 1, record, got); error.Failed()) {
+        if (const RuntimeError error = file.Read(first + entry - 1, record); error.Failed()) {
             return error;
         }
         take(record, table[static_cast<std::size_t>(entry)]);
@@ -104,8 +106,7 @@ RuntimeError ReadTable(SettingsFile &file, int first, int count, Table &table, T
 RuntimeError ReadText(SettingsFile &file, int number, std::size_t length, std::string &text)
 {
     SettingsRecord record;
-    std::size_t got = 0;
-    const RuntimeError error = file.Read(number, record, got);
+    const RuntimeError error = file.Read(number, record);
     if (!error.Failed()) {
         text = RightTrimmed(record.Text(1, length));
     }
@@ -148,8 +149,7 @@ void BeginFirstRun(Modulo1 &app, SettingsFile &file)
     app.settings = Settings();
     AssignFactoryBanks(app.settings, app.paths.PrfBank1Path);
     SettingsRecord general;
-    std::size_t got = 0;
-    if (CreateRecords(file).Failed() || file.Read(RecordNo::kGeneral, general, got).Failed()) {
+    if (CreateRecords(file).Failed() || file.Read(RecordNo::kGeneral, general).Failed()) {
         return;
     }
     frmLingua dialog(app);
@@ -221,8 +221,7 @@ RuntimeError WriteAllRecords(Modulo1 &app, SettingsFile &file)
         }
     };
     SettingsRecord general;
-    std::size_t got = 0;
-    then([&] { return file.Read(RecordNo::kGeneral, general, got); });
+    then([&] { return file.Read(RecordNo::kGeneral, general); });
     then([&] {
         NoteFramePlacement(app);
         PutGeneral(general, settings, app.frame.mnuVisBarraStato.checked);
@@ -246,11 +245,10 @@ void ReadSettings(Modulo1 &app)
     app.children.ClosingAll = false;
     SettingsFile file(app.ports.files, SettingsFile::NotReady::Repeat);
     SettingsRecord general;
-    std::size_t got = 0;
-    if (file.Open(app.paths.IniPath).Failed() || file.Read(RecordNo::kGeneral, general, got).Failed()) {
+    if (file.Open(app.paths.IniPath).Failed() || file.Read(RecordNo::kGeneral, general).Failed()) {
         return;
     }
-    if (got < kSettingsRecordLength || !HasMagic(general)) {
+    if (!file.HadAll() || !HasMagic(general)) {
         BeginFirstRun(app, file);
         return;
     }

@@ -1,5 +1,5 @@
 // The frame: its menu tree, its status bar and its clock. Plain data that reads like the tree on the screen; the
-// handlers are attached by FrameCommands, and any window may read or write an entry's state here.
+// handlers are attached by Velluto, and any window may read or write an entry's state here.
 #pragma once
 
 #include "app/Settings.h"

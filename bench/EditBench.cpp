@@ -84,7 +84,7 @@ test::Bytes Grouped(int first, int count, std::size_t bytes)
         table[i] = static_cast<std::int32_t>(image.size() + 1);
         image.append(bytes / (2 * static_cast<std::size_t>(count)), static_cast<char>(i + 1));
     }
-    BuildDirectory(image, table, 2 * count);
+    image += BuildIndex(image, static_cast<std::int64_t>(image.size()), table, 2 * count);
     return {image.begin(), image.end()};
 }
 

@@ -23,7 +23,7 @@ test::Bytes LargeFile(const std::vector<int> &slots)
         table[item] = static_cast<std::int32_t>(image.size() + 1);
         image.append(body, static_cast<char>(item * 7 + 1));
     }
-    BuildDirectory(image, table, static_cast<int>(slots.size()));
+    image += BuildIndex(image, static_cast<std::int64_t>(image.size()), table, static_cast<int>(slots.size()));
     return {image.begin(), image.end()};
 }
 

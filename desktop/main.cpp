@@ -9,7 +9,6 @@
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/rtmidi/MachineMusic.h"
-#include "program/FrameCommands.h"
 #include "program/Velluto.h"
 
 #include <QApplication>

@@ -38,6 +38,13 @@ struct ClassifyingJudge {
 
 // True where the path does not fit the field that every record keeps it in. Says so in a box with that title; nothing
 // has been opened or written then, and nothing is cut.
-[[nodiscard]] bool RefusedAsTooLong(const Modulo1 &app, std::string_view path, std::string_view title);
+[[nodiscard]] inline bool RefusedAsTooLong(const Modulo1 &app, std::string_view path, std::string_view title)
+{
+    if (PathText::Fits(path)) {
+        return false;
+    }
+    app.messages.ShowMessage(MessageNo::PathNotFound, title, {});
+    return true;
+}
 
 } // namespace velluto

@@ -157,11 +157,6 @@ void BuildEmptyImage(std::string &image)
     PutByte(image, static_cast<std::int64_t>(image.size()) - 1, 1);
 }
 
-void BuildDirectory(std::string &image, const ItemTable &table, int count)
-{
-    image += BuildIndex(image, static_cast<std::int64_t>(image.size()), table, count);
-}
-
 std::string BuildIndex(std::string &head, std::int64_t length, const ItemTable &table, int count)
 {
     const std::int64_t items = std::max(count, 0);

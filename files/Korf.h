@@ -76,11 +76,8 @@ void IndexItems(int n, std::int32_t end, ByteAt byteAt, ItemTable &table)
 void BuildHeader(std::string &image);
 // Sets the image to the 60-byte file of no items. Its outer length is 0 on purpose: only the first edit frames it.
 void BuildEmptyImage(std::string &image);
-// Finishes an image that holds head, count entries and all bodies: appends the index and writes the lengths. The first
-// count elements of the table are the 1-based positions of the bodies.
-void BuildDirectory(std::string &image, const ItemTable &table, int count);
-// The same for an image whose bodies stand elsewhere: head is what there is of it up to the bodies, length counts all bytes
-// so far. Writes the lengths into the head and returns the index, which ends the image.
+// The index of an image of which head is what there is up to the bodies, and length counts all bytes so far. Writes the lengths into
+// the head; the index ends the image. The first count elements of the table are the 1-based positions of the bodies.
 [[nodiscard]] std::string BuildIndex(std::string &head, std::int64_t length, const ItemTable &table, int count);
 
 } // namespace velluto

@@ -1,4 +1,4 @@
-#include "program/FrameLoad.h"
+#include "program/Velluto.h"
 
 #include "app/Catalogue.h"
 #include "app/RecentFiles.h"

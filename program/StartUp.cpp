@@ -1,7 +1,6 @@
 #include "app/Catalogue.h"
 #include "app/SettingsFile.h"
 #include "midi/Survey.h"
-#include "program/FrameCommands.h"
 #include "program/Velluto.h"
 
 namespace velluto {
@@ -38,8 +37,8 @@ bool StartUp(Velluto &program)
         return false;
     }
     app.CurrentOperation = app.messages.Text(TextId::OpeningMidiOut);
-    SurveyMidiDevices(program.midi, [&program] { LoadFrame(program); });
-    LoadFrame(program);
+    SurveyMidiDevices(program.midi, [&app] { app.frame.Load(); });
+    app.frame.Load();
     app.face.FrameShown(app.frame);
     return true;
 }

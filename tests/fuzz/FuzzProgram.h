@@ -2,7 +2,6 @@
 // the fuzzer's bytes say. Used by every fuzz target that needs more than one room.
 #pragma once
 
-#include "program/FrameCommands.h"
 #include "program/Velluto.h"
 #include "standin/StandinClock.h"
 #include "standin/StandinFace.h"

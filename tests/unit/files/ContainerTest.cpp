@@ -9,6 +9,12 @@ Bytes ToBytes(const std::string &text)
     return {text.begin(), text.end()};
 }
 
+// Finishes an image that holds head, entries and bodies.
+void BuildDirectory(std::string &image, const ItemTable &table, int count)
+{
+    image += BuildIndex(image, static_cast<std::int64_t>(image.size()), table, count);
+}
+
 const Bytes kHead{0x01, 0x00, 0x01, 0x14, 0, 0,    0,    0,    0x02, 0x00, 0x00, 0x18, 0,    0,    0, 0x0C, 0x0B, 0,
                   0,    0,    0,    0,    0, 0x4B, 0x4F, 0x52, 0x46, 0x00, 0x05, 0x00, 0x00, 0x18, 0, 0,    0,    0};
 

@@ -1,5 +1,5 @@
 // The window as a child of the frame: opening, closing, and what it keeps.
-#include "program/FrameCommands.h"
+#include "program/Velluto.h"
 #include "unit/support/KeyboardLink.h"
 #include "unit/support/TestProgram.h"
 

@@ -289,6 +289,6 @@ TEST_F(FrameLoadTest, LoadingTwiceLoadsOnce)
 {
     run.Start();
     menu.mnuFile.caption = std::string("touched");
-    LoadFrame(run.program);
+    run.program.app.frame.Load();
     EXPECT_EQ(menu.mnuFile.caption.Get(), "touched");
 }

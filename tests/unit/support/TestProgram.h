@@ -4,7 +4,6 @@
 
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
-#include "program/FrameCommands.h"
 #include "program/Velluto.h"
 #include "standin/FaultyFiles.h"
 #include "standin/StandinClock.h"

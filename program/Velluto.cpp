@@ -1,4 +1,4 @@
-#include "program/FrameCommands.h"
+#include "program/Velluto.h"
 
 #include "app/Catalogue.h"
 #include "app/SettingsFile.h"
@@ -21,7 +21,6 @@
 #include "notes/frmAbout.h"
 #include "notes/frmBloccoNote.h"
 #include "notes/frmGuida.h"
-#include "program/FrameLoad.h"
 
 namespace velluto {
 
@@ -235,11 +234,6 @@ Velluto::Velluto(Ports ports, Face &face)
     AttachPreferences(*this);
     AttachNotes(*this);
     AttachWindowMenu(app);
-}
-
-void LoadFrame(Velluto &program)
-{
-    program.app.frame.Load();
 }
 
 bool CloseFrame(Velluto &program)
