@@ -3,6 +3,7 @@
 
 #include "platform/posix/PosixFiles.h"
 #include "standin/FaultyFiles.h"
+#include "unit/platform/PaperOutputs.h"
 #include "unit/sequencer/MidiBytes.h"
 #include "unit/support/TestProgram.h"
 
@@ -16,77 +17,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Why = Refusal::Why;
-
-// What the interface thread has still to run, asked for by either thread.
-class Mail {
-public:
-    void Post(std::function<void()> call)
-    {
-        const std::lock_guard lock(mutex_);
-        calls_.push_back(std::move(call));
-        came_.notify_all();
-    }
-    // Waits for the next call and runs it. False where none comes.
-    bool RunNext()
-    {
-        constexpr std::chrono::seconds kLimit(10);
-        std::unique_lock lock(mutex_);
-        if (!came_.wait_for(lock, kLimit, [this]() { return !calls_.empty(); })) {
-            return false;
-        }
-        const std::function<void()> call = std::move(calls_.front());
-        calls_.erase(calls_.begin());
-        lock.unlock();
-        call();
-        return true;
-    }
-    std::size_t Waiting()
-    {
-        const std::lock_guard lock(mutex_);
-        return calls_.size();
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable came_;
-    std::vector<std::function<void()>> calls_;
-};
-
-struct Heard {
-    std::mutex mutex;
-    std::condition_variable came;
-    std::vector<Bytes> messages;
-    int shown = 0;
-    int woken = 0;
-    bool knowsNothing = true; // as if it were made for the next play
-    bool rests = false;
-};
-
-class PaperOutputs : public PlayerOutputs {
-public:
-    explicit PaperOutputs(Heard &heard) : heard_(heard) {}
-    void Show() override { ++heard_.shown; }
-    bool Wake() override
-    {
-        ++heard_.woken;
-        return std::exchange(heard_.knowsNothing, false);
-    }
-    void Rest() override
-    {
-        const std::lock_guard lock(heard_.mutex);
-        heard_.rests = true;
-        heard_.came.notify_all();
-    }
-    void Send(std::span<const std::uint8_t> message, TimePoint /*due*/) override
-    {
-        const std::lock_guard lock(heard_.mutex);
-        heard_.messages.emplace_back(message.begin(), message.end());
-        heard_.came.notify_all();
-    }
-
-private:
-    Heard &heard_;
-};
 
 struct MachineSequencerTest : testing::Test {
     MachineSequencerTest()
