@@ -23,6 +23,7 @@ frmTastiera::frmTastiera(MidiState &link) : ChildForm("frmTastiera", kNoNumber, 
         Combo1.rows.push_back((channel < 10 ? "  " : " ") + std::to_string(channel));
     }
     HScroll1.max = kHighestShift;
+    HScroll1.largeChange = 1;
     VScroll1.vertical = true;
     VScroll1.min = kHighestSplit;
     VScroll1.max = kLowestSplit;

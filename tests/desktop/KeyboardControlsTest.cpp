@@ -111,7 +111,17 @@ TEST_F(KeyboardControls, TheOctaveSliderShiftsTheCaptions)
     QTest::keyClick(&octave, Qt::Key_Right);
     EXPECT_EQ(Widget<QLabel>(Form(), "Label1(1)").text(), QStringLiteral("C4"));
     QTest::keyClick(&octave, Qt::Key_PageDown);
-    EXPECT_EQ(Widget<QLabel>(Form(), "Label1(1)").text(), QStringLiteral("C1"));
+    EXPECT_EQ(Widget<QLabel>(Form(), "Label1(1)").text(), QStringLiteral("C3"));
+}
+
+TEST_F(KeyboardControls, AClickBesideTheHandleOfTheOctaveSliderMovesItByOne)
+{
+    Open();
+    QSlider &octave = Bar("HScroll1");
+    QTest::mouseClick(&octave, Qt::LeftButton, {}, QPoint(3, octave.height() / 2));
+    EXPECT_EQ(octave.value(), 1);
+    QTest::mouseClick(&octave, Qt::LeftButton, {}, QPoint(octave.width() - 3, octave.height() / 2));
+    EXPECT_EQ(octave.value(), 2);
 }
 
 TEST_F(KeyboardControls, ABoxThatTheProgramClearsAgainLooksCleared)
