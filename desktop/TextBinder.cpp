@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QValidator>
 
 #include <algorithm>
 
@@ -38,6 +39,43 @@ QString TextOf(const QPlainTextEdit &edit)
         text, [](QChar c) { return c == QChar::ParagraphSeparator || c == QChar::LineSeparator; }, QLatin1Char('\n'));
     return text;
 }
+
+bool FitsFileName(QChar letter)
+{
+#ifdef Q_OS_WIN
+    constexpr QStringView kReserved = u"\\/:*?\"<>|";
+#else
+    constexpr QStringView kReserved = u"/";
+#endif
+    return letter.category() != QChar::Other_Control && !kReserved.contains(letter);
+}
+
+// Leaves out what a file's name cannot have, whether it is typed or pasted, and refuses what makes the name too long. What the
+// program writes itself stays as it is.
+class FileNameValidator : public QValidator {
+public:
+    FileNameValidator(const TextBox &box, QObject *parent) : QValidator(parent), box_(box) {}
+    State validate(QString &input, int &position) const override
+    {
+        const QString before = FromUtf8(box_.text.Get());
+        if (input == before) {
+            return Acceptable;
+        }
+        QString kept;
+        for (qsizetype i = 0; i < input.size(); ++i) {
+            if (FitsFileName(input[i])) {
+                kept += input[i];
+            }
+        }
+        position -= static_cast<int>(input.size() - kept.size()); // what is left out stands before the caret, where it was inserted
+        position = std::clamp(position, 0, static_cast<int>(kept.size()));
+        input = kept;
+        return kept == before || kept.toUtf8().size() > box_.bytesInFileName ? Invalid : Acceptable;
+    }
+
+private:
+    const TextBox &box_;
+};
 
 } // namespace
 
@@ -132,6 +170,9 @@ bool TextBinder::LookAtMouse(QEvent &event)
 LineBinder::LineBinder(TextBox &box, EventGate &gate, QLineEdit *edit) : TextBinder(box, gate, edit, edit), edit_(edit)
 {
     edit->setReadOnly(box.readOnly);
+    if (box.bytesInFileName > 0) {
+        edit->setValidator(new FileNameValidator(box, edit));
+    }
     QObject::connect(edit, &QLineEdit::textEdited, receiver(), [this] { TakeText(edit_->text(), edit_->cursorPosition()); });
     QObject::connect(edit, &QLineEdit::cursorPositionChanged, receiver(), [this] { TakeCaret(edit_->text(), edit_->cursorPosition()); });
 }

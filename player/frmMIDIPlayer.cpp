@@ -6,7 +6,8 @@ namespace velluto {
 
 namespace {
 
-constexpr int kTimePoints = 22; // the elapsed time is read from afar
+constexpr int kTimePoints = 22;            // the elapsed time is read from afar
+constexpr int kCompilationNameBytes = 249; // a file's name has 255, "c-" and ".cmp" among them
 
 } // namespace
 
@@ -50,6 +51,7 @@ frmMIDIPlayer::frmMIDIPlayer(Modulo1 &core, PlayerVariables &variables)
         list->columns = 0;
     }
     Text2.font = kPlainFont;
+    Text2.bytesInFileName = kCompilationNameBytes;
     for (Control *hidden : std::initializer_list<Control *>{&Dir1, &File1, &FileMidiSel, &MMControl1}) {
         hidden->visible = false;
     }

@@ -239,6 +239,9 @@ public:
     bool multiLine = false;
     bool readOnly = false;
     bool takesTabs = false; // the Tab key writes a tab in place of going to the next control
+    // More than 0: the text is a part of a file's name that has room for so many bytes. A face takes no letter that the system's
+    // file names cannot have.
+    int bytesInFileName = 0;
     Font font;
     Property<std::string> text{*this, Aspect::Text}; // UTF-8, lines end in CR LF
     Property<int> caret{*this, Aspect::Caret};       // characters before the caret
