@@ -3,15 +3,26 @@
 #include "desktop/QtText.h"
 #include "desktop/Twips.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QHeaderView>
+#include <QLocale>
 #include <QMessageBox>
+#include <QScreen>
+#include <QSpacerItem>
+#include <QStorageInfo>
+#include <QStyledItemDelegate>
 #include <QTreeView>
+#include <QUrl>
 
 #include <algorithm>
+#include <array>
 
 namespace velluto {
 
@@ -21,6 +32,22 @@ namespace {
 constexpr QSize kFileDialogSize(760, 480);
 constexpr int kNameColumn = 300;
 constexpr int kSizeColumn = 90;
+
+// A box is as wide as its title, which may be the only place that names a file. The window manager draws the title, in a font of
+// its own: bold is as wide as they come, and beside the words there are its buttons.
+void MakeRoomForTitle(QMessageBox &box)
+{
+    constexpr int kTitleButtons = 130;
+    QFont font = QApplication::font("QMdiSubWindowTitleBar");
+    font.setBold(true);
+    const int most = box.screen()->availableSize().width() - kTitleButtons;
+    const int words = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + kTitleButtons;
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout())) {
+        const QMargins margins = grid->contentsMargins();
+        grid->addItem(new QSpacerItem(std::min(words, most) - margins.left() - margins.right(), 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
+    }
+}
 
 int ButtonNumber(int button)
 {
@@ -56,19 +83,63 @@ private:
     QString pathNotFound_;
 };
 
+// The day of a file's last change, told in the run's language: Qt tells it in the system's.
+class DayDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const QFileInfo file(index.siblingAtColumn(0).data(QFileSystemModel::FilePathRole).toString());
+        option->text = QLocale().toString(file.lastModified(), QLocale::ShortFormat);
+    }
+};
+
 // Names need most of the width, and the type of every file is unknown to Qt.
 void LayOutFileList(const QFileDialog &chooser)
 {
     constexpr int kTypeColumn = 2;
+    constexpr int kDayColumn = 3;
     if (auto *list = chooser.findChild<QTreeView *>(QStringLiteral("treeView"))) {
         list->hideColumn(kTypeColumn);
         list->header()->resizeSection(0, kNameColumn);
         list->header()->resizeSection(1, kSizeColumn);
         list->header()->setStretchLastSection(true);
+        list->setItemDelegateForColumn(kDayColumn, new DayDelegate(list));
     }
 }
 
+// Where an owner's files are: the home folder, the samples beside the program, and what has been plugged in.
+QList<QUrl> SidePlaces(const QFileDialog &chooser)
+{
+    QStringList folders{QDir::homePath()};
+    if (QDir::current().exists(QStringLiteral("samples"))) {
+        folders << QDir::current().filePath(QStringLiteral("samples"));
+    }
+    for (const QStorageInfo &volume : QStorageInfo::mountedVolumes()) {
+        if (volume.isReady() && IsMediumPlace(volume.rootPath())) {
+            folders << volume.rootPath();
+        }
+    }
+    QList<QUrl> places = chooser.sidebarUrls();
+    for (const QString &folder : folders) {
+        const QUrl place = QUrl::fromLocalFile(folder);
+        if (!places.contains(place)) {
+            places << place;
+        }
+    }
+    return places;
+}
+
 } // namespace
+
+bool IsMediumPlace(const QString &root)
+{
+    return std::ranges::any_of(std::array{QLatin1String("/media"), QLatin1String("/run/media"), QLatin1String("/mnt")},
+                               [&root](QLatin1String place) { return root == place || root.startsWith(place + QLatin1Char('/')); });
+}
 
 int ShowBox(QWidget *parent, const std::string &title, const std::string &text, int style)
 {
@@ -84,6 +155,7 @@ int ShowBox(QWidget *parent, const std::string &title, const std::string &text, 
     } else {
         box.setStandardButtons(QMessageBox::Ok);
     }
+    MakeRoomForTitle(box);
     const int pressed = ButtonNumber(box.exec());
     return style == Box::kYesNoCancel ? pressed : Box::kOk;
 }
@@ -122,6 +194,7 @@ FileChoice ChooseFile(QWidget *parent, const FileDialog &dialog, const QString &
     if (!dialog.proposed.empty()) {
         chooser.selectFile(FromUtf8(dialog.proposed));
     }
+    chooser.setSidebarUrls(SidePlaces(chooser));
     chooser.resize(kFileDialogSize);
     LayOutFileList(chooser);
     const bool accepted = chooser.exec() == QDialog::Accepted;

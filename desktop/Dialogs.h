@@ -18,6 +18,9 @@ namespace velluto {
 // The filters of a "Name|pattern|..." list in Qt's form, in their order.
 [[nodiscard]] QStringList NameFilters(const std::string &filter);
 
+// Whether it is a place where systems put media that have been plugged in: the file dialog names them in its side bar.
+[[nodiscard]] bool IsMediumPlace(const QString &root);
+
 // A form in a window of its own that nothing else is reached behind. The form has been loaded; who closes the window
 // unloads it.
 class FormDialog : public QDialog {

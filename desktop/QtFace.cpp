@@ -8,11 +8,25 @@
 
 #include <QApplication>
 #include <QFontMetricsF>
+#include <QLocale>
 #include <QScreen>
 
 #include <algorithm>
 
 namespace velluto {
+
+namespace {
+
+// How dates and sizes are written: as the system does where it speaks the run's language, else as that language's own country does.
+QLocale LocaleOf(QLocale::Language language)
+{
+    if (QLocale::system().language() == language) {
+        return QLocale::system();
+    }
+    return {language, language == QLocale::Italian ? QLocale::Italy : QLocale::UnitedKingdom};
+}
+
+} // namespace
 
 QtFace::~QtFace()
 {
@@ -53,6 +67,10 @@ void QtFace::Post(std::function<void()> call)
 void QtFace::TakeLanguage()
 {
     const bool wanted = program_ && program_->linguaBase == kItalianBase;
+    const QLocale locale = LocaleOf(wanted ? QLocale::Italian : QLocale::English);
+    if (QLocale() != locale) {
+        QLocale::setDefault(locale);
+    }
     if (wanted != italianInstalled_) {
         italianInstalled_ = wanted;
         if (wanted) {

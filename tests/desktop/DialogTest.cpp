@@ -1,11 +1,15 @@
 // Message boxes, the file dialog, the language question.
 #include "desktop/Desk.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyledItemDelegate>
+#include <QTreeView>
 
 namespace velluto::test {
 
@@ -49,6 +53,29 @@ TEST_F(DialogTest, ANoticeHasItsTitleTheExclamationIconAndOneButton)
     EXPECT_EQ(seen.text, QStringLiteral("Error <b>5</b> & more"));
     EXPECT_EQ(seen.icon, QMessageBox::Warning);
     EXPECT_EQ(seen.buttons.size(), 1);
+}
+
+TEST_F(DialogTest, ABoxHasRoomForItsWholeTitle)
+{
+    Start();
+    const std::string title = "Closing /home/somebody/music/A rather long name of a Program file of the summer.pcg";
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    int width = 0;
+    for (const int style : {Box::kNotice, Box::kYesNoCancel}) {
+        WhenModal([&width](QWidget &modal) {
+            width = modal.width();
+            QTest::keyClick(&modal, Qt::Key_Escape);
+        });
+        face.MessageBox(title, "q", style);
+        EXPECT_GT(width, QFontMetrics(bold).horizontalAdvance(FromUtf8(title)));
+    }
+    WhenModal([&width](QWidget &modal) {
+        width = modal.width();
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    face.MessageBox(std::string(4000, 'w'), "q", Box::kNotice);
+    EXPECT_LE(width, Frame().screen()->availableSize().width());
 }
 
 TEST_F(DialogTest, TheSaveQuestionHasThreeButtonsWithTheirNumbers)
@@ -141,6 +168,79 @@ TEST_F(DialogTest, TheOpenDialogBeginsAsAskedAndGivesPathAndFilter)
     EXPECT_FALSE(choice.cancelled);
     EXPECT_EQ(choice.path, folder->At("a.sty"));
     EXPECT_EQ(choice.filterIndex, 2);
+}
+
+// What the dialog's list says of the day of its only file. Closes the dialog.
+QString DayIn(QWidget &modal)
+{
+    constexpr int kDayColumn = 3;
+    struct Opened : QStyledItemDelegate {
+        using QStyledItemDelegate::initStyleOption;
+    };
+    const auto *list = modal.findChild<QTreeView *>(QStringLiteral("treeView"));
+    const auto *delegate = dynamic_cast<const QStyledItemDelegate *>(list->itemDelegateForColumn(kDayColumn));
+    QStyleOptionViewItem option;
+    // The folder is read by a thread of Qt's own.
+    if (delegate != nullptr && QTest::qWaitFor([list] { return list->model()->rowCount(list->rootIndex()) > 0; })) {
+        (delegate->*&Opened::initStyleOption)(&option, list->model()->index(0, kDayColumn, list->rootIndex()));
+    }
+    QTest::keyClick(&modal, Qt::Key_Escape);
+    return option.text;
+}
+
+class DialogDates : public DialogTest {
+protected:
+    QString Day()
+    {
+        Start();
+        WriteBytes(folder->At("a.sty"), {1});
+        QFile file(FromUtf8(folder->At("a.sty")));
+        EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+        EXPECT_TRUE(file.setFileTime(QDateTime(QDate(2026, 11, 5), QTime(21, 30)), QFileDevice::FileModificationTime));
+        file.close();
+        QString told;
+        WhenModal([&told](QWidget &modal) { told = DayIn(modal); });
+        face.ShowFileDialog(OpenDialog(folder->Path()));
+        return told;
+    }
+};
+
+TEST_F(DialogDates, AreWrittenAsInItalyInAnItalianRun)
+{
+    language = TestProgram::Italian;
+    EXPECT_EQ(Day(), QStringLiteral("05/11/26 21:30"));
+}
+
+TEST_F(DialogDates, AreWrittenAsInEnglishInAnEnglishOne)
+{
+    EXPECT_EQ(Day(), QStringLiteral("05/11/2026 21:30"));
+}
+
+TEST_F(DialogTest, TheSideBarNamesTheSamplesAndTheHomeFolder)
+{
+    Start();
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir(FromUtf8(folder->Path())).mkdir(QStringLiteral("samples")));
+    QDir::setCurrent(FromUtf8(folder->Path()));
+    QList<QUrl> places;
+    WhenModal([&places](QWidget &modal) {
+        places = dynamic_cast<QFileDialog &>(modal).sidebarUrls();
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    face.ShowFileDialog(OpenDialog(folder->Path()));
+    EXPECT_TRUE(places.contains(QUrl::fromLocalFile(QDir::current().filePath(QStringLiteral("samples")))));
+    EXPECT_TRUE(places.contains(QUrl::fromLocalFile(QDir::homePath())));
+    QDir::setCurrent(before);
+}
+
+TEST(MediumPlace, IsWhereSystemsPutWhatIsPluggedIn)
+{
+    for (const char *place : {"/media/anna/STICK", "/run/media/anna/STICK", "/mnt", "/mnt/card"}) {
+        EXPECT_TRUE(IsMediumPlace(QString::fromLatin1(place))) << place;
+    }
+    for (const char *place : {"/", "/home", "/run", "/run/user/1000", "/mntx", "/boot/efi"}) {
+        EXPECT_FALSE(IsMediumPlace(QString::fromLatin1(place))) << place;
+    }
 }
 
 TEST_F(DialogTest, AFileThatIsNotThereCanBeNamedAndTheProgramSaysSo)
