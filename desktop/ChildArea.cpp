@@ -3,8 +3,11 @@
 #include "desktop/WindowAccess.h"
 
 #include <QEvent>
+#include <QMdiSubWindow>
 #include <QScrollBar>
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace velluto {
 
@@ -43,7 +46,17 @@ void ChildArea::scrollContentsBy(int dx, int dy)
 {
     scrolling_ = true;
     offset_ += QPoint(dx, dy);
+    // Minimised windows stay where they are. Qt takes them along and puts them back, and leaves pieces of them on the screen: all is
+    // painted anew then.
+    const QList<QMdiSubWindow *> windows = subWindowList();
+    const bool pieces = std::ranges::any_of(windows, &QMdiSubWindow::isMinimized);
+    if (pieces) {
+        viewport()->setUpdatesEnabled(false);
+    }
     QMdiArea::scrollContentsBy(dx, dy);
+    if (pieces) {
+        viewport()->setUpdatesEnabled(true);
+    }
     scrolling_ = false;
 }
 

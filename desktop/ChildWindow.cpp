@@ -234,6 +234,15 @@ void ChildWindow::resizeEvent(QResizeEvent *event)
     }
 }
 
+// Qt paints the frame and the title of an idle window anew only when it must; other colours are a reason too.
+void ChildWindow::changeEvent(QEvent *event)
+{
+    QMdiSubWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        update();
+    }
+}
+
 void ChildWindow::closeEvent(QCloseEvent *event)
 {
     if (form_ == nullptr) {

@@ -13,11 +13,16 @@ namespace velluto {
 
 namespace {
 
+// Every second dot of the row's edge, counted from its corner: the same however much of the row is being painted.
 void DrawKeyboardMark(QPainter &painter, const QRect &rect, QColor ink, float strength)
 {
     ink.setAlphaF(strength);
-    painter.setPen(QPen(ink, 1, Qt::DotLine));
-    painter.drawRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
+    painter.setBrushOrigin(rect.topLeft());
+    const QBrush dots(ink, Qt::Dense4Pattern);
+    painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), dots);
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), dots);
+    painter.fillRect(QRect(rect.left(), rect.top() + 1, 1, rect.height() - 2), dots);
+    painter.fillRect(QRect(rect.right(), rect.top() + 1, 1, rect.height() - 2), dots);
 }
 
 } // namespace

@@ -145,8 +145,12 @@ void DrawWindowFrame(QPainter &painter, const QStyleOption &option)
     painter.fillRect(option.rect.adjusted(1, 1, -1, -1), option.palette.color(QPalette::Window));
 }
 
-void DrawTitleBar(QPainter &painter, const QStyleOptionTitleBar &bar, const QStyle &style, const QWidget *widget)
+void DrawTitleBar(QPainter &painter, const QStyleOptionTitleBar &option, const QStyle &style, const QWidget *widget)
 {
+    QStyleOptionTitleBar bar(option);
+    if (widget != nullptr) { // after a change of theme the option still has the colours of the one before
+        bar.palette = widget->palette();
+    }
     painter.save();
     painter.fillRect(bar.rect, BackOf(bar));
     painter.setRenderHint(QPainter::Antialiasing);

@@ -8,7 +8,7 @@
 namespace velluto {
 
 void DrawWindowFrame(QPainter &painter, const QStyleOption &option);
-void DrawTitleBar(QPainter &painter, const QStyleOptionTitleBar &bar, const QStyle &style, const QWidget *widget);
+void DrawTitleBar(QPainter &painter, const QStyleOptionTitleBar &option, const QStyle &style, const QWidget *widget);
 // The buttons of a maximised child, at the right end of the menu bar.
 void DrawMenuBarButtons(QPainter &painter, const QStyleOptionComplex &option, const QStyle &style, const QWidget *widget);
 
