@@ -69,8 +69,11 @@ void SetUpSliders(frmTastiera &form)
         form.Label3[i].caption = std::to_string(bar.value - RowOf(i).shownLess);
         form.Label4[i].caption = std::to_string(kHighest - RowOf(i).shownLess);
         form.Label5[i].caption = std::to_string(-RowOf(i).shownLess);
-        for (Label *label : {&form.Label2[i], &form.Label3[i], &form.Label4[i], &form.Label5[i]}) {
+        for (Label *label : {&form.Label2[i], &form.Label3[i]}) {
             label->alignment = Alignment::Centre;
+        }
+        for (Label *mark : {&form.Label4[i], &form.Label5[i]}) { // they end beside the slider
+            mark->alignment = Alignment::Right;
         }
         form.Label3[i].bold = true;
     }

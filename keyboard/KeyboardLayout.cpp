@@ -16,13 +16,13 @@ constexpr int kFrameRim = 75;
 constexpr int kFrameWidth = kWhiteKeys * kWhiteWidth + 2 * kFrameRim;
 constexpr int kFrameHeight = kWhiteKeyHeight + 2 * kFrameRim;
 
-constexpr int kFirstRow = 150;
-constexpr int kSecondRow = 690;
+constexpr int kFirstRow = 300;
+constexpr int kSecondRow = 1050;
 constexpr int kRowHeight = 375;
 constexpr int kCaptionHeight = 255;
-constexpr int kCaptionsTop = 1260;
-constexpr int kFrameTop = kCaptionsTop + kCaptionHeight + 15;
-constexpr int kInnerHeight = kFrameTop + kFrameHeight + kMargin;
+constexpr int kInnerHeight = 4350;
+constexpr int kFrameTop = kInnerHeight - kMargin - kFrameHeight;
+constexpr int kCaptionsTop = kFrameTop - kCaptionHeight - 15;
 
 constexpr int kWideButton = 1500;
 constexpr int kColumn2 = 2700;
@@ -30,14 +30,19 @@ constexpr int kColumn3 = 4200;
 constexpr int kColumn4 = kMargin + kFrameWidth - 2 * kWideButton - kMargin;
 constexpr int kColumn5 = kMargin + kFrameWidth - kWideButton;
 
+// The sliders stand in two rows, so that the window finds room on a screen of 1024 pixels.
 constexpr int kSlidersLeft = kMargin + kFrameWidth + 180;
-constexpr int kSliderPitch = 870;
+constexpr int kSlidersInRow = 6;
+constexpr int kSliderPitch = 930;
 constexpr int kSliderWidth = 360;
 constexpr int kSliderText = 240; // height of a title, a mark or a readout
-constexpr int kInnerWidth = kSlidersLeft + kSliderCount * kSliderPitch + kMargin / 2;
+constexpr int kSliderRowGap = 150;
+constexpr int kSliderRowHeight = (kInnerHeight - 2 * kMargin - kSliderRowGap) / 2;
+constexpr int kMarkWidth = 390; // the longest reads -64
+constexpr int kInnerWidth = kSlidersLeft + kSlidersInRow * kSliderPitch + kMargin / 2;
 
 constexpr int kPanSlider = 1;
-constexpr int kPanLetter = 165;
+constexpr int kPanLetter = 150;
 
 // White keys to the left of the key's left edge or of its middle, within an octave.
 constexpr std::array<int, kNotesPerOctave> kWhitesBefore{0, 1, 1, 2, 2, 3, 4, 4, 5, 5, 6, 6};
@@ -81,26 +86,30 @@ void LayOutRows(frmTastiera &form)
     form.CommClose.place = Place{kColumn5, kSecondRow, kWideButton, kRowHeight};
 }
 
+// Title and value stand above a slider, the marks of its ends to its left, and the letters of the pan to its right.
 void LayOutSliders(frmTastiera &form)
 {
-    constexpr int kTitleTop = kMargin;
-    constexpr int kValueTop = kTitleTop + kSliderText;
-    constexpr int kTopMark = kValueTop + kSliderText + 30;
-    constexpr int kBarTop = kTopMark + kSliderText;
-    constexpr int kBottomMark = kInnerHeight - kMargin - kSliderText;
-    constexpr int kBarHeight = kBottomMark - kBarTop;
+    constexpr int kBarOffset = 2 * kSliderText + 30; // below the top of a row
+    constexpr int kBarHeight = kSliderRowHeight - kBarOffset;
+    constexpr int kBarGap = 15; // on either side
+    const auto beside = [&form](int i, int down) {
+        const Place bar = form.VScroll[i].place;
+        return Place{bar.left - kBarGap - kMarkWidth, bar.top + down, kMarkWidth, kSliderText};
+    };
     for (int i = 0; i < kSliderCount; ++i) {
-        const int left = kSlidersLeft + i * kSliderPitch;
-        form.Label2[i].place = Place{left, kTitleTop, kSliderPitch, kSliderText};
-        form.Label3[i].place = Place{left, kValueTop, kSliderPitch, kSliderText};
-        form.Label4[i].place = Place{left, kTopMark, kSliderPitch, kSliderText};
-        form.VScroll[i].place = Place{left + (kSliderPitch - kSliderWidth) / 2, kBarTop, kSliderWidth, kBarHeight};
-        form.Label5[i].place = Place{left, kBottomMark, kSliderPitch, kSliderText};
+        const int left = kSlidersLeft + i % kSlidersInRow * kSliderPitch;
+        const int top = kMargin + i / kSlidersInRow * (kSliderRowHeight + kSliderRowGap);
+        form.Label2[i].place = Place{left, top, kSliderPitch, kSliderText};
+        form.Label3[i].place = Place{left, top + kSliderText, kSliderPitch, kSliderText};
+        form.VScroll[i].place = Place{left + (kSliderPitch - kSliderWidth) / 2, top + kBarOffset, kSliderWidth, kBarHeight};
+        form.Label4[i].place = beside(i, 0);
+        form.Label5[i].place = beside(i, kBarHeight - kSliderText);
     }
-    const int axis = kSlidersLeft + (kPanSlider + 1) * kSliderPitch - kPanLetter;
-    form.Label2[kPanRight].place = Place{axis, kBarTop, kPanLetter, kSliderText};
-    form.Label2[kPanCentre].place = Place{axis, kBarTop + (kBarHeight - kSliderText) / 2, kPanLetter, kSliderText};
-    form.Label2[kPanLeft].place = Place{axis, kBottomMark - kSliderText, kPanLetter, kSliderText};
+    const Place pan = form.VScroll[kPanSlider].place;
+    const auto letter = [&pan](int down) { return Place{pan.left + pan.width + kBarGap, pan.top + down, kPanLetter, kSliderText}; };
+    form.Label2[kPanRight].place = letter(0);
+    form.Label2[kPanCentre].place = letter((kBarHeight - kSliderText) / 2);
+    form.Label2[kPanLeft].place = letter(kBarHeight - kSliderText);
 }
 
 } // namespace

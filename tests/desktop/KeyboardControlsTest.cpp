@@ -136,6 +136,28 @@ TEST_F(KeyboardControls, ABoxThatTheProgramClearsAgainLooksCleared)
     EXPECT_FALSE(Widget<QCheckBox>(Form(), "CheckHoldNote").isChecked());
 }
 
+TEST_F(KeyboardControls, TheWindowFitsASmallScreenAndNoControlCoversAnother)
+{
+    constexpr int kSmallScreen = 1024;
+    constexpr int kScrollBar = 16; // the frame's, where the window is lower than it
+    Open();
+    EXPECT_LE(Window(Form()).width(), kSmallScreen - kScrollBar);
+    QList<QWidget *> seen;
+    for (QWidget *widget : Window(Form()).widget()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (widget->isVisible() && widget->objectName() != QLatin1String("Frame1")) { // which holds the piano
+            seen << widget;
+        }
+    }
+    EXPECT_GT(seen.size(), 60);
+    for (const QWidget *one : seen) {
+        EXPECT_TRUE(Window(Form()).widget()->rect().contains(one->geometry())) << one->objectName().toStdString();
+        for (const QWidget *other : seen) {
+            EXPECT_TRUE(one == other || !one->geometry().intersects(other->geometry()))
+                << one->objectName().toStdString() << " and " << other->objectName().toStdString();
+        }
+    }
+}
+
 TEST_F(KeyboardControls, TheWindowKeepsItsSize)
 {
     Open();
