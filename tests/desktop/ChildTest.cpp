@@ -201,6 +201,41 @@ TEST_F(ChildTest, ScrollingTheAreaMovesNoWindowsOwnPlace)
     EXPECT_EQ(form.place, (Place{12000, 600, 9000, 6000}));
 }
 
+TEST_F(ChildTest, TheAreaScrollsToATitleThatLiesBeyondAnyEdge)
+{
+    for (const QPoint corner : {QPoint(-500, 40), QPoint(900, 40), QPoint(40, 600)}) {
+        form.place = Place{ToTwips(corner.x()), ToTwips(corner.y()), 9000, 6000};
+        StubForm &shown = NewForm();
+        shown.place = form.place;
+        Show(shown);
+        const auto *area = Frame().findChild<QMdiArea *>();
+        for (QScrollBar *bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
+            const int wanted = bar->orientation() == Qt::Horizontal ? Window(shown).x() : Window(shown).y();
+            bar->setValue(bar->value() + wanted);
+        }
+        Settle();
+        const QRect title(Window(shown).pos(), QSize(Window(shown).width(), 24));
+        EXPECT_TRUE(area->viewport()->rect().contains(title)) << corner.x() << ", " << corner.y() << ": " << title.x() << ", " << title.y();
+        EXPECT_EQ(shown.place, form.place.Get());
+        app.children.Unload(shown);
+        Settle();
+    }
+}
+
+TEST_F(ChildTest, AWindowLeftBehindByASmallerFrameCanBeScrolledTo)
+{
+    form.place = Place{6000, 5000, 6000, 3000};
+    Show(form);
+    Frame().resize(330, 260);
+    Settle();
+    const auto *area = Frame().findChild<QMdiArea *>();
+    area->horizontalScrollBar()->setValue(area->horizontalScrollBar()->maximum());
+    area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+    Settle();
+    EXPECT_TRUE(area->viewport()->rect().contains(Window(form).geometry().bottomRight()));
+    EXPECT_EQ(form.place, (Place{6000, 5000, 6000, 3000}));
+}
+
 TEST_F(ChildTest, CascadeAndTilesLieInTheAreaAsArranged)
 {
     StubForm &other = NewForm();
