@@ -1,5 +1,6 @@
 #include "desktop/Look.h"
 
+#include "desktop/Edges.h"
 #include "desktop/Icon.h"
 #include "desktop/TitleBar.h"
 
@@ -73,29 +74,6 @@ QPalette MakePalette(const Colours &colours)
     return palette;
 }
 
-bool IsDark(const QPalette &palette)
-{
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-}
-
-// Fusion draws the edge of a box or an option darker than the window, which in a dark theme nobody sees.
-void DrawIndicatorEdge(QPainter &painter, const QStyleOption &option, bool round)
-{
-    QColor edge = option.palette.color(QPalette::WindowText);
-    edge.setAlphaF(option.state.testFlag(QStyle::State_Enabled) ? 0.5F : 0.2F);
-    const QRectF rect = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, round);
-    painter.setPen(QPen(edge, 1));
-    painter.setBrush(Qt::NoBrush);
-    if (round) {
-        painter.drawEllipse(rect);
-    } else {
-        painter.drawRect(rect);
-    }
-    painter.restore();
-}
-
 void DrawMenuMark(QPainter &painter, const QStyleOption &option)
 {
     const bool pointedAt = option.state.testFlag(QStyle::State_Selected);
@@ -123,11 +101,6 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption *option, Q
         }
         return;
     }
-    if ((element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox) && IsDark(option->palette)) {
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
-        DrawIndicatorEdge(*painter, *option, element == PE_IndicatorRadioButton);
-        return;
-    }
     if (element == PE_PanelMenu) {
         painter->fillRect(option->rect, option->palette.color(QPalette::Mid));
         painter->fillRect(option->rect.adjusted(1, 1, -1, -1), option->palette.color(QPalette::Window));
@@ -138,6 +111,21 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption *option, Q
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const QColor line = LineColour(option->palette, option->state.testFlag(State_Enabled));
+    switch (element) {
+    case PE_IndicatorRadioButton:
+    case PE_IndicatorCheckBox:
+    case PE_PanelButtonCommand:
+    case PE_Frame:
+        DrawEdge(*painter, option->rect, ShowsFocus(*option) ? MarkColour(option->palette) : line,
+                 element == PE_IndicatorRadioButton ? EdgeShape::Round : EdgeShape::Rounded);
+        break;
+    case PE_FrameLineEdit:
+        DrawEdge(*painter, option->rect, option->state.testFlag(State_HasFocus) ? MarkColour(option->palette) : line, EdgeShape::Rounded);
+        break;
+    default:
+        break;
+    }
 }
 
 void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter, const QWidget *widget) const
@@ -151,7 +139,18 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex 
         DrawMenuBarButtons(*painter, *option, *proxy(), widget);
         return;
     }
+    const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control == CC_Slider && slider != nullptr) {
+        DrawSlider(*painter, *slider, *proxy(), widget);
+        return;
+    }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const QColor line = LineColour(option->palette, option->state.testFlag(State_Enabled));
+    if (control == CC_ComboBox) {
+        DrawEdge(*painter, option->rect, ShowsFocus(*option) ? MarkColour(option->palette) : line, EdgeShape::Rounded);
+    } else if (control == CC_ScrollBar) {
+        DrawEdge(*painter, proxy()->subControlRect(control, option, SC_ScrollBarSlider, widget), line, EdgeShape::Square);
+    }
 }
 
 int Look::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const

@@ -1,5 +1,6 @@
 #include "desktop/PlayerBinders.h"
 
+#include "desktop/Edges.h"
 #include "desktop/QtText.h"
 #include "desktop/Twips.h"
 #include "desktop/WindowAccess.h"
@@ -82,7 +83,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(palette().color(isEnabled() ? QPalette::Highlight : QPalette::Mid));
+        painter.setBrush(isEnabled() ? MarkColour(palette()) : palette().color(QPalette::Mid));
         const QRectF area(rect());
         painter.drawPolygon(QPolygonF({area.topLeft(), area.topRight(), endsSection_ ? area.bottomLeft() : area.bottomRight()}));
     }
@@ -96,7 +97,7 @@ public:
     using QWidget::QWidget;
 
 protected:
-    void paintEvent(QPaintEvent * /*event*/) override { QPainter(this).fillRect(rect(), palette().color(QPalette::Highlight)); }
+    void paintEvent(QPaintEvent * /*event*/) override { QPainter(this).fillRect(rect(), MarkColour(palette())); }
 };
 
 } // namespace

@@ -1,8 +1,10 @@
-// Every window of the program with something in it: no word on it is cut. Where VELLUTO_PICTURES names a folder, each is put there
-// as a picture too, as wide as QT_SCALE_FACTOR and as dark as VELLUTO_THEME say.
+// Every window of the program with something in it: no word on it is cut, and nothing on it is faint in either theme. Where
+// VELLUTO_PICTURES names a folder, each is put there as a picture too, as wide as QT_SCALE_FACTOR and as dark as VELLUTO_THEME say.
+#include "desktop/Contrast.h"
 #include "desktop/Desk.h"
 #include "desktop/ElidedLabel.h"
 #include "desktop/FittedButton.h"
+#include "desktop/Look.h"
 #include "files/Banks.h"
 #include "files/Opening.h"
 #include "keyboard/KeyboardWindow.h"
@@ -41,9 +43,26 @@ protected:
         Form &form = *app.children.Active();
         ChildWindow &window = Window(form);
         EXPECT_EQ(CutWords(window), QStringList()) << name;
+        ExpectNothingFaint(window, name);
         Keep(window, name);
         window.close();
         Settle();
+    }
+    // Windows behind the active one, too.
+    void LookAtFrame()
+    {
+        OpenSample("Full-8.prf");
+        ChooseMenu(app.frame.mnuMsgEx);
+        ChooseMenu(app.frame.mnuAffiancaOrizz);
+        ExpectNothingFaint(Frame(), "frame");
+    }
+    void ExpectNothingFaint(QWidget &window, const std::string &name)
+    {
+        for (const char *theme : {"dark", "light"}) {
+            Wear(theme);
+            EXPECT_EQ(FaintParts(window), "") << name << " in the " << theme << " theme";
+        }
+        ofTheRun_.isNull() ? Wear(nullptr) : Wear(ofTheRun_);
     }
     // What a window says and has no room for. Labels for paths end in dots by design, and tell the whole in a tool tip.
     static QStringList CutWords(const QWidget &window)
@@ -75,6 +94,12 @@ protected:
         option.initFrom(&button);
         return button.style()->subElementRect(QStyle::SE_CheckBoxContents, &option, &button).width();
     }
+    void Wear(const char *theme)
+    {
+        theme != nullptr ? qputenv("VELLUTO_THEME", theme) : qunsetenv("VELLUTO_THEME");
+        SetUpLook();
+        Settle();
+    }
     void Keep(QWidget &window, const std::string &name)
     {
         const QString to = qEnvironmentVariable("VELLUTO_PICTURES");
@@ -90,9 +115,12 @@ protected:
         Settle();
         QTest::mouseClick(&Widget<QAbstractButton>(*app.children.Active(), "CommUser(9)"), Qt::LeftButton);
     }
+
+private:
+    QByteArray ofTheRun_ = qgetenv("VELLUTO_THEME");
 };
 
-TEST_P(EveryWindowTest, HasRoomForItsWords)
+TEST_P(EveryWindowTest, HasRoomForItsWordsAndNothingFaint)
 {
     frmMain &menu = app.frame;
     OpenSample("Full-64.pcg");
@@ -116,6 +144,7 @@ TEST_P(EveryWindowTest, HasRoomForItsWords)
     ChooseMenu(menu.mnuMidiPlayer);
     Look("MidiPlayer");
     Keep(Frame(), "frame");
+    LookAtFrame();
 }
 
 INSTANTIATE_TEST_SUITE_P(In, EveryWindowTest, testing::Values(TestProgram::Italian, TestProgram::English),
