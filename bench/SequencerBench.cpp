@@ -57,6 +57,7 @@ void WriteLargeFile()
 
 struct NoOutputs : PlayerOutputs {
     void Show() override {}
+    void Choose(const ListedPort & /*device*/) override {}
     bool Wake() override { return false; }
     void Rest() override {}
     void Send(std::span<const std::uint8_t> /*message*/, TimePoint /*due*/) override {}

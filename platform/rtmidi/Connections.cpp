@@ -47,14 +47,26 @@ public:
     int Send(std::span<const std::uint8_t> message) override
     {
         const std::lock_guard lock(lock_);
-        return end_ && host_.system.Alive() ? end_->Send(message) : MidiCode::kNoDevice;
+        return Passes() ? end_->Send(message) : MidiCode::kNoDevice;
+    }
+    int SendAt(std::span<const std::uint8_t> message, TimePoint due) override
+    {
+        const std::lock_guard lock(lock_);
+        return Passes() ? end_->SendAt(message, due) : MidiCode::kNoDevice;
+    }
+    [[nodiscard]] bool Gone() const override
+    {
+        const std::lock_guard lock(lock_);
+        return !Passes();
     }
 
     void LetGo() override { EndWhenPassed(host_, lock_, end_); }
 
 private:
+    [[nodiscard]] bool Passes() const { return end_ && host_.system.Alive(); }
+
     ConnectionHost host_;
-    SpinLock lock_;                     // between a send and the moment at which the port is let go
+    mutable SpinLock lock_;             // between a send and the moment at which the port is let go
     std::unique_ptr<SystemOutput> end_; // empty once the port has gone
 };
 

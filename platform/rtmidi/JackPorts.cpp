@@ -16,7 +16,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::size_t kSourceBytes = std::size_t{1} << 18;
+// What a server that stands still keeps of a port's messages, and so the longest message.
+constexpr std::size_t kRingBytes = std::size_t{1} << 18;
 // How late a message may be handed over and still come at its time. Added to one period, since the one that is running when
 // it is due has taken its messages already.
 constexpr jack_nframes_t kGraceParts = 500; // of a second: 2 ms
@@ -42,9 +43,15 @@ JackRegistration::JackRegistration(JackHost &host, JackPort &port, const char *l
     }
 }
 
-JackOutput::JackOutput(JackHost &host, const char *label, std::size_t ringBytes)
-    : host_(host), ring_(MakeRing(ringBytes)), registration_(host, *this, label, JackPortIsOutput)
+JackOutput::JackOutput(JackHost &host, const char *label)
+    : host_(host), ring_(MakeRing(kRingBytes)), registration_(host, *this, label, JackPortIsOutput)
 {
+}
+
+int JackOutput::SendAt(std::span<const std::uint8_t> message, OutputPort::TimePoint due)
+{
+    const auto late = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - due);
+    return Queue(message, jack_get_time() - static_cast<jack_time_t>(late.count()));
 }
 
 int JackOutput::Queue(std::span<const std::uint8_t> message, jack_time_t due)
@@ -128,12 +135,6 @@ void JackInput::Process(jack_port_t *port, jack_nframes_t frames)
     }
 }
 
-JackSource::JackSource(JackHost &host) : host_(host), output_(host, kPlayerPortName, kSourceBytes) {}
-
-void JackSource::Send(std::span<const std::uint8_t> message, TimePoint due)
-{
-    const auto late = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - due);
-    static_cast<void>(output_.Queue(message, jack_get_time() - static_cast<jack_time_t>(late.count())));
-}
+JackSource::JackSource(JackHost &host) : host_(host), output_(host, kPlayerPortName) {}
 
 } // namespace velluto

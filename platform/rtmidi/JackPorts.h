@@ -56,18 +56,20 @@ private:
 class JackOutput final : public JackPort, public SystemOutput {
 public:
     // Each message takes sixteen of the ring's bytes more than its own.
-    JackOutput(JackHost &host, const char *label, std::size_t ringBytes);
+    JackOutput(JackHost &host, const char *label);
 
     // To that port; a MidiCode.
     int Join(const std::string &to) { return host_.Join(registration_.Name(), to); }
     int Send(std::span<const std::uint8_t> message) override { return Queue(message, kAtOnce); }
-    // The same for a message that is due at that microsecond of JACK's clock.
-    int Queue(std::span<const std::uint8_t> message, jack_time_t due);
+    int SendAt(std::span<const std::uint8_t> message, OutputPort::TimePoint due) override;
     void Drain() override;
     void Process(jack_port_t *port, jack_nframes_t frames) override;
 
 private:
     static constexpr jack_time_t kAtOnce = 0;
+
+    // Due at that microsecond of JACK's clock.
+    int Queue(std::span<const std::uint8_t> message, jack_time_t due);
 
     struct FreeRing {
         void operator()(jack_ringbuffer_t *ring) const { jack_ringbuffer_free(ring); }
@@ -103,7 +105,7 @@ class JackSource final : public SourcePort {
 public:
     explicit JackSource(JackHost &host);
 
-    void Send(std::span<const std::uint8_t> message, TimePoint due) override;
+    void Send(std::span<const std::uint8_t> message, TimePoint due) override { output_.SendAt(message, due); }
     [[nodiscard]] bool Gone() const override { return !host_.ServerLives(); }
     void Drain() override { output_.Drain(); }
 

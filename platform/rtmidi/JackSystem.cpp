@@ -9,9 +9,6 @@ namespace velluto {
 
 namespace {
 
-// What a server that stands still keeps of a connection, and so the longest message.
-constexpr std::size_t kOutputBytes = 65536;
-
 // A connection counts from one of the next periods on, and what is sent before that is lost; what is handed over is sent in
 // the next period and received in the same or in the one after.
 constexpr std::uint32_t kPeriodsToPass = 3;
@@ -195,7 +192,7 @@ std::vector<std::string> JackSystem::Names(PortKind kind)
 int JackSystem::OpenOutput(const std::string &name, std::unique_ptr<SystemOutput> &end)
 {
     JackHost &host = *this;
-    return Open(std::make_unique<JackOutput>(host, "out", kOutputBytes), name, end);
+    return Open(std::make_unique<JackOutput>(host, "out"), name, end);
 }
 
 int JackSystem::OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<SystemInput> &end)

@@ -22,8 +22,7 @@ Open *Find(std::vector<Open> &devices, MidiHandle handle)
     return found == devices.end() ? nullptr : &*found;
 }
 
-template <typename Listed>
-int Caps(const std::vector<Listed> &devices, int number, MidiDeviceCaps &caps)
+int Caps(const std::vector<ListedPort> &devices, int number, MidiDeviceCaps &caps)
 {
     caps = {};
     if (!InRange(devices, number)) {
@@ -39,7 +38,8 @@ MachineMidi::MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems) : syst
 
 MachineMidi::~MachineMidi()
 {
-    // Inputs end without their last callback: whoever would hear it may have gone before.
+    outputChanged = [](const ListedPort &) {}; // whoever would hear it may have gone before
+    // Inputs end without their last callback, for the same reason.
     for (OpenIn &in : openIns_) {
         Unlink(in);
         in.line->Stop();
@@ -50,18 +50,23 @@ MachineMidi::~MachineMidi()
     }
 }
 
-int MachineMidi::Count(std::vector<Listed> &devices, std::vector<std::string> (MidiPorts::*list)())
+int MachineMidi::Count(std::vector<ListedPort> &devices, std::vector<std::string> (MidiPorts::*list)())
 {
     for (const auto &system : systems_) {
         for (std::string &name : (system.get()->*list)()) {
-            const bool known =
-                std::ranges::any_of(devices, [&](const Listed &device) { return device.system == system.get() && device.name == name; });
+            const bool known = std::ranges::any_of(
+                devices, [&](const ListedPort &device) { return device.system == system.get() && device.name == name; });
             if (!known) {
                 devices.push_back({system.get(), std::move(name)});
             }
         }
     }
     return static_cast<int>(devices.size());
+}
+
+void MachineMidi::TellOutput() const
+{
+    outputChanged(openOuts_.empty() ? ListedPort() : outs_[static_cast<std::size_t>(openOuts_.back().number)]);
 }
 
 int MachineMidi::midiOutGetNumDevs()
@@ -87,7 +92,7 @@ int MachineMidi::midiInGetDevCapsA(int number, MidiDeviceCaps &caps)
 // A connection to the output, with what an earlier one left sounding ended.
 int MachineMidi::Connect(int number, std::unique_ptr<OutputPort> &port)
 {
-    const Listed &device = outs_[static_cast<std::size_t>(number)];
+    const ListedPort &device = outs_[static_cast<std::size_t>(number)];
     const int code = device.system->OpenOutput(device.name, port);
     if (code == MidiCode::kSuccess) {
         const auto left = abandoned_.find(device.name);
@@ -113,6 +118,7 @@ int MachineMidi::midiOutOpen(MidiHandle &handle, int number)
         device.handle = ++lastHandle_;
         handle = device.handle;
         openOuts_.push_back(std::move(device));
+        TellOutput();
     }
     return code;
 }
@@ -132,6 +138,7 @@ int MachineMidi::midiOutClose(MidiHandle handle)
         abandoned_[OutName(device->number)].Add(device->notes);
     }
     openOuts_.erase(openOuts_.begin() + (device - openOuts_.data()));
+    TellOutput();
     return MidiCode::kSuccess;
 }
 
@@ -158,7 +165,7 @@ int MachineMidi::midiInOpen(MidiHandle &handle, int number, MidiInCallback callb
     if (std::ranges::find(openIns_, number, &OpenIn::number) != openIns_.end()) {
         return MidiCode::kAllocated;
     }
-    const Listed &listed = ins_[static_cast<std::size_t>(number)];
+    const ListedPort &listed = ins_[static_cast<std::size_t>(number)];
     OpenIn device{.handle = lastHandle_ + 1, .number = number, .line = nullptr, .port = nullptr, .linkedTo = -1};
     device.line = std::make_shared<InputLine>(device.handle, callback);
     const int code = listed.system->OpenInput(listed.name, device.line, device.port);

@@ -7,6 +7,7 @@
 #include "platform/rtmidi/MidiPorts.h"
 #include "platform/rtmidi/NoteTracker.h"
 
+#include <functional>
 #include <map>
 
 namespace velluto {
@@ -39,11 +40,10 @@ public:
     int midiConnect(MidiHandle in, MidiHandle out) override;
     int midiDisconnect(MidiHandle in, MidiHandle out) override; // a link that was never made is gone already: success
 
+    // Called after an output was opened or closed, with the one that is open now.
+    std::function<void(const ListedPort &output)> outputChanged = [](const ListedPort &) {};
+
 private:
-    struct Listed {
-        MidiPorts *system = nullptr;
-        std::string name;
-    };
     struct OpenOut {
         MidiHandle handle = 0;
         int number = 0;
@@ -58,14 +58,15 @@ private:
         int linkedTo = -1; // number of the output that Thru plays
     };
 
-    int Count(std::vector<Listed> &devices, std::vector<std::string> (MidiPorts::*list)());
+    void TellOutput() const;
+    int Count(std::vector<ListedPort> &devices, std::vector<std::string> (MidiPorts::*list)());
     int Connect(int number, std::unique_ptr<OutputPort> &port);
     void Unlink(OpenIn &in);
     [[nodiscard]] const std::string &OutName(int number) const { return outs_[static_cast<std::size_t>(number)].name; }
 
     std::vector<std::unique_ptr<MidiPorts>> systems_;
-    std::vector<Listed> outs_;
-    std::vector<Listed> ins_;
+    std::vector<ListedPort> outs_;
+    std::vector<ListedPort> ins_;
     std::vector<OpenOut> openOuts_;
     std::vector<OpenIn> openIns_;
     MidiHandle lastHandle_ = 0;

@@ -52,9 +52,16 @@ MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post)
         systems.push_back(system.get());
         devices.push_back(std::move(system));
     }
+    const MidiPorts *const synthesizer = devices.front().get();
     auto outputs = std::make_unique<MachineOutputs>(std::make_unique<SynthesizerPorts>(FindSoundFont()), std::move(systems));
-    return {std::make_unique<MachineMidi>(std::move(devices)),
-            std::make_unique<MachineSequencer>(files, std::move(outputs), std::move(post))};
+    auto midi = std::make_unique<MachineMidi>(std::move(devices));
+    auto sequencer = std::make_shared<MachineSequencer>(files, std::move(outputs), std::move(post));
+    midi->outputChanged = [synthesizer, player = std::weak_ptr(sequencer)](const ListedPort &output) {
+        if (const auto there = player.lock()) {
+            there->PlayOn(output.system == synthesizer ? ListedPort() : output);
+        }
+    };
+    return {std::move(midi), std::move(sequencer)};
 }
 
 } // namespace velluto

@@ -9,10 +9,11 @@
 
 namespace velluto {
 
-// The sequencer plays through systems that the devices own, and goes before them.
+// The sequencer plays through systems that the devices own, and goes before them. The devices tell it, while it is there, on which
+// of them to play.
 struct MachineMusic {
     std::unique_ptr<MidiDevices> midi;
-    std::unique_ptr<MachineSequencer> sequencer;
+    std::shared_ptr<MachineSequencer> sequencer;
 };
 
 // Quick: devices and ports are opened when they are asked for. Where a look for a MIDI system takes its time, it begins here

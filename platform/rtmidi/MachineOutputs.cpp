@@ -25,17 +25,60 @@ void MachineOutputs::Show()
     }
 }
 
+void MachineOutputs::Choose(const ListedPort &device)
+{
+    if (device != device_) {
+        LetGo();
+        device_ = device;
+    }
+}
+
+void MachineOutputs::LetGo()
+{
+    if (instrument_ && !Silence(*instrument_, notes_)) {
+        abandoned_[device_.name].Add(notes_);
+        notes_.Clear();
+    }
+    instrument_.reset();
+}
+
+bool MachineOutputs::Connect()
+{
+    if (instrument_ && instrument_->Gone()) {
+        LetGo();
+    }
+    if (instrument_ || device_.system == nullptr || device_.system->OpenOutput(device_.name, instrument_) != MidiCode::kSuccess) {
+        return false;
+    }
+    const auto left = abandoned_.find(device_.name);
+    if (left != abandoned_.end() && Silence(*instrument_, left->second)) {
+        abandoned_.erase(left);
+    }
+    return true;
+}
+
+bool MachineOutputs::WakeSynthesizer()
+{
+    bool isNew = false;
+    if (!synthesizer_) {
+        for (const std::string &name : synthesizers_->Outputs()) {
+            isNew = synthesizers_->OpenOutput(name, synthesizer_) == MidiCode::kSuccess || isNew;
+        }
+    }
+    return isNew;
+}
+
 bool MachineOutputs::Wake()
 {
     bool isNew = false;
     for (Source &source : sources_) {
         isNew = (std::exchange(source.isNew, false) && source.port) || isNew;
     }
-    if (!synthesizer_) {
-        for (const std::string &name : synthesizers_->Outputs()) {
-            isNew = synthesizers_->OpenOutput(name, synthesizer_) == MidiCode::kSuccess || isNew;
-        }
+    isNew = Connect() || isNew;
+    if (!instrument_) {
+        return WakeSynthesizer() || isNew;
     }
+    synthesizer_.reset();
     return isNew;
 }
 
@@ -46,7 +89,11 @@ void MachineOutputs::Send(std::span<const std::uint8_t> message, TimePoint due)
             source.port->Send(message, due);
         }
     }
-    if (synthesizer_) {
+    if (instrument_) {
+        if (instrument_->SendAt(message, due) == MidiCode::kSuccess) {
+            notes_.Passed(message);
+        }
+    } else if (synthesizer_) {
         synthesizer_->Send(message);
     }
 }

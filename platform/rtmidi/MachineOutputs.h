@@ -1,9 +1,12 @@
-// The machine's own outputs for the sequencer: the built-in synthesizer, while something plays, and a port "Velluto player"
-// in each of the machine's MIDI systems.
+// The machine's outputs for the sequencer: the chosen device, by a connection of the sequencer's own, or else the built-in
+// synthesizer while something plays; and a port "Velluto player" in each of the machine's MIDI systems.
 #pragma once
 
+#include "platform/rtmidi/NoteTracker.h"
 #include "platform/rtmidi/PlayerOutputs.h"
 #include "platform/rtmidi/SystemPorts.h"
+
+#include <map>
 
 namespace velluto {
 
@@ -12,7 +15,13 @@ public:
     // The synthesizer is one of its own: its channels are set by the file alone. The systems outlive this object.
     MachineOutputs(std::unique_ptr<MidiPorts> synthesizers, const std::vector<SystemPorts *> &systems);
 
+    ~MachineOutputs() override { LetGo(); }
+    MachineOutputs(const MachineOutputs &) = delete;
+    MachineOutputs &operator=(const MachineOutputs &) = delete;
+
     void Show() override;
+    void Choose(const ListedPort &device) override;
+    // A device that cannot be had leaves the play to the synthesizer. One that goes later takes the rest of the play with it.
     bool Wake() override;
     void Rest() override { synthesizer_.reset(); }
     void Send(std::span<const std::uint8_t> message, TimePoint due) override;
@@ -24,6 +33,14 @@ private:
         bool isNew = false; // nothing was played since it was made
     };
 
+    bool Connect(); // true where that is new
+    void LetGo();
+    bool WakeSynthesizer(); // the same
+
+    ListedPort device_;
+    std::unique_ptr<OutputPort> instrument_;       // the connection to the device, from the first play on
+    NoteTracker notes_;                            // that sound on it
+    std::map<std::string, NoteTracker> abandoned_; // on devices that went with notes on them; ended when they are back
     std::unique_ptr<MidiPorts> synthesizers_;
     std::unique_ptr<OutputPort> synthesizer_;
     std::vector<Source> sources_;

@@ -8,6 +8,7 @@
 
 #include <new>
 #include <system_error>
+#include <utility>
 
 namespace velluto {
 
@@ -150,10 +151,7 @@ void MachineSequencer::Play()
         Fail(SequencerError::kNotOpen, {Refusal::Why::NoFileOpen});
         return;
     }
-    if (outputs_->Wake()) {
-        player_.InstrumentIsNew();
-    }
-    mayRest_ = true;
+    WakeOutputs();
     player_.Play(Now(), fromIsFresh_ ? std::optional(from_) : std::nullopt);
     fromIsFresh_ = false;
     rouse_.notify_all();
@@ -178,6 +176,50 @@ void MachineSequencer::PostDone(int notifyCode)
             Done(notifyCode);
         }
     });
+}
+
+void MachineSequencer::PlayOn(const ListedPort &device)
+{
+    if (device == device_) {
+        return;
+    }
+    device_ = device;
+    if (Mode() != SequencerMode::kPlaying) {
+        Move();
+        return;
+    }
+    if (std::exchange(moveIsPosted_, true)) {
+        return;
+    }
+    post_([this, alive = std::weak_ptr(alive_)]() {
+        if (!alive.expired()) {
+            Move();
+        }
+    });
+}
+
+// Brings the outputs to the device. A song that plays waits while they change.
+void MachineSequencer::Move()
+{
+    moveIsPosted_ = false;
+    const Turn turn(*this);
+    const bool plays = player_.Mode() == SequencerMode::kPlaying;
+    player_.Pause(Now());
+    outputs_->Choose(device_);
+    if (plays) {
+        WakeOutputs();
+        player_.Play(Now(), std::nullopt);
+        rouse_.notify_all();
+    }
+}
+
+// The lock is held.
+void MachineSequencer::WakeOutputs()
+{
+    if (outputs_->Wake()) {
+        player_.InstrumentIsNew();
+    }
+    mayRest_ = true;
 }
 
 void MachineSequencer::Send(std::span<const std::uint8_t> message, Moment due)

@@ -33,6 +33,9 @@ public:
 
     void SetFileName(std::string_view path) override { fileName_ = path; }
     [[nodiscard]] std::string FileName() const override { return fileName_; }
+    // The device that songs are played on, from now on; the built-in synthesizer where it is none. A song that plays moves there
+    // by a call that is posted, so that a change from one device to another is one move.
+    void PlayOn(const ListedPort &device);
     // "open" closes what was open. "pause", "stop" and "close" of nothing are no errors.
     void SetCommand(std::string_view word) override;
     [[nodiscard]] std::string Command() const override { return command_; }
@@ -52,6 +55,8 @@ private:
     void Halt(void (SongPlayer::*halt)(Moment), bool tells);
     void Fail(int error, const Refusal &refusal);
     void PostDone(int notifyCode);
+    void Move();
+    void WakeOutputs();
     void Send(std::span<const std::uint8_t> message, Moment due) override;
 
     void Run();
@@ -66,6 +71,8 @@ private:
     Refusal refusal_;
     Post post_;
     std::chrono::milliseconds linger_;
+    ListedPort device_;
+    bool moveIsPosted_ = false;
     std::shared_ptr<int> alive_ = std::make_shared<int>(); // what was posted looks whether this has gone
 
     mutable std::mutex mutex_;             // guards what follows

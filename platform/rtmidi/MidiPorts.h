@@ -2,6 +2,7 @@
 // the built-in synthesizer and the test's own ports answer it; MachineMidi numbers them as devices.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -24,9 +25,16 @@ public:
 // A connection to an output. The connection ends with the object; that never waits for the system.
 class OutputPort {
 public:
+    using TimePoint = std::chrono::steady_clock::time_point;
+
     virtual ~OutputPort() = default;
     // Hands over one whole message; a MidiCode. Any thread.
     virtual int Send(std::span<const std::uint8_t> message) = 0;
+    // The same for a message that is due about now, and not before the one handed over last. A system that can lets it come at
+    // its time.
+    virtual int SendAt(std::span<const std::uint8_t> message, TimePoint /*due*/) { return Send(message); }
+    // Its port has gone: what is sent is refused from now on. Any thread.
+    [[nodiscard]] virtual bool Gone() const { return false; }
 };
 
 // A connection to an input. Ends as an output's does.
@@ -45,6 +53,13 @@ public:
     // system may call it.
     virtual int OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port) = 0;
     virtual int OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<InputPort> &port) = 0;
+};
+
+// A port of one of the systems. None without a system.
+struct ListedPort {
+    MidiPorts *system = nullptr;
+    std::string name;
+    bool operator==(const ListedPort &) const = default;
 };
 
 } // namespace velluto

@@ -18,6 +18,8 @@ public:
     virtual ~SystemOutput() = default;
     // Hands over one whole message; a MidiCode. One thread at a time. Never waits: what the system has no room for is refused.
     virtual int Send(std::span<const std::uint8_t> message) = 0;
+    // The same, as in OutputPort.
+    virtual int SendAt(std::span<const std::uint8_t> message, OutputPort::TimePoint /*due*/) { return Send(message); }
     // Waits, briefly, until what was handed over has reached the other side. A connection that ends takes with it what is
     // still on its way.
     virtual void Drain() {}

@@ -35,6 +35,20 @@ protected:
         });
         music_.sequencer->Done = [this](int code) { told_.push_back(code); };
     }
+    // Opens the instrument as the program's output, as a choice in Preferences does.
+    MidiHandle Choose(const std::string &wanted = "pa80:midi_in")
+    {
+        MidiHandle handle = 0;
+        for (int i = music_.midi->midiOutGetNumDevs() - 1; i >= 0; --i) {
+            MidiDeviceCaps caps;
+            music_.midi->midiOutGetDevCapsA(i, caps);
+            if (wanted == caps.name.data()) {
+                EXPECT_EQ(music_.midi->midiOutOpen(handle, i), 0);
+            }
+        }
+        EXPECT_NE(handle, 0U);
+        return handle;
+    }
     // Plays the part of a patch bay.
     static void Patch()
     {
@@ -164,6 +178,70 @@ TEST_F(SequencerTest, TheEndOfTheProgramLeavesNothingSounding)
     music_.sequencer.reset();
     music_.midi.reset();
     EXPECT_TRUE(Arrives(kEnded));
+}
+
+TEST_F(SequencerTest, TheChosenDeviceHearsTheSongAndNobodyHasPatched)
+{
+    StartAll();
+    Open(kLong);
+    const MidiHandle out = Choose();
+    Device().SetCommand("play");
+    EXPECT_TRUE(Arrives({"90 3C 64"}));
+    Device().SetCommand("stop");
+    EXPECT_TRUE(Arrives(kEnded));
+    EXPECT_EQ(music_.midi->midiOutShortMsg(out, ShortMessage(0x0004C0)), 0); // beside the song's connection
+    EXPECT_TRUE(Arrives({"90 3C 64", "80 3C 40", "B0 7B 00", "C0 04"}));
+}
+
+TEST_F(SequencerTest, AnotherDeviceInMidSongTakesItOver)
+{
+    StartAll();
+    Process other({JACK_INSTRUMENT, "other"});
+    ASSERT_TRUE(other.WaitUntilReady());
+    // A program, a note held, and another one after two beats.
+    Open(File(0, 1, {{0, 0xC0, 5, 0, 0x90, 60, 100, 2, 0x90, 62, 100, 0xB8, 0x20, 60, 0, 0, 0xFF, 0x2F, 0}}));
+    const MidiHandle out = Choose();
+    Device().SetCommand("play");
+    EXPECT_TRUE(Arrives({"C0 05", "90 3C 64"}));
+    music_.midi->midiOutClose(out);
+    Choose("other:midi_in");
+    Told();
+    EXPECT_EQ(Device().Mode(), SequencerMode::kPlaying);
+    EXPECT_TRUE(Arrives({"C0 05", "90 3C 64", "80 3C 40", "B0 7B 00"}));
+    EXPECT_TRUE(Eventually([&]() { return other.Lines() == std::vector<std::string>({"C0 05", "90 3E 64"}); }));
+    EXPECT_EQ(instrument_->Lines().size(), 4U);
+}
+
+TEST_F(SequencerTest, TheEndOfTheProgramLeavesNothingSoundingOnTheDevice)
+{
+    StartAll();
+    Open(kLong);
+    const MidiHandle out = Choose();
+    Device().SetCommand("play");
+    ASSERT_TRUE(Arrives({"90 3C 64"}));
+    music_.midi->midiOutClose(out); // as the frame does when it goes
+    music_.sequencer.reset();
+    music_.midi.reset();
+    EXPECT_TRUE(Arrives(kEnded));
+}
+
+TEST_F(SequencerTest, ADeviceThatGoesDoesNotStopTheSongAndIsHeardAgainWhenItIsBack)
+{
+    StartAll();
+    Open(kLong);
+    Choose();
+    Device().SetCommand("play");
+    ASSERT_TRUE(Arrives({"90 3C 64"}));
+    instrument_->Leave();
+    const std::int32_t position = Device().Position();
+    EXPECT_TRUE(Eventually([&]() { return Device().Position() > position; }));
+    Device().SetCommand("pause");
+    EXPECT_EQ(Device().Mode(), SequencerMode::kPaused);
+    StartInstrument();
+    Device().SetFrom(0);
+    Device().SetCommand("play");
+    EXPECT_TRUE(Eventually([&]() { return !instrument_->Lines().empty() && instrument_->Lines().back() == "90 3C 64"; }));
+    EXPECT_EQ(instrument_->Lines().front(), "80 3C 40"); // the note that it went away with
 }
 
 TEST_F(SequencerTest, ItsPortIsNoDeviceOfTheProgram)

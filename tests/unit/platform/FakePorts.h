@@ -15,11 +15,12 @@ class FakePorts : public MidiPorts {
 public:
     std::vector<std::string> outputs;
     std::vector<std::string> inputs;
-    std::map<std::string, std::vector<Bytes>> received;        // by output
-    std::map<std::string, int> openCode;                       // by port
-    std::map<std::string, int> connections;                    // open ones, by port
-    std::set<std::string> gone;                                // outputs whose sends give 68
-    std::map<std::string, std::shared_ptr<MessageSink>> sinks; // of the inputs that are open
+    std::map<std::string, std::vector<Bytes>> received;             // by output
+    std::map<std::string, std::vector<OutputPort::TimePoint>> dues; // by output, of those that have one
+    std::map<std::string, int> openCode;                            // by port
+    std::map<std::string, int> connections;                         // open ones, by port
+    std::set<std::string> gone;                                     // outputs whose sends give 68
+    std::map<std::string, std::shared_ptr<MessageSink>> sinks;      // of the inputs that are open
 
     class Output : public OutputPort {
     public:
@@ -35,6 +36,12 @@ public:
             owner_.received[name_].emplace_back(message.begin(), message.end());
             return MidiCode::kSuccess;
         }
+        int SendAt(std::span<const std::uint8_t> message, TimePoint due) override
+        {
+            owner_.dues[name_].push_back(due);
+            return Send(message);
+        }
+        [[nodiscard]] bool Gone() const override { return owner_.gone.contains(name_); }
 
     private:
         FakePorts &owner_;

@@ -206,6 +206,26 @@ TEST_F(MachineMidiTest, TheEndOfTheProgramEndsItsNotes)
     EXPECT_THAT(saved["PA80 out"], ElementsAre(Bytes{0x90, 0x3C, 0x64}, Bytes{0x80, 0x3C, 0x40}));
 }
 
+TEST_F(MachineMidiTest, TheOpenOutputIsToldAndTheEndOfTheDevicesIsNot)
+{
+    std::vector<std::string> told;
+    midi_->outputChanged = [&](const ListedPort &output) {
+        EXPECT_EQ(output.system, output.name == "PA80 out" ? system_ : nullptr);
+        told.push_back(output.name);
+    };
+    const MidiHandle out = OpenOut(1);
+    EXPECT_THAT(told, ElementsAre("PA80 out"));
+    midi_->midiOutClose(out);
+    EXPECT_THAT(told, ElementsAre("PA80 out", ""));
+    system_->openCode["Other out"] = MidiCode::kAllocated;
+    MidiHandle handle = 0;
+    midi_->midiOutOpen(handle, 2);
+    EXPECT_EQ(told.size(), 2U);
+    OpenOut(1);
+    midi_.reset();
+    EXPECT_EQ(told.size(), 3U);
+}
+
 TEST_F(MachineMidiTest, NotesOnADeviceThatWentAwayEndWhenItIsOpenedAgain)
 {
     const MidiHandle out = OpenOut(1);

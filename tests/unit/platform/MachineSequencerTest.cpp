@@ -293,6 +293,60 @@ TEST_F(MachineSequencerTest, OutputsThatWereMadeAnewAreToldEverything)
     EXPECT_EQ(messages.back(), (Bytes{0xC0, 5}));
 }
 
+TEST_F(MachineSequencerTest, ADeviceIsChosenAtOnceWhereNothingPlays)
+{
+    sequencer->PlayOn({nullptr, "PA80"});
+    sequencer->PlayOn({nullptr, "PA80"});
+    sequencer->PlayOn({});
+    EXPECT_THAT(heard.chosen, ElementsAre("PA80", ""));
+    EXPECT_EQ(heard.woken, 0);
+    EXPECT_EQ(mail.Waiting(), 0U);
+}
+
+TEST_F(MachineSequencerTest, ASongThatPlaysMovesToTheDeviceThatIsChosenLast)
+{
+    Open(Place(kLong));
+    sequencer->SetFrom(8);
+    sequencer->SetCommand("play");
+    Arrived(2);
+    sequencer->PlayOn({nullptr, "Other"});
+    sequencer->PlayOn({nullptr, "PA80"});
+    EXPECT_THAT(heard.chosen, IsEmpty());
+    heard.knowsNothing = true;
+    const std::int32_t position = sequencer->Position();
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_THAT(heard.chosen, ElementsAre("PA80"));
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kPlaying);
+    EXPECT_GE(sequencer->Position(), position);
+    EXPECT_THAT(Arrived(5), ElementsAre(Bytes{0xC0, 5}, Bytes{0x90, 61, 100}, Bytes{0x80, 61, 64}, Bytes{0xB0, 123, 0}, Bytes{0xC0, 5}));
+    EXPECT_EQ(mail.Waiting(), 0U);
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(MachineSequencerTest, ASongThatHasStoppedBeforeItMovesStaysSilent)
+{
+    Open(Place(kLong));
+    sequencer->SetCommand("play");
+    Arrived(1);
+    sequencer->PlayOn({nullptr, "PA80"});
+    sequencer->SetCommand("pause");
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_THAT(heard.chosen, ElementsAre("PA80"));
+    EXPECT_EQ(sequencer->Mode(), SequencerMode::kPaused);
+    EXPECT_EQ(heard.woken, 1);
+    EXPECT_EQ(Arrived(3).size(), 3U);
+}
+
+TEST_F(MachineSequencerTest, AMoveThatComesAfterTheEndOfTheSequencerIsNone)
+{
+    Open(Place(kLong));
+    sequencer->SetCommand("play");
+    sequencer->PlayOn({nullptr, "PA80"});
+    sequencer.reset();
+    ASSERT_TRUE(mail.RunNext());
+    EXPECT_THAT(heard.chosen, IsEmpty());
+}
+
 TEST_F(MachineSequencerTest, TheEndOfTheSequencerEndsTheNotesAndTellsNoMore)
 {
     Open(Place(kLong));

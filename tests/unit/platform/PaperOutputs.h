@@ -9,6 +9,7 @@
 #include <functional>
 #include <mutex>
 #include <span>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -55,7 +56,8 @@ struct Heard {
     std::vector<std::vector<std::uint8_t>> messages;
     int shown = 0;
     int woken = 0;
-    bool knowsNothing = true; // as if it were made for the next play
+    std::vector<std::string> chosen; // devices, by name
+    bool knowsNothing = true;        // as if it were made for the next play
     bool rests = false;
 };
 
@@ -63,6 +65,7 @@ class PaperOutputs : public PlayerOutputs {
 public:
     explicit PaperOutputs(Heard &heard) : heard_(heard) {}
     void Show() override { ++heard_.shown; }
+    void Choose(const ListedPort &device) override { heard_.chosen.push_back(device.name); }
     bool Wake() override
     {
         ++heard_.woken;
