@@ -11,6 +11,9 @@
 #include <QPainter>
 #include <QStyleOption>
 
+#include <algorithm>
+#include <array>
+
 namespace velluto {
 
 namespace {
@@ -108,6 +111,12 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption *option, Q
     }
     if (element == PE_FrameWindow) {
         DrawWindowFrame(*painter, *option);
+        return;
+    }
+    if (element == PE_FrameGroupBox) {
+        constexpr int kBelowWords = 3; // where the style's own begins, and what it holds is laid out for
+        const int words = std::max(proxy()->pixelMetric(PM_IndicatorHeight, option, widget), option->fontMetrics.height());
+        DrawEdge(*painter, option->rect.adjusted(0, words + kBelowWords, 0, 0), LineColour(option->palette), EdgeShape::Rounded);
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);

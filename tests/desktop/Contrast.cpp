@@ -208,6 +208,7 @@ private:
             LookAtRows(*list);
         } else if (const auto *group = qobject_cast<const QGroupBox *>(&widget)) {
             Text(widget, QRect(0, -2, group->width(), group->fontMetrics().height() + 4));
+            Note(widget, "edge", Crossing(image_, Place(widget).bottomLeft() + QPoint(-2, -20), QPoint(1, 0)), kLineContrast);
         } else if (widget.inherits("velluto::MarkerView") || widget.objectName() == QLatin1String("Line1") ||
                    widget.objectName() == QLatin1String("Picture3") || widget.objectName() == QLatin1String("Picture2")) {
             Note(widget, "mark", TextContrast(image_, Place(widget).adjusted(-2, 0, 2, 0)), kLineContrast);

@@ -53,7 +53,7 @@ protected:
         }
     }
 
-    // The style rounds the corner of a group's frame one way where it paints it whole and another where it paints a part.
+    // The style smooths a rounded corner one way where it paints it whole and another where it paints a part.
     static constexpr int kCorners = 8; // pixels
     // A shade that nobody sees is none: scaled arrows of scroll bars come out of the style's cache a shade lighter.
     static constexpr int kShade = 8;
