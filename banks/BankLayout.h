@@ -1,5 +1,5 @@
 // Which records of the factory tables each factory window lists, and where its headings stand: numbers that the tables,
-// the windows and recall share. Records count from 1, rows from 0.
+// the windows, recall and velluto-tool share. Records count from 1, rows from 0.
 #pragma once
 
 #include <algorithm>
@@ -20,6 +20,36 @@ struct RecordField {
 {
     return record.substr(std::min(field.position - 1, record.size()), field.width);
 }
+
+// The decimal number in a field, leading blanks skipped; text that holds none gives 0.
+[[nodiscard]] constexpr int NumberIn(std::string_view record, RecordField field)
+{
+    std::string_view text = Field(record, field);
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    int number = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') {
+            break;
+        }
+        number = number * 10 + (c - '0');
+    }
+    return number;
+}
+
+// Of a Program's record, and of its heading's.
+namespace PcgField {
+inline constexpr RecordField Name{5, 13};
+inline constexpr RecordField Heading{5, 18};
+inline constexpr RecordField Msb{18, 3};
+inline constexpr RecordField Lsb{22, 3};
+inline constexpr RecordField Program{26, 3};
+} // namespace PcgField
+
+// The same of a Style.
+namespace StyField {
+inline constexpr RecordField Heading{6, 16};
+inline constexpr RecordField Name{7, 15};
+} // namespace StyField
 
 struct RecordRange {
     int first = 0;

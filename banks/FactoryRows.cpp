@@ -8,11 +8,6 @@ namespace velluto {
 
 namespace {
 
-constexpr RecordField kProgramName{5, 13};
-constexpr RecordField kProgramHeading{5, 18};
-constexpr RecordField kStyleName{7, 15};
-constexpr RecordField kStyleHeading{6, 16};
-
 const std::string kBlankRow(1, ' ');
 
 std::string TwoDigits(int number)
@@ -24,10 +19,10 @@ std::string TwoDigits(int number)
 template <class Table>
 void AddPage(std::vector<std::string> &rows, const Table &table, std::size_t &record)
 {
-    rows.emplace_back(RightTrimmed(Field(table.at(record++), kStyleHeading)));
+    rows.emplace_back(RightTrimmed(Field(table.at(record++), StyField::Heading)));
     rows.push_back(kBlankRow);
     for (int number = 1; number <= kStylesOnPage; ++number) {
-        rows.push_back(TwoDigits(number) + "  " + std::string(RightTrimmed(Field(table.at(record++), kStyleName))));
+        rows.push_back(TwoDigits(number) + "  " + std::string(RightTrimmed(Field(table.at(record++), StyField::Name))));
     }
 }
 
@@ -44,10 +39,10 @@ std::vector<std::string> FactoryProgramRows(const FactoryTables &tables, int kin
     for (int record = bank->records.first; record <= bank->records.last; ++record) {
         const std::string_view text = tables.PcgTable.at(static_cast<std::size_t>(record));
         if (bank->IsHeading(record)) {
-            rows.emplace_back(Field(text, kProgramHeading));
+            rows.emplace_back(Field(text, PcgField::Heading));
             number = 0;
         } else {
-            rows.push_back(TwoDigits(++number) + ' ' + std::string(Field(text, kProgramName)));
+            rows.push_back(TwoDigits(++number) + ' ' + std::string(Field(text, PcgField::Name)));
         }
     }
     return rows;

@@ -19,9 +19,6 @@ namespace velluto {
 namespace {
 
 // Where the instrument keeps what a list shows.
-constexpr RecordField kFieldMsb{18, 3};
-constexpr RecordField kFieldLsb{22, 3};
-constexpr RecordField kFieldProgram{26, 3};
 
 // The pages of a factory Style list: sixteen rows each, headings between them.
 struct StylePage {
@@ -75,28 +72,13 @@ struct Address {
     int program = 0;
 };
 
-// The decimal number in a field of a factory record, leading blanks skipped; text that holds none gives 0.
-int NumberIn(std::string_view record, RecordField field)
-{
-    std::string_view text = Field(record, field);
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    int number = 0;
-    for (const char c : text) {
-        if (c < '0' || c > '9') {
-            break;
-        }
-        number = number * 10 + (c - '0');
-    }
-    return number;
-}
-
 std::optional<Address> FactoryProgramAddress(const FactoryTables &tables, int kind, int row)
 {
     for (const FactoryBank &bank : kFactoryBanks) {
         const int number = row + bank.records.first;
         if (bank.kind == kind && Between(number, 1, kPcgTableRecords)) {
             const std::string &record = tables.PcgTable.at(static_cast<std::size_t>(number));
-            return Address{NumberIn(record, kFieldMsb), NumberIn(record, kFieldLsb), NumberIn(record, kFieldProgram)};
+            return Address{NumberIn(record, PcgField::Msb), NumberIn(record, PcgField::Lsb), NumberIn(record, PcgField::Program)};
         }
     }
     return std::nullopt;

@@ -10,6 +10,8 @@ namespace velluto::tool {
 namespace {
 
 constexpr std::string_view kLanguage = "--language";
+constexpr std::string_view kFolder = "--folder";
+constexpr std::string_view kInstrument = "--instrument";
 
 constexpr TwoTexts kNoCommand{"manca il comando", "a command is missing"};
 constexpr TwoTexts kUnknownCommand{"comando sconosciuto: %1", "unknown command: %1"};
@@ -17,7 +19,15 @@ constexpr TwoTexts kUnknownOption{"opzione sconosciuta: %1", "unknown option: %1
 constexpr TwoTexts kNoValue{"manca qualcosa dopo %1", "something is missing behind %1"};
 constexpr TwoTexts kNoPath{"manca un file o una cartella", "a file or a folder is missing"};
 constexpr TwoTexts kNoWords{"mancano le parole da cercare", "the words to look for are missing"};
+constexpr TwoTexts kNoTablesCommand{"dopo tables va import, export o make", "import, export or make belongs behind tables"};
+constexpr TwoTexts kNoList{"manca la lista da importare", "the list to be imported is missing"};
+constexpr TwoTexts kTooMany{"%1 è di troppo", "%1 is one too many"};
 constexpr TwoTexts kBadLanguage{"--language vuole it o en", "--language wants it or en"};
+
+struct Name {
+    std::string_view name;
+    Command command;
+};
 
 // Takes the command line word by word.
 class Reader {
@@ -62,6 +72,10 @@ private:
             if (language && *language != "it" && *language != "en") {
                 complaint_ = speaker_.Say(kBadLanguage);
             }
+        } else if (word == kFolder || word.starts_with("--folder=")) {
+            arguments_.folder = ValueOf(word, kFolder).value_or(std::string());
+        } else if (word == kInstrument || word.starts_with("--instrument=")) {
+            arguments_.instrument = ValueOf(word, kInstrument).value_or(std::string());
         } else {
             complaint_ = speaker_.Say(kUnknownOption, {Printable(word)});
         }
@@ -80,29 +94,55 @@ private:
         return words_[at_++];
     }
 
+    // A command's name, which the operands lose.
+    std::optional<Command> TakeCommand(std::span<const Name> names)
+    {
+        if (operands_.empty()) {
+            return std::nullopt;
+        }
+        const auto found = std::ranges::find(names, operands_.front(), &Name::name);
+        if (found == names.end()) {
+            complaint_ = speaker_.Say(kUnknownCommand, {Printable(operands_.front())});
+            return std::nullopt;
+        }
+        operands_.erase(operands_.begin());
+        return found->command;
+    }
+
     void Finish()
     {
-        struct Name {
-            std::string_view name;
-            Command command;
-        };
         constexpr std::array<Name, 3> kNames{{{"list", Command::List}, {"find", Command::Find}, {"check", Command::Check}}};
-        if (operands_.empty()) {
-            complaint_ = speaker_.Say(kNoCommand);
+        constexpr std::array<Name, 3> kTablesNames{{{"import", Command::Import}, {"export", Command::Export}, {"make", Command::Make}}};
+        const bool ofTables = !operands_.empty() && operands_.front() == "tables";
+        if (ofTables) {
+            operands_.erase(operands_.begin());
+        }
+        const std::optional<Command> command = ofTables ? TakeCommand(kTablesNames) : TakeCommand(kNames);
+        if (!command) {
+            complaint_ = complaint_.empty() ? speaker_.Say(ofTables ? kNoTablesCommand : kNoCommand) : complaint_;
             return;
         }
-        const auto *const found = std::ranges::find(kNames, operands_.front(), &Name::name);
-        if (found == kNames.end()) {
-            complaint_ = speaker_.Say(kUnknownCommand, {Printable(operands_.front())});
+        arguments_.command = *command;
+        arguments_.paths = operands_;
+        if (ofTables) {
+            ExpectOnePath();
             return;
         }
-        arguments_.command = found->command;
-        arguments_.paths.assign(operands_.begin() + 1, operands_.end());
         if (arguments_.command == Command::Find) {
             TakeWords();
         }
         if (complaint_.empty() && arguments_.paths.empty()) {
             complaint_ = speaker_.Say(kNoPath);
+        }
+    }
+
+    // import needs one, the others do without.
+    void ExpectOnePath()
+    {
+        if (arguments_.paths.empty() && arguments_.command == Command::Import) {
+            complaint_ = speaker_.Say(kNoList);
+        } else if (arguments_.paths.size() > 1) {
+            complaint_ = speaker_.Say(kTooMany, {Printable(arguments_.paths[1])});
         }
     }
 

@@ -21,14 +21,16 @@ inline constexpr int Usage = 2;
 inline constexpr int Unreadable = 3; // a file could not be read, or the answer not be written
 } // namespace ExitCode
 
-enum class Command : std::uint8_t { Help, Version, List, Find, Check };
+enum class Command : std::uint8_t { Help, Version, List, Find, Check, Import, Export, Make };
 
 struct Arguments {
     Command command = Command::Help;
     Format format = Format::Plain;
     bool all = false;               // list: places without an item too
     std::string words = {};         // find
-    std::vector<std::string> paths; // as they were given
+    std::string folder = {};        // tables: where the user's are
+    std::string instrument = {};    // tables import: which of a list's
+    std::vector<std::string> paths; // as they were given; of tables the list, or the folder for plain texts
 };
 
 // The language that the command line asks for, if it does.

@@ -17,6 +17,7 @@ constexpr TwoTexts kTooLong{"il nome è troppo lungo", "the name is too long"};
 constexpr TwoTexts kNoPermission{"non si può leggere: manca il permesso", "cannot be read: no permission"};
 constexpr TwoTexts kUnreadable{"non si può leggere", "cannot be read"};
 constexpr TwoTexts kNoMemory{"non c'è memoria per leggerlo", "there is no memory to read it"};
+constexpr TwoTexts kTooMuch{"è troppo grande", "is too large"};
 constexpr TwoTexts kNoList{"la cartella non si può elencare: %1", "the folder cannot be listed: %1"};
 constexpr TwoTexts kDamaged{"è rovinato; check dice dove", "is damaged; check tells where"};
 constexpr TwoTexts kNoKind{"non finisce in .pcg, .sty o .prf", "does not end in .pcg, .sty or .prf"};
@@ -96,6 +97,21 @@ bool EachFile(const Desk &desk, std::span<const std::string> named, const std::f
         }
     }
     return allRead;
+}
+
+std::optional<std::string> ReadText(const Desk &desk, const std::string &path)
+{
+    SharedBytes bytes;
+    std::uint64_t length = 0;
+    if (const RuntimeError error = Read(desk, path, bytes, length); error.Failed()) {
+        desk.Complain(path, desk.speaker.Say(WhyUnreadable(path, error)));
+        return std::nullopt;
+    }
+    if (length > kLongestFile) {
+        desk.Complain(path, desk.speaker.Say(kTooMuch));
+        return std::nullopt;
+    }
+    return std::string(bytes.View().begin(), bytes.View().end());
 }
 
 int EachInstrumentFile(const Desk &desk, std::span<const std::string> named, const std::function<void(const VisitedFile &)> &see)

@@ -1,6 +1,8 @@
-// velluto-tool: lists, searches and checks files of the instrument on a console. All rules are in the library beside.
+// velluto-tool: lists, searches and checks files of the instrument on a console, and fills the factory tables. All rules are in the library
+// beside.
 #include "platform/posix/PosixFiles.h"
 #include "tool/Commands.h"
+#include "tool/TablesCommands.h"
 
 #include <array>
 #include <csignal>
@@ -30,13 +32,19 @@ void KeepStreamsApart()
     }
 }
 
+// Empty where it is not set.
+std::string_view Variable(const char *name)
+{
+    const char *value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing writes the environment
+    return value != nullptr ? value : "";
+}
+
 // The first of the three that says something.
 std::string_view Locale()
 {
     for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const char *value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing writes the environment
-        if (value != nullptr && *value != '\0') {
-            return value;
+        if (!Variable(name).empty()) {
+            return Variable(name);
         }
     }
     return {};
@@ -45,10 +53,13 @@ std::string_view Locale()
 int Run(const Desk &desk, const std::vector<std::string> &words)
 {
     std::string complaint;
-    const std::optional<Arguments> arguments = ParseArguments(words, desk.speaker.linguaBase, complaint);
+    std::optional<Arguments> arguments = ParseArguments(words, desk.speaker.linguaBase, complaint);
     if (!arguments) {
         desk.errors << desk.speaker.Say(kSeeHelp, {complaint});
         return ExitCode::Usage;
+    }
+    if (arguments->folder.empty()) {
+        arguments->folder = UserFolder(Variable("XDG_DATA_HOME"), Variable("HOME"));
     }
     switch (arguments->command) {
     case Command::Help:
@@ -63,6 +74,12 @@ int Run(const Desk &desk, const std::vector<std::string> &words)
         return FindItems(desk, *arguments);
     case Command::Check:
         return CheckFiles(desk, *arguments);
+    case Command::Import:
+        return ImportTables(desk, *arguments);
+    case Command::Export:
+        return ExportTables(desk, *arguments);
+    case Command::Make:
+        return MakeTables(desk, *arguments);
     }
     return ExitCode::Usage;
 }

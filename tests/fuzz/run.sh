@@ -39,7 +39,7 @@ for target in "${targets[@]}"; do
     [ ! -f "$seeds/$name.tar.gz" ] || tar -xzf "$seeds/$name.tar.gz" -C "$finds/$name"
     corpus=("$finds/$name")
     case $name in
-    fuzz_bank_file | fuzz_program_file) corpus+=(data/samples) ;;
+    fuzz_bank_file | fuzz_program_file | fuzz_tool_files) corpus+=(data/samples) ;;
     esac
     "$target" "${options[@]}" -max_total_time="$seconds" -timeout=20 -len_control=0 -max_len="$longest_input" \
         -artifact_prefix="build/fuzz/$name-" "${corpus[@]}"

@@ -54,6 +54,21 @@ TEST(ToolArguments, HelpAndVersionComeBeforeAllElse)
     EXPECT_EQ(Parsed({"list", "--version"}).command, Command::Version);
 }
 
+TEST(ToolArguments, TablesHasThreeCommands)
+{
+    const Arguments import = Parsed({"tables", "import", "a.ins", "--folder", "f", "--instrument=PA80"});
+    EXPECT_EQ(import.command, Command::Import);
+    EXPECT_EQ(import.paths, Line{"a.ins"});
+    EXPECT_EQ(import.folder, "f");
+    EXPECT_EQ(import.instrument, "PA80");
+    EXPECT_EQ(Parsed({"tables", "export"}).command, Command::Export);
+    EXPECT_EQ(Parsed({"tables", "make", "x"}).command, Command::Make);
+    EXPECT_EQ(Complaint({"tables"}), "import, export or make belongs behind tables");
+    EXPECT_EQ(Complaint({"tables", "list"}), "unknown command: list");
+    EXPECT_EQ(Complaint({"tables", "import"}), "the list to be imported is missing");
+    EXPECT_EQ(Complaint({"tables", "export", "a", "b"}), "b is one too many");
+}
+
 TEST(ToolArguments, WhatIsNoCommandIsTold)
 {
     EXPECT_EQ(Complaint({}), "a command is missing");
@@ -77,7 +92,8 @@ TEST(ToolArguments, TheHelpNamesEveryCommandInBothLanguages)
 {
     for (const int language : {kItalianBase, kEnglishBase}) {
         const std::string help(HelpText(language));
-        for (const char *word : {"list ", "find ", "check ", "--csv", "--json", "--all", "--language", "--help", "--version"}) {
+        for (const char *word : {"list ", "find ", "check ", "tables import", "tables export", "tables make", "--folder", "--instrument",
+                                 "--csv", "--json", "--all", "--language", "--help", "--version"}) {
             EXPECT_NE(help.find(word), std::string::npos) << word;
         }
     }

@@ -13,7 +13,6 @@ namespace {
 
 using test::Bytes;
 using test::InstrumentFile;
-using test::Item;
 
 std::vector<std::string> Texts(const std::vector<ItemRow> &rows, std::string_view kind)
 {

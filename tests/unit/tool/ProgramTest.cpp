@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -52,6 +53,23 @@ TEST(ToolProgram, ItEndsWithTwoWhereTheCommandIsWrongAndWithThreeWhereAFileIs)
     EXPECT_EQ(Shell("list --nonsense x 2>/dev/null").code, 2);
     EXPECT_EQ(Shell("check /no/such/file.pcg 2>&1").said.substr(0, 52), "velluto-tool: /no/such/file.pcg: does not exist\nfile");
     EXPECT_EQ(Shell("check /no/such/file.pcg 2>/dev/null").code, 3);
+}
+
+TEST(ToolProgram, ADiskThatIsFullLeavesTheTable)
+{
+    const test::TempFolder folder;
+    for (const char *name : {"Velluto-pcg.txt", "Velluto-sty.txt"}) {
+        test::WriteBytes(folder.At(name), test::ReadBytes(std::string(VELLUTO_DATA "/") + name));
+    }
+    const std::string list = "121,0,0,Mine\n";
+    test::WriteBytes(folder.At("a.csv"), test::Bytes(list.begin(), list.end()));
+    const std::string import = "tables import '" + folder.At("a.csv") + "' --folder '" + folder.Path() + "' 2>/dev/null";
+    EXPECT_EQ(Shell(import, "ulimit -f 8; env ").code, 3); // 8 blocks are less than the table
+    EXPECT_EQ(test::ReadBytes(folder.At("Velluto-pcg.txt")), test::ReadBytes(VELLUTO_DATA "/Velluto-pcg.txt"));
+    const auto files = std::distance(std::filesystem::directory_iterator(folder.Path()), std::filesystem::directory_iterator());
+    EXPECT_EQ(files, 3) << "nothing is left beside";
+    EXPECT_EQ(Shell(import).code, 0);
+    EXPECT_NE(test::ReadBytes(folder.At("Velluto-pcg.txt")), test::ReadBytes(VELLUTO_DATA "/Velluto-pcg.txt"));
 }
 
 TEST(ToolProgram, AnAnswerThatCannotBeWrittenIsAFailure)

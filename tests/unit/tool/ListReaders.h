@@ -1,0 +1,36 @@
+// What the readers of lists say, for the tests of both.
+#pragma once
+
+#include "tool/SoundList.h"
+#include "tool/SourceFault.h"
+
+#include <string>
+#include <vector>
+
+namespace velluto::tool {
+
+// "121/0/5 Name", with a mark behind it for a kit, a Style, or any bank.
+inline std::vector<std::string> Told(const std::vector<ListedSound> &sounds)
+{
+    std::vector<std::string> told;
+    for (const ListedSound &sound : sounds) {
+        const SoundAddress &at = sound.address;
+        told.push_back(std::to_string(at.msb) + "/" + std::to_string(at.lsb) + "/" + std::to_string(at.program) + " " + sound.name +
+                       (sound.isKit ? " kit" : "") + (sound.isStyle ? " style" : "") + (sound.anyBank ? " any" : ""));
+    }
+    return told;
+}
+
+// "LINE: WORDS", or "none".
+template <class Read>
+std::string Complaint(Read read)
+{
+    try {
+        (void)read();
+    } catch (const SourceFault &fault) {
+        return std::to_string(fault.Line()) + ": " + fault.what();
+    }
+    return "none";
+}
+
+} // namespace velluto::tool
