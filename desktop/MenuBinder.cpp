@@ -1,5 +1,6 @@
 #include "desktop/MenuBinder.h"
 
+#include "app/ViewKind.h"
 #include "desktop/QtText.h"
 
 #include <QCursor>
@@ -35,6 +36,10 @@ MenuBinder::MenuBinder(frmMain &frame, ChildWindows &children, EventGate &gate, 
             Build(*entry, nullptr);
         }
     }
+    // Keys that people try, beside those that the menus show.
+    Bind(frame.mnuTaglia, QKeySequence(static_cast<int>(Qt::CTRL) | Qt::Key_X));
+    Bind(frame.mnuExit, QKeySequence(static_cast<int>(Qt::CTRL) | Qt::Key_Q));
+    BindGuide(frame.mnuGuida);
 }
 
 MenuBinder::~MenuBinder()
@@ -95,12 +100,32 @@ void MenuBinder::BuildCommand(MenuEntry &entry, QAction *action)
 
 void MenuBinder::BindShortcut(MenuEntry &entry)
 {
-    if (entry.shortcut.ctrlKey == 0) {
-        return;
+    if (entry.shortcut.ctrlKey != 0) {
+        Bind(entry, QKeySequence(static_cast<int>(Qt::CTRL) | entry.shortcut.ctrlKey));
     }
-    auto *keys = new QShortcut(QKeySequence(static_cast<int>(Qt::CTRL) | entry.shortcut.ctrlKey), &window_);
+}
+
+void MenuBinder::Bind(MenuEntry &entry, const QKeySequence &sequence)
+{
+    auto *keys = new QShortcut(sequence, &window_);
     keys->setAutoRepeat(false);
     QObject::connect(keys, &QShortcut::activated, &receiver_, [this, &entry] { Choose(entry); });
+}
+
+// F1 opens the guide, or brings it to the front: its entry is off while it is open.
+void MenuBinder::BindGuide(MenuEntry &entry)
+{
+    auto *keys = new QShortcut(QKeySequence(Qt::Key_F1), &window_);
+    keys->setAutoRepeat(false);
+    QObject::connect(keys, &QShortcut::activated, &receiver_, [this, &entry] {
+        const EventGate::Pass pass(gate_);
+        const auto open = std::ranges::find_if(children_.All(), [](const Form *form) { return form->Tag.Kind() == ViewKind::Guide; });
+        if (open != children_.All().end()) {
+            children_.Show(**open);
+        } else {
+            ChooseMenu(entry);
+        }
+    });
 }
 
 void MenuBinder::Choose(MenuEntry &entry)

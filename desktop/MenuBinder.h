@@ -31,6 +31,8 @@ private:
     void BuildMenu(MenuEntry &entry, QMenu *menu);
     void BuildCommand(MenuEntry &entry, QAction *action);
     void BindShortcut(MenuEntry &entry);
+    void Bind(MenuEntry &entry, const QKeySequence &sequence);
+    void BindGuide(MenuEntry &entry);
     void Follow(const MenuEntry &entry, QAction &action);
     void Choose(MenuEntry &entry);
     void ListWindows(QMenu &menu);

@@ -155,6 +155,32 @@ TEST_F(MenuTest, ADisabledMenuDoesNotDropByItsShortcut)
     EXPECT_THAT(heard, IsEmpty());
 }
 
+TEST_F(MenuTest, KeysThatPeopleTryWorkBesideThoseShown)
+{
+    int cuts = 0;
+    int exits = 0;
+    app.frame.mnuModifica.enabled = true;
+    app.frame.mnuModifica.Drop = [this] { app.frame.mnuTaglia.enabled = true; };
+    app.frame.mnuTaglia.Click = [&cuts] { ++cuts; };
+    app.frame.mnuExit.Click = [&exits] { ++exits; };
+    QTest::keyClick(&Frame(), Qt::Key_X, Qt::ControlModifier);
+    QTest::keyClick(&Frame(), Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&Frame(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(cuts, 2);
+    EXPECT_EQ(exits, 1);
+}
+
+TEST_F(MenuTest, F1OpensTheGuideAndBringsAnOpenOneToTheFront)
+{
+    WriteBytes(folder->At("Velluto-UserGuide.txt"), {'a', '\r', '\n'});
+    QTest::keyClick(&Frame(), Qt::Key_F1);
+    ASSERT_NE(app.children.Active(), nullptr);
+    EXPECT_EQ(app.children.Active()->name(), "frmGuida");
+    ChooseMenu(app.frame.mnuMsgEx);
+    QTest::keyClick(&Frame(), Qt::Key_F1);
+    EXPECT_EQ(app.children.Active()->name(), "frmGuida");
+}
+
 } // namespace
 
 } // namespace velluto::test
