@@ -61,6 +61,7 @@ void Piano::Add(PianoKey &key)
 void Piano::Remove(const PianoKey &key)
 {
     std::erase(keys_, &key);
+    letters_.Forget();
     pressed_ = -1;
     button_ = Qt::NoButton;
     cursor_ = 0;
@@ -127,6 +128,7 @@ void Piano::LosePointer()
         return;
     }
     EndPress();
+    letters_.LetAllGo();
     Leave();
 }
 
@@ -223,6 +225,29 @@ bool Piano::event(QEvent *event)
 
 // ---- the computer's keys
 
+// As a pointer that comes to the key and presses it: what that means is the mode's affair.
+void Piano::PressLetter(int number)
+{
+    if (number >= KeyCount() || number == pressed_) {
+        return;
+    }
+    PassOver(number, RectOf(number).topLeft());
+    Tell([this, number] { Raise(KeyOf(number).MouseDown, MouseButton::Left); });
+}
+
+void Piano::ReleaseLetter(int number, int held)
+{
+    if (number >= KeyCount() || number == pressed_) {
+        return;
+    }
+    Tell([this, number] { Raise(KeyOf(number).MouseUp, MouseButton::Left); });
+    if (held >= 0 && held < KeyCount()) {
+        PassOver(held, RectOf(held).topLeft());
+    } else {
+        PassOver(-1, {});
+    }
+}
+
 void Piano::MoveCursor(int number)
 {
     cursor_ = std::clamp(number, 0, std::max(KeyCount() - 1, 0));
@@ -237,6 +262,9 @@ void Piano::MoveCursor(int number)
 
 void Piano::keyPressEvent(QKeyEvent *event)
 {
+    if (letters_.Press(*event)) {
+        return;
+    }
     if (IsPressingKey(event->key())) {
         if (release_.isActive()) {
             if (event->timestamp() == releasedAt_) {
@@ -271,6 +299,9 @@ void Piano::keyPressEvent(QKeyEvent *event)
 
 void Piano::keyReleaseEvent(QKeyEvent *event)
 {
+    if (letters_.Release(*event)) {
+        return;
+    }
     if (!IsPressingKey(event->key())) {
         QWidget::keyReleaseEvent(event);
     } else if (!event->isAutoRepeat() && button_ == Qt::NoButton && pressed_ >= 0) {
@@ -297,6 +328,7 @@ void Piano::focusInEvent(QFocusEvent *event)
 
 void Piano::focusOutEvent(QFocusEvent * /*event*/)
 {
+    letters_.LetAllGo();
     if (button_ == Qt::NoButton) {
         EndPress();
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "desktop/EventGate.h"
+#include "desktop/LetterKeys.h"
 #include "desktop/PianoKeys.h"
 
 #include <QBasicTimer>
@@ -43,6 +44,9 @@ private:
     Piano(EventGate &gate, QWidget *parent);
     void Press(int number, int button);
     void EndPress();
+    void PressLetter(int number);
+    // held: the key that a letter still holds, -1 for none.
+    void ReleaseLetter(int number, int held);
     void PassTo(const QPointF &point);
     void PassOver(int number, const QPointF &point);
     void Leave();
@@ -59,8 +63,9 @@ private:
     quint64 releasedAt_ = 0;        // the display's milliseconds
     Qt::MouseButton button_ = Qt::NoButton;
     bool overByKeys_ = false; // the arrow keys have led to a key, as the pointer does
-    int telling_ = 0;         // handlers of keys that are running
-    bool lost_ = false;       // the pointer was lost meanwhile
+    LetterKeys letters_{{[this](int number) { PressLetter(number); }, [this](int number, int held) { ReleaseLetter(number, held); }}};
+    int telling_ = 0;   // handlers of keys that are running
+    bool lost_ = false; // the pointer was lost meanwhile
 };
 
 } // namespace velluto
