@@ -2,6 +2,7 @@
 
 #include "app/Catalogue.h"
 #include "app/Language.h"
+#include "desktop/DropTarget.h"
 #include "desktop/Fonts.h"
 #include "desktop/QtText.h"
 #include "desktop/Twips.h"
@@ -162,6 +163,7 @@ void QtFace::FrameShown(Form & /*frame*/)
     TakeLanguage();
     if (program_ && !window_) {
         window_ = std::make_unique<MainWindow>(program_->frame, program_->children, gate_, program_->closeFrame);
+        new DropTarget(*window_, gate_, program_->openFile); // the window owns it
         const EventGate::Pass pass(gate_);
         window_->ShowFrame();
     }

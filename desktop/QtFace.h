@@ -17,8 +17,9 @@ namespace velluto {
 struct DrawnProgram {
     frmMain &frame;
     ChildWindows &children;
-    const int &linguaBase;            // of the run
-    std::function<bool()> closeFrame; // the user closes the frame; false where a child refused
+    const int &linguaBase;                                 // of the run
+    std::function<bool()> closeFrame;                      // the user closes the frame; false where a child refused
+    std::function<void(const std::string &path)> openFile; // the user drops a file on the frame
 };
 
 class QtFace : public Face {

@@ -1,5 +1,6 @@
 #include "desktop/TextBinder.h"
 
+#include "desktop/DropTarget.h"
 #include "desktop/Fonts.h"
 #include "desktop/Keys.h"
 #include "desktop/QtText.h"
@@ -143,6 +144,10 @@ bool TextBinder::LookAtKeys(QEvent &event)
 
 bool TextBinder::LookAtMouse(QEvent &event)
 {
+    if (BringsFiles(event)) { // for the frame, which opens them
+        event.ignore();
+        return true;
+    }
     // The handler may close the window and this binder with it: nothing of it is touched after a call.
     EventGate &through = gate();
     if (event.type() == QEvent::MouseButtonPress && box_.MouseDown) {

@@ -5,10 +5,10 @@
 #include "desktop/QtFace.h"
 #include "desktop/QtPrinter.h"
 #include "desktop/QtTicks.h"
-#include "files/Opening.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/rtmidi/MachineMusic.h"
+#include "program/NamedFiles.h"
 #include "program/Velluto.h"
 
 #include <QApplication>
@@ -23,7 +23,7 @@ void OpenFilesNamedAtStart(Velluto &program)
 {
     const QStringList arguments = QApplication::arguments();
     for (const QString &path : arguments.mid(1)) {
-        OpenNamedFile(program.files, QFileInfo(path).absoluteFilePath().toStdString());
+        OpenFileByName(program, QFileInfo(path).absoluteFilePath().toStdString());
     }
 }
 
@@ -38,7 +38,8 @@ int Run()
     PosixFolders folders;
     QtTicks ticks(face.Gate());
     Velluto program({files, *music.midi, clock, printer, *music.sequencer, folders, ticks}, face);
-    face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [&program] { return CloseFrame(program); }});
+    face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [&program] { return CloseFrame(program); },
+                 [&program](const std::string &path) { OpenFileByName(program, path); }});
     clock.Follow(program.app.messages.LinguaBase);
     printer.Follow(program.app);
     const EndSignals endSignals;

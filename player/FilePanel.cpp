@@ -2,6 +2,7 @@
 
 #include "app/Catalogue.h"
 #include "player/Compilations.h"
+#include "player/FileSelection.h"
 #include "player/ListRows.h"
 #include "player/PlayerDisplay.h"
 #include "player/PlayerErrors.h"
@@ -151,6 +152,21 @@ RuntimeError OpenFolder(frmMIDIPlayer &form, const std::string &path)
     ShowPlace(form, folder);
     ShowFiles(form, files);
     return {};
+}
+
+void ShowMidiFile(frmMIDIPlayer &form, const std::string &path)
+{
+    form.TimerListMidiCorr.enabled = false;                     // the file of the last run gives way
+    const std::string folder = FolderOf(path) + kPathSeparator; // of a file in the root folder as well
+    const RuntimeError error = OpenFolder(form, folder);
+    if (error.Failed()) {
+        HandlePlayerError(form, error, PreparedText(form, folder, TextId::OpeningStep));
+        return;
+    }
+    if (!form.app.settings.PlayerPanelOpen) {
+        OpenPanel(form);
+    }
+    OpenFileOfFolder(form, NamePart(path));
 }
 
 void FillFilePanel(frmMIDIPlayer &form)

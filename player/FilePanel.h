@@ -9,6 +9,9 @@ namespace velluto {
 void FillFilePanel(frmMIDIPlayer &form);
 // Opens a folder: its rows, its files. A folder that cannot be read leaves all as it was.
 RuntimeError OpenFolder(frmMIDIPlayer &form, const std::string &path);
+// Shows the folder of a MIDI file in the panel, which opens where it is closed, and opens the file. A folder that cannot be
+// read is told where it is not there, and leaves all as it was.
+void ShowMidiFile(frmMIDIPlayer &form, const std::string &path);
 void DriveMidiSel_Change(frmMIDIPlayer &form);
 // A double click on a row of the folder list.
 void DirMidiSel_DblClick(frmMIDIPlayer &form);

@@ -9,6 +9,8 @@
 #include "player/Transport.h"
 #include "view/Raised.h"
 
+#include <algorithm>
+
 namespace velluto {
 
 namespace {
@@ -69,6 +71,33 @@ void PlayChosen(frmMIDIPlayer &form, const std::string &path)
     ContaSecStart(form);
 }
 
+// A file of the folder is chosen now, and none of a compilation.
+void LeaveCompilation(frmMIDIPlayer &form)
+{
+    const Raised guard(form.state.SelectionGuard);
+    form.ListMidiCorr.ClearSelection();
+    form.app.settings.PlayerFile.clear();
+    form.app.settings.PlayerName.clear();
+}
+
+// Opens the file of the folder that is shown; row is -1 where the list leaves it out.
+void OpenOfFolder(frmMIDIPlayer &form, const std::string &name, int row)
+{
+    PlayerVariables &state = form.state;
+    LeaveCompilation(form);
+    state.PlayingFileRow = row;
+    state.NextFilePath = name;
+    state.PlayDir = form.app.settings.PlayerDir;
+    form.MMControl1.FileName = JoinPath(state.PlayDir, name);
+    if (!OpenChosen(form)) {
+        UpdateTransportButtons(form);
+        return;
+    }
+    state.CurrentFileRow = row;
+    state.PlayFromCompilation = false;
+    ShowChosen(form);
+}
+
 } // namespace
 
 void ListMidiSel_Click(frmMIDIPlayer &form)
@@ -87,24 +116,29 @@ void ListMidiSel_Click(frmMIDIPlayer &form)
         return;
     }
     const int row = form.ListMidiSel.ListIndex(); // the row of the click, also where it was just unselected and others still are
-    Settings &settings = form.app.settings;
-    {
-        const Raised guard(state.SelectionGuard);
-        form.ListMidiCorr.ClearSelection();
-        settings.PlayerFile.clear();
-        settings.PlayerName.clear();
-    }
-    state.PlayingFileRow = row;
-    state.NextFilePath = form.FileMidiSel.Row(row);
-    state.PlayDir = settings.PlayerDir;
-    device.FileName = JoinPath(settings.PlayerDir, state.NextFilePath);
-    if (!OpenChosen(form)) {
-        UpdateTransportButtons(form);
+    OpenOfFolder(form, form.FileMidiSel.Row(row), row);
+}
+
+void OpenFileOfFolder(frmMIDIPlayer &form, const std::string &name)
+{
+    form.state.PlayAllArmed = false;
+    form.state.SelectionGuard = false;
+    EndPlay(form);
+    const std::vector<std::string> &names = form.FileMidiSel.Rows();
+    const auto found = std::ranges::find(names, name);
+    form.ListMidiSel.ClearSelection();
+    if (found != names.end()) {
+        const int row = static_cast<int>(found - names.begin());
+        form.ListMidiSel.SetListIndex(row);
+        form.ListMidiSel.Select(row, true);
+        ListMidiSel_Click(form);
         return;
     }
-    state.CurrentFileRow = row;
-    state.PlayFromCompilation = false;
-    ShowChosen(form);
+    if (form.MMControl1.Mode() == SequencerMode::kStopped) {
+        form.MMControl1.Command("close");
+    }
+    UpdateAddButtons(form);
+    OpenOfFolder(form, name, -1);
 }
 
 void ListMidiCorr_Click(frmMIDIPlayer &form)

@@ -11,6 +11,9 @@ void ListMidiCorr_Click(frmMIDIPlayer &form);
 // A double click plays, whatever the state.
 void ListMidiSel_DblClick(frmMIDIPlayer &form);
 void ListMidiCorr_DblClick(frmMIDIPlayer &form);
+// Opens the file of this name in the folder that is shown, as a click on its row does; a name that the list leaves out is
+// opened without a row.
+void OpenFileOfFolder(frmMIDIPlayer &form, const std::string &name);
 // Once after the load: selects the file of the last run.
 void TimerListMidiCorr_Timer(frmMIDIPlayer &form);
 

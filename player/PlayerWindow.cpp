@@ -160,4 +160,10 @@ void mnuMidiPlayer_Click(PlayerState &player)
     ShowChild<PlayerWindow>(player.window, player);
 }
 
+void OpenMidiFile(PlayerState &player, const std::string &path)
+{
+    mnuMidiPlayer_Click(player);
+    ShowMidiFile(*player.window, path);
+}
+
 } // namespace velluto

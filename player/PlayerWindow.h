@@ -5,6 +5,7 @@
 #include "player/frmMIDIPlayer.h"
 
 #include <memory>
+#include <string>
 
 namespace velluto {
 
@@ -16,5 +17,7 @@ struct PlayerState : PlayerVariables {
 };
 
 void mnuMidiPlayer_Click(PlayerState &player);
+// Brings the player to the front and opens a MIDI file in it, from its folder.
+void OpenMidiFile(PlayerState &player, const std::string &path);
 
 } // namespace velluto

@@ -8,6 +8,7 @@
 #include "desktop/QtText.h"
 #include "desktop/QtTicks.h"
 #include "desktop/Twips.h"
+#include "program/NamedFiles.h"
 #include "unit/support/TestProgram.h"
 
 #include <QAbstractButton>
@@ -109,7 +110,8 @@ protected:
     }
     void Attach()
     {
-        face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [this] { return CloseFrame(program); }});
+        face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [this] { return CloseFrame(program); },
+                     [this](const std::string &path) { OpenFileByName(program, path); }});
     }
     void TearDown() override
     {
