@@ -20,11 +20,10 @@ struct Refusal {
         TooLarge, // more than N MB
         NoMidiFile,
         HeaderShort,
-        FormatTwo,
         UnknownFormat, // N
         CountOfTracks, // format N with M tracks
         NoTicks,
-        NoFrameLength,
+        NoFrameLength, // or an unusual one
         TooManyTracks, // more than N
         TrackShort,    // the chunk of track N, from 1, is longer than the file
         TrackMissing,  // track N, from 1, of M
@@ -34,7 +33,7 @@ struct Refusal {
         NumberTooLong, // a variable-length number of more than four bytes
         NoStatus,      // a data byte where no event came before whose status it could share
         UnknownStatus, // a status byte that belongs on a cable and not in a file
-        HighData,      // a data byte above 127
+        HighData,      // a meta event of a type above 127
         BadTempo,      // a tempo that is not three bytes long, or 0
         BadEnd,        // an end of track that is not empty
         EndMissing,    // the bytes are used up, and no end of track has come

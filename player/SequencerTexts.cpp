@@ -29,7 +29,6 @@ constexpr std::array kSentences = std::to_array<SentenceOf>({
     {Why::NoMidiFile, {"Questo non è un file MIDI.", "This is not a MIDI file."}},
     {Why::HeaderShort,
      {"Il file MIDI è danneggiato: la sua intestazione è incompleta.", "The MIDI file is damaged: its header is cut short."}},
-    {Why::FormatTwo, {"I file MIDI di formato 2 non si possono suonare.", "MIDI files of format 2 cannot be played."}},
     {Why::UnknownFormat, {"Il file MIDI è di un formato sconosciuto (%1).", "The MIDI file is of an unknown format (%1)."}},
     {Why::CountOfTracks,
      {"Il file MIDI è danneggiato: un file di formato %1 con %2 tracce.", "The MIDI file is damaged: a file of format %1 with %2 tracks."}},

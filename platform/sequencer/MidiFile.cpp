@@ -1,183 +1,243 @@
 #include "platform/sequencer/MidiFile.h"
 
 #include "platform/Sequencer.h"
+#include "platform/sequencer/MidiChunks.h"
 #include "platform/sequencer/TrackReader.h"
 
 #include <algorithm>
 #include <optional>
-#include <string_view>
 
 namespace velluto {
 
 namespace {
 
-using Bytes = std::span<const std::uint8_t>;
 using Why = Refusal::Why;
 
-constexpr std::size_t kChunkHead = 8; // four letters and a length of four bytes
-constexpr std::size_t kHeaderLength = 6;
-
-std::uint32_t BigEndian(Bytes bytes)
-{
-    std::uint32_t value = 0;
-    for (const std::uint8_t byte : bytes) {
-        value = value << 8 | byte;
-    }
-    return value;
-}
-
-struct Chunk {
-    bool isHeader = false;
-    bool isTrack = false;
-    Bytes content;
-};
-
-// Takes the next chunk off the front of the bytes; nothing where they do not hold a whole one.
-std::optional<Chunk> TakeChunk(Bytes &bytes)
-{
-    if (bytes.size() < kChunkHead) {
-        return {};
-    }
-    const auto is = [&](std::string_view name) { return std::equal(name.begin(), name.end(), bytes.begin()); };
-    const std::size_t length = BigEndian(bytes.subspan(4, 4));
-    if (bytes.size() - kChunkHead < length) {
-        return {};
-    }
-    const Chunk chunk{is("MThd"), is("MTrk"), bytes.subspan(kChunkHead, length)};
-    bytes = bytes.subspan(kChunkHead + length);
-    return chunk;
-}
+constexpr std::uint32_t kTicksUntold = 96; // to a beat, where a file does not say
 
 struct Header {
-    std::uint32_t format = 0;
-    std::size_t tracks = 0;
-    TimeDivision division;
+    std::uint32_t format = 1;
+    std::size_t tracks = 0; // as declared
+    TimeDivision division = {.inFrames = false, .ticksPerBeat = kTicksUntold, .ticksPerSecond = {}};
 };
 
-// Frames a second as the file writes them, as a negative number. Nothing for a number that stands for none.
-std::optional<Ratio> FramesPerSecond(int written)
+// Frames a second as the file writes them, as a negative number.
+Ratio FramesPerSecond(int written)
 {
-    switch (written) {
-    case -24:
-    case -25:
-    case -30:
-        return Ratio{-written, 1};
-    case -29:
-        return Ratio{30000, 1001};
-    default:
-        return {};
-    }
+    constexpr int kDropped = -29;
+    return written == kDropped ? Ratio{30000, 1001} : Ratio{-written, 1};
 }
 
+bool IsUsual(Ratio frames)
+{
+    return frames.below != 1 || frames.above == 24 || frames.above == 25 || frames.above == 30;
+}
+
+// What is wrong with the division is told; one that counts nothing is left as it is.
 Refusal ReadDivision(std::uint32_t word, TimeDivision &division)
 {
-    division.inFrames = (word & 0x8000U) != 0;
-    if (!division.inFrames) {
-        division.ticksPerBeat = word;
-        return {word != 0 ? Why::None : Why::NoTicks};
+    if (word == 0) {
+        return {Why::NoTicks};
     }
-    const std::optional<Ratio> frames = FramesPerSecond(static_cast<int>(word >> 8) - 0x100);
+    if ((word & 0x8000U) == 0) {
+        division.ticksPerBeat = word;
+        return {};
+    }
+    const Ratio frames = FramesPerSecond(static_cast<int>(word >> 8) - 0x100);
     const std::int64_t ticksPerFrame = word & 0xFFU;
-    if (!frames || ticksPerFrame == 0) {
+    if (ticksPerFrame == 0) {
         return {Why::NoFrameLength};
     }
-    division.ticksPerSecond = {frames->above * ticksPerFrame, frames->below};
-    return {};
+    division.inFrames = true;
+    division.ticksPerSecond = {frames.above * ticksPerFrame, frames.below};
+    return {IsUsual(frames) ? Why::None : Why::NoFrameLength};
 }
 
-// Takes the header off the front of the bytes. Returns the refusal.
-Refusal ReadHeader(Bytes &bytes, Header &header)
-{
-    if (bytes.size() < 4 || !std::ranges::equal(bytes.first(4), std::string_view("MThd"))) {
-        return {Why::NoMidiFile};
-    }
-    const std::optional<Chunk> chunk = TakeChunk(bytes);
-    if (!chunk || chunk->content.size() < kHeaderLength) {
-        return {Why::HeaderShort};
-    }
-    const Bytes content = chunk->content;
-    header.format = BigEndian(content.subspan(0, 2));
-    header.tracks = BigEndian(content.subspan(2, 2));
-    if (header.format == 2) {
-        return {Why::FormatTwo};
-    }
-    if (header.format > 2) {
-        return {Why::UnknownFormat, header.format};
-    }
-    if (header.tracks == 0 || (header.format == 0 && header.tracks != 1)) {
-        return {Why::CountOfTracks, header.format, header.tracks};
-    }
-    return ReadDivision(BigEndian(content.subspan(4, 2)), header.division);
-}
+// Reads the chunks of a file one after the other, and puts the song together from what can be played.
+class SongReader {
+public:
+    // The bytes begin with the header.
+    explicit SongReader(FileBytes file) : file_(file) {}
 
-// Finds the tracks that the header declares. Returns the refusal.
-Refusal FindTracks(Bytes bytes, std::size_t declared, std::vector<Bytes> &tracks)
-{
-    if (declared > kMostTracks) {
-        return {Why::TooManyTracks, kMostTracks};
-    }
-    while (tracks.size() < declared) {
-        const bool more = bytes.size() >= kChunkHead;
-        const std::optional<Chunk> chunk = TakeChunk(bytes);
-        if (!chunk) {
-            return more ? Refusal{Why::TrackShort, tracks.size() + 1} : Refusal{Why::TrackMissing, tracks.size() + 1, declared};
-        }
-        if (chunk->isHeader) {
-            return {Why::SecondHeader};
-        }
-        if (chunk->isTrack) {
-            tracks.push_back(chunk->content);
-        }
-    }
-    return {};
-}
+    // Why nothing is to be played; else the song has all but its file.
+    Refusal Read(Song &song);
 
-// What all tracks together come to.
-struct Survey {
-    std::int64_t events = 0;
-    std::int64_t endTick = 0;
-    std::vector<TempoChange> tempo;
+private:
+    std::size_t ReadHeader();
+    std::size_t ReadTrack(const ChunkHead &chunk);
+    TrackFault Survey(TrackReader &reader, std::int64_t &tick);
+    Refusal Finish(Song &song);
+    // Remembers the first thing that is found wrong; behind the declared tracks nothing is.
+    void Note(const Refusal &flaw);
+    [[nodiscard]] bool HasAllTracks() const { return header_.tracks != 0 && found_ >= header_.tracks; }
+
+    FileBytes file_;
+    Header header_;
+    Refusal flaw_;
+    std::size_t found_ = 0; // tracks
+    std::vector<SongTrack> tracks_;
+    std::int64_t events_ = 0;
+    bool plays_ = false; // a message has come
+    std::int64_t endTick_ = 0;
+    std::vector<TempoChange> tempo_;
 };
 
-TrackFault SurveyTrack(Bytes bytes, Survey &survey)
+void SongReader::Note(const Refusal &flaw)
 {
-    TrackReader reader(bytes);
-    TrackEvent event;
-    std::int64_t tick = 0;
+    const bool isBehindLast = header_.tracks != 0 && found_ > header_.tracks;
+    if (!flaw_ && !isBehindLast) {
+        flaw_ = flaw;
+    }
+}
+
+// Returns where the header ends. A length that leads to no chunk is untrue: the header then ends where a track begins.
+std::size_t SongReader::ReadHeader()
+{
+    constexpr std::size_t kLength = 6;
+    const ChunkHead chunk = ChunkAt(file_, 0);
+    if (!chunk.fits) {
+        Note({Why::HeaderShort});
+    }
+    const std::size_t begin = std::min(ChunkHead::kSize, file_.size());
+    const std::size_t end = chunk.fits && IsBoundary(file_, chunk.end) ? chunk.end : NextTrack(file_, begin);
+    const FileBytes content = file_.subspan(begin, std::min(kLength, end - begin));
+    if (content.size() < kLength || chunk.end - chunk.begin < kLength) {
+        Note({Why::HeaderShort});
+    }
+    if (content.size() >= 2) {
+        header_.format = BigEndian(content.first(2));
+    }
+    if (content.size() >= 4) {
+        header_.tracks = BigEndian(content.subspan(2, 2));
+    }
+    if (header_.format > 2) {
+        Note({Why::UnknownFormat, header_.format});
+    }
+    if (header_.tracks == 0 || (header_.format == 0 && header_.tracks != 1)) {
+        Note({Why::CountOfTracks, header_.format, header_.tracks});
+    }
+    if (content.size() == kLength) {
+        Note(ReadDivision(BigEndian(content.subspan(4, 2)), header_.division));
+    }
+    return end;
+}
+
+// Reads events until one cannot be read or the track ends; the reader and the tick stand behind the last whole one.
+TrackFault SongReader::Survey(TrackReader &reader, std::int64_t &tick)
+{
     for (;;) {
-        reader.PassChannelMessages(tick, survey.events);
+        std::int64_t passed = 0;
+        reader.PassChannelMessages(tick, passed);
+        events_ += passed;
+        plays_ = plays_ || passed > 0;
+        const TrackReader before = reader;
+        TrackEvent event;
         std::uint32_t delta = 0;
         TrackFault fault = reader.ReadDelta(delta);
         if (fault == TrackFault::None) {
             fault = reader.ReadEvent(event);
         }
         if (fault != TrackFault::None) {
+            reader = before;
             return fault;
         }
         tick += delta;
-        ++survey.events;
-        if (event.kind == TrackEvent::Kind::Meta && event.type == MetaType::kTempo) {
-            survey.tempo.push_back({tick, BigEndian(event.data)});
-        } else if (event.kind == TrackEvent::Kind::End) {
-            survey.endTick = std::max(survey.endTick, tick);
+        ++events_;
+        if (event.flaw != TrackFault::None) {
+            Note({event.flaw, found_});
+        }
+        switch (event.kind) {
+        case TrackEvent::Kind::Channel:
+        case TrackEvent::Kind::Exclusive:
+        case TrackEvent::Kind::Escape:
+            plays_ = true;
+            break;
+        case TrackEvent::Kind::Meta:
+            if (event.type == MetaType::kTempo) {
+                tempo_.push_back({tick, BigEndian(event.data)});
+            }
+            break;
+        case TrackEvent::Kind::Nothing:
+            break;
+        case TrackEvent::Kind::End:
             return TrackFault::None;
         }
     }
 }
 
-Refusal ReadTracks(const Header &header, Song &song)
+// Returns where to look for the next chunk. A length that leads to no chunk is untrue: a track that has not ended by then
+// goes on until another begins, and the next chunk is looked for from where this one was read to.
+std::size_t SongReader::ReadTrack(const ChunkHead &chunk)
 {
-    Survey survey;
-    for (std::size_t i = 0; i < song.tracks.size(); ++i) {
-        if (const TrackFault fault = SurveyTrack(song.tracks[i], survey); fault != TrackFault::None) {
-            return {fault, i + 1};
+    if (!chunk.fits) {
+        Note({Why::TrackShort, found_});
+    }
+    const bool isTrue = chunk.fits && IsBoundary(file_, chunk.end);
+    const std::size_t end = chunk.fits ? chunk.end : NextTrack(file_, chunk.begin);
+    const bool isSequence = header_.format == 2;
+    const std::int64_t begin = isSequence ? endTick_ : 0;
+    if (isSequence) {
+        tempo_.push_back({begin, kTempoAtStart});
+    }
+    TrackReader reader(file_.subspan(chunk.begin, end - chunk.begin));
+    const auto at = [&]() { return static_cast<std::size_t>(reader.At() - file_.data()); };
+    std::int64_t tick = begin;
+    TrackFault fault = Survey(reader, tick);
+    Note({fault, found_});
+    if (!isTrue && (fault == TrackFault::EndMissing || fault == TrackFault::EndsInEvent)) {
+        reader.EndAt(file_.data() + NextTrack(file_, at()));
+        fault = Survey(reader, tick);
+    }
+    if (fault == TrackFault::None && at() < chunk.end) {
+        Note({Why::EndEarly, found_});
+    }
+    tracks_.push_back({file_.subspan(chunk.begin, at() - chunk.begin), begin});
+    endTick_ = std::max(endTick_, tick);
+    return isTrue ? chunk.end : at();
+}
+
+Refusal SongReader::Read(Song &song)
+{
+    if (file_.empty()) {
+        return {Why::NoMidiFile};
+    }
+    std::size_t at = ReadHeader();
+    if (header_.tracks > kMostTracks) {
+        Note({Why::TooManyTracks, kMostTracks});
+    }
+    while (at < file_.size() && found_ <= kMostTracks) {
+        const ChunkHead chunk = ChunkAt(file_, at);
+        if (chunk.isTrack) {
+            ++found_;
+            at = ReadTrack(chunk);
+        } else if (chunk.begins) {
+            Note({chunk.isHeader ? Why::SecondHeader : Why::None});
+            at = chunk.end;
+        } else {
+            // What follows the last track may be anything.
+            at = HasAllTracks() ? file_.size() : NextTrack(file_, at + 1);
         }
     }
-    if (survey.events > kMostEvents) {
+    return Finish(song);
+}
+
+Refusal SongReader::Finish(Song &song)
+{
+    if (found_ < header_.tracks) {
+        Note({Why::TrackMissing, found_ + 1, header_.tracks});
+    }
+    if (found_ > kMostTracks) {
+        return {Why::TooManyTracks, kMostTracks};
+    }
+    if (events_ > kMostEvents) {
         return {Why::TooManyEvents, kMostEvents};
     }
-    std::ranges::stable_sort(survey.tempo, {}, &TempoChange::tick);
-    return SetTime(song, header.division, survey.tempo, survey.endTick) ? Refusal{} : Refusal{Why::TooLong};
+    if (!plays_ && flaw_) {
+        return flaw_;
+    }
+    song.tracks = std::move(tracks_);
+    std::ranges::stable_sort(tempo_, {}, &TempoChange::tick);
+    return SetTime(song, header_.division, tempo_, endTick_) ? Refusal{} : Refusal{Why::TooLong};
 }
 
 } // namespace
@@ -189,15 +249,7 @@ MidiFile ReadMidiFile(SharedBytes bytes)
         result.refusal = {Why::TooLarge, kLargestMidiFile >> 20};
         return result;
     }
-    Bytes rest = bytes.View();
-    Header header;
-    result.refusal = ReadHeader(rest, header);
-    if (!result.refusal) {
-        result.refusal = FindTracks(rest, header.tracks, result.song.tracks);
-    }
-    if (!result.refusal) {
-        result.refusal = ReadTracks(header, result.song);
-    }
+    result.refusal = SongReader(FromHeader(bytes.View())).Read(result.song);
     if (!result.refusal) {
         result.song.file = std::move(bytes);
     } else {

@@ -16,16 +16,16 @@ struct MidiFile {
     Song song;       // empty with a refusal
 };
 
-// Reads a whole file of format 0 or 1. Every event is looked at before the first is played, and a file is refused rather
-// than half played:
-// - The header has at least six bytes, a format 0 file has exactly one track, and a file has all the tracks that it
-//   declares, at least one. Chunks of other kinds are passed over; what follows the last track is not looked at.
-// - Time is counted in at least one tick a beat, or in at least one tick a frame of 24, 25, 29 (drop: 29.97) or 30 a second.
-// - A track ends with its end-of-track event and with nothing behind it, and the chunk ends with the file at the latest.
-// - Numbers have four bytes at most; a status is there before it is left out; data bytes are below 128; a tempo is three
-//   bytes and not 0. What other meta events hold is not looked at.
-// - The song lasts no longer than a day (kLongestSong).
-// Never throws for the bytes' sake, and never reads outside them.
+// Reads a file and plays what can be played of it. Every event is looked at before the first is played.
+// - The header may stand behind 8,192 foreign bytes, or in a RIFF file of the kind RMID. What it lacks, or says for nothing, is
+//   format 1 and 96 ticks a beat; frames may be as many a second as it likes.
+// - All tracks are played together, however many the header declares, those of format 2 one after another, each from 120 beats
+//   a minute. Chunks of other kinds are passed over, a further header too. What follows the declared tracks and is no chunk is not
+//   looked at. Where a length leads to no chunk, the next track is looked for.
+// - A track ends with its end-of-track event, or else behind its last whole event (TrackReader). What follows is passed over.
+// Refused is a file without a header, one that has a fault and not a single message, and what exceeds the limits, of which
+// one is that a song lasts no longer than a day (kLongestSong). The reason is the first fault.
+// Takes time in proportion to the bytes. Never throws for the bytes' sake, and never reads outside them.
 MidiFile ReadMidiFile(SharedBytes bytes);
 // The same of a file that is still to be fetched: it may be missing, unreadable or too large.
 MidiFile ReadMidiFile(FileStore &files, const std::string &path);

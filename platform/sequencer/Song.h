@@ -1,4 +1,4 @@
-// A MIDI file that was read and found whole, and its time: ticks as the file counts them, nanoseconds from the song's
+// A MIDI file that was read, and its time: ticks as the file counts them, nanoseconds from the song's
 // beginning, and the positions that the sequencer shows. Made by ReadMidiFile; played by SongCursor and SongPlayer.
 #pragma once
 
@@ -29,12 +29,17 @@ struct TempoStretch {
     Ratio tickLength;
 };
 
+struct SongTrack {
+    std::span<const std::uint8_t> events; // whole ones, within the file's bytes
+    std::int64_t begin = 0;               // the tick from which their times count
+};
+
 struct Song {
     SharedBytes file;
-    std::vector<std::span<const std::uint8_t>> tracks; // the events of each, within the file's bytes
-    std::vector<TempoStretch> tempo;                   // at least one, the first at tick 0; ticks only rise
-    Ratio positions;                                   // for one tick
-    std::int64_t endTick = 0;                          // of the last end of track
+    std::vector<SongTrack> tracks;
+    std::vector<TempoStretch> tempo; // at least one, the first at tick 0; ticks only rise
+    Ratio positions;                 // for one tick
+    std::int64_t endTick = 0;        // of the last end of a track
     Nanoseconds duration = 0;
     std::int32_t length = 0; // in positions
 };

@@ -27,9 +27,10 @@ bool IsWhole(std::span<const std::uint8_t> message)
 SongCursor::SongCursor(const Song &song)
 {
     tracks_.reserve(song.tracks.size());
-    for (const auto &bytes : song.tracks) {
+    for (const SongTrack &from : song.tracks) {
         Track track;
-        track.reader = TrackReader(bytes);
+        track.reader = TrackReader(from.events);
+        track.tick = from.begin;
         if (Find(track)) {
             order_.push_back(Place(track.tick, tracks_.size()));
         }
@@ -74,6 +75,7 @@ bool SongCursor::Find(Track &track)
             }
             break;
         case TrackEvent::Kind::Meta:
+        case TrackEvent::Kind::Nothing:
             break;
         case TrackEvent::Kind::End:
             return false;

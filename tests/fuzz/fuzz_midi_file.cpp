@@ -1,5 +1,5 @@
-// Any bytes as a MIDI file, or as the tracks of one whose frame is as it should be, since a random change seldom leaves a frame
-// true. The file is read and, where it is not refused, walked and played from its beginning and from its middle.
+// Any bytes as a MIDI file, or as the tracks of one whose frame is much as it should be, since a random change seldom leaves a
+// frame true. The file is read and, where it is not refused, walked and played from its beginning and from its middle.
 // Nothing is sent that is no MIDI message, times only rise, positions stay within the song, and a stop leaves no note.
 #include "platform/sequencer/MidiFile.h"
 #include "platform/sequencer/SongPlayer.h"
@@ -66,24 +66,41 @@ Bytes Word(std::size_t value)
     return {static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};
 }
 
-// Some tracks in a true frame, most of them with an end.
+// What may stand before a file: nothing, foreign bytes, the head of a RIFF file.
+Bytes Wrapper(FuzzedDataProvider &bytes)
+{
+    switch (bytes.ConsumeIntegralInRange(0, 7)) {
+    case 0:
+        return Bytes(bytes.ConsumeIntegralInRange<std::size_t>(1, 8192), 'M');
+    case 1:
+        return {'R', 'I', 'F', 'F', 0, 0, 0, 0, 'R', 'M', 'I', 'D', 'd', 'a', 't', 'a', bytes.ConsumeIntegral<std::uint8_t>(), 0, 0, 0};
+    default:
+        return {};
+    }
+}
+
+// Some tracks in a frame that is true most of the time, most of them with an end.
 Bytes FramedFile(FuzzedDataProvider &bytes)
 {
+    const auto isTrue = [&bytes]() { return bytes.ConsumeIntegralInRange(0, 7) > 0; };
     const auto tracks = bytes.ConsumeIntegralInRange<std::size_t>(1, 4);
-    Bytes file = {'M', 'T', 'h', 'd', 0, 0, 0, 6};
-    Append(file, Word(tracks > 1 || bytes.ConsumeBool() ? 1 : 0));
-    Append(file, Word(tracks));
-    Append(file, Word(bytes.PickValueInArray<std::size_t>({96, 1, 480, 0x7FFF, 0xE728, 0xE250, 0xFF01})));
+    Bytes file = Wrapper(bytes);
+    Append(file, {'M', 'T', 'h', 'd', 0, 0, 0, 6});
+    Append(file, Word(bytes.PickValueInArray<std::size_t>({1, 0, 2, 3})));
+    Append(file, Word(isTrue() ? tracks : bytes.ConsumeIntegralInRange<std::size_t>(0, 5)));
+    Append(file, Word(bytes.PickValueInArray<std::size_t>({96, 1, 480, 0x7FFF, 0xE728, 0xE250, 0xFF01, 0})));
     for (std::size_t i = tracks; i > 0; --i) {
-        const bool ends = bytes.ConsumeIntegralInRange(0, 7) > 0;
+        const bool ends = isTrue();
+        const std::size_t untrue = isTrue() ? 0 : bytes.ConsumeIntegral<std::uint8_t>();
         const std::size_t length = i == 1 ? bytes.remaining_bytes() : bytes.ConsumeIntegralInRange<std::size_t>(0, bytes.remaining_bytes());
         auto track = bytes.ConsumeBytes<std::uint8_t>(length);
         if (ends) {
             Append(track, {0, 0xFF, 0x2F, 0});
         }
+        const std::size_t told = track.size() ^ untrue;
         Append(file, {'M', 'T', 'r', 'k'});
-        Append(file, Word(track.size() >> 16));
-        Append(file, Word(track.size()));
+        Append(file, Word(told >> 16));
+        Append(file, Word(told));
         Append(file, track);
     }
     return file;
@@ -107,6 +124,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const Song &song = file.song;
     Demand(song.length >= 0 && song.duration >= 0 && song.duration <= kLongestSong);
     Demand(TimeOf(song, song.endTick) == song.duration);
+    for (const SongTrack &track : song.tracks) {
+        Demand(track.begin >= 0 && track.begin <= song.endTick);
+    }
     Listener listener;
     SongPlayer player(listener);
     player.Open(std::make_shared<const Song>(song));
