@@ -32,7 +32,8 @@ int Run()
     PosixFiles files;
     QtClock clock;
     QtFace face;
-    const MachineMusic music = MakeMachineMusic(files, [&face](std::function<void()> call) { face.Post(std::move(call)); });
+    const MachineMusic music = MakeMachineMusic(
+        files, [&face](std::function<void()> call) { face.Post(std::move(call)); }, files.CurrentFolder() + "/Velluto-devices.txt");
     GetReadyToDraw(); // while the MIDI systems are looked for
     QtPrinter printer(face);
     PosixFolders folders;

@@ -9,10 +9,9 @@ namespace velluto {
 
 namespace {
 
-template <typename Device>
-bool InRange(const std::vector<Device> &devices, int number)
+bool IsDevice(const std::vector<ListedPort> &devices, int number)
 {
-    return number >= 0 && number < static_cast<int>(devices.size());
+    return number >= 0 && number < static_cast<int>(devices.size()) && devices[static_cast<std::size_t>(number)].system != nullptr;
 }
 
 template <typename Open>
@@ -25,7 +24,7 @@ Open *Find(std::vector<Open> &devices, MidiHandle handle)
 int Caps(const std::vector<ListedPort> &devices, int number, MidiDeviceCaps &caps)
 {
     caps = {};
-    if (!InRange(devices, number)) {
+    if (!IsDevice(devices, number)) {
         return MidiCode::kError;
     }
     caps = ProductName(devices[static_cast<std::size_t>(number)].name);
@@ -34,7 +33,10 @@ int Caps(const std::vector<ListedPort> &devices, int number, MidiDeviceCaps &cap
 
 } // namespace
 
-MachineMidi::MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems) : systems_(std::move(systems)) {}
+MachineMidi::MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems, KnownDevices known)
+    : systems_(std::move(systems)), known_(std::move(known))
+{
+}
 
 MachineMidi::~MachineMidi()
 {
@@ -48,19 +50,23 @@ MachineMidi::~MachineMidi()
     while (!openOuts_.empty()) {
         midiOutClose(openOuts_.back().handle);
     }
+    const KnownDevices known{NumbersToKeep(outs_, known_.outs, chosenOut_), NumbersToKeep(ins_, known_.ins, -1)};
+    if (known != known_) {
+        keep(known);
+    }
 }
 
-int MachineMidi::Count(std::vector<ListedPort> &devices, std::vector<std::string> (MidiPorts::*list)())
+int MachineMidi::Count(std::vector<ListedPort> &devices, const std::vector<KnownDevice> &known,
+                       std::vector<std::string> (MidiPorts::*list)())
 {
+    std::vector<ListedPort> ports;
     for (const auto &system : systems_) {
         for (std::string &name : (system.get()->*list)()) {
-            const bool known = std::ranges::any_of(
-                devices, [&](const ListedPort &device) { return device.system == system.get() && device.name == name; });
-            if (!known) {
-                devices.push_back({system.get(), std::move(name)});
-            }
+            ports.push_back({system.get(), std::move(name)});
         }
     }
+    LeaveOutBridged(ports);
+    NumberPorts(devices, std::move(ports), known);
     return static_cast<int>(devices.size());
 }
 
@@ -71,12 +77,12 @@ void MachineMidi::TellOutput() const
 
 int MachineMidi::midiOutGetNumDevs()
 {
-    return Count(outs_, &MidiPorts::Outputs);
+    return Count(outs_, known_.outs, &MidiPorts::Outputs);
 }
 
 int MachineMidi::midiInGetNumDevs()
 {
-    return Count(ins_, &MidiPorts::Inputs);
+    return Count(ins_, known_.ins, &MidiPorts::Inputs);
 }
 
 int MachineMidi::midiOutGetDevCapsA(int number, MidiDeviceCaps &caps)
@@ -106,9 +112,10 @@ int MachineMidi::Connect(int number, std::unique_ptr<OutputPort> &port)
 int MachineMidi::midiOutOpen(MidiHandle &handle, int number)
 {
     handle = 0;
-    if (!InRange(outs_, number)) {
+    if (!IsDevice(outs_, number)) {
         return MidiCode::kError;
     }
+    chosenOut_ = number;
     if (std::ranges::find(openOuts_, number, &OpenOut::number) != openOuts_.end()) {
         return MidiCode::kAllocated;
     }
@@ -159,7 +166,7 @@ int MachineMidi::midiOutShortMsg(MidiHandle handle, ShortMessage message)
 int MachineMidi::midiInOpen(MidiHandle &handle, int number, MidiInCallback callback)
 {
     handle = 0;
-    if (!InRange(ins_, number)) {
+    if (!IsDevice(ins_, number)) {
         return MidiCode::kError;
     }
     if (std::ranges::find(openIns_, number, &OpenIn::number) != openIns_.end()) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/MidiDevices.h"
+#include "platform/rtmidi/DeviceNumbers.h"
 #include "platform/rtmidi/InputLine.h"
 #include "platform/rtmidi/MidiPorts.h"
 #include "platform/rtmidi/NoteTracker.h"
@@ -15,8 +16,8 @@ namespace velluto {
 // One interface thread calls everything. What comes in from a platform thread is handed over in InputLine.
 class MachineMidi : public MidiDevices {
 public:
-    // Devices are numbered in the order of the systems.
-    explicit MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems);
+    // Devices are numbered in the order of the systems, but a known one has its number again.
+    explicit MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems, KnownDevices known = {});
     ~MachineMidi() override; // closes what is open; no note that the program started rings on
     MachineMidi(const MachineMidi &) = delete;
     MachineMidi &operator=(const MachineMidi &) = delete;
@@ -40,6 +41,8 @@ public:
     int midiConnect(MidiHandle in, MidiHandle out) override;
     int midiDisconnect(MidiHandle in, MidiHandle out) override; // a link that was never made is gone already: success
 
+    // Called at the end with what is known of devices, where that has changed in this run.
+    std::function<void(const KnownDevices &known)> keep = [](const KnownDevices &) {};
     // Called after an output was opened or closed, with the one that is open now.
     std::function<void(const ListedPort &output)> outputChanged = [](const ListedPort &) {};
 
@@ -59,13 +62,15 @@ private:
     };
 
     void TellOutput() const;
-    int Count(std::vector<ListedPort> &devices, std::vector<std::string> (MidiPorts::*list)());
+    int Count(std::vector<ListedPort> &devices, const std::vector<KnownDevice> &known, std::vector<std::string> (MidiPorts::*list)());
     int Connect(int number, std::unique_ptr<OutputPort> &port);
     void Unlink(OpenIn &in);
     [[nodiscard]] const std::string &OutName(int number) const { return outs_[static_cast<std::size_t>(number)].name; }
 
     std::vector<std::unique_ptr<MidiPorts>> systems_;
-    std::vector<ListedPort> outs_;
+    const KnownDevices known_;
+    int chosenOut_ = -1;           // in this run
+    std::vector<ListedPort> outs_; // by number; one that nobody has is without a system
     std::vector<ListedPort> ins_;
     std::vector<OpenOut> openOuts_;
     std::vector<OpenIn> openIns_;

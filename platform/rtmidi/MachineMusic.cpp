@@ -43,7 +43,7 @@ std::vector<std::unique_ptr<SystemPorts>> MakeSystems()
 
 } // namespace
 
-MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post)
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath)
 {
     std::vector<std::unique_ptr<MidiPorts>> devices;
     std::vector<SystemPorts *> systems;
@@ -54,7 +54,11 @@ MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post)
     }
     const MidiPorts *const synthesizer = devices.front().get();
     auto outputs = std::make_unique<MachineOutputs>(std::make_unique<SynthesizerPorts>(FindSoundFont()), std::move(systems));
-    auto midi = std::make_unique<MachineMidi>(std::move(devices));
+    auto midi =
+        std::make_unique<MachineMidi>(std::move(devices), devicesPath.empty() ? KnownDevices() : ReadKnownDevices(files, devicesPath));
+    if (!devicesPath.empty()) {
+        midi->keep = [devicesPath](const KnownDevices &known) { WriteKnownDevices(devicesPath, known); };
+    }
     auto sequencer = std::make_shared<MachineSequencer>(files, std::move(outputs), std::move(post));
     midi->outputChanged = [synthesizer, player = std::weak_ptr(sequencer)](const ListedPort &output) {
         if (const auto there = player.lock()) {

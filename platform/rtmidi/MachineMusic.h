@@ -18,6 +18,7 @@ struct MachineMusic {
 
 // Quick: devices and ports are opened when they are asked for. Where a look for a MIDI system takes its time, it begins here
 // on another thread, and the first count of the devices waits for it.
-MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post);
+// The path is that of the file which keeps the numbers of the devices for the next run; without one they are not kept.
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath = {});
 
 } // namespace velluto

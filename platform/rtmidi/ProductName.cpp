@@ -44,26 +44,57 @@ std::size_t CharacterLength(std::string_view text, std::size_t at)
     return 0;
 }
 
+// What is no UTF-8 and no character to be shown replaced.
+std::string Cleaned(std::string_view text)
+{
+    std::string clean;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = CharacterLength(text, at);
+        if (length == 0) {
+            clean += '?';
+            ++at;
+        } else {
+            clean += text.substr(at, length);
+            at += length;
+        }
+    }
+    return clean;
+}
+
+bool IsInsideCharacter(const std::string &text, std::size_t at)
+{
+    return (ByteAt(text, at) & 0xC0U) == 0x80U;
+}
+
+// At most so many bytes of whole characters, with what tells ports apart: not twice the client's name, but the end.
+std::string Shortened(std::string name, std::size_t most)
+{
+    constexpr std::string_view kLeftOut = "...";
+    const std::size_t colon = name.find(':');
+    const bool isRepeated = colon != std::string::npos && name.compare(colon + 1, colon, name, 0, colon) == 0;
+    if (name.size() > most && isRepeated) {
+        name.erase(0, colon + 1);
+    }
+    if (name.size() <= most) {
+        return name;
+    }
+    std::size_t tail = name.size() - most / 2;
+    while (IsInsideCharacter(name, tail)) {
+        ++tail;
+    }
+    std::size_t head = most - most / 2 - kLeftOut.size();
+    while (IsInsideCharacter(name, head)) {
+        --head;
+    }
+    return name.substr(0, head).append(kLeftOut).append(name, tail);
+}
+
 } // namespace
 
 MidiDeviceCaps ProductName(std::string_view portName)
 {
     MidiDeviceCaps caps;
-    std::size_t used = 0;
-    for (std::size_t at = 0; at < portName.size();) {
-        const std::size_t length = CharacterLength(portName, at);
-        if (used + std::max<std::size_t>(length, 1) > caps.name.size()) {
-            break;
-        }
-        if (length == 0) {
-            caps.name[used++] = '?';
-            ++at;
-            continue;
-        }
-        std::copy_n(portName.begin() + static_cast<std::ptrdiff_t>(at), length, caps.name.begin() + static_cast<std::ptrdiff_t>(used));
-        used += length;
-        at += length;
-    }
+    std::ranges::copy(Shortened(Cleaned(portName), caps.name.size()), caps.name.begin());
     return caps;
 }
 

@@ -137,6 +137,10 @@ def evening(program, driver, stage, pictures):
     reader.pictures = pictures
     reader.start_in_english()
     places = first_evening(reader, home)
+    with open(os.path.join(home, "Velluto-devices.txt"), encoding="utf-8") as file:
+        devices = file.read().splitlines()
+    expect("out 6 * Instrument:midi_in" in devices, True, "the output's number, kept")
+    expect("in 0 - Instrument:midi_out" in devices, True, "the input's number, kept")
     with open(os.path.join(home, f"c-{NAME}.cmp"), "rb") as file:
         expect(file.read(), COMPILATION % home.encode(), "the compilation's bytes")
     reader = Reader(program, home, os.path.join(stage, "program.log"))

@@ -110,6 +110,8 @@ begin() {
     start_jack
     start_instrument "$3" Instrument
     seed "$shipped" "$stage/home"
+    # The instrument's number, the last of all: the machine's own ports come before it.
+    echo 'out 6 * Instrument:midi_in' >"$stage/home/Velluto-devices.txt"
 }
 
 # start_jack [FRAMES]: a MIDI server with no sound behind it. It waits some seconds for a client that is late, since what has not been passed on
@@ -341,7 +343,7 @@ press_user() {
     done
 }
 
-# Chooses the last MIDI output, which is the instrument: the built-in synthesizer and the machine's own ports come before it.
+# Chooses the last MIDI output, which is the instrument.
 choose_last_output() {
     changing press alt+p
     changing press Down

@@ -26,19 +26,26 @@ TEST(ProductName, ANameOf32BytesFillsTheRecordWithoutAZero)
     EXPECT_EQ(Name(name), name);
 }
 
-TEST(ProductName, ALongerNameIsCutAt32Bytes)
+TEST(ProductName, ALongerNameKeepsItsEnd)
 {
-    EXPECT_EQ(Name("12345678901234567890123456789012tail"), "12345678901234567890123456789012");
+    EXPECT_EQ(Name("1234567890123456789012345678901 1"), "1234567890123...89012345678901 1");
+}
+
+TEST(ProductName, AClientsNameThatItsPortRepeatsGoesWhereTheNameIsTooLong)
+{
+    EXPECT_EQ(Name("USB Keyboard:USB Keyboard MIDI 1 24:0"), "USB Keyboard MIDI 1 24:0");
+    EXPECT_EQ(Name("USB MIDI:USB MIDI MIDI 1 24:0"), "USB MIDI:USB MIDI MIDI 1 24:0"); // short enough
+    EXPECT_EQ(Name("A Very Long Keyboard Name:A Very Long Keyboard Name MIDI 1 24:0"), "A Very Long K...Name MIDI 1 24:0");
 }
 
 TEST(ProductName, ACharacterIsNeverCutInTwo)
 {
-    const std::string before(31, 'x');
-    EXPECT_EQ(Name(before + "\xC3\xA8"), before); // two bytes do not fit into the one that is left
     const std::string room(30, 'x');
     EXPECT_EQ(Name(room + "\xC3\xA8"), room + "\xC3\xA8");
-    const std::string four(29, 'x');
-    EXPECT_EQ(Name(four + "\xF0\x9F\x8E\xB9"), four);
+    const std::string head(12, 'x');
+    const std::string tail(15, 'x');
+    EXPECT_EQ(Name(head + "\xC3\xA8" + tail + "xxxxx"), head + "...x" + tail); // half of the two bytes would have had room
+    EXPECT_EQ(Name(head + "xxxxxx\xF0\x9F\x8E\xB9" + tail), head + "x..." + tail);
 }
 
 TEST(ProductName, BytesThatAreNoUtf8BecomeQuestionMarks)

@@ -1,0 +1,132 @@
+// Which number a port gets as a device, and what is kept of that for the next run.
+#include "platform/rtmidi/DeviceNumbers.h"
+
+#include "FakePorts.h"
+
+#include <gmock/gmock.h>
+
+namespace velluto::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct DeviceNumbers : testing::Test {
+    std::vector<ListedPort> Ports(const std::vector<std::string> &names)
+    {
+        std::vector<ListedPort> ports;
+        for (const std::string &name : names) {
+            ports.push_back({&system, name});
+        }
+        return ports;
+    }
+    // The names by number, after these ports were there; "" where nobody has the number.
+    std::vector<std::string> Numbered(const std::vector<std::string> &names)
+    {
+        NumberPorts(devices, Ports(names), known);
+        std::vector<std::string> numbered;
+        for (const ListedPort &device : devices) {
+            EXPECT_EQ(device.system == nullptr, device.name.empty());
+            numbered.push_back(device.name);
+        }
+        return numbered;
+    }
+    std::vector<std::string> WithoutBridged(const std::vector<std::string> &names)
+    {
+        std::vector<ListedPort> ports = Ports(names);
+        LeaveOutBridged(ports);
+        std::vector<std::string> left;
+        for (const ListedPort &port : ports) {
+            left.push_back(port.name);
+        }
+        return left;
+    }
+
+    FakePorts system;
+    std::vector<ListedPort> devices;
+    std::vector<KnownDevice> known;
+};
+
+TEST_F(DeviceNumbers, WithNothingKnownTheOrderIsThatOfThePorts)
+{
+    EXPECT_THAT(Numbered({"a", "b"}), ElementsAre("a", "b"));
+    EXPECT_THAT(Numbered({"c", "b"}), ElementsAre("a", "b", "c")); // in one run nothing moves
+}
+
+TEST_F(DeviceNumbers, AKnownPortGetsItsNumberAgain)
+{
+    known = {{1, false, "PA80:PA80 MIDI 1 24:0"}, {2, true, "b"}};
+    EXPECT_THAT(Numbered({"a", "b", "PA80:PA80 MIDI 1 28:0"}), ElementsAre("a", "PA80:PA80 MIDI 1 28:0", "b"));
+}
+
+TEST_F(DeviceNumbers, OfTwoPortsOfOneNameEachGetsItsOwn)
+{
+    known = {{0, false, "USB:MIDI 28:0"}, {1, false, "USB:MIDI 24:0"}};
+    EXPECT_THAT(Numbered({"USB:MIDI 24:0", "USB:MIDI 32:0"}), ElementsAre("USB:MIDI 32:0", "USB:MIDI 24:0"));
+}
+
+TEST_F(DeviceNumbers, TheNumberOfOneThatIsNotThereIsKeptForIt)
+{
+    known = {{0, false, "a"}, {1, true, "b"}, {2, false, "c"}};
+    EXPECT_THAT(Numbered({"a", "new"}), ElementsAre("a", "", "", "new"));
+    EXPECT_THAT(Numbered({"a", "new", "b", "newer"}), ElementsAre("a", "b", "", "new", "newer"));
+}
+
+TEST_F(DeviceNumbers, WhereNumbersRunOutTheChosenOnesIsKeptAboveAll)
+{
+    for (int number = 0; number < kNumbersKept; ++number) {
+        known.push_back({number, number == 1, "gone " + std::to_string(number)});
+    }
+    EXPECT_THAT(Numbered({"1", "2", "3", "4", "5", "6", "7"}), ElementsAre("1", "", "2", "3", "4", "5", "6"));
+}
+
+TEST_F(DeviceNumbers, APortThatComesBackUnderOtherNumbersOfAlsaIsTheSameDevice)
+{
+    EXPECT_THAT(Numbered({"a", "PA80:MIDI 24:0"}), ElementsAre("a", "PA80:MIDI 24:0"));
+    EXPECT_THAT(Numbered({"a"}), ElementsAre("a", "PA80:MIDI 24:0"));
+    EXPECT_THAT(Numbered({"a", "PA80:MIDI 28:0"}), ElementsAre("a", "PA80:MIDI 28:0"));
+    EXPECT_THAT(Numbered({"a", "PA80:MIDI 28:0", "PA80:MIDI 32:0"}), ElementsAre("a", "PA80:MIDI 28:0", "PA80:MIDI 32:0"));
+}
+
+TEST_F(DeviceNumbers, TheMachinesThroughPortsComeLast)
+{
+    EXPECT_THAT(Numbered({"synth", "Midi Through:Midi Through Port-0 14:0", "PA80:MIDI 24:0"}),
+                ElementsAre("synth", "PA80:MIDI 24:0", "Midi Through:Midi Through Port-0 14:0"));
+}
+
+TEST_F(DeviceNumbers, WhatPipeWireShowsASecondTimeIsLeftOut)
+{
+    EXPECT_THAT(WithoutBridged({"PA80:PA80 MIDI 1 24:0", "Midi-Bridge:PA80 2:(playback_0) PA80 MIDI 1",
+                                "Midi-Bridge:PA80 MIDI 1 (playback)", "Midi-Bridge:Velluto:(playback_0) in", "pa80:midi_in"}),
+                ElementsAre("PA80:PA80 MIDI 1 24:0", "pa80:midi_in"));
+    EXPECT_THAT(WithoutBridged({"synth", "PA80:PA80 MIDI 2 24:1", "Midi-Bridge:PA80 2:(playback_0) PA80 MIDI 1"}).size(), 3U);
+    EXPECT_THAT(WithoutBridged({"Midi-Bridge:PA80 2:(playback_0) PA80 MIDI 1"}).size(), 1U); // of which ALSA shows nothing
+}
+
+TEST_F(DeviceNumbers, ALastingNameIsWithoutTheNumbersOfAlsa)
+{
+    EXPECT_EQ(LastingName("PA80:PA80 MIDI 1 24:0"), "PA80:PA80 MIDI 1");
+    for (const char *name : {"pa80:midi_in", "pa80:midi 1", "a 1:", "a :1", "1:2", "", "24"}) {
+        EXPECT_EQ(LastingName(name), name);
+    }
+}
+
+TEST_F(DeviceNumbers, TheNumbersOfAllDevicesAreKeptAndThoseOfTheAbsent)
+{
+    known = {{1, true, "b"}, {2, false, "c 24:0"}};
+    Numbered({"a", "c 28:0"});
+    const std::vector<KnownDevice> kept = {{0, false, "a"}, {1, true, "b"}, {2, false, "c 28:0"}};
+    EXPECT_EQ(NumbersToKeep(devices, known, -1), kept);
+    EXPECT_TRUE(NumbersToKeep(devices, known, 2).back().chosen);
+    EXPECT_FALSE(NumbersToKeep(devices, known, 2).at(1).chosen);
+    EXPECT_THAT(NumbersToKeep({}, {}, -1), IsEmpty());
+}
+
+TEST_F(DeviceNumbers, SevenAreKept)
+{
+    Numbered({"0", "1", "2", "3", "4", "5", "6", "7"});
+    EXPECT_EQ(NumbersToKeep(devices, known, 7).size(), 7U);
+}
+
+} // namespace
+} // namespace velluto::test

@@ -1,0 +1,81 @@
+// The file that keeps the numbers of devices: what it says, and what is made of one that others have written.
+#include "platform/rtmidi/KnownDevices.h"
+
+#include "platform/posix/PosixFiles.h"
+#include "unit/support/TestProgram.h"
+
+#include <gmock/gmock.h>
+
+namespace velluto::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const KnownDevices kKnown{{{0, false, "Velluto Synthesizer"}, {3, true, "PA80:PA80 MIDI 1 24:0"}}, {{1, false, "Tasti \xC3\xA8"}}};
+const char *const kText = "out 0 - Velluto Synthesizer\nout 3 * PA80:PA80 MIDI 1 24:0\nin 1 - Tasti \xC3\xA8\n";
+
+TEST(KnownDevices, ALineForEachDeviceTellsItsNumberAndItsName)
+{
+    EXPECT_EQ(KnownDevicesText(kKnown), kText);
+    EXPECT_EQ(ParseKnownDevices(kText), kKnown);
+}
+
+TEST(KnownDevices, ANameThatNoLineCanHoldIsNotWritten)
+{
+    EXPECT_EQ(KnownDevicesText({{{0, false, "two\nlines"}, {1, false, ""}, {2, false, std::string(2000, 'x')}}, {}}), "");
+}
+
+TEST(KnownDevices, LinesOfOthersArePassedOver)
+{
+    for (const char *line : {"", "out", "out 0", "out 0 -", "out 0 - ", "out 7 - a", "out -1 - a", "out 10 - a", "out x - a", "out 0 + a",
+                             "out 0  - a", "OUT 0 - a", "both 0 - a", "out 0 - a\x01", "\xFF\xFE\x00"}) {
+        EXPECT_EQ(ParseKnownDevices(line), KnownDevices()) << line;
+    }
+    EXPECT_EQ(ParseKnownDevices("nonsense\n" + std::string(kText) + "out 5").outs, kKnown.outs);
+}
+
+TEST(KnownDevices, ANumberIsTheFirstOnesThatClaimsIt)
+{
+    EXPECT_THAT(ParseKnownDevices("in 4 - late\nin 2 - a\nin 2 - b\n").ins,
+                ElementsAre(KnownDevice{2, false, "a"}, KnownDevice{4, false, "late"}));
+}
+
+TEST(KnownDevices, WhatWasWrittenIsReadAndNothingElseIsLeft)
+{
+    const TempFolder folder;
+    PosixFiles files;
+    const std::string path = folder.At("devices \xC3\xA8.txt");
+    EXPECT_EQ(ReadKnownDevices(files, path), KnownDevices());
+    WriteBytes(path, {'o', 'l', 'd'});
+    WriteKnownDevices(path, kKnown);
+    EXPECT_EQ(ReadKnownDevices(files, path), kKnown);
+    EXPECT_FALSE(std::filesystem::exists(path + ".new"));
+}
+
+TEST(KnownDevices, AFileThatCannotBeWrittenStaysAsItWas)
+{
+    const TempFolder folder;
+    PosixFiles files;
+    const std::string path = folder.At("devices.txt");
+    WriteKnownDevices(path, kKnown);
+    std::filesystem::create_directory(path + ".new");
+    WriteBytes(path + ".new/kept", {'x'});
+    WriteKnownDevices(path, {});
+    EXPECT_EQ(ReadKnownDevices(files, path), kKnown);
+    WriteKnownDevices(folder.At("nowhere/devices.txt"), kKnown);
+    EXPECT_FALSE(std::filesystem::exists(folder.At("nowhere")));
+}
+
+TEST(KnownDevices, AFileOfUnlikelyLengthIsForeign)
+{
+    const TempFolder folder;
+    PosixFiles files;
+    const std::string path = folder.At("devices.txt");
+    WriteKnownDevices(path, kKnown);
+    std::filesystem::resize_file(path, 65537);
+    EXPECT_EQ(ReadKnownDevices(files, path), KnownDevices());
+}
+
+} // namespace
+} // namespace velluto::test
