@@ -11,6 +11,19 @@
 
 namespace velluto {
 
+namespace {
+
+// The widget and all that it holds: Qt's update leaves out what covers the widget.
+void PaintAnew(QWidget &widget)
+{
+    widget.update();
+    for (QWidget *inner : widget.findChildren<QWidget *>()) {
+        inner->update();
+    }
+}
+
+} // namespace
+
 ChildArea::ChildArea(QWidget *parent) : QMdiArea(parent)
 {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -19,6 +32,12 @@ ChildArea::ChildArea(QWidget *parent) : QMdiArea(parent)
     setFrameShape(QFrame::NoFrame);
     InstallWindowAccess();
     connect(this, &QMdiArea::subWindowActivated, this, &TellActiveWindow);
+    // The window that steps back paints its frame once more, and Qt may do so over the one that has come to the front.
+    connect(this, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow *window) {
+        if (window != nullptr) {
+            PaintAnew(*window);
+        }
+    });
     // To minimise, maximise, move and size a window without a mouse.
     const auto *keys = new QShortcut(QKeySequence(static_cast<int>(Qt::ALT) | Qt::Key_Minus), this);
     connect(keys, &QShortcut::activated, this, [this] {

@@ -275,6 +275,7 @@ void Piano::keyPressEvent(QKeyEvent *event)
         }
         if (!event->isAutoRepeat() && pressed_ < 0 && KeyCount() > 0) {
             cursorShown_ = true;
+            update();
             Press(cursor_, MouseButton::Left);
         }
         return;

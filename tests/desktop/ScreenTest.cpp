@@ -263,7 +263,7 @@ protected:
         }
     }
 
-    std::mt19937 random_{static_cast<unsigned>(qEnvironmentVariable("VELLUTO_MONKEY_SEED", QStringLiteral("1")).toUInt())};
+    std::mt19937 random_{static_cast<unsigned>(qEnvironmentVariable("VELLUTO_MONKEY_SEED", QStringLiteral("58")).toUInt())};
 
 private:
     QTimer closer_;
