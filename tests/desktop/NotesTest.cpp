@@ -142,7 +142,7 @@ TEST_F(GuideOnDeskTest, EveryLineOfTheContentsOfBothShippedGuidesBringsItsHeadin
             EXPECT_EQ(document.findBlockByNumber(heading + 1).text(), QString(words.size(), QLatin1Char('-')));
             EXPECT_EQ(bar.value(), std::min(heading, bar.maximum())) << words.toStdString();
         }
-        EXPECT_EQ(lines, 27) << file;
+        EXPECT_EQ(lines, 28) << file;
     }
 }
 
