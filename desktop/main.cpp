@@ -1,10 +1,13 @@
 // The desktop program: gives the program this machine's answers and lets Qt run it.
 #include "desktop/EndSignals.h"
+#include "desktop/Inbox.h"
 #include "desktop/Look.h"
 #include "desktop/QtClock.h"
 #include "desktop/QtFace.h"
 #include "desktop/QtPrinter.h"
 #include "desktop/QtTicks.h"
+#include "files/Opening.h"
+#include "platform/posix/HandOver.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/rtmidi/MachineMusic.h"
@@ -14,20 +17,83 @@
 #include <QApplication>
 #include <QFileInfo>
 
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
 namespace velluto {
 
 namespace {
+
+void OpenFile(Velluto &program, const std::string &path)
+{
+    const QFileInfo file(QString::fromStdString(path));
+    const Argument what = !file.exists() ? Argument::Missing : (file.isDir() ? Argument::Folder : Argument::File);
+    if (what == Argument::File && IsFileForUs(path)) {
+        OpenFileByName(program, path);
+    } else {
+        OpenArgument(program.files, path, what);
+    }
+}
 
 // The files that a file manager, or a user at a shell, has named.
 void OpenFilesNamedAtStart(Velluto &program)
 {
     const QStringList arguments = QApplication::arguments();
     for (const QString &path : arguments.mid(1)) {
-        OpenFileByName(program, QFileInfo(path).absoluteFilePath().toStdString());
+        if (!path.isEmpty()) {
+            OpenFile(program, QFileInfo(path).absoluteFilePath().toStdString());
+        }
     }
 }
 
-int Run()
+constexpr TwoTexts kHelp{"uso: velluto [FILE]...\n\n"
+                         "Gestisce i file della KORG PA80 (.pcg, .sty, .prf) e comanda lo strumento via MIDI. Ogni FILE si apre in una\n"
+                         "finestra, nel programma che già gira se ce n'è uno.\n\n"
+                         "  -h, --help   questo aiuto\n"
+                         "  --version    la versione\n",
+                         "usage: velluto [FILE]...\n\n"
+                         "Manages files of the KORG PA80 (.pcg, .sty, .prf) and controls the instrument over MIDI. Each FILE opens in a\n"
+                         "window, of the program that runs already if there is one.\n\n"
+                         "  -h, --help   this help\n"
+                         "  --version    the version\n"};
+
+// In the language of the system: the program's own is not known before its settings are.
+std::string_view HelpAtStart()
+{
+    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char *const value = std::getenv(name);
+        if (value != nullptr && *value != '\0') {
+            return kHelp.In(std::string_view(value).starts_with("it") ? kItalianBase : kEnglishBase);
+        }
+    }
+    return kHelp.In(kEnglishBase);
+}
+
+// True where this start is only a question about the program, or has files for one that runs already.
+bool IsAnswered(const std::vector<std::string> &words, const std::string &address)
+{
+    if (words.empty()) {
+        return false;
+    }
+    if (words.front() == "--version" || words.front() == "--help" || words.front() == "-h") {
+        const bool version = words.front() == "--version";
+        std::cout << (version ? std::string_view("velluto " VELLUTO_VERSION "\n") : HelpAtStart());
+        return true;
+    }
+    HandedFiles files;
+    for (const std::string &word : words) {
+        if (word.empty() || word.front() == '-') {
+            return false; // for the toolkit, which sorts it out in a program of its own
+        }
+        files.paths.push_back(std::filesystem::absolute(word).lexically_normal());
+    }
+    const char *const activation = std::getenv("XDG_ACTIVATION_TOKEN");
+    files.activation = activation != nullptr ? activation : "";
+    return HandOver(address, files);
+}
+
+int Run(HandOverInbox &handedOver)
 {
     PosixFiles files;
     QtClock clock;
@@ -43,10 +109,17 @@ int Run()
                  [&program](const std::string &path) { OpenFileByName(program, path); }});
     clock.Follow(program.app.messages.LinguaBase);
     printer.Follow(program.app);
+    const auto take = [&handedOver](std::string &activation) {
+        const std::optional<HandedFiles> taken = handedOver.Take();
+        activation = taken ? taken->activation : "";
+        return taken ? taken->paths : std::vector<std::string>();
+    };
+    Inbox inbox(handedOver.Descriptor(), take, face, [&program](const std::string &path) { OpenFile(program, path); });
     const EndSignals endSignals;
     int result = 0;
     if (StartUp(program)) {
         OpenFilesNamedAtStart(program);
+        inbox.Begin();
         // A signal that came while a question of the start was up has ended that question's loop, not this one.
         bool toRun = !endSignals.Told();
         do {
@@ -64,11 +137,16 @@ int Run()
 
 int main(int argc, char **argv)
 {
+    const std::string address = velluto::HandOverAddress();
+    if (velluto::IsAnswered({argv + 1, argv + argc}, address)) {
+        return 0;
+    }
+    velluto::HandOverInbox handedOver(address);
     // Without this, looking for JACK would start a server of its own.
     qputenv("JACK_NO_START_SERVER", "1");
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("velluto"));
     QGuiApplication::setDesktopFileName(QStringLiteral("velluto"));
     velluto::SetUpLook();
-    return velluto::Run();
+    return velluto::Run(handedOver);
 }

@@ -251,4 +251,19 @@ void OpenNamedFile(FilesState &files, const std::string &path)
     OpenPath(files, path, TypeOfName(files, path));
 }
 
+void OpenArgument(FilesState &files, const std::string &path, Argument what)
+{
+    if (TypeOfName(files, path) != nullptr) {
+        OpenNamedFile(files, path);
+        return;
+    }
+    const std::string extension = UpperCase(ExtensionOf(path));
+    if (what == Argument::File && (extension == "MID" || extension == "MIDI")) {
+        return;
+    }
+    NameFile(files, path);
+    const int number = what == Argument::Missing ? MessageNo::FileNotFound : MessageNo::DataFormatError;
+    files.app.messages.ShowMessage(number, OpeningTitle(files), {});
+}
+
 } // namespace velluto

@@ -3,6 +3,7 @@
 
 #include "files/Files.h"
 
+#include <cstdint>
 #include <string>
 
 namespace velluto {
@@ -24,5 +25,11 @@ void mnuRecentFile_Click(FilesState &files, int index); // 1 to 16
 // Opens the file with this full path as its Open command would if it were chosen there, by the type that its name tells.
 // Does nothing for a name of none of the three types, and where that type's Open command is off.
 void OpenNamedFile(FilesState &files, const std::string &path);
+
+// What the system finds under a path that was named at the start.
+enum class Argument : std::uint8_t { File, Folder, Missing };
+// Opens it, and tells of what could never open: of a name of none of the three types that is missing, or a folder, or a foreign
+// file. A MIDI file is left to the player.
+void OpenArgument(FilesState &files, const std::string &path, Argument what);
 
 } // namespace velluto

@@ -4,6 +4,7 @@
 #include "platform/fluidsynth/FluidLibrary.h"
 #include "platform/rtmidi/QuietAlsa.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
@@ -211,6 +212,26 @@ bool IsSoundFont(const std::string &path)
     return !error && length + 8 <= there;
 }
 
+// Where distributions put a General MIDI SoundFont, the one that they name as the usual one first.
+constexpr std::array kPlaces{"/usr/share/sounds/sf2/default-GM.sf2",     "/usr/share/sounds/sf3/default-GM.sf3",
+                             "/usr/share/soundfonts/default.sf2",        "/usr/share/soundfonts/default.sf3",
+                             "/usr/share/sounds/sf2/TimGM6mb.sf2",       "/usr/share/sounds/sf2/FluidR3_GM.sf2",
+                             "/usr/share/sounds/sf3/FluidR3_GM.sf3",     "/usr/share/sounds/sf3/MuseScore_General.sf3",
+                             "/usr/share/soundfonts/TimGM6mb.sf2",       "/usr/share/soundfonts/FluidR3_GM.sf2",
+                             "/usr/share/soundfonts/FluidR3_GM2-2.sf2",  "/usr/share/soundfonts/freepats-general-midi.sf2",
+                             "/usr/local/share/sounds/sf2/TimGM6mb.sf2", "/usr/local/share/soundfonts/default.sf2",
+                             "/usr/local/share/soundfonts/TimGM6mb.sf2"};
+
+// The folder of the user's own data; empty where there is none.
+std::string OwnSounds()
+{
+    if (const char *data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data == '/') {
+        return data;
+    }
+    const char *const home = std::getenv("HOME");
+    return home != nullptr && *home == '/' ? std::string(home) + "/.local/share" : "";
+}
+
 } // namespace
 
 std::string FindSoundFont()
@@ -218,14 +239,13 @@ std::string FindSoundFont()
     if (const char *chosen = std::getenv("VELLUTO_SOUNDFONT"); chosen != nullptr) {
         return IsSoundFont(chosen) ? chosen : "";
     }
-    for (const char *place :
-         {"/usr/share/sounds/sf2/default-GM.sf2", "/usr/share/sounds/sf2/TimGM6mb.sf2", "/usr/share/soundfonts/default.sf2",
-          "/usr/share/soundfonts/TimGM6mb.sf2", "/usr/local/share/sounds/sf2/TimGM6mb.sf2", "/usr/local/share/soundfonts/TimGM6mb.sf2"}) {
-        if (IsSoundFont(place)) {
-            return place;
-        }
+    std::vector<std::string> places;
+    if (const std::string own = OwnSounds(); !own.empty()) {
+        places = {own + "/soundfonts/default.sf2", own + "/soundfonts/default.sf3"};
     }
-    return {};
+    places.insert(places.end(), kPlaces.begin(), kPlaces.end());
+    const auto found = std::ranges::find_if(places, IsSoundFont);
+    return found != places.end() ? *found : "";
 }
 
 SynthesizerPorts::SynthesizerPorts(std::string soundFont) : soundFont_(std::move(soundFont)) {}

@@ -11,8 +11,8 @@ namespace velluto {
 
 inline constexpr const char *kSynthesizerName = "Velluto Synthesizer";
 
-// The SoundFont to sound with: VELLUTO_SOUNDFONT of the environment alone where it is set, else the first that is found
-// in the usual places. Empty where there is none.
+// The SoundFont to sound with: VELLUTO_SOUNDFONT of the environment alone where it is set, else the user's own
+// (soundfonts/default.sf2 or .sf3 in XDG_DATA_HOME), else the first that is found in the usual places. Empty where there is none.
 std::string FindSoundFont();
 
 class Synthesizer;

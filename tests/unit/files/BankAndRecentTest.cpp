@@ -216,6 +216,19 @@ TEST_F(NamedFileTest, AForeignNameOpensNothingAndSaysNothing)
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(NamedFileTest, AnArgumentThatCanNeverOpenIsTold)
+{
+    OpenArgument(files, run.folder->Path() + "/gone.txt", Argument::Missing);
+    OpenArgument(files, run.folder->Path() + "/gone.pcg", Argument::Missing);
+    OpenArgument(files, run.folder->Path() + "/songs", Argument::Folder);
+    OpenArgument(files, PutFile("a.txt"), Argument::File);
+    OpenArgument(files, PutFile("a.mid"), Argument::File);
+    OpenArgument(files, PutFile("b.pcg"), Argument::File);
+    EXPECT_THAT(OpenSlots(), ElementsAre(1));
+    EXPECT_THAT(Boxes(), ElementsAre("Apertura di gone.txt: File assente", "Apertura di gone.pcg: File assente",
+                                     "Apertura di songs: Formato dati errato", "Apertura di a.txt: Formato dati errato"));
+}
+
 TEST_F(NamedFileTest, AMissingFileAndOneThatIsOpenAreTold)
 {
     const std::string path = PutFile("a.pcg");

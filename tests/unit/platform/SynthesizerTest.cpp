@@ -55,6 +55,17 @@ TEST(Synthesizer, ASoundFontOfTheEnvironmentThatIsMissingMeansNone)
     EXPECT_THAT(SynthesizerPorts(FindSoundFont()).Outputs(), IsEmpty());
 }
 
+TEST(Synthesizer, TheUsersOwnSoundFontGoesFirst)
+{
+    const TempFolder folder;
+    const Variable data("XDG_DATA_HOME", folder.Path());
+    std::filesystem::create_directory(folder.At("soundfonts"));
+    WriteBytes(folder.At("soundfonts/default.sf3"), kHead);
+    EXPECT_EQ(FindSoundFont(), folder.At("soundfonts/default.sf3"));
+    WriteBytes(folder.At("soundfonts/default.sf2"), kHead);
+    EXPECT_EQ(FindSoundFont(), folder.At("soundfonts/default.sf2"));
+}
+
 TEST(Synthesizer, AFileThatIsNoWholeSoundFontMeansNone)
 {
     const TempFolder folder;

@@ -1,0 +1,41 @@
+// Files for the program that runs already: whoever is started with files in the same folder hands them over by a socket, and is
+// done. A socket belongs to one user and one folder. Used by the desktop's main and its inbox.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velluto {
+
+struct HandedFiles {
+    std::string activation; // the desktop's leave to come to the front, empty where it gave none
+    std::vector<std::string> paths;
+};
+
+// Where the socket for the current folder is: in XDG_RUNTIME_DIR, which must be a folder of this user's that nobody else can write
+// into. Empty where there is none such, and then nobody hands over.
+[[nodiscard]] std::string HandOverAddress();
+
+// True where a program of this user's has taken the files; it has ten seconds for that.
+[[nodiscard]] bool HandOver(const std::string &address, const HandedFiles &files);
+
+// The other end. Takes the address where nobody is there, also from one who has gone without a word, and gives it free at its end.
+class HandOverInbox {
+public:
+    explicit HandOverInbox(std::string address);
+    ~HandOverInbox();
+    HandOverInbox(const HandOverInbox &) = delete;
+    HandOverInbox &operator=(const HandOverInbox &) = delete;
+
+    // Readable when somebody is there; -1 where the address is another's.
+    [[nodiscard]] int Descriptor() const { return listening_; }
+    // What the next one who is there brings; nothing where that is damaged, or not this user's. Waits half a second at most.
+    [[nodiscard]] std::optional<HandedFiles> Take();
+
+private:
+    std::string address_;
+    int listening_ = -1;
+};
+
+} // namespace velluto
