@@ -88,6 +88,14 @@ void ListView::CurrentChanged()
     }
 }
 
+void ListView::LeadTo(int row)
+{
+    if (list_ != nullptr && row >= 0 && row < list_->ListCount()) {
+        list_->SetListIndex(row);
+        viewport()->update();
+    }
+}
+
 // ---- where rows lie
 
 void ListView::doItemsLayout()
@@ -308,7 +316,8 @@ void ListView::keyPressEvent(QKeyEvent *event)
 {
     const int code = KeyCode(*event);
     const bool opens = code == Key::Return && list_ != nullptr && list_->DblClick && list_->ListIndex() >= 0;
-    event->setAccepted(IsListKey(code) || opens);
+    const bool presses = event->key() == Qt::Key_Space && list_ != nullptr && list_->ListIndex() >= 0;
+    event->setAccepted(IsListKey(code) || opens || presses);
     // Held down a moment too long, Delete would come again: to a row that is empty by now, and a Cut that finds no item
     // leaves the file with none.
     if (code == Key::Delete && (event->isAutoRepeat() || event->timestamp() == releasedAt_)) {
@@ -317,6 +326,9 @@ void ListView::keyPressEvent(QKeyEvent *event)
     if (list_ != nullptr && code != 0) {
         const EventGate::Pass pass(gate_);
         PressKey(*list_, code, ToModifier(event->modifiers()));
+        if (presses && list_ != nullptr && !event->isAutoRepeat()) { // the keyboard's click on the row that it has been led to
+            ListGesture::ClickRow(*list_, list_->ListIndex(), ToModifier(event->modifiers()));
+        }
     }
 }
 

@@ -24,6 +24,8 @@ public:
     // The control is about to go: the view draws nothing and hears nothing from then on.
     void Detach();
 
+    // Makes the row the one where the keyboard is, as Ctrl and an arrow key do: nothing is selected and no handler hears of it.
+    void LeadTo(int row);
     // The row at a point of the viewport, or -1.
     [[nodiscard]] int RowAt(const QPoint &point) const;
     [[nodiscard]] QRect visualRect(const QModelIndex &index) const override;
