@@ -1,10 +1,48 @@
 #include "desktop/Binder.h"
 
+#include "desktop/FittedButton.h"
 #include "desktop/QtText.h"
+#include "desktop/Tips.h"
 #include "desktop/Twips.h"
+#include "desktop/WidgetEvents.h"
 #include "view/Form.h"
 
+#include <QAbstractScrollArea>
+#include <QHelpEvent>
+#include <QPointer>
+#include <QToolTip>
+
 namespace velluto {
+
+namespace {
+
+// A tip that is looked up when it is asked for, as long as the control is there.
+void FollowLiveTip(QWidget &widget, const Control &control, QObject &life)
+{
+    if (!HasLiveTip(control)) {
+        return;
+    }
+    auto *area = qobject_cast<QAbstractScrollArea *>(&widget);
+    QWidget *shown = area != nullptr ? area->viewport() : &widget;
+    new WidgetEvents(shown, [shown, &control, alive = QPointer<QObject>(&life)](const QEvent &event) {
+        const QString tip = event.type() == QEvent::ToolTip && !alive.isNull() ? LiveTipOf(control) : QString();
+        if (tip.isEmpty()) {
+            return false;
+        }
+        QToolTip::showText(static_cast<const QHelpEvent &>(event).globalPos(), tip, shown);
+        return true;
+    });
+}
+
+void ShowTie(QWidget &widget, const Control &control)
+{
+    if (dynamic_cast<const Button *>(&control) != nullptr) {
+        widget.setProperty(kTiedProperty, IsTied(control));
+        widget.update();
+    }
+}
+
+} // namespace
 
 Binder::~Binder()
 {
@@ -15,6 +53,7 @@ void Binder::Start()
 {
     if (widget_ != nullptr) {
         widget_->setObjectName(FromUtf8(control_.FullName()));
+        FollowLiveTip(*widget_, control_, receiver_);
     }
     for (const Aspect aspect :
          {Aspect::Caption, Aspect::Text, Aspect::Caret, Aspect::Rows, Aspect::Selection, Aspect::Current, Aspect::Value, Aspect::Range,
@@ -38,7 +77,8 @@ void Binder::Update(Aspect aspect)
             widget_->setGeometry(ToPixels(control_.place.Get()));
             break;
         case Aspect::ToolTip:
-            widget_->setToolTip(FromUtf8(control_.toolTip.Get()));
+            widget_->setToolTip(TipOf(control_));
+            ShowTie(*widget_, control_);
             break;
         case Aspect::Focus:
             widget_->setFocus();

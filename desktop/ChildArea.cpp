@@ -1,5 +1,6 @@
 #include "desktop/ChildArea.h"
 
+#include "desktop/EmptyHint.h"
 #include "desktop/WindowAccess.h"
 
 #include <QEvent>
@@ -46,6 +47,7 @@ ChildArea::ChildArea(QWidget *parent) : QMdiArea(parent)
         }
     });
     TakeBackground();
+    new EmptyHint(*this);
 }
 
 void ChildArea::TakeBackground()

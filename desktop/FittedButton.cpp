@@ -12,7 +12,9 @@ namespace velluto {
 namespace {
 
 // Logical pixels.
-constexpr int kClear = 3;    // on either side of the words, the edge included
+constexpr int kClear = 3; // on either side of the words, the edge included
+constexpr int kTieInset = 5;
+constexpr int kTieHeight = 2;
 constexpr int kSmallest = 9; // smaller writing is for nobody
 
 QFont WithPixels(QFont font, int pixels)
@@ -57,6 +59,9 @@ void FittedButton::paintEvent(QPaintEvent * /*event*/)
     painter.setFont(fitted);
     option.fontMetrics = QFontMetrics(fitted);
     painter.drawControl(QStyle::CE_PushButton, option);
+    if (property(kTiedProperty).toBool()) {
+        painter.fillRect(QRect(kTieInset, height() - kTieInset, width() - 2 * kTieInset, kTieHeight), palette().color(QPalette::Link));
+    }
 }
 
 } // namespace velluto

@@ -6,6 +6,9 @@
 
 namespace velluto {
 
+// A property of a button, true or false: a mark at its lower edge shows it.
+inline constexpr char kTiedProperty[] = "tied";
+
 class FittedButton : public QPushButton {
 public:
     using QPushButton::QPushButton;

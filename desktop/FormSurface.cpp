@@ -1,6 +1,7 @@
 #include "desktop/FormSurface.h"
 
 #include "desktop/Keys.h"
+#include "desktop/MonitorWords.h"
 #include "view/Gestures.h"
 
 #include <QContextMenuEvent>
@@ -47,6 +48,7 @@ FormSurface::FormSurface(Form &form, EventGate &gate, QWidget *parent) : QWidget
         }
         binders_.push_back(std::move(binder));
     }
+    AddMonitorWords(form, *this);
 }
 
 void FormSurface::Detach()

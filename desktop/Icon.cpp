@@ -47,6 +47,14 @@ void DrawProgramIcon(QPainter &painter)
     painter.drawPath(wave);
 }
 
+void DrawChangedIcon(QPainter &painter)
+{
+    DrawProgramIcon(painter);
+    painter.setPen(QPen(QColor(0x2b, 0x0a, 0x18), 3));
+    painter.setBrush(QColor(0xff, 0xc9, 0x3c));
+    painter.drawEllipse(QPointF(49, 49), 13, 13);
+}
+
 // A yellow triangle with an exclamation mark.
 void DrawWarning(QPainter &painter)
 {
@@ -115,6 +123,11 @@ private:
 QIcon ProgramIcon()
 {
     return QIcon(new Engine(DrawProgramIcon));
+}
+
+QIcon ChangedIcon()
+{
+    return QIcon(new Engine(DrawChangedIcon));
 }
 
 QIcon WarningIcon()

@@ -7,6 +7,8 @@ namespace velluto {
 
 // The program's own, as velluto.svg draws it.
 [[nodiscard]] QIcon ProgramIcon();
+// The same with a dot: the window's file has been changed.
+[[nodiscard]] QIcon ChangedIcon();
 // For message boxes.
 [[nodiscard]] QIcon WarningIcon();
 // On the button for the menus that a narrow frame has no room for; in the colour of the words beside it.

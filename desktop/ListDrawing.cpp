@@ -60,6 +60,9 @@ void ListView::DrawRow(QPainter &painter, int row) const
     }
     const QColor ink = palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text);
     painter.setPen(ink);
+    QFont letters = font();
+    letters.setBold(model_->IsHeading(row));
+    painter.setFont(letters);
     painter.setClipRect(rect);
     QString text = model_->Text(row);
     if (ScrollsDown()) { // names may be long, and what tells them apart stands at their end

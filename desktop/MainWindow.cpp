@@ -1,5 +1,6 @@
 #include "desktop/MainWindow.h"
 
+#include "desktop/FindStrip.h"
 #include "desktop/QtText.h"
 #include "desktop/Twips.h"
 
@@ -85,6 +86,7 @@ MainWindow::MainWindow(frmMain &frame, ChildWindows &children, EventGate &gate, 
     layout->addWidget(area_);
     layout->addWidget(statusBar_);
     setCentralWidget(inside);
+    InstallFind(*this, *area_, gate_);
     area_->setFocusPolicy(Qt::NoFocus);
     frame.observer = [this](Aspect aspect) { Follow(aspect); };
     connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) { NoteActivation(window); });

@@ -2,7 +2,9 @@
 
 #include "app/ViewKind.h"
 #include "desktop/QtText.h"
+#include "desktop/Tips.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QMenuBar>
 #include <QShortcut>
@@ -71,6 +73,7 @@ void MenuBinder::Build(MenuEntry &entry, QMenu *parent)
 void MenuBinder::BuildMenu(MenuEntry &entry, QMenu *menu)
 {
     menu->setObjectName(FromUtf8(entry.FullName()));
+    menu->setToolTipsVisible(true);
     for (MenuEntry *child : entry.children()) {
         Build(*child, menu);
     }
@@ -81,6 +84,9 @@ void MenuBinder::BuildMenu(MenuEntry &entry, QMenu *menu)
         }
         if (entry.listsWindows) {
             ListWindows(*menu);
+        }
+        for (const MenuEntry *child : entry.children()) {
+            ActionOf(*child)->setToolTip(TipOfEntry(*child, children_.All()));
         }
     });
 }
@@ -139,6 +145,11 @@ void MenuBinder::Follow(const MenuEntry &entry, QAction &action)
     action.setText(ShownCaption(entry));
     action.setEnabled(entry.enabled);
     action.setVisible(entry.visible);
+    if (IsHeading(entry)) {
+        QFont font = QApplication::font("QMenu");
+        font.setBold(true);
+        action.setFont(font);
+    }
     if (action.menu() == nullptr) {
         // Only a checked entry is checkable: Qt would draw an empty box for the others.
         action.setCheckable(entry.checked);

@@ -2,8 +2,10 @@
 
 #include "app/Catalogue.h"
 #include "app/Language.h"
+#include "app/ViewKind.h"
 #include "desktop/DropTarget.h"
 #include "desktop/Fonts.h"
+#include "desktop/Icon.h"
 #include "desktop/QtText.h"
 #include "desktop/Twips.h"
 
@@ -29,6 +31,29 @@ QLocale LocaleOf(QLocale::Language language)
 
 } // namespace
 
+namespace {
+
+bool TakesChanges(const WindowTag &tag)
+{
+    return tag.Kind() == ViewKind::ProgramFile || tag.Kind() == ViewKind::StyleFile || tag.Kind() == ViewKind::PerformanceFile;
+}
+
+// A document that has been changed has a dot on its window's icon.
+void MarkChanged(const MainWindow &frame, const ChildWindows &children)
+{
+    constexpr const char *kMark = "changed";
+    for (const Form *form : children.All()) {
+        ChildWindow *window = frame.WindowOf(*form);
+        const bool changed = TakesChanges(form->Tag) && form->Tag.At(TagPosition::Modified) != 0;
+        if (window != nullptr && window->property(kMark).toBool() != changed) {
+            window->setProperty(kMark, changed);
+            window->setWindowIcon(changed ? ChangedIcon() : ProgramIcon());
+        }
+    }
+}
+
+} // namespace
+
 QtFace::~QtFace()
 {
     Detach();
@@ -41,6 +66,9 @@ void QtFace::Attach(DrawnProgram program)
     gate_.betweenEvents = [this] {
         if (program_) {
             program_->children.Sweep();
+            if (window_) {
+                MarkChanged(*window_, program_->children);
+            }
         }
     };
     // The program ends when the frame does, not when some dialog before it closes.

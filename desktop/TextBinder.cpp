@@ -4,6 +4,7 @@
 #include "desktop/Fonts.h"
 #include "desktop/Keys.h"
 #include "desktop/QtText.h"
+#include "desktop/Tips.h"
 
 #include <QContextMenuEvent>
 #include <QMetaObject>
@@ -174,6 +175,7 @@ bool TextBinder::LookAtMouse(QEvent &event)
 
 LineBinder::LineBinder(TextBox &box, EventGate &gate, QLineEdit *edit) : TextBinder(box, gate, edit, edit), edit_(edit)
 {
+    edit->setPlaceholderText(PlaceholderOf(box));
     edit->setReadOnly(box.readOnly);
     if (box.bytesInFileName > 0) {
         edit->setValidator(new FileNameValidator(box, edit));
