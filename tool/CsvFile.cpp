@@ -96,7 +96,7 @@ public:
         rows.erase(rows.begin());
     }
 
-    std::string_view Text(const Row &row, Column column) const
+    [[nodiscard]] std::string_view Text(const Row &row, Column column) const
     {
         const std::size_t at = at_.at(column);
         if (at < row.fields.size()) {
@@ -107,7 +107,7 @@ public:
         }
         throw SourceFault(row.line, speaker_.Say(kNoColumn, {std::string(kColumns.at(column))}));
     }
-    int Number(const Row &row, Column column) const
+    [[nodiscard]] int Number(const Row &row, Column column) const
     {
         const std::string_view text = Text(row, column);
         const std::optional<int> number = NumberUpTo(text, kHighest);

@@ -134,7 +134,7 @@ private:
         return Trimmed(text) == "*" ? std::optional(kAnyBank) : NumberUpTo(Trimmed(text), most);
     }
 
-    const Instrument &Chosen(std::string_view name, const Speaker &speaker) const
+    [[nodiscard]] const Instrument &Chosen(std::string_view name, const Speaker &speaker) const
     {
         std::string all;
         const Instrument *chosen = nullptr;

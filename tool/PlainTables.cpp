@@ -28,7 +28,7 @@ std::string Quoted(std::string_view bytes)
     std::u32string characters = CharactersOfBytes(bytes);
     std::ranges::replace_if(
         characters, [](char32_t c) { return c < U' '; }, U'?'); // a line has to stay one
-    const std::string text = Utf8Of(characters);
+    std::string text = Utf8Of(characters);
     if (text.find_first_of(",#\"") == std::string::npos && !text.starts_with(' ')) {
         return text;
     }

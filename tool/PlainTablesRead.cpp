@@ -43,7 +43,7 @@ public:
     explicit PlainReader(const Speaker &speaker) : speaker_(speaker) {}
 
     // As many groups as there are names of banks, of these banks; entries with so many fields.
-    std::vector<Group> Read(std::string_view text, std::size_t fieldsOfEntry, const std::vector<std::string> &banks) const
+    [[nodiscard]] std::vector<Group> Read(std::string_view text, std::size_t fieldsOfEntry, const std::vector<std::string> &banks) const
     {
         std::vector<Group> groups;
         std::size_t number = 0;
@@ -75,7 +75,7 @@ public:
     }
 
     // As bytes of the table.
-    std::string Text(const Line &line, std::size_t field, std::size_t longest) const
+    [[nodiscard]] std::string Text(const Line &line, std::size_t field, std::size_t longest) const
     {
         const std::string &text = line.fields.at(field);
         std::string bytes;
@@ -91,7 +91,7 @@ public:
         }
         return bytes;
     }
-    int Number(const Line &line, std::size_t field) const
+    [[nodiscard]] int Number(const Line &line, std::size_t field) const
     {
         const std::optional<int> number = NumberUpTo(line.fields.at(field), kHighest);
         if (!number) {
@@ -99,7 +99,7 @@ public:
         }
         return *number;
     }
-    std::string Heading(const Line &head, std::size_t longest) const
+    [[nodiscard]] std::string Heading(const Line &head, std::size_t longest) const
     {
         std::string heading = Text(head, 1, longest);
         if (heading.empty() || (heading.front() >= '0' && heading.front() <= '9')) {
@@ -120,7 +120,7 @@ private:
         }
     }
     // The fields up to a remark; none of a line without any.
-    std::vector<std::string> Fields(std::size_t number, std::string_view line) const
+    [[nodiscard]] std::vector<std::string> Fields(std::size_t number, std::string_view line) const
     {
         std::vector<std::string> fields(1);
         bool isQuoted = false; // this field stands in quotes
@@ -190,6 +190,7 @@ RecordTable MakePrograms(std::string_view text, const Speaker &speaker)
 RecordTable MakeStyles(std::string_view text, const Speaker &speaker)
 {
     std::vector<std::string> banks;
+    banks.reserve(kStylePages);
     for (int page = 0; page < kStylePages; ++page) {
         banks.push_back(StylePageName(page));
     }

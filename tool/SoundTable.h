@@ -40,7 +40,7 @@ struct SoundAddress {
     int msb = 0;
     int lsb = 0;
     int program = 0;
-    auto operator<=>(const SoundAddress &) const = default;
+    auto operator<=>(const SoundAddress &) const = default; // NOLINT(modernize-use-nullptr): what it is made of is the compiler's
 };
 
 // Of the lowest seven bits, as recall sends them.

@@ -104,12 +104,12 @@ private:
     [[nodiscard]] std::string Directory() const { return arguments_.paths.empty() ? "." : arguments_.paths.front(); }
     [[nodiscard]] std::string Plain(std::string_view name) const { return JoinPath(Directory(), name); }
 
-    int Fail(const std::string &path, const TwoTexts &why, int code) const
+    [[nodiscard]] int Fail(const std::string &path, const TwoTexts &why, int code) const
     {
         desk_.Complain(path, desk_.speaker.Say(why));
         return code;
     }
-    int Fail(const std::string &path, const SourceFault &fault) const
+    [[nodiscard]] int Fail(const std::string &path, const SourceFault &fault) const
     {
         desk_.Complain(fault.Line() == 0 ? path : path + ":" + std::to_string(fault.Line()), fault.what());
         return ExitCode::Unreadable;

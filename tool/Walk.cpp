@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 struct Listing {
     std::vector<std::string> files;
-    std::vector<std::string> folders;
+    std::vector<std::string> folders; // the last one first: they are taken from the end
     std::error_code error;
 };
 
@@ -47,7 +47,7 @@ Listing List(const std::string &folder)
         at.increment(listing.error);
     }
     std::ranges::sort(listing.files, ComesBefore);
-    std::ranges::sort(listing.folders, ComesBefore);
+    std::ranges::sort(listing.folders, [](const std::string &one, const std::string &other) { return ComesBefore(other, one); });
     return listing;
 }
 
@@ -72,8 +72,8 @@ bool WalkFiles(const std::string &named, const Visit &visit)
         if (listing.error && !visit(folder, listing.error)) {
             return false;
         }
-        for (auto name = listing.folders.rbegin(); name != listing.folders.rend(); ++name) {
-            toDo.push_back(Below(folder, *name));
+        for (const std::string &name : listing.folders) {
+            toDo.push_back(Below(folder, name));
         }
     }
     return true;
