@@ -44,6 +44,15 @@ seed_put() {
     cp -- "$1" "$2.new" && mv -f -- "$2.new" "$2"
 }
 
+# seed_settled FROM TO: nothing of what ships has come or changed since the record was made, and nothing of it is missing.
+seed_settled() {
+    [ -s "$seed_record" ] && [ -z "$(find "$1" -cnewer "$seed_record" -print -quit)" ] || return 1
+    find "$1" -type f -printf '%P\n' | while read -r seed_entry; do
+        case $seed_entry in c-*.cmp) continue ;; esac
+        [ -s "$2/$seed_entry" ] || [ -L "$2/$seed_entry" ] || exit 1
+    done
+}
+
 # seed FROM TO: copies what TO does not have yet, folder by folder, and brings up to date what its user has never touched. What the
 # user has made or changed is never written over, and a compilation that the user has deleted stays away; an empty file is what
 # the program leaves where it found none, and holds nothing of the user's. TO/.velluto-shipped is the record of what was put: a
@@ -51,6 +60,7 @@ seed_put() {
 seed() {
     mkdir -p "$2"
     seed_record=$2/.velluto-shipped
+    ! seed_settled "$1" "$2" || return 0 # most starts end here
     [ -f "$seed_record" ] || : >"$seed_record" || return 0 # nothing can be put there
     (cd "$1" && find . -type f -exec sha256sum {} + | sort -k 2) |
         awk '{ name = substr($0, 67); sub(/^\.\//, "", name) }
@@ -77,6 +87,7 @@ seed() {
         done >"$seed_record.new" || return 0
     if cmp -s "$seed_record.new" "$seed_record"; then
         rm -f -- "$seed_record.new"
+        touch -- "$seed_record"
     else
         mv -f -- "$seed_record.new" "$seed_record"
     fi
