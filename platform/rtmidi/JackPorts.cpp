@@ -17,7 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 // What a server that stands still keeps of a port's messages, and so the longest message.
-constexpr std::size_t kRingBytes = std::size_t{1} << 18;
+constexpr std::size_t kRingBytes = std::size_t{1} << 16;
 // How late a message may be handed over and still come at its time. Added to one period, since the one that is running when
 // it is due has taken its messages already.
 constexpr jack_nframes_t kGraceParts = 500; // of a second: 2 ms

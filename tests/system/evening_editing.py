@@ -237,7 +237,7 @@ def documents(folder):
     found = {}
     for place, _, names in os.walk(folder):
         for name in names:
-            if name.endswith((".pcg", ".sty", ".prf", ".txt")):
+            if name.endswith((".pcg", ".sty", ".prf", ".txt")) and name != "Velluto-devices.txt":  # that one is of the machine
                 path = os.path.join(place, name)
                 with open(path, "rb") as file:
                     found[os.path.relpath(path, folder)] = file.read()

@@ -48,7 +48,7 @@ changing hand_over
 leave_program
 
 [ "$(cat "$own/Velluto-sty.txt")" = mine ] || fail "a file of the user's has been written over"
-diff -r --exclude=Velluto.ini --exclude=Velluto-sty.txt --exclude=.velluto-shipped "$shipped" "$own" || fail "what ships is not in the user's folder"
+diff -r --exclude=Velluto.ini --exclude=Velluto-sty.txt --exclude=Velluto-devices.txt --exclude=.velluto-shipped "$shipped" "$own" || fail "what ships is not in the user's folder"
 [ "$(stat -c %s "$own/Velluto.ini")" -eq 40000 ] || fail "the settings are not in the user's folder"
 tr -d '\0' <"$own/Velluto.ini" | grep -qa "$stage/elsewhere/My sounds.pcg" || fail "the file named was not opened"
 tr -d '\0' <"$own/Velluto.ini" | grep -qa "$stage/elsewhere/More.prf" || fail "the file handed over was not opened"
