@@ -20,7 +20,7 @@ for theme in light dark; do
         }
         for tongue in it en; do
             sheet=$here/windows-$tongue-$theme@$scale.png
-            montage "$windows"/*-"$tongue".png -background gray50 -geometry +8+8 -tile 3x -colors 64 -strip "PNG8:$sheet"
+            montage "$windows"/*-"$tongue".png -background gray50 -geometry +8+8 -tile 3x -colors 256 -strip "PNG8:$sheet"
             say "$sheet"
         done
     done
