@@ -40,9 +40,9 @@ protected:
 
 private:
     struct Held {
-        quint32 scanCode;
-        int number;
-        std::optional<quint64> releasedAt; // the display's milliseconds, while it is not certain
+        quint32 scanCode = 0;
+        int number = 0;
+        std::optional<quint64> releasedAt = {}; // the display's milliseconds, while it is not certain
     };
     [[nodiscard]] std::vector<Held>::iterator Find(quint32 scanCode);
     void End(quint32 scanCode);

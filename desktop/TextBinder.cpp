@@ -16,6 +16,7 @@
 #include <QValidator>
 
 #include <algorithm>
+#include <iterator>
 
 namespace velluto {
 
@@ -64,11 +65,7 @@ public:
             return Acceptable;
         }
         QString kept;
-        for (qsizetype i = 0; i < input.size(); ++i) {
-            if (FitsFileName(input[i])) {
-                kept += input[i];
-            }
-        }
+        std::copy_if(input.cbegin(), input.cend(), std::back_inserter(kept), FitsFileName);
         position -= static_cast<int>(input.size() - kept.size()); // what is left out stands before the caret, where it was inserted
         position = std::clamp(position, 0, static_cast<int>(kept.size()));
         input = kept;

@@ -99,7 +99,7 @@ std::string MessagesInWords(std::span<const std::uint8_t> bytes, int linguaBase)
         if (message.empty()) {
             continue;
         }
-        const int its = (status & 0x0FU) + 1;
+        const int its = static_cast<int>(status & 0x0FU) + 1;
         words += its == channel ? ", " : (words.empty() ? "" : "; ") + std::string(kChannel.In(linguaBase)) + std::to_string(its) + ": ";
         channel = its;
         words += message;

@@ -144,7 +144,7 @@ jack_port_t *JackSystem::Add(JackPort &port, const char *label, JackPortFlags di
 {
     const std::lock_guard lock(requests_);
     Slots &slots = direction == JackPortIsInput ? inputs_ : outputs_;
-    const auto slot = std::ranges::find_if(slots, [](const Slot &one) { return one.port.load() == nullptr; });
+    auto *const slot = std::ranges::find_if(slots, [](const Slot &one) { return one.port.load() == nullptr; });
     if (!alive_ || slot == slots.end()) {
         return nullptr;
     }
