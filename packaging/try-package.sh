@@ -26,6 +26,10 @@ if [ -z "$package" ]; then
 fi
 mkdir -p build
 cp "$package" "build/$suite-$(basename "$package")"
+unpacked=$(mktemp -d)
+dpkg-deb --extract "$package" "$unpacked"
+tools/check-hardened "$unpacked/usr/libexec/velluto/velluto" "$unpacked/usr/bin/velluto-tool"
+rm -rf "$unpacked"
 clean_debian "$suite"
 
 root=$(mktemp -d)
