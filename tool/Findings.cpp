@@ -8,7 +8,7 @@ namespace velluto::tool {
 namespace {
 
 struct FaultWords {
-    Fault fault;
+    Fault fault = Fault::TooShort;
     TwoTexts text;
 };
 

@@ -29,7 +29,7 @@ std::string JsonText(std::string_view text)
 // In quotes where a reader would otherwise take a part of it for the table's own signs, or drop its blanks.
 std::string CsvText(std::string_view text)
 {
-    const std::string valid = ValidUtf8(text);
+    std::string valid = ValidUtf8(text);
     const bool isPlain = valid.find_first_of(",;\"\r\n") == std::string::npos && !valid.starts_with(' ') && !valid.ends_with(' ');
     if (isPlain) {
         return valid;

@@ -10,7 +10,6 @@ namespace velluto::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 const KnownDevices kKnown{{{0, false, "Velluto Synthesizer"}, {3, true, "PA80:PA80 MIDI 1 24:0"}}, {{1, false, "Tasti \xC3\xA8"}}};
 const char *const kText = "out 0 - Velluto Synthesizer\nout 3 * PA80:PA80 MIDI 1 24:0\nin 1 - Tasti \xC3\xA8\n";
