@@ -1,6 +1,7 @@
 #include "midi/MessageWords.h"
 
 #include "app/Language.h"
+#include "platform/ShortMessage.h"
 
 #include <algorithm>
 #include <array>
@@ -25,7 +26,7 @@ constexpr std::array kControllers = std::to_array<Named>({
     {73, {"attacco", "attack time"}},
     {91, {"riverbero", "reverb"}},
     {93, {"chorus", "chorus"}},
-    {123, {"fine di tutte le note", "all notes off"}},
+    {MidiController::kAllNotesOff, {"fine di tutte le note", "all notes off"}},
 });
 
 constexpr TwoTexts kChannel{"canale ", "channel "};
@@ -34,10 +35,7 @@ constexpr TwoTexts kNoteOff{"fine nota ", "note off "};
 constexpr TwoTexts kVelocity{", velocity ", ", velocity "};
 constexpr TwoTexts kProgram{"program ", "program "};
 constexpr TwoTexts kBend{"pitch bend ", "pitch bend "};
-constexpr int kAllNotesOff = 123;
 constexpr int kMiddleBend = 64;
-
-enum Status : unsigned { NoteOff = 0x80, NoteOn = 0x90, Control = 0xB0, Program = 0xC0, Pressure = 0xD0, Bend = 0xE0 };
 
 std::string NoteName(int note)
 {
@@ -51,30 +49,25 @@ std::string ControlInWords(int controller, int value, int linguaBase)
 {
     const auto *const found = std::ranges::find(kControllers, controller, &Named::number);
     std::string words = found == kControllers.end() ? "controller " + std::to_string(controller) : std::string(found->words.In(linguaBase));
-    return controller == kAllNotesOff ? words : words + " " + std::to_string(value);
+    return controller == MidiController::kAllNotesOff ? words : words + " " + std::to_string(value);
 }
 
-std::string MessageInWords(unsigned kind, int first, int second, int linguaBase)
+std::string MessageInWords(std::uint8_t kind, int first, int second, int linguaBase)
 {
     const auto in = [linguaBase](const TwoTexts &texts) { return std::string(texts.In(linguaBase)); };
     switch (kind) {
-    case NoteOff:
-    case NoteOn:
-        return in(kind == NoteOn ? kNoteOn : kNoteOff) + NoteName(first) + in(kVelocity) + std::to_string(second);
-    case Control:
+    case MidiStatus::kNoteOff:
+    case MidiStatus::kNoteOn:
+        return in(kind == MidiStatus::kNoteOn ? kNoteOn : kNoteOff) + NoteName(first) + in(kVelocity) + std::to_string(second);
+    case MidiStatus::kControlChange:
         return ControlInWords(first, second, linguaBase);
-    case Program:
+    case MidiStatus::kProgramChange:
         return in(kProgram) + std::to_string(first);
-    case Bend:
+    case MidiStatus::kPitchBend:
         return in(kBend) + std::to_string(second - kMiddleBend);
     default:
         return {};
     }
-}
-
-bool IsStatus(std::uint8_t byte)
-{
-    return byte >= NoteOff && byte < 0xF0;
 }
 
 } // namespace
@@ -85,12 +78,13 @@ std::string MessagesInWords(std::span<const std::uint8_t> bytes, int linguaBase)
     int channel = -1;
     for (std::size_t at = 0; at < bytes.size();) {
         const std::uint8_t status = bytes[at++];
-        const unsigned kind = status & 0xF0U;
-        const std::size_t data = kind == Program || kind == Pressure ? 1 : 2;
-        const auto isData = [&](std::size_t place) { return place < bytes.size() && bytes[place] < NoteOff; };
+        const std::uint8_t kind = MidiStatus::KindOf(status);
+        const std::size_t data = DataLength(status);
+        const auto isData = [&](std::size_t place) { return place < bytes.size() && bytes[place] < kFirstStatus; };
         // All notes off is shown without its last byte, which is always 0.
-        const bool isShort = kind == Control && isData(at) && bytes[at] == kAllNotesOff && !isData(at + 1);
-        if (!IsStatus(status) || !isData(at) || (data == 2 && !isData(at + 1) && !isShort)) {
+        const bool isShort =
+            kind == MidiStatus::kControlChange && isData(at) && bytes[at] == MidiController::kAllNotesOff && !isData(at + 1);
+        if (!MidiStatus::IsChannel(status) || !isData(at) || (data == 2 && !isData(at + 1) && !isShort)) {
             continue;
         }
         const int second = data == 2 && !isShort ? bytes[at + 1] : 0;

@@ -1,5 +1,6 @@
 // Which number a port gets as a device, and what is kept of that for the next run.
 #include "platform/rtmidi/DeviceNumbers.h"
+#include "platform/rtmidi/MachineMidi.h"
 
 #include "FakePorts.h"
 
@@ -126,6 +127,46 @@ TEST_F(DeviceNumbers, SevenAreKept)
 {
     Numbered({"0", "1", "2", "3", "4", "5", "6", "7"});
     EXPECT_EQ(NumbersToKeep(devices, known, 7).size(), 7U);
+}
+
+TEST_F(DeviceNumbers, WhatIsKnownOfDevicesNumbersThemAndIsKeptAtTheEnd)
+{
+    auto ports = std::make_unique<FakePorts>();
+    ports->outputs = {"New", "PA80:MIDI 28:0"};
+    ports->inputs = {"Keys"};
+    std::vector<std::unique_ptr<MidiPorts>> systems;
+    systems.push_back(std::move(ports));
+    auto midi = std::make_unique<MachineMidi>(std::move(systems), KnownDevices{{{2, false, "PA80:MIDI 24:0"}}, {{0, false, "Away"}}});
+    EXPECT_EQ(midi->midiOutGetNumDevs(), 3);
+    EXPECT_EQ(midi->midiInGetNumDevs(), 2);
+    MidiDeviceCaps caps;
+    MidiHandle handle = 0;
+    EXPECT_EQ(midi->midiOutGetDevCapsA(1, caps), MidiCode::kError); // nobody has it
+    EXPECT_EQ(midi->midiOutOpen(handle, 1), MidiCode::kError);
+    EXPECT_EQ(midi->midiInGetDevCapsA(0, caps), MidiCode::kError);
+    EXPECT_EQ(midi->midiInOpen(handle, 0, {}), MidiCode::kError);
+    EXPECT_EQ(midi->midiOutOpen(handle, 2), MidiCode::kSuccess);
+    KnownDevices kept;
+    midi->keep = [&](const KnownDevices &known) { kept = known; };
+    midi.reset();
+    const KnownDevices wanted{{{0, false, "New"}, {2, true, "PA80:MIDI 28:0"}}, {{0, false, "Away"}, {1, false, "Keys"}}};
+    EXPECT_EQ(kept, wanted);
+}
+
+TEST_F(DeviceNumbers, WhatHasNotChangedIsNotKeptAnew)
+{
+    auto ports = std::make_unique<FakePorts>();
+    ports->outputs = {"PA80"};
+    std::vector<std::unique_ptr<MidiPorts>> systems;
+    systems.push_back(std::move(ports));
+    auto midi = std::make_unique<MachineMidi>(std::move(systems), KnownDevices{{{0, true, "PA80"}}, {}});
+    bool isKept = false;
+    midi->keep = [&](const KnownDevices &) { isKept = true; };
+    midi->midiOutGetNumDevs();
+    MidiHandle handle = 0;
+    EXPECT_EQ(midi->midiOutOpen(handle, 0), MidiCode::kSuccess);
+    midi.reset();
+    EXPECT_FALSE(isKept);
 }
 
 } // namespace

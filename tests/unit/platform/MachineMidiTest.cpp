@@ -206,45 +206,6 @@ TEST_F(MachineMidiTest, TheEndOfTheProgramEndsItsNotes)
     EXPECT_THAT(saved["PA80 out"], ElementsAre(Bytes{0x90, 0x3C, 0x64}, Bytes{0x80, 0x3C, 0x40}));
 }
 
-TEST_F(MachineMidiTest, WhatIsKnownOfDevicesNumbersThemAndIsKeptAtTheEnd)
-{
-    auto ports = std::make_unique<FakePorts>();
-    ports->outputs = {"New", "PA80:MIDI 28:0"};
-    ports->inputs = {"Keys"};
-    std::vector<std::unique_ptr<MidiPorts>> systems;
-    systems.push_back(std::move(ports));
-    midi_ = std::make_unique<MachineMidi>(std::move(systems), KnownDevices{{{2, false, "PA80:MIDI 24:0"}}, {{0, false, "Away"}}});
-    EXPECT_EQ(midi_->midiOutGetNumDevs(), 3);
-    EXPECT_EQ(midi_->midiInGetNumDevs(), 2);
-    MidiDeviceCaps caps;
-    MidiHandle handle = 0;
-    EXPECT_EQ(midi_->midiOutGetDevCapsA(1, caps), MidiCode::kError); // nobody has it
-    EXPECT_EQ(midi_->midiOutOpen(handle, 1), MidiCode::kError);
-    EXPECT_EQ(midi_->midiInGetDevCapsA(0, caps), MidiCode::kError);
-    EXPECT_EQ(midi_->midiInOpen(handle, 0, {}), MidiCode::kError);
-    EXPECT_EQ(midi_->midiOutOpen(handle, 2), MidiCode::kSuccess);
-    KnownDevices kept;
-    midi_->keep = [&](const KnownDevices &known) { kept = known; };
-    midi_.reset();
-    const KnownDevices wanted{{{0, false, "New"}, {2, true, "PA80:MIDI 28:0"}}, {{0, false, "Away"}, {1, false, "Keys"}}};
-    EXPECT_EQ(kept, wanted);
-}
-
-TEST_F(MachineMidiTest, WhatHasNotChangedIsNotKeptAnew)
-{
-    auto ports = std::make_unique<FakePorts>();
-    ports->outputs = {"PA80"};
-    std::vector<std::unique_ptr<MidiPorts>> systems;
-    systems.push_back(std::move(ports));
-    midi_ = std::make_unique<MachineMidi>(std::move(systems), KnownDevices{{{0, true, "PA80"}}, {}});
-    bool isKept = false;
-    midi_->keep = [&](const KnownDevices &) { isKept = true; };
-    midi_->midiOutGetNumDevs();
-    OpenOut(0);
-    midi_.reset();
-    EXPECT_FALSE(isKept);
-}
-
 TEST_F(MachineMidiTest, TheOpenOutputIsToldAndTheEndOfTheDevicesIsNot)
 {
     std::vector<std::string> told;
