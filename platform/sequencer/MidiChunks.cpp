@@ -29,7 +29,7 @@ std::size_t LittleEndian(FileBytes four)
 FileBytes DataOfRmid(FileBytes file)
 {
     constexpr std::size_t kRiffHead = 12;
-    if (!AsText(file).starts_with("RIFF") || !AsText(file).substr(8).starts_with("RMID")) {
+    if (file.size() < kRiffHead || !AsText(file).starts_with("RIFF") || !AsText(file).substr(8).starts_with("RMID")) {
         return {};
     }
     FileBytes rest = file.subspan(kRiffHead);

@@ -147,7 +147,7 @@ TEST_F(DeviceNumbers, WhatIsKnownOfDevicesNumbersThemAndIsKeptAtTheEnd)
     EXPECT_EQ(midi->midiInOpen(handle, 0, {}), MidiCode::kError);
     EXPECT_EQ(midi->midiOutOpen(handle, 2), MidiCode::kSuccess);
     KnownDevices kept;
-    midi->keep = [&](const KnownDevices &known) { kept = known; };
+    midi->keep = [&](const KnownDevices &all) { kept = all; };
     midi.reset();
     const KnownDevices wanted{{{0, false, "New"}, {2, true, "PA80:MIDI 28:0"}}, {{0, false, "Away"}, {1, false, "Keys"}}};
     EXPECT_EQ(kept, wanted);

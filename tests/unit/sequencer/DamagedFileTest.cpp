@@ -252,6 +252,15 @@ TEST(DamagedFile, AFileIsFoundInARiffWrapper)
     EXPECT_EQ(WordsOf(Read(wrapped(RiffChunk("LIST", {1, 2, 3})))), "This is not a MIDI file.");
 }
 
+TEST(DamagedFile, AWrapperThatEndsAnywhereIsNoMidiFile)
+{
+    const Bytes file = RiffChunk("RIFF", Joined({{'R', 'M', 'I', 'D'}, RiffChunk("LIST", {1, 2, 3}), RiffChunk("data", {'M', 'T'})}));
+    for (std::size_t length = 1; length <= file.size(); ++length) {
+        const Bytes cut(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length));
+        EXPECT_EQ(WordsOf(Read(cut)), "This is not a MIDI file.") << length;
+    }
+}
+
 // The tempos are those of each sequence: one of a beat at 60 a minute, one without, one of a beat at 240.
 TEST(FormatTwo, SequencesPlayOneAfterAnotherEachInItsTempo)
 {
