@@ -7,20 +7,16 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 namespace velluto::tool {
 
 namespace {
 
-constexpr TwoTexts kOpenQuote{"le virgolette non si chiudono", "the quotes do not end"};
 constexpr TwoTexts kNoColumn{"manca la colonna %1", "the column %1 is missing"};
-constexpr TwoTexts kNoNumber{"%1: \"%2\" non è un numero da 0 a 127", "%1: \"%2\" is no number from 0 to 127"};
 constexpr TwoTexts kNoKind{"kind: \"%1\" non è né program né style", "kind: \"%1\" is neither program nor style"};
 constexpr TwoTexts kNoStyle{"uno Style ha msb 0, lsb e program da 0 a 15", "a Style has msb 0, lsb and program from 0 to 15"};
 constexpr TwoTexts kNoNames{"il file non dà nessun nome", "the file names nothing"};
 
-constexpr int kHighest = 127;
 constexpr std::array<std::string_view, 5> kColumns{"msb", "lsb", "program", "name", "kind"};
 enum Column : std::uint8_t { Msb, Lsb, Program, Name, KindOfSound };
 
@@ -65,7 +61,7 @@ std::vector<Row> RowsIn(std::string_view text, const Speaker &speaker)
         }
     }
     if (inQuotes) {
-        throw SourceFault(rows.back().line, speaker.Say(kOpenQuote));
+        ComplainOfOpenQuotes(rows.back().line, speaker);
     }
     std::erase_if(rows, [](const Row &row) {
         return std::ranges::all_of(row.fields, [](const std::string &field) { return Trimmed(field).empty(); });
@@ -109,12 +105,7 @@ public:
     }
     [[nodiscard]] int Number(const Row &row, Column column) const
     {
-        const std::string_view text = Text(row, column);
-        const std::optional<int> number = NumberUpTo(text, kHighest);
-        if (!number) {
-            throw SourceFault(row.line, speaker_.Say(kNoNumber, {std::string(kColumns.at(column)), Printable(text)}));
-        }
-        return *number;
+        return AddressNumber(Text(row, column), row.line, speaker_, kColumns.at(column));
     }
 
 private:

@@ -5,7 +5,6 @@
 #include "tool/SourceFault.h"
 #include "tool/SourceText.h"
 
-#include <array>
 #include <optional>
 #include <vector>
 
@@ -19,14 +18,10 @@ constexpr TwoTexts kOtherBank{"questo gruppo è della banca %1", "this group is 
 constexpr TwoTexts kGroups{"i gruppi sono %1 e non %2", "%1 groups, not %2"};
 constexpr TwoTexts kTooLong{"\"%1\" ha più di %2 lettere", "\"%1\" is longer than %2 letters"};
 constexpr TwoTexts kStrange{"\"%1\" ha una lettera che la tabella non conosce", "\"%1\" has a letter that the table does not know"};
-constexpr TwoTexts kNoNumber{"\"%1\" non è un numero da 0 a 127", "\"%1\" is no number from 0 to 127"};
 constexpr TwoTexts kNoHeading{"il titolo deve cominciare con una lettera", "a heading begins with a letter"};
 constexpr TwoTexts kBlankInHeading{"il titolo non può avere uno spazio al terzo posto", "a heading has no blank in the third place"};
 constexpr TwoTexts kSounds{"questo gruppo ha da 1 a %1 suoni", "this group has 1 to %1 sounds"};
 constexpr TwoTexts kStyles{"questa pagina ha 16 Style", "this page has 16 Styles"};
-constexpr TwoTexts kOpenQuote{"le virgolette non si chiudono", "the quotes do not end"};
-
-constexpr int kHighest = 127;
 
 struct Line {
     std::size_t number = 0;
@@ -93,11 +88,7 @@ public:
     }
     [[nodiscard]] int Number(const Line &line, std::size_t field) const
     {
-        const std::optional<int> number = NumberUpTo(line.fields.at(field), kHighest);
-        if (!number) {
-            Complain(line, kNoNumber, {Printable(line.fields.at(field))});
-        }
-        return *number;
+        return AddressNumber(line.fields.at(field), line.number, speaker_);
     }
     [[nodiscard]] std::string Heading(const Line &head, std::size_t longest) const
     {
@@ -143,7 +134,7 @@ private:
             }
         }
         if (inQuotes) {
-            Complain({number, {}}, kOpenQuote);
+            ComplainOfOpenQuotes(number, speaker_);
         }
         Finish(fields.back(), isQuoted);
         return fields.size() == 1 && fields.front().empty() ? std::vector<std::string>{} : fields;

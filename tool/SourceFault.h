@@ -1,9 +1,12 @@
 // What is wrong in a text that the user gives, and in which line. Thrown by the readers of such texts, told by the command.
 #pragma once
 
+#include "tool/Words.h"
+
 #include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace velluto::tool {
 
@@ -16,5 +19,10 @@ public:
 private:
     std::size_t line_;
 };
+
+// Faults that more than one reader meets.
+[[noreturn]] void ComplainOfOpenQuotes(std::size_t line, const Speaker &speaker);
+// A number of a sound's address. Throws where it is none from 0 to 127, with the column's name where there is one.
+[[nodiscard]] int AddressNumber(std::string_view text, std::size_t line, const Speaker &speaker, std::string_view column = {});
 
 } // namespace velluto::tool
