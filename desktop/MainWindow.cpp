@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QRegion>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -26,7 +27,7 @@ constexpr int kGeometryDelay = 120;
 constexpr QSize kSmallest(320, 200);
 constexpr QSize kUsualSize(960, 660);
 constexpr double kUsualShare = 0.8; // of the screen
-constexpr int kGrip = 64;           // so much of the frame has to lie on a screen, logical pixels
+constexpr QSize kAround(8, 40);     // what a window manager puts around a window, logical pixels
 
 // The strip below the children, with a fine line above it.
 class StatusStrip : public QWidget {
@@ -51,18 +52,24 @@ QRect UsualRect()
     return rect;
 }
 
-// The rectangle itself where enough of it lies on some screen, else one of its size on the main screen.
+// The rectangle itself where the screens show all of it, else one that lies whole on the screen which shows most of it: as large, or as
+// large as there is room for.
 QRect OntoScreen(const QRect &rect)
 {
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    const bool seen = std::ranges::any_of(screens, [&rect](const QScreen *screen) {
-        const QRect common = screen->availableGeometry().intersected(rect);
-        return common.width() >= kGrip && common.height() >= kGrip && screen->availableGeometry().contains(rect.center().x(), rect.top());
-    });
-    if (seen || screens.isEmpty()) {
+    const auto shownOn = [&rect](const QScreen *screen) {
+        const QRect shown = screen->availableGeometry() & rect;
+        return shown.isEmpty() ? 0 : shown.width() * shown.height();
+    };
+    QRegion hidden(rect);
+    const QScreen *best = QGuiApplication::primaryScreen();
+    for (const QScreen *screen : QGuiApplication::screens()) {
+        hidden -= screen->availableGeometry();
+        best = shownOn(screen) > shownOn(best) ? screen : best;
+    }
+    if (hidden.isEmpty() || best == nullptr) {
         return rect;
     }
-    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect room(best->availableGeometry().topLeft(), best->availableGeometry().size() - kAround);
     const QSize size = rect.size().boundedTo(room.size());
     return {QPoint(std::clamp(rect.left(), room.left(), room.right() + 1 - size.width()),
                    std::clamp(rect.top(), room.top(), room.bottom() + 1 - size.height())),

@@ -64,6 +64,40 @@ TEST_F(FrameTest, AStoredPlaceOffEveryScreenIsShownOnOneAndStaysStored)
     EXPECT_EQ(app.frame.place, (Place{-30000, -30000, 9000, 6000}));
 }
 
+TEST_F(FrameTest, AStoredPlaceLargerThanTheScreenIsShownWholeAndStaysStored)
+{
+    const Place stored{1500, 1500, ToTwips(3840), ToTwips(2100)};
+    app.frame.place = stored;
+    Settle();
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_TRUE(room.contains(Frame().frameGeometry()));
+    EXPECT_GT(Frame().width(), room.width() * 9 / 10);
+    EXPECT_GT(Frame().height(), room.height() * 9 / 10);
+    EXPECT_EQ(app.frame.place, stored);
+
+    WaitUntilSettled(); // by hand it is moved only
+    EXPECT_EQ((Size{app.frame.Width(), app.frame.Height()}), (Size{stored.width, stored.height}));
+    Frame().resize(900, 640);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return app.frame.Width() == ToTwips(900); }));
+    EXPECT_EQ(app.frame.Height(), ToTwips(640));
+}
+
+TEST_F(FrameTest, AStoredPlaceThatHangsOffTheScreensIsMovedOntoTheOneThatShowsMost)
+{
+    app.frame.place = Place{ToTwips(4000 - 900), ToTwips(900), ToTwips(1000), ToTwips(700)};
+    Settle();
+    EXPECT_EQ(Frame().size(), QSize(1000, 700));
+    EXPECT_TRUE(QGuiApplication::screens().last()->availableGeometry().contains(Frame().frameGeometry()));
+}
+
+TEST_F(FrameTest, AStoredPlaceAcrossTwoScreensStays)
+{
+    app.frame.place = Place{ToTwips(2200), ToTwips(100), ToTwips(1000), ToTwips(700)};
+    Settle();
+    EXPECT_EQ(Frame().pos(), QPoint(2200, 100));
+    EXPECT_EQ(Frame().size(), QSize(1000, 700));
+}
+
 TEST_F(FrameTest, TheStatusBarIsLaidOutForTheWidthThatIsThere)
 {
     Frame().resize(820, 600);

@@ -1,10 +1,19 @@
-// The application that the desktop's tests share: no screen, no user's settings.
+// The application that the desktop's tests share: two screens on paper, side by side, and no user's settings.
 #include "desktop/Look.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+namespace {
+
+constexpr auto kScreens = R"({"screens": [
+    {"name": "left", "x": 0, "y": 0, "width": 2560, "height": 1920, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
+    {"name": "right", "x": 2560, "y": 0, "width": 1600, "height": 1200, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -12,7 +21,12 @@ int main(int argc, char **argv)
     QFile::setPermissions(runtime.path(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
     qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
     qputenv("XDG_CONFIG_HOME", runtime.path().toUtf8());
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QFile screens(runtime.filePath(QStringLiteral("screens.json")));
+    if (!screens.open(QIODevice::WriteOnly) || screens.write(kScreens) < 0) {
+        return 1;
+    }
+    screens.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toUtf8());
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     velluto::SetUpLook();
