@@ -1,6 +1,7 @@
 #include "desktop/Binder.h"
 
 #include "desktop/FittedButton.h"
+#include "desktop/Piano.h"
 #include "desktop/QtText.h"
 #include "desktop/Tips.h"
 #include "desktop/Twips.h"
@@ -47,6 +48,13 @@ void ShowTie(QWidget &widget, const Control &control)
 Binder::~Binder()
 {
     control_.observer = nullptr;
+}
+
+void Binder::LetKeysGo()
+{
+    if (control_.rulesKeys) {
+        Piano::LetGoBeside(*widget_);
+    }
 }
 
 void Binder::Start()

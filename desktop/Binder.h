@@ -35,6 +35,8 @@ protected:
     // What the kind of control has to show beyond what all have.
     virtual void Show(Aspect aspect) = 0;
     [[nodiscard]] EventGate &gate() const { return gate_; }
+    // In front of a change by the user's hand: no piano key stays pressed whose release would then end another note.
+    void LetKeysGo();
     // Receiver of the widget's signals: they end with the binder, while the widget may live a little longer.
     [[nodiscard]] QObject *receiver() { return &receiver_; }
 

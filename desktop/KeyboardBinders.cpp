@@ -24,6 +24,7 @@ ScrollBinder::ScrollBinder(ScrollBar &bar, EventGate &gate, QSlider *slider) : B
     slider->setPageStep(bar.largeChange);
     slider->setAttribute(Qt::WA_NoMousePropagation);
     QObject::connect(slider, &QSlider::valueChanged, receiver(), [this](int value) {
+        LetKeysGo();
         const EventGate::Pass pass(this->gate());
         if (slider_->isSliderDown()) {
             ScrollGesture::DragTo(bar_, value);

@@ -121,6 +121,14 @@ void Piano::PressAndRelease(int number)
     }
 }
 
+void Piano::LetGoBeside(const QWidget &widget)
+{
+    if (auto *piano = dynamic_cast<Piano *>(widget.window()->findChild<QWidget *>(QStringLiteral("Piano")))) {
+        piano->EndPress();
+        piano->letters_.LetAllGo();
+    }
+}
+
 void Piano::LosePointer()
 {
     if (telling_ > 0) {

@@ -18,6 +18,9 @@ public:
     static Piano &Of(QWidget &parent, EventGate &gate);
     ~Piano() override;
 
+    // All keys of the piano that lies in one window with the widget, where there is one.
+    static void LetGoBeside(const QWidget &widget);
+
     void Add(PianoKey &key);
     void Remove(const PianoKey &key);
     void Redraw(const PianoKey &key);

@@ -52,7 +52,8 @@ ButtonBinder::ButtonBinder(Control &control, EventGate &gate, QAbstractButton *b
     : Binder(control, gate, button), pressed_(control), button_(button)
 {
     button->setAttribute(Qt::WA_NoMousePropagation);
-    QObject::connect(button, &QAbstractButton::clicked, receiver(), [&control, &gate] {
+    QObject::connect(button, &QAbstractButton::clicked, receiver(), [this, &control, &gate] {
+        LetKeysGo();
         const EventGate::Pass pass(gate);
         Press(control);
     });
@@ -118,7 +119,8 @@ ComboBinder::ComboBinder(ComboBox &combo, EventGate &gate, QComboBox *drawn) : B
     drawn->setMaxVisibleItems(drawn->count());
     drawn->setFocusPolicy(Qt::StrongFocus);
     drawn->setAttribute(Qt::WA_NoMousePropagation);
-    QObject::connect(drawn, &QComboBox::activated, receiver(), [&combo, &gate](int row) {
+    QObject::connect(drawn, &QComboBox::activated, receiver(), [this, &combo, &gate](int row) {
+        LetKeysGo();
         const EventGate::Pass pass(gate);
         combo.ListIndex = row;
     });

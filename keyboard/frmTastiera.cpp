@@ -42,6 +42,9 @@ frmTastiera::frmTastiera(MidiState &link) : ChildForm("frmTastiera", kNoNumber, 
     CommAllNoteOff.caption = "All Notes Off";
     CommArrPlay.caption = "&ARR PLAY";
     CommSongPlay.caption = "&SONG PLAY";
+    for (Control *ruling : std::initializer_list<Control *>{&Combo1, &HScroll1, &CheckClickKey}) {
+        ruling->rulesKeys = true;
+    }
     for (Control *hidden : std::initializer_list<Control *>{&Picture2, &VScroll1, &Text3, &Label1[8], &CommArrPlay, &CommSongPlay}) {
         hidden->visible = false;
     }

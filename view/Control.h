@@ -57,6 +57,7 @@ public:
     Property<std::string> toolTip{*this, Aspect::ToolTip};
     std::string accessibleName;   // what a screen reader says where the caption says too little
     Control *container = nullptr; // the control that holds this one and that place is relative to; none: the form
+    bool rulesKeys = false;       // what a piano key plays, and its release ends, depends on it
 
     MouseHandler MouseDown;
 

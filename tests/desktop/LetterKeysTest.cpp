@@ -83,6 +83,32 @@ TEST_F(LetterKeysTest, ALostFocusEndsTheNotes)
     EXPECT_THAT(Taken(), testing::UnorderedElementsAre(NoteOff(60), NoteOff(62)));
 }
 
+TEST_F(LetterKeysTest, AnOctaveTurnedByTheWheelLeavesNoNoteHanging)
+{
+    OpenPiano();
+    Press(kZ);
+    Press(kX);
+    Taken();
+    Turn(Bar("HScroll1"), 120);
+    EXPECT_EQ(Form().HScroll1.value, 3);
+    EXPECT_THAT(Taken(), testing::UnorderedElementsAre(NoteOff(60), NoteOff(62)));
+    Release(kZ);
+    Release(kX);
+    Press(kZ, 3000);
+    EXPECT_THAT(Taken(), ElementsAre(NoteOn(72)));
+}
+
+TEST_F(LetterKeysTest, ASliderThatTheKeysDoNotDependOnLeavesThemHeld)
+{
+    OpenPiano();
+    Press(kZ);
+    Taken();
+    Turn(Bar("VScroll(0)"), -120);
+    EXPECT_THAT(Taken(), testing::SizeIs(1)); // the controller's message
+    Release(kZ);
+    EXPECT_THAT(TakenSoon(1), ElementsAre(NoteOff(60)));
+}
+
 TEST_F(LetterKeysTest, WithCtrlTheyAreShortcutsAndOtherKeysAreNoLetters)
 {
     OpenPiano();

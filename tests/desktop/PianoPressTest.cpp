@@ -85,6 +85,29 @@ TEST_F(PianoPress, APressWhoseReleaseGotLostEndsAtTheNextMove)
     EXPECT_THAT(Taken(), ElementsAre(NoteOn(60), NoteOff(60)));
 }
 
+TEST_F(PianoPress, WhatTheKeysPlayChangesOnlyOnceNoneIsPressed)
+{
+    Open();
+    Form().HScroll1.value = 2;
+    const auto change = [this](QWidget &widget, int key) {
+        Down(On(24));
+        Taken();
+        widget.setFocus();
+        QTest::keyClick(&widget, static_cast<Qt::Key>(key));
+        EXPECT_THAT(Taken(), ElementsAre(NoteOff(60))) << widget.objectName().toStdString();
+        Up(On(24));
+        EXPECT_THAT(Taken(), IsEmpty());
+    };
+    change(Widget<QWidget>(Form(), "Combo1"), Qt::Key_Down);
+    EXPECT_EQ(Form().Combo1.ListIndex, 1);
+    Form().Combo1.ListIndex = 0;
+    change(Widget<QWidget>(Form(), "CheckClickKey"), Qt::Key_Space);
+    EXPECT_FALSE(Form().CheckClickKey.value);
+    Form().CheckClickKey.value = true;
+    change(Bar("HScroll1"), Qt::Key_Right);
+    EXPECT_EQ(Form().HScroll1.value, 3);
+}
+
 TEST_F(PianoPress, AHiddenWindowLeavesNoKeyHanging)
 {
     Open();
