@@ -276,12 +276,14 @@ screen_differs() {
     differ "$1" "$stage/now.ppm"
 }
 
-# changing COMMAND...: runs it and waits until the screen has changed and stands still again.
+# changing COMMAND...: runs it and waits until the screen has changed and stands still again, as it is in $stage/now.ppm then. The
+# first look that differs may have met half a change.
 changing() {
     take "$stage/old.ppm"
     "$@"
     wait_until "a change on the screen after: $*" screen_differs "$stage/old.ppm"
     settle
+    take "$stage/now.ppm"
 }
 
 # changed_box FROM TO: the smallest box around what differs, as four numbers: left top width height.
