@@ -42,6 +42,12 @@ std::string ProductName(const MidiDeviceCaps &caps)
 using CapsTable = std::array<MidiDeviceCaps, kMidiTableSize>;
 using ValidTable = std::array<std::int16_t, kMidiTableSize>;
 
+void Show(MenuEntry &entry, const MidiDeviceCaps &caps)
+{
+    entry.caption = ProductName(caps);
+    entry.visible = true;
+}
+
 // Devices beyond the menu's last entry have none. chosen is checked even if the device did not open.
 template <class Entries>
 void FillMenu(Entries &entries, int count, const CapsTable &caps, const ValidTable &valid, int chosen)
@@ -50,8 +56,7 @@ void FillMenu(Entries &entries, int count, const CapsTable &caps, const ValidTab
         const auto at = static_cast<std::size_t>(number);
         entries[number].visible = number == Entries::first();
         if (number < count && valid.at(at) == 1) {
-            entries[number].caption = ProductName(caps.at(at));
-            entries[number].visible = true;
+            Show(entries[number], caps.at(at));
         }
         entries[number].checked = number == chosen;
     }
@@ -61,6 +66,25 @@ template <class Entries>
 bool HasEntry(const Entries & /*entries*/, int number)
 {
     return number >= Entries::first() && number <= Entries::last();
+}
+
+// Gives numbers that were nobody's the devices that have them now. MidiResult stays out of it: it decides what the next close tells.
+template <class Entries>
+void AddToMenu(MidiDevices &devices, int (MidiDevices::*query)(int, MidiDeviceCaps &), Entries &entries, int count, CapsTable &caps,
+               ValidTable &valid)
+{
+    for (int number = 0; number < count; ++number) {
+        const auto at = static_cast<std::size_t>(number);
+        MidiDeviceCaps found;
+        if (valid.at(at) == 1 || (devices.*query)(number, found) != MidiCode::kSuccess) {
+            continue;
+        }
+        caps.at(at) = found;
+        valid.at(at) = 1;
+        if (HasEntry(entries, number)) {
+            Show(entries[number], found);
+        }
+    }
 }
 
 template <class Entries>
@@ -79,6 +103,23 @@ void FillDeviceMenus(MidiState &midi)
     const Settings &settings = midi.app.settings;
     FillMenu(frame.mnuDevMIDIOut, midi.MidiOutCount, midi.MidiOutCaps, midi.MidiOutValid, settings.MidiOutDev);
     FillMenu(frame.mnuDevMIDIIn, midi.MidiInCount, midi.MidiInCaps, midi.MidiInValid, settings.MidiInDev);
+}
+
+void ShowNewDevices(MidiState &midi)
+{
+    MidiDevices &devices = midi.app.ports.midi;
+    frmMain &frame = midi.app.frame;
+    const std::optional<MidiDeviceCounts> counts = devices.CountAgain();
+    if (!counts || counts->outs <= 0) {
+        return; // without an output no input is counted, as at the start
+    }
+    midi.MidiOutCount = std::min(counts->outs, kMaxMidiDevices);
+    AddToMenu(devices, &MidiDevices::midiOutGetDevCapsA, frame.mnuDevMIDIOut, midi.MidiOutCount, midi.MidiOutCaps, midi.MidiOutValid);
+    frame.mnuMIDIOut.enabled = true; // it may have been off since the start
+    midi.NoMidiOut = false;
+    midi.MidiInCount = std::min(counts->ins, kMaxMidiDevices);
+    AddToMenu(devices, &MidiDevices::midiInGetDevCapsA, frame.mnuDevMIDIIn, midi.MidiInCount, midi.MidiInCaps, midi.MidiInValid);
+    midi.NoMidiIn = midi.MidiInCount == 0;
 }
 
 void mnuDevMIDIOut_Click(MidiState &midi, int index)

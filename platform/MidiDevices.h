@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace velluto {
@@ -23,6 +24,11 @@ using MidiHandle = std::uint32_t; // 0 is no device
 
 struct MidiDeviceCaps {
     std::array<char, 32> name{}; // product name in UTF-8; ends at its first zero character
+};
+
+struct MidiDeviceCounts {
+    int outs = 0;
+    int ins = 0;
 };
 
 // Message codes of the input callback.
@@ -59,6 +65,10 @@ public:
     // Thru: from then on the platform hands each message of the started input to the output by itself.
     virtual int midiConnect(MidiHandle in, MidiHandle out) = 0;
     virtual int midiDisconnect(MidiHandle in, MidiHandle out) = 0;
+
+    // Counts anew, while a user waits: what has come since gets the next free numbers, and no number changes hands. None where devices
+    // neither come nor go.
+    virtual std::optional<MidiDeviceCounts> CountAgain() { return std::nullopt; }
 };
 
 } // namespace velluto

@@ -192,6 +192,9 @@ void AttachPreferences(Velluto &program)
     MidiState &midi = program.midi;
     menu.mnuItaliano.Click = [&app] { ChooseLanguage(app, app.frame.mnuItaliano, Language::Italian); };
     menu.mnuInglese.Click = [&app] { ChooseLanguage(app, app.frame.mnuInglese, Language::English); };
+    for (MenuEntry *above : {&menu.mnuPreferenze, &menu.mnuMIDIOut, &menu.mnuMIDIIn}) {
+        above->Drop = [&midi] { ShowNewDevices(midi); };
+    }
     AttachEach<mnuDevMIDIOut_Click>(menu.mnuDevMIDIOut, midi);
     AttachEach<mnuDevMIDIIn_Click>(menu.mnuDevMIDIIn, midi);
     menu.mnuMIDIThru.Click = [&midi] { mnuMIDIThru_Click(midi); };

@@ -180,6 +180,11 @@ int StandinMidi::midiDisconnect(MidiHandle in, MidiHandle out)
     return device->codes.disconnect;
 }
 
+std::optional<MidiDeviceCounts> StandinMidi::CountAgain()
+{
+    return devicesCome ? std::optional(MidiDeviceCounts{midiOutGetNumDevs(), midiInGetNumDevs()}) : std::nullopt;
+}
+
 void StandinMidi::ReleaseAll()
 {
     for (std::vector<StandinDevice> *devices : {&outs, &ins}) {

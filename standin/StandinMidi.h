@@ -46,6 +46,7 @@ public:
     std::vector<std::uint32_t> sent; // packed messages handed to an open device, also where it then refused them
     std::vector<std::string> calls;  // every call by name and device number: "midiOutOpen 0"
     std::vector<ThruEvent> thru;
+    bool devicesCome = false; // those that are added during a run are told of
 
     // An input delivers a message, as bytes. False where the input is not open.
     bool Receive(int in, const std::vector<std::uint8_t> &bytes);
@@ -65,6 +66,7 @@ public:
     int midiInStop(MidiHandle handle) override;
     int midiConnect(MidiHandle in, MidiHandle out) override;
     int midiDisconnect(MidiHandle in, MidiHandle out) override;
+    std::optional<MidiDeviceCounts> CountAgain() override;
 
 private:
     void EndLink();

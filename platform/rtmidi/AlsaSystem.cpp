@@ -5,6 +5,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <system_error>
+
 namespace velluto {
 
 bool AlsaSystem::Present() const
@@ -16,6 +18,21 @@ bool AlsaSystem::Present() const
     ::close(descriptor);
     QuietAlsa();
     return true;
+}
+
+bool AlsaSystem::Activate()
+{
+    if (Alive() && !askedFor_) {
+        askedFor_ = true;
+        try {
+            if (std::unique_ptr<Announcer> announcer = OpenAlsaAnnouncer()) {
+                announcements_ = std::make_unique<Announcements>(std::move(announcer), [this]() { changed(); });
+            }
+        } catch (const std::system_error &) {
+            announcements_.reset(); // no thread for them
+        }
+    }
+    return Alive();
 }
 
 } // namespace velluto

@@ -180,7 +180,7 @@ std::unique_ptr<SourcePort> ConnectSource(const ConnectionHost &host)
     std::unique_ptr<SourcePort> source;
     Guarded([&]() {
         source = host.system.MakeSource();
-        if (source && host.system.TellsChanges()) { // others do not end
+        if (source && host.system.TellsChanges()) { // one that has to be looked at does not end
             source = std::make_unique<WatchedSource>(host, std::move(source));
         }
         return MidiCode::kSuccess;

@@ -1,5 +1,5 @@
 // A MIDI system of which RtMidi tells all that there is to know, and nothing unasked: its ports are looked at from time to time.
-// Windows (WinMM) and macOS (CoreMIDI) as they are; ALSA with a little more.
+// Windows (WinMM) and macOS (CoreMIDI) as they are; ALSA with its announcements on top.
 #pragma once
 
 #include "platform/rtmidi/MidiSystem.h"

@@ -21,6 +21,18 @@ Open *Find(std::vector<Open> &devices, MidiHandle handle)
     return found == devices.end() ? nullptr : &*found;
 }
 
+std::vector<ListedPort> List(std::span<MidiPorts *const> systems, std::vector<std::string> (MidiPorts::*list)())
+{
+    std::vector<ListedPort> ports;
+    for (MidiPorts *system : systems) {
+        for (std::string &name : (system->*list)()) {
+            ports.push_back({system, std::move(name)});
+        }
+    }
+    LeaveOutBridged(ports);
+    return ports;
+}
+
 int Caps(const std::vector<ListedPort> &devices, int number, MidiDeviceCaps &caps)
 {
     caps = {};
@@ -36,6 +48,9 @@ int Caps(const std::vector<ListedPort> &devices, int number, MidiDeviceCaps &cap
 MachineMidi::MachineMidi(std::vector<std::unique_ptr<MidiPorts>> systems, KnownDevices known)
     : systems_(std::move(systems)), known_(std::move(known))
 {
+    for (const auto &system : systems_) {
+        all_.push_back(system.get());
+    }
 }
 
 MachineMidi::~MachineMidi()
@@ -56,18 +71,16 @@ MachineMidi::~MachineMidi()
     }
 }
 
-int MachineMidi::Count(std::vector<ListedPort> &devices, const std::vector<KnownDevice> &known,
-                       std::vector<std::string> (MidiPorts::*list)())
+int MachineMidi::CountOuts(Systems systems)
 {
-    std::vector<ListedPort> ports;
-    for (const auto &system : systems_) {
-        for (std::string &name : (system.get()->*list)()) {
-            ports.push_back({system.get(), std::move(name)});
-        }
-    }
-    LeaveOutBridged(ports);
-    NumberPorts(devices, std::move(ports), known);
-    return static_cast<int>(devices.size());
+    NumberPorts(outs_, List(systems, &MidiPorts::Outputs), known_.outs);
+    return static_cast<int>(outs_.size());
+}
+
+int MachineMidi::CountIns(Systems systems)
+{
+    NumberPorts(ins_, List(systems, &MidiPorts::Inputs), known_.ins);
+    return static_cast<int>(ins_.size());
 }
 
 void MachineMidi::TellOutput() const
@@ -77,12 +90,19 @@ void MachineMidi::TellOutput() const
 
 int MachineMidi::midiOutGetNumDevs()
 {
-    return Count(outs_, known_.outs, &MidiPorts::Outputs);
+    return CountOuts(all_);
 }
 
 int MachineMidi::midiInGetNumDevs()
 {
-    return Count(ins_, known_.ins, &MidiPorts::Inputs);
+    return CountIns(all_);
+}
+
+std::optional<MidiDeviceCounts> MachineMidi::CountAgain()
+{
+    std::vector<MidiPorts *> atHand = all_;
+    std::erase_if(atHand, [](MidiPorts *system) { return !system->AtHand(); });
+    return MidiDeviceCounts{CountOuts(atHand), CountIns(atHand)};
 }
 
 int MachineMidi::midiOutGetDevCapsA(int number, MidiDeviceCaps &caps)

@@ -22,9 +22,9 @@ public:
     MachineMidi(const MachineMidi &) = delete;
     MachineMidi &operator=(const MachineMidi &) = delete;
 
-    // Counting lists the ports. A device keeps its number for the whole run: a later count puts new ports behind the
-    // known ones, and a known one that has gone cannot be opened (68).
-    int midiOutGetNumDevs() override;
+    // Counting lists the ports. A device keeps its number for the whole run: a later count gives new ports numbers that are
+    // free, and one that has gone cannot be opened (68).
+    int midiOutGetNumDevs() override; // waits for systems that are being looked for
     int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) override;
     int midiOutOpen(MidiHandle &handle, int number) override;
     int midiOutClose(MidiHandle handle) override;
@@ -39,6 +39,9 @@ public:
 
     // The link has a connection of its own to the output, and ends with either device.
     int midiConnect(MidiHandle in, MidiHandle out) override;
+    // Systems that cannot be asked at once are left for the next count.
+    std::optional<MidiDeviceCounts> CountAgain() override;
+
     int midiDisconnect(MidiHandle in, MidiHandle out) override; // a link that was never made is gone already: success
 
     // Called at the end with what is known of devices, where that has changed in this run.
@@ -62,12 +65,15 @@ private:
     };
 
     void TellOutput() const;
-    int Count(std::vector<ListedPort> &devices, const std::vector<KnownDevice> &known, std::vector<std::string> (MidiPorts::*list)());
+    using Systems = std::span<MidiPorts *const>;
+    int CountOuts(Systems systems);
+    int CountIns(Systems systems);
     int Connect(int number, std::unique_ptr<OutputPort> &port);
     void Unlink(OpenIn &in);
     [[nodiscard]] const std::string &OutName(int number) const { return outs_[static_cast<std::size_t>(number)].name; }
 
     std::vector<std::unique_ptr<MidiPorts>> systems_;
+    std::vector<MidiPorts *> all_; // of them
     const KnownDevices known_;
     int chosenOut_ = -1;           // in this run
     std::vector<ListedPort> outs_; // by number; one that nobody has is without a system

@@ -46,6 +46,8 @@ public:
 class MidiPorts {
 public:
     virtual ~MidiPorts() = default;
+    // Whether its ports can be listed at once. A system that is not there is looked for first, for a moment.
+    virtual bool AtHand() { return true; }
     // What is there now, the program's own ports left out.
     virtual std::vector<std::string> Outputs() = 0;
     virtual std::vector<std::string> Inputs() = 0;

@@ -43,7 +43,7 @@ public:
     virtual bool Activate() = 0;
     // The ports there are now, without the program's own. Any thread.
     virtual std::vector<std::string> Names(PortKind kind) = 0;
-    // True where the system calls `changed`; otherwise whoever wants to know has to look.
+    // True where the system calls `changed`; otherwise whoever wants to know has to look. May end, with a last call. Any thread.
     [[nodiscard]] virtual bool TellsChanges() const = 0;
 
     // A MidiCode; the end is set only with success, and passes from then on what is sent on it. May throw.

@@ -4,16 +4,12 @@
 
 namespace velluto {
 
-namespace {
+bool LooksUnasked(bool watching, bool told, int looksLeft)
+{
+    return watching && (!told || looksLeft > 0);
+}
 
-using namespace std::chrono_literals;
-
-constexpr auto kLookPeriod = 50ms;  // how often a system is looked at that gives no word
-constexpr int kLooksAfterWord = 10; // word may come before the port list shows what it tells
-
-} // namespace
-
-PortWatch::PortWatch(MidiSystem &system) : system_(system)
+PortWatch::PortWatch(MidiSystem &system, std::chrono::milliseconds lookPeriod) : system_(system), lookPeriod_(lookPeriod)
 {
     system_.changed = [signal = signal_]() {
         {
@@ -64,16 +60,15 @@ void PortWatch::Remove(WatchedPort &port)
 
 void PortWatch::Run()
 {
-    const bool told = system_.TellsChanges();
     int looks = 0; // at a system that gives word: how many more
     Signal &signal = *signal_;
     std::unique_lock lock(signal.mutex);
     while (!signal.ending) {
         const auto roused = [&signal]() { return signal.ending || signal.changed; };
-        if (!signal.watching || (told && looks == 0)) {
-            signal.rouse.wait(lock, roused);
+        if (LooksUnasked(signal.watching, system_.TellsChanges(), looks)) {
+            signal.rouse.wait_for(lock, lookPeriod_, roused);
         } else {
-            signal.rouse.wait_for(lock, kLookPeriod, roused);
+            signal.rouse.wait(lock, roused);
         }
         looks = signal.changed ? kLooksAfterWord : std::max(looks - 1, 0);
         signal.changed = false;

@@ -1,10 +1,11 @@
-// The watch over the connections to one MIDI system. A thread waits for word that ports have changed (or looks at them,
-// where the system gives no word) and lets go of every connection whose port has gone. Used by SystemPorts and by the
-// connections.
+// The watch over the connections to one MIDI system. A thread sleeps until word comes that ports have changed (or looks at them
+// from time to time, where the system gives no word) and lets go of every connection whose port has gone. Used by SystemPorts and
+// by the connections.
 #pragma once
 
 #include "platform/rtmidi/MidiSystem.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
@@ -22,9 +23,17 @@ public:
     std::string name; // a source has none
 };
 
+// Whether the next look comes by itself, a while after the last one. looksLeft: of those that follow on word.
+bool LooksUnasked(bool watching, bool told, int looksLeft);
+
 class PortWatch {
 public:
-    explicit PortWatch(MidiSystem &system); // takes the system's `changed`
+    // How long a while is.
+    static constexpr std::chrono::milliseconds kLookPeriod{50};
+    // A look with word, and so many behind it: word may come before the port list shows what it tells.
+    static constexpr int kLooksAfterWord = 10;
+
+    explicit PortWatch(MidiSystem &system, std::chrono::milliseconds lookPeriod = kLookPeriod); // takes the system's `changed`
     ~PortWatch() { End(); }
     PortWatch(const PortWatch &) = delete;
     PortWatch &operator=(const PortWatch &) = delete;
@@ -50,6 +59,7 @@ private:
     };
 
     MidiSystem &system_;
+    const std::chrono::milliseconds lookPeriod_;
     std::mutex portsMutex_;
     std::vector<WatchedPort *> ports_;
     std::shared_ptr<Signal> signal_ = std::make_shared<Signal>();

@@ -9,6 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kWait = 3000ms; // JACK takes a second to leave a dead server
+constexpr auto kMoment = 20ms; // nobody sees a menu come up later by that
 
 } // namespace
 
@@ -33,6 +34,24 @@ void SystemPorts::LookAhead()
     lookedAhead_ = look->get_future();
     // Like an ending it may take for ever on a server that hangs, and must not hold the program's end.
     retirement_.Retire([look]() { (*look)(); });
+}
+
+bool SystemPorts::AtHand()
+{
+    if (!lookedAhead_.valid() && !system_->Alive()) {
+        watch_.Look(); // everything on a dead system is let go
+        if (!retirement_.Wait(kMoment)) {
+            return false;
+        }
+        LookAhead();
+    }
+    if (lookedAhead_.valid()) {
+        if (lookedAhead_.wait_for(kMoment) != std::future_status::ready) {
+            return false;
+        }
+        lookedAhead_ = {};
+    }
+    return system_->Alive();
 }
 
 int SystemPorts::OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port)

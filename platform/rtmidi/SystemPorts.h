@@ -18,6 +18,8 @@ public:
     // Begins to look for the system on another thread. Whoever asks for its ports first waits for the end of that look.
     void LookAhead();
 
+    // The look goes on on its thread where the moment was too short for it; so there is never more than one.
+    bool AtHand() override;
     std::vector<std::string> Outputs() override { return List(PortKind::Output); }
     std::vector<std::string> Inputs() override { return List(PortKind::Input); }
     int OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port) override;

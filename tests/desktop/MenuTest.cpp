@@ -136,6 +136,33 @@ TEST_F(MenuTest, TheWindowMenuListsTheChildrenAndChecksTheActiveOne)
     FoldUp(app.frame.mnuWindow);
 }
 
+TEST_F(MenuTest, ADeviceThatComesIsInItsMenuWhenThatOpens)
+{
+    midi.devicesCome = true;
+    midi.outs.push_back({"PA80", {}, false, false, {}});
+    EXPECT_EQ(Captions(MenuOf(app.frame.mnuMIDIOut)), QStringList{QStringLiteral("Synth out")});
+    Drop(app.frame.mnuPreferenze);
+    EXPECT_EQ(Captions(MenuOf(app.frame.mnuMIDIOut)), (QStringList{QStringLiteral("Synth out"), QStringLiteral("PA80")}));
+    midi.ins.push_back({"Pads", {}, false, false, {}});
+    MenuOf(app.frame.mnuPreferenze).setActiveAction(ActionOf(app.frame.mnuMIDIIn));
+    QTest::keyClick(&MenuOf(app.frame.mnuPreferenze), Qt::Key_Right);
+    EXPECT_TRUE(MenuOf(app.frame.mnuMIDIIn).isVisible());
+    EXPECT_EQ(Captions(MenuOf(app.frame.mnuMIDIIn)), (QStringList{QStringLiteral("Keys in"), QStringLiteral("Pads")}));
+    ActionOf(app.frame.mnuDevMIDIIn[1])->trigger();
+    FoldUp(app.frame.mnuMIDIIn);
+    FoldUp(app.frame.mnuPreferenze);
+    EXPECT_EQ(app.settings.MidiInDev, 1);
+}
+
+TEST_F(MenuTest, TheMenuOfOutputsThatWasOffComesOnWithTheFirstOne)
+{
+    app.frame.mnuMIDIOut.enabled = false; // as after a start without one
+    midi.devicesCome = true;
+    Drop(app.frame.mnuPreferenze);
+    EXPECT_TRUE(ActionOf(app.frame.mnuMIDIOut)->isEnabled());
+    FoldUp(app.frame.mnuPreferenze);
+}
+
 TEST_F(MenuTest, ThePopUpIsTheEditMenuWithTheStateItWasGiven)
 {
     int drops = 0;

@@ -237,6 +237,39 @@ TEST_F(DevicesTest, AnInstrumentThatGoesAwayGives68AndComesBackUnderItsNumber)
     EXPECT_TRUE(Arrives({"C0 04"}));
 }
 
+TEST_F(DevicesTest, AnInstrumentThatComesAfterTheStartGetsTheNextNumberAndPlays)
+{
+    StartAll();
+    const std::vector<std::string> outs = Outs();
+    Process late({JACK_INSTRUMENT, "late"});
+    ASSERT_TRUE(late.WaitUntilReady());
+    ASSERT_EQ(midi_->CountAgain()->outs, static_cast<int>(outs.size()) + 1);
+    std::vector<std::string> wanted = outs;
+    wanted.emplace_back("late:midi_in");
+    EXPECT_EQ(Names(static_cast<int>(wanted.size()), &MidiDevices::midiOutGetDevCapsA), wanted);
+    MidiHandle out = 0;
+    ASSERT_EQ(midi_->midiOutOpen(out, static_cast<int>(outs.size())), 0);
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 0);
+    EXPECT_TRUE(Eventually([&]() { return late.Lines() == std::vector<std::string>{"C0 04"}; }));
+    EXPECT_EQ(midi_->midiOutClose(out), 0);
+}
+
+TEST_F(DevicesTest, AServerThatComesAfterTheStartIsFoundByALaterCountThatKeepsNobodyWaiting)
+{
+    midi_ = MakeMachineMusic(files_, {}).midi;
+    const std::vector<std::string> outs = Outs();
+    server_.Start();
+    StartInstrument();
+    EXPECT_TRUE(Eventually([&]() {
+        const auto begin = std::chrono::steady_clock::now();
+        const auto awake = Awake();
+        const auto counts = midi_->CountAgain();
+        EXPECT_LT(std::chrono::steady_clock::now() - begin - (Awake() - awake), std::chrono::milliseconds(500));
+        return counts->outs > static_cast<int>(outs.size());
+    }));
+    EXPECT_THAT(Names(midi_->CountAgain()->outs, &MidiDevices::midiOutGetDevCapsA), Contains("pa80:midi_in"));
+}
+
 TEST_F(DevicesTest, ADeviceOpensWhileOtherClientsLeave)
 {
     StartAll();

@@ -1,17 +1,22 @@
 #!/usr/bin/env bash
-# A new user's first minutes, with real keys and a real mouse: choose the language, open a file, tie it to bank User 1, choose
-# the MIDI device, open the bank, click its fifth row. The instrument hears three messages and nothing else.
+# A new user's first minutes, with real keys and a real mouse: choose the language, open a file, tie it to bank User 1, switch the
+# instrument on, choose it in the menu, open the bank, click its fifth row. The instrument hears three messages and nothing else.
 #
 #     gui-first-click.sh PROGRAM INSTRUMENT PICTURES
 set -euo pipefail
 # shellcheck source=tests/system/gui-lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 
-begin first-click "$@"
-start_in_english "$program"
+begin_without_instrument first-click "$@"
+choose_english "$program"
+changing press Return
+await_window "Velluto v 1.1"
+press Return # at the words that there is no input
+await_window "Velluto v 1.1 - Velluto"
 open_file samples/Full-64.pcg
 find_fifth_row
 press_user 1
+start_instrument "$2" Instrument
 choose_last_output Instrument:midi_in
 
 changing press alt+v

@@ -105,10 +105,15 @@ window_manager_is_up() {
 # begin NAME PROGRAM INSTRUMENT PICTURES: the stage of a test, with a server, an instrument that hears, and what ships with the
 # program in its folder.
 begin() {
+    begin_without_instrument "$@"
+    start_instrument "$3" Instrument
+}
+
+# The same, with an instrument that has not been switched on.
+begin_without_instrument() {
     program=$(realpath "$2")
     set_stage "$1" "$(realpath "$4")"
     start_jack
-    start_instrument "$3" Instrument
     seed "$shipped" "$stage/home"
     # The instrument's number, the last of all: the machine's own ports come before it.
     echo 'out 6 * Instrument:midi_in' >"$stage/home/Velluto-devices.txt"
@@ -295,11 +300,16 @@ changed_box() {
 
 # The steps of a new user.
 
-# From the language question to the frame, in English.
-start_in_english() {
+# Up to the language question, with English chosen.
+choose_english() {
     start_program "$1"
     await_window "Velluto v 1.1"
-    changing press Down # from Italiano to English
+    changing press Down # from Italiano
+}
+
+# From the language question to the frame, in English.
+start_in_english() {
+    choose_english "$1"
     press Return
     await_window "Velluto v 1.1 - Velluto"
 }

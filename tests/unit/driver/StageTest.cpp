@@ -32,6 +32,17 @@ TEST_F(DriverTest, DeviceAddsOutputsAndInputsWithTheirCodes)
     EXPECT_EQ((std::array{in.open, in.caps, in.close, in.connect, in.start, in.stop, in.disconnect}), (std::array{1, 2, 3, 4, 5, 6, 7}));
 }
 
+TEST_F(DriverTest, ADeviceThatIsAddedAfterTheStartIsNotInTheMenus)
+{
+    Ok("device out First");
+    Ok("device in Keys");
+    Ok("start en");
+    Ok("device out Second");
+    Ok("drop mnuPreferenze");
+    EXPECT_EQ(Ok("menu mnuDevMIDIOut(1)")["chosen"], false);
+    EXPECT_EQ(Ok("value MidiOutCount")["value"], 1);
+}
+
 TEST_F(DriverTest, DeviceRefusesWhatADeviceHasNot)
 {
     Error("device out X connect=1");

@@ -153,6 +153,85 @@ TEST_F(DeviceNumbers, WhatIsKnownOfDevicesNumbersThemAndIsKeptAtTheEnd)
     EXPECT_EQ(kept, wanted);
 }
 
+// Devices that come and go while the program runs. Number 3 is of one that has been here before.
+struct DevicesThatCome : testing::Test {
+    DevicesThatCome()
+    {
+        auto alsa = std::make_unique<FakePorts>();
+        auto jack = std::make_unique<FakePorts>();
+        first = alsa.get();
+        second = jack.get();
+        std::vector<std::unique_ptr<MidiPorts>> systems;
+        systems.push_back(std::move(alsa));
+        systems.push_back(std::move(jack));
+        midi = std::make_unique<MachineMidi>(std::move(systems), KnownDevices{{{3, true, "PA80:MIDI 24:0"}}, {}});
+        first->outputs = {"a", "b"};
+        midi->midiOutGetNumDevs();
+        midi->midiInGetNumDevs();
+    }
+    // The names of the outputs by number, after a count; "" where nobody has the number.
+    std::vector<std::string> Counted()
+    {
+        std::vector<std::string> names;
+        const int count = midi->CountAgain()->outs;
+        for (int number = 0; number < count; ++number) {
+            MidiDeviceCaps caps;
+            midi->midiOutGetDevCapsA(number, caps);
+            names.emplace_back(caps.name.data());
+        }
+        return names;
+    }
+
+    FakePorts *first = nullptr;
+    FakePorts *second = nullptr;
+    std::unique_ptr<MachineMidi> midi;
+};
+
+TEST_F(DevicesThatCome, ANewOneGetsTheNextFreeNumberAndAKnownOneItsOwn)
+{
+    second->outputs = {"new"};
+    EXPECT_THAT(Counted(), ElementsAre("a", "b", "new"));
+    first->outputs = {"PA80:MIDI 32:0", "a", "b"};
+    second->outputs = {"new", "newer"};
+    EXPECT_THAT(Counted(), ElementsAre("a", "b", "new", "PA80:MIDI 32:0", "newer"));
+    second->inputs = {"keys"};
+    EXPECT_EQ(midi->CountAgain()->ins, 1);
+    MidiHandle handle = 0;
+    EXPECT_EQ(midi->midiOutOpen(handle, 4), MidiCode::kSuccess);
+    EXPECT_EQ(midi->midiOutShortMsg(handle, ShortMessage(0x0004C0)), MidiCode::kSuccess);
+    EXPECT_THAT(second->received["newer"], ElementsAre(Bytes{0xC0, 4}));
+}
+
+TEST_F(DevicesThatCome, OneThatGoesLeavesItsNumberToNobodyElseAndReturnsToIt)
+{
+    first->outputs = {"b"};
+    EXPECT_THAT(Counted(), ElementsAre("a", "b"));
+    first->outputs = {"b", "new"};
+    EXPECT_THAT(Counted(), ElementsAre("a", "b", "new"));
+    first->outputs = {"new", "b", "a"};
+    EXPECT_THAT(Counted(), ElementsAre("a", "b", "new"));
+    MidiHandle handle = 0;
+    EXPECT_EQ(midi->midiOutOpen(handle, 0), MidiCode::kSuccess);
+    EXPECT_EQ(first->connections["a"], 1);
+}
+
+TEST_F(DevicesThatCome, WithSevenThereTheNextIsCountedBehindThem)
+{
+    second->outputs = {"c", "d", "e", "f", "g"};
+    EXPECT_THAT(Counted(), ElementsAre("a", "b", "c", "", "d", "e", "f")); // the chosen one may still come
+    first->outputs = {"a", "b", "PA80:MIDI 24:0"};
+    EXPECT_THAT(Counted(), ElementsAre("a", "b", "c", "PA80:MIDI 24:0", "d", "e", "f", "g"));
+}
+
+TEST_F(DevicesThatCome, ASystemThatIsNotAtHandIsLeftForTheNextCount)
+{
+    second->outputs = {"new"};
+    second->isAtHand = false;
+    EXPECT_THAT(Counted(), ElementsAre("a", "b"));
+    second->isAtHand = true;
+    EXPECT_THAT(Counted(), ElementsAre("a", "b", "new"));
+}
+
 TEST_F(DeviceNumbers, WhatHasNotChangedIsNotKeptAnew)
 {
     auto ports = std::make_unique<FakePorts>();

@@ -15,6 +15,7 @@ class FakePorts : public MidiPorts {
 public:
     std::vector<std::string> outputs;
     std::vector<std::string> inputs;
+    bool isAtHand = true;
     std::map<std::string, std::vector<Bytes>> received;             // by output
     std::map<std::string, std::vector<OutputPort::TimePoint>> dues; // by output, of those that have one
     std::map<std::string, int> openCode;                            // by port
@@ -60,6 +61,7 @@ public:
         std::string name_;
     };
 
+    bool AtHand() override { return isAtHand; }
     std::vector<std::string> Outputs() override { return outputs; }
     std::vector<std::string> Inputs() override { return inputs; }
     int OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port) override

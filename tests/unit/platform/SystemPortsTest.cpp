@@ -61,6 +61,13 @@ private:
     std::atomic<bool> alive_ = false;
 };
 
+// On a busy machine a moment may be too short even for a system on paper.
+void AwaitAtHand(SystemPorts &ports)
+{
+    while (!ports.AtHand()) {
+    }
+}
+
 TEST(SystemPorts, ASystemIsLookedForWhenItsPortsAreAskedFor)
 {
     Paper paper{.answers = {true}};
@@ -109,6 +116,40 @@ TEST(SystemPorts, ALookAheadThatNobodyAsksAboutEndsWithThePorts)
         SystemPorts ports(std::make_unique<PaperSystem>(paper));
         ports.LookAhead();
     }
+    EXPECT_EQ(paper.connects, 1);
+}
+
+TEST(SystemPorts, ASystemThatIsThereIsAtHand)
+{
+    Paper paper{.answers = {true}};
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
+    AwaitAtHand(ports);
+    EXPECT_TRUE(ports.AtHand());
+    EXPECT_EQ(paper.connects, 1);
+    EXPECT_EQ(paper.activations, 0);
+}
+
+TEST(SystemPorts, ASystemThatComesLaterIsAtHandFromThenOn)
+{
+    Paper paper{.answers = {false, false, true}};
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
+    EXPECT_THAT(ports.Outputs(), IsEmpty());
+    EXPECT_FALSE(ports.AtHand());
+    AwaitAtHand(ports);
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
+    EXPECT_EQ(paper.connects, 3);
+}
+
+TEST(SystemPorts, WhoAsksWhetherItIsAtHandIsNotKeptAndLooksOnceOnly)
+{
+    std::latch answered(1);
+    Paper paper{.answers = {true}, .heldUntil = &answered};
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
+    EXPECT_FALSE(ports.AtHand());
+    EXPECT_FALSE(ports.AtHand());
+    answered.count_down();
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
+    EXPECT_TRUE(ports.AtHand());
     EXPECT_EQ(paper.connects, 1);
 }
 
