@@ -6,6 +6,21 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
 
+# Questions are answered at once: by the program where it has been built before, else from what is here.
+program=$PWD/build/release/velluto
+case ${1-} in
+-h | --help | --version)
+    [ ! -x "$program" ] || exec "$program" "$1"
+    if [ "$1" = --version ]; then
+        sed -n 's/^project(velluto VERSION \([0-9.]*\).*/velluto \1/p' CMakeLists.txt
+    else
+        say "usage: ./run.sh [FILE...]"
+        say "Installs what is missing, builds Velluto, and starts it with the files. Once it is built, --help is the program's own."
+    fi
+    exit
+    ;;
+esac
+
 needed=("${build_packages[@]}")
 if [ -z "${DISPLAY-}${WAYLAND_DISPLAY-}" ]; then
     needed+=("${remote_display_packages[@]}")
@@ -15,7 +30,6 @@ fi
 install_packages "${needed[@]}"
 build release velluto
 
-program=$PWD/build/release/velluto
 folder=$(user_folder)
 seed data "$folder"
 cd "$folder"
