@@ -9,7 +9,7 @@ debians=${VELLUTO_DEBIANS:-build/debian}
 clean_debian() {
     local folder=$debians/$1/clean
     [ ! -d "$folder" ] || return 0
-    install_packages debootstrap
+    install_packages debootstrap iproute2
     say "A clean Debian in $folder"
     mkdir -p "$debians/$1"
     rm -rf --one-file-system "$folder.new"
@@ -24,12 +24,19 @@ clean_debian() {
     mv "$folder.new" "$folder"
 }
 
-# in_debian FOLDER COMMAND...: runs it in the system there, as root. Its mounts, its shared memory and whatever it has started end
-# with it.
+# in_debian [--alone] FOLDER COMMAND...: runs it in the system there, as root. Its mounts, its shared memory and whatever it has started
+# end with it. Alone it has no network but its own, so that the displays of other tests on this machine, which X servers find by the
+# network too, are not in its way.
 in_debian() {
+    local apart=(unshare --mount --pid --ipc --fork --kill-child) net=true
+    if [ "$1" = --alone ]; then
+        apart+=(--net)
+        net="ip link set lo up"
+        shift
+    fi
     cp /etc/resolv.conf "$1/etc/" 2>/dev/null || true
     # shellcheck disable=SC2016 # the words are for the inner shell
-    unshare --mount --pid --ipc --fork --kill-child bash -euc '
+    "${apart[@]}" bash -euc "$net"'
         mount -t proc proc "$1/proc"
         mount -t tmpfs tmpfs "$1/dev/shm"
         exec env -i HOME=/root LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \

@@ -13,13 +13,25 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 jobs=${JOBS:-$(nproc)}
 
-# copy_tree FOLDER: the project as it stands here, over the one of the time before; what was built there stays.
+# copy_tree FOLDER: the project as it stands here. What has not changed since the time before stays as it is there, and so does what was
+# built of it.
 copy_tree() {
-    mkdir -p "$1"
-    find "$1" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf {} +
+    local new=$1.new file
+    rm -rf "$new"
+    mkdir -p "$1" "$new"
     git ls-files -z --cached --others --exclude-standard | while IFS= read -r -d '' file; do
         [ ! -e "$file" ] || printf '%s\0' "$file"
-    done | tar -cf - --null -T - | tar -xf - -C "$1"
+    done | tar -cf - --null -T - | tar -xf - -C "$new"
+    (cd "$new" && find . -type f -print0) | while IFS= read -r -d '' file; do
+        if cmp -s "$new/$file" "$1/$file"; then
+            touch -r "$1/$file" "$new/$file"
+        else
+            touch "$new/$file"
+        fi
+    done
+    find "$1" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf {} +
+    mv "$new"/* "$new"/.[!.]* "$1"
+    rmdir "$new"
 }
 
 # try_debian SUITE: fails with the end of what went wrong.
@@ -28,7 +40,7 @@ try_debian() {
     clean_debian "$suite"
     [ -d "$root" ] || cp -a "$debians/$suite/clean" "$root"
     copy_tree "$root/velluto"
-    cat >"$root/try.sh" <<'INSIDE'
+    cat >"$root/build.sh" <<'INSIDE'
 set -euo pipefail
 cd /velluto
 . tools/lib.sh
@@ -37,12 +49,16 @@ g++ --version | head -n 1
 dpkg-query -W librtmidi-dev libfluidsynth-dev qt6-base-dev
 cmake -S . -B build/any -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELLUTO_PRECOMPILE=ON
 ninja -C build/any -j "$1"
+INSIDE
+    cat >"$root/try.sh" <<'INSIDE'
+set -euo pipefail
+cd /velluto
 ctest --test-dir build/any --timeout 300 --no-tests=error --output-on-failure --parallel "$1"
 rm -f build/any/*.deb
-(cd build/any && cpack)
+(cd build/any && SOURCE_DATE_EPOCH=$2 cpack)
 INSIDE
     say "$suite: building and testing, told in $log"
-    if ! in_debian "$root" bash /try.sh "$jobs" >"$log" 2>&1; then
+    if ! { in_debian "$root" bash /build.sh "$jobs" && in_debian --alone "$root" bash /try.sh "$jobs" "$(git log -1 --format=%ct)"; } >"$log" 2>&1; then
         tail -n 60 "$log" >&2
         say "$suite: FAILED"
         return 1

@@ -30,6 +30,8 @@ unpacked=$(mktemp -d)
 dpkg-deb --extract "$package" "$unpacked"
 tools/check-hardened "$unpacked/usr/libexec/velluto/velluto" "$unpacked/usr/bin/velluto-tool"
 rm -rf "$unpacked"
+install_packages lintian
+lintian --fail-on error,warning "$package"
 clean_debian "$suite"
 
 root=$(mktemp -d)
@@ -40,13 +42,16 @@ cp -a "$debians/$suite/clean/." "$root"
 chmod 755 "$root" # it is everybody's there
 cp "$package" "$root/velluto.deb"
 
-cat >"$root/try.sh" <<'INSIDE'
+cat >"$root/install.sh" <<'INSIDE'
 set -eu
 apt-get -q update
 apt-get -q install -y --no-install-recommends /velluto.deb
 apt-get -q install -y --no-install-recommends xvfb xdotool openbox imagemagick desktop-file-utils shared-mime-info
 update-mime-database /usr/share/mime
 desktop-file-validate /usr/share/applications/velluto.desktop
+INSIDE
+cat >"$root/try.sh" <<'INSIDE'
+set -eu
 useradd --create-home musician
 cat >/home/musician/evening.sh <<'EVENING'
 set -eu
@@ -87,7 +92,7 @@ apt-get -q remove -y velluto
 ! command -v velluto
 INSIDE
 log=build/try-package-$suite.log
-in_debian "$root" sh /try.sh >"$log" 2>&1 || {
+{ in_debian "$root" sh /install.sh && in_debian --alone "$root" sh /try.sh; } >"$log" 2>&1 || {
     tail -n 40 "$log" >&2
     complain "The package failed its trial; the whole story is in $log"
     exit 1
