@@ -146,6 +146,7 @@ RuntimeError CreateRecords(SettingsFile &file)
 
 void BeginFirstRun(Modulo1 &app, SettingsFile &file)
 {
+    const std::unique_ptr<WritingUnderWay> underWay = app.ports.files.BeginChanging(app.paths.IniPath);
     app.settings = Settings();
     AssignFactoryBanks(app.settings, app.paths.PrfBank1Path);
     SettingsRecord general;
@@ -262,6 +263,7 @@ void ReadSettings(Modulo1 &app)
 
 void WriteSettings(Modulo1 &app)
 {
+    const std::unique_ptr<WritingUnderWay> underWay = app.ports.files.BeginChanging(app.paths.IniPath);
     SettingsFile file(app.ports.files, SettingsFile::NotReady::Report);
     if (const RuntimeError error = WriteAllRecords(app, file); error.Failed()) {
         ClassifyIoError(app.messages, app.CurrentOperation, error);

@@ -96,6 +96,7 @@ bool IsAnswered(const std::vector<std::string> &words, const std::string &addres
 int Run(HandOverInbox &handedOver)
 {
     PosixFiles files;
+    files.KeepWhole(files.CurrentFolder());
     QtClock clock;
     QtFace face;
     const MachineMusic music = MakeMachineMusic(

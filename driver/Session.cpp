@@ -65,6 +65,7 @@ Velluto &Session::LastProgram()
 Velluto &Session::NewProgram()
 {
     program_.reset();
+    disk.KeepWhole(disk.CurrentFolder());
     sequencer.OtherSong = [this](const std::string &path) { return RealSong(path); };
     midi.ReleaseAll();
     sequencer.Release();

@@ -10,11 +10,12 @@
 
 namespace velluto {
 
-// Writes all bytes in one call. An old file of any length is deleted first: a failure while writing loses it. Each step is
-// trapped by judge(error); false where judge gave up.
+// Writes all bytes in one call. An old file of any length is deleted first: a failure while writing loses it, the end of the
+// process does not. Each step is trapped by judge(error); false where judge gave up.
 template <class Judge>
 [[nodiscard]] bool ReplaceFile(FileStore &store, const std::string &path, std::span<const std::uint8_t> bytes, Judge judge)
 {
+    const std::unique_ptr<WritingUnderWay> underWay = store.BeginReplacing(path, bytes);
     std::unique_ptr<RandomAccessFile> file;
     const auto open = [&] { return store.Open(path, file); };
     std::uint64_t oldLength = 0;

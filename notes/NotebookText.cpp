@@ -44,6 +44,7 @@ RuntimeError ReadNotebook(FileStore &files, const std::string &path, NotebookFil
 
 RuntimeError WriteNotebook(FileStore &files, const std::string &path, const std::string &record)
 {
+    const std::unique_ptr<WritingUnderWay> underWay = files.BeginChanging(path);
     std::unique_ptr<RandomAccessFile> file;
     if (const RuntimeError error = files.Open(path, file); error.Failed()) {
         return error;

@@ -37,6 +37,13 @@ public:
     virtual RuntimeError Write(std::uint64_t offset, std::span<const std::uint8_t> bytes) = 0;
 };
 
+// A file being written, from before the first operation until after the last. What ends the process meanwhile leaves the old file
+// or the new one, whole, as soon as the program has been started again. No answer of an operation depends on it.
+class WritingUnderWay {
+public:
+    virtual ~WritingUnderWay() = default;
+};
+
 class FileStore {
 public:
     virtual ~FileStore() = default;
@@ -47,6 +54,13 @@ public:
     // missing; anything but a regular file is error 75.
     virtual RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) = 0;
     virtual RuntimeError Delete(const std::string &path) = 0;
+    // To be kept while a file is deleted and written anew with these bytes; null where nothing can be done for it.
+    virtual std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string & /*path*/, std::span<const std::uint8_t> /*bytes*/)
+    {
+        return nullptr;
+    }
+    // The same while a file is written to in place, or made.
+    virtual std::unique_ptr<WritingUnderWay> BeginChanging(const std::string & /*path*/) { return nullptr; }
     // The process's current directory, without a separator at its end (but "/" for the root).
     virtual std::string CurrentFolder() = 0;
 };

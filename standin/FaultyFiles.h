@@ -31,6 +31,11 @@ public:
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError Delete(const std::string &path) override;
+    std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes) override
+    {
+        return behind_.BeginReplacing(path, bytes);
+    }
+    std::unique_ptr<WritingUnderWay> BeginChanging(const std::string &path) override { return behind_.BeginChanging(path); }
     std::string CurrentFolder() override { return behind_.CurrentFolder(); }
 
     // The fault that stands for the next such operation on the path, spent by one; no error where none does.

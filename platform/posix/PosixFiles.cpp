@@ -41,9 +41,15 @@ void MakePresent([[maybe_unused]] std::span<std::uint8_t> buffer)
 #endif
 }
 
+bool IsFull(int code)
+{
+    return code == ENOSPC || code == EDQUOT;
+}
+
 class PosixFile : public RandomAccessFile {
 public:
-    explicit PosixFile(int descriptor) : descriptor_(descriptor) {}
+    // kept, where there is such, gives room where the disk is full.
+    PosixFile(int descriptor, KeptFiles *kept) : descriptor_(descriptor), kept_(kept) {}
     ~PosixFile() override { ::close(descriptor_); }
     PosixFile(const PosixFile &) = delete;
     PosixFile &operator=(const PosixFile &) = delete;
@@ -83,7 +89,7 @@ public:
         std::size_t done = 0;
         while (done < bytes.size()) {
             const ssize_t n = ::pwrite(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(offset + done));
-            if (n < 0 && errno == EINTR) {
+            if (n < 0 && (errno == EINTR || (IsFull(errno) && kept_ != nullptr && kept_->MakeRoom()))) {
                 continue;
             }
             if (n < 0) {
@@ -99,16 +105,21 @@ public:
 
 private:
     int descriptor_;
+    KeptFiles *kept_;
 };
 
 // How a file is opened: flags say for what.
-RuntimeError OpenWith(int flags, const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+RuntimeError OpenWith(int flags, const std::string &path, KeptFiles *kept, std::unique_ptr<RandomAccessFile> &file)
 {
     if (!IsWellFormed(path)) {
         return {FileError::kPathNotFound};
     }
     // Not blocking, so that a pipe or a device of that name answers at once and is then refused.
-    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
+    const auto open = [&] { return ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666); };
+    int descriptor = open();
+    if (descriptor < 0 && IsFull(errno) && kept != nullptr && kept->MakeRoom()) {
+        descriptor = open();
+    }
     if (descriptor < 0) {
         const int code = errno;
         if (code == ENXIO && IsSocket(path)) {
@@ -117,7 +128,7 @@ RuntimeError OpenWith(int flags, const std::string &path, std::unique_ptr<Random
         // Where nothing is to be made, what is not there is the file.
         return code == ENOENT && (flags & O_CREAT) == 0 ? RuntimeError{FileError::kFileNotFound} : FromErrno(code);
     }
-    auto opened = std::make_unique<PosixFile>(descriptor);
+    auto opened = std::make_unique<PosixFile>(descriptor, kept);
     struct stat about {};
     if (::fstat(descriptor, &about) != 0) {
         return FromErrno(errno);
@@ -164,14 +175,19 @@ PosixFiles::PosixFiles()
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
+void PosixFiles::KeepWhole(const std::string &programFolder)
+{
+    kept_ = std::make_unique<KeptFiles>(programFolder);
+}
+
 RuntimeError PosixFiles::Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
 {
-    return OpenWith(O_RDWR | O_CREAT, path, file);
+    return OpenWith(O_RDWR | O_CREAT, path, kept_.get(), file);
 }
 
 RuntimeError PosixFiles::OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
 {
-    return OpenWith(O_RDONLY, path, file);
+    return OpenWith(O_RDONLY, path, nullptr, file);
 }
 
 RuntimeError PosixFiles::Delete(const std::string &path)
@@ -181,10 +197,20 @@ RuntimeError PosixFiles::Delete(const std::string &path)
     }
     // Open follows a link, so Delete does too: it is the file that goes, and a save through a link reaches its target.
     const std::unique_ptr<char, decltype(&std::free)> target(::realpath(path.c_str(), nullptr), &std::free);
-    if (::unlink(target ? target.get() : path.c_str()) == 0) {
+    if ((target && kept_ && kept_->PutAside(target.get())) || ::unlink(target ? target.get() : path.c_str()) == 0) {
         return {};
     }
     return errno == ENOENT ? RuntimeError{FileError::kFileNotFound} : FromErrno(errno);
+}
+
+std::unique_ptr<WritingUnderWay> PosixFiles::BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes)
+{
+    return kept_ ? kept_->BeginReplacing(path, bytes) : nullptr;
+}
+
+std::unique_ptr<WritingUnderWay> PosixFiles::BeginChanging(const std::string &path)
+{
+    return kept_ ? kept_->BeginChanging(path) : nullptr;
 }
 
 std::string PosixFiles::CurrentFolder()

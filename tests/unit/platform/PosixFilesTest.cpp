@@ -218,6 +218,28 @@ TEST_F(PosixFilesTest, AFullDiskIsDiskFull)
     EXPECT_EQ(Write(32 << 10, Bytes(64 << 10)), 61);
 }
 
+TEST_F(PosixFilesTest, ASaveIntoTheLastFreeBytesHasThoseOfTheOldFileToo)
+{
+    constexpr std::size_t kDisk = 16 * 4096;
+    if (!MountTmpfs(folder_.Path(), 0, "size=65536")) {
+        GTEST_SKIP() << "this machine allows no mounts";
+    }
+    const std::string path = folder_.At("a.pcg");
+    const Bytes bytes(kDisk, 0x55);
+    WriteBytes(path, Bytes(10 * 4096, 0xAA));
+    files_.KeepWhole(folder_.Path());
+    {
+        const auto underWay = files_.BeginReplacing(path, bytes);
+        ASSERT_NE(underWay, nullptr);
+        ASSERT_FALSE(files_.Delete(path).Failed());
+        ASSERT_EQ(Open(path), 0);
+        EXPECT_EQ(Write(0, bytes), 0);
+        EXPECT_EQ(Write(kDisk, {1}), FileError::kDiskFull);
+    }
+    EXPECT_EQ(ReadBytes(path), bytes);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 1);
+}
+
 TEST_F(PosixFilesTest, TheFileSizeLimitIsDiskFull)
 {
     rlimit before{};
