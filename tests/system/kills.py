@@ -118,9 +118,10 @@ def read(path):
 
 
 class Kills:
-    def __init__(self, stage, long):
+    def __init__(self, stage, long, nested):
         self.stage = stage
         self.long = long
+        self.nested = nested
         self.ends = 0
 
     def check(self, kind, allowed, others, where):
@@ -162,13 +163,13 @@ class Kills:
         self.check(kind, allowed, others, "not ended")
 
     def put_right(self, kind, again, allowed, others, at, half):
-        """Starts again, and in the long form ends that start at every operation too."""
+        """Starts again; nested, ends that start at every operation too."""
         stage = self.stage
         where = f"ended at {at}"
         self.ends += 1
         first = START[:2] + again
         nested = 1
-        while self.long and kind in ("save", "compilation", "notebook", "save as, new") and not stage.run([], first, nested, half):
+        while self.nested and kind in ("save", "compilation", "notebook", "save as, new") and not stage.run([], first, nested, half):
             stage.run([], first)
             self.check(kind, allowed, others, f"{where} and again at {nested}")
             stage.lay(kind)
@@ -242,15 +243,15 @@ def main():
         try:
             stage = Stage(mount)
         except (OSError, subprocess.CalledProcessError) as error:
-            print(f"{name}: not on this machine ({error})")
+            print(f"{name}: not on this machine ({error})", flush=True)
             continue
-        kills = Kills(stage, long)
+        kills = Kills(stage, long, long and name == "tmpfs")
         try:
             for kind in kinds:
                 kills.try_kind(kind)
         finally:
             stage.close()
-        print(f"{name}: ended {kills.ends} times, nothing lost")
+        print(f"{name}: ended {kills.ends} times, nothing lost", flush=True)
         ends += kills.ends
     print(f"ended {ends} times in all")
 
