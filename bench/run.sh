@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
 install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
-programs=(bench_core bench_edit bench_keyboard bench_sequencer)
+programs=(bench_core bench_edit bench_keyboard bench_sequencer bench_tool)
 build bench "${programs[@]}"
 status=0
 for program in "${programs[@]}"; do
