@@ -31,8 +31,8 @@ changing press m # the monitor
 changing drag "$grip_x" "$grip_y" $((grip_x + 740)) $((grip_y + 130))
 changing press alt+v
 changing press g # the bank
-changing drag "$grip_x" "$grip_y" $((grip_x + 40)) $((grip_y + 310))
-changing click $((row_x + 40)) $((row_y + 310))
+changing drag "$grip_x" "$grip_y" $((grip_x + 40)) $((grip_y + 340))
+changing click $((row_x + 40)) $((row_y + 340))
 wait_until "three messages" heard_lines 3
 changing click $((grip_x + 740)) $((grip_y + 130))
 
