@@ -71,10 +71,11 @@ public:
         names_.erase(name);
     }
 
-    void AwaitLooks(int count)
+    // Waits until it has been looked at so often.
+    [[nodiscard]] bool IsLookedAt(int count)
     {
         std::unique_lock lock(mutex_);
-        looked_.wait(lock, [&]() { return looks_ >= count; });
+        return looked_.wait_for(lock, 20s, [&]() { return looks_ >= count; });
     }
 
     [[nodiscard]] bool Alive() const override { return true; }
@@ -126,7 +127,7 @@ TEST(PortWatch, AConnectionIsLetGoAtTheWordThatItsPortHasGone)
     Connected one("one");
     PortWatch watch(system, 1ms);
     watch.Add(one);
-    system.AwaitLooks(1 + PortWatch::kLooksAfterWord); // from now on it sleeps
+    ASSERT_TRUE(system.IsLookedAt(1 + PortWatch::kLooksAfterWord)); // from now on it sleeps
     system.TakeAway("one");
     system.announcer->Announce(Word::OfPorts);
     one.gone.wait();
@@ -153,9 +154,9 @@ TEST(PortWatch, WhenAnnouncementsEndPortsAreLookedAtWithoutThem)
     Connected one("one");
     PortWatch watch(system, 1ms);
     watch.Add(one);
-    system.AwaitLooks(1 + PortWatch::kLooksAfterWord);
+    ASSERT_TRUE(system.IsLookedAt(1 + PortWatch::kLooksAfterWord));
     system.announcer->Announce(Word::End);
-    system.AwaitLooks(3 * (1 + PortWatch::kLooksAfterWord));
+    ASSERT_TRUE(system.IsLookedAt(3 * (1 + PortWatch::kLooksAfterWord)));
     EXPECT_FALSE(system.TellsChanges());
     system.TakeAway("one");
     one.gone.wait();
