@@ -208,6 +208,7 @@ TEST_F(OverviewWindowTest, ABankWhoseFileIsGoneStopsTheLoadAtThatListWithNothing
     EXPECT_THAT(Boxes(), IsEmpty());
     frmStyUserAll &window = StyAll(25);
     EXPECT_EQ(window.List1[1].ListCount(), 16) << "the banks read so far";
+    EXPECT_EQ(window.Label1[1].place.Get().width, run.face.LabelWidth(window.Label1[1].caption) + 90) << "as wide as it reads";
     EXPECT_EQ(window.List1[2].ListCount(), 0);
     EXPECT_EQ(window.List1[3].ListCount(), 0);
     EXPECT_EQ(window.Label1[1].caption.Get(), "User 1: one.sty");
