@@ -3,6 +3,7 @@
 #include "desktop/Edges.h"
 #include "desktop/Icon.h"
 #include "desktop/TitleBar.h"
+#include "desktop/WidgetEvents.h"
 
 #include <QApplication>
 #include <QFontMetrics>
@@ -95,6 +96,20 @@ void DrawMenuMark(QPainter &painter, const QStyleOption &option)
 } // namespace
 
 Look::Look() : QProxyStyle(QStringLiteral("fusion")) {}
+
+// A tip stays for a moment after the pointer has left what it is about, and would swallow a click on what lies under it.
+void Look::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (widget->windowType() == Qt::ToolTip) {
+        new WidgetEvents(widget, [widget](const QEvent &event) {
+            if (event.type() == QEvent::Enter) {
+                widget->hide();
+            }
+            return false;
+        });
+    }
+}
 
 void Look::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const
 {

@@ -6,10 +6,13 @@
 
 namespace velluto {
 
-// Child windows get flat title bars with line-drawn buttons, menus get a plain check mark in place of a check box.
+// Child windows get flat title bars with line-drawn buttons, menus get a plain check mark in place of a check box,
+// and tool tips get out of the pointer's way.
 class Look : public QProxyStyle {
 public:
     Look();
+    using QProxyStyle::polish;
+    void polish(QWidget *widget) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                             const QWidget *widget) const override;

@@ -3,10 +3,13 @@
 #include "desktop/FittedButton.h"
 #include "desktop/KeyboardDesk.h"
 
+#include <QEnterEvent>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace velluto::test {
 
@@ -38,6 +41,18 @@ TEST_F(TipsTest, ShortTitlesOfSlidersHaveTheirWholeWords)
     EXPECT_TRUE(Widget<QWidget>(Form(), "Label2(7)").toolTip().endsWith(FromUtf8(Form().Label2[7].toolTip.Get())));
     EXPECT_EQ(Bar("VScroll(4)").toolTip(), QStringLiteral("Attack time (controller 73)"));
     EXPECT_TRUE(Widget<QWidget>(Form(), "Combo1").toolTip().contains(QStringLiteral("All Notes Off")));
+}
+
+TEST_F(TipsTest, ATipGetsOutOfThePointersWay)
+{
+    Open();
+    ASSERT_NE(AskedAt(Widget<QWidget>(Form(), "Combo1")), QString());
+    const auto tops = QApplication::topLevelWidgets();
+    const auto tip = std::ranges::find_if(tops, [](const QWidget *top) { return top->windowType() == Qt::ToolTip && top->isVisible(); });
+    ASSERT_NE(tip, tops.end());
+    QEnterEvent enter(QPointF(3, 3), QPointF(3, 3), (*tip)->mapToGlobal(QPointF(3, 3)));
+    QCoreApplication::sendEvent(*tip, &enter);
+    EXPECT_FALSE(QToolTip::isVisible());
 }
 
 TEST_F(TipsTest, AListOfABankTellsItsRole)

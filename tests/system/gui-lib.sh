@@ -211,8 +211,10 @@ click_here() {
     xdotool mousedown "${1-1}" mouseup "${1-1}"
 }
 
+# click X Y: once no tool tip is in the way any more.
 click() {
     xdotool mousemove "$1" "$2"
+    settle
     click_here
 }
 

@@ -198,6 +198,8 @@ class Reader:
     def click(self, node, *more):
         wait_for(f"a place for {node}", lambda: node.has("showing") and node.rect[2] > 0)
         x, y = node.middle
+        self.point(x, y)
+        wait_for("no tool tip in the way", lambda: not any(top.role == "tool tip" for top in self.program.children))
         self.point(x, y, *(more or CLICK))
 
     def row(self, listing, row):
