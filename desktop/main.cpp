@@ -15,11 +15,13 @@
 #include "program/Velluto.h"
 
 #include <QApplication>
-#include <QFileInfo>
 
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <string>
+#include <system_error>
+#include <vector>
 
 namespace velluto {
 
@@ -27,8 +29,10 @@ namespace {
 
 void OpenFile(Velluto &program, const std::string &path)
 {
-    const QFileInfo file(QString::fromStdString(path));
-    const Argument what = !file.exists() ? Argument::Missing : (file.isDir() ? Argument::Folder : Argument::File);
+    std::error_code unknown;
+    const std::filesystem::file_status there = std::filesystem::status(path, unknown);
+    const bool isFolder = std::filesystem::is_directory(there);
+    const Argument what = !std::filesystem::exists(there) ? Argument::Missing : (isFolder ? Argument::Folder : Argument::File);
     if (what == Argument::File && IsFileForUs(path)) {
         OpenFileByName(program, path);
     } else {
@@ -36,13 +40,20 @@ void OpenFile(Velluto &program, const std::string &path)
     }
 }
 
-// The files that a file manager, or a user at a shell, has named.
-void OpenFilesNamedAtStart(Velluto &program)
+// The bytes of a name stay as they are: it need be no text.
+std::string FromRoot(const std::string &path)
 {
-    const QStringList arguments = QApplication::arguments();
-    for (const QString &path : arguments.mid(1)) {
-        if (!path.isEmpty()) {
-            OpenFile(program, QFileInfo(path).absoluteFilePath().toStdString());
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.lexically_normal().string();
+}
+
+// The files that a file manager, or a user at a shell, has named.
+void OpenFilesNamedAtStart(Velluto &program, const std::vector<std::string> &words)
+{
+    for (const std::string &word : words) {
+        if (!word.empty()) {
+            OpenFile(program, FromRoot(word));
         }
     }
 }
@@ -86,14 +97,15 @@ bool IsAnswered(const std::vector<std::string> &words, const std::string &addres
         if (word.empty() || word.front() == '-') {
             return false; // for the toolkit, which sorts it out in a program of its own
         }
-        files.paths.push_back(std::filesystem::absolute(word).lexically_normal());
+        files.paths.push_back(FromRoot(word));
     }
     const char *const activation = std::getenv("XDG_ACTIVATION_TOKEN");
     files.activation = activation != nullptr ? activation : "";
     return HandOver(address, files);
 }
 
-int Run(HandOverInbox &handedOver)
+// words: what the toolkit has left of the command line.
+int Run(HandOverInbox &handedOver, const std::vector<std::string> &words)
 {
     PosixFiles files;
     files.KeepWhole(files.CurrentFolder());
@@ -119,7 +131,7 @@ int Run(HandOverInbox &handedOver)
     const EndSignals endSignals;
     int result = 0;
     if (StartUp(program)) {
-        OpenFilesNamedAtStart(program);
+        OpenFilesNamedAtStart(program, words);
         inbox.Begin();
         // A signal that came while a question of the start was up has ended that question's loop, not this one.
         bool toRun = !endSignals.Told();
@@ -149,5 +161,5 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("velluto"));
     QGuiApplication::setDesktopFileName(QStringLiteral("velluto"));
     velluto::SetUpLook();
-    return velluto::Run(handedOver);
+    return velluto::Run(handedOver, {argv + 1, argv + argc});
 }

@@ -55,6 +55,9 @@ RuntimeError ReadCompilation(const Modulo1 &app, const std::string &path, std::s
     if (!error.Failed()) {
         error = file->Length(length);
     }
+    if (!error.Failed() && length > kLongestCompilation) {
+        error = kCompilationTooLong;
+    }
     auto remaining = static_cast<std::int64_t>(length);
     // A length of whole records costs one more read, which adds nothing.
     for (std::uint64_t record = 0; !error.Failed() && remaining >= 0; ++record, remaining -= kRecord) {

@@ -67,8 +67,12 @@ bool LoadCompilation(frmMIDIPlayer &form, std::string_view name)
         return true;
     }
     const std::string path = CompilationPath(form.app, name);
+    const std::string prepared = PreparedText(form, path, TextId::OpeningStep);
     const RuntimeError error = Resumed([&] { return ReadCompilation(form.app, path, form.state.image); });
-    HandlePlayerError(form, error, PreparedText(form, path, TextId::OpeningStep));
+    HandlePlayerError(form, error, prepared);
+    if (error.number == kCompilationTooLong.number) {
+        form.app.messages.ShowMessage(MessageNo::DataFormatError, prepared, {});
+    }
     return !error.Failed();
 }
 

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kMostKept = 10000;
 constexpr mode_t kUsualMode = 0644;
+constexpr off_t kLongestKept = off_t{1} << 26; // bytes; a table has some ten thousand
 
 std::error_code LastError()
 {
@@ -107,6 +108,9 @@ std::error_code ReplaceKeeping(const std::string &path, const std::string &bytes
     }
     if (isThere && ::access(target.c_str(), W_OK) != 0) { // who has write-protected it wants it to stay
         return LastError();
+    }
+    if (isThere && about.st_size > kLongestKept) {
+        return std::make_error_code(std::errc::file_too_large);
     }
     if (isThere) {
         if (const std::error_code error = KeepOld(target, mode, kept)) {

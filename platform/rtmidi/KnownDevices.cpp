@@ -87,10 +87,11 @@ void WriteKnownDevices(const std::string &path, const KnownDevices &known)
     const std::filesystem::path place(std::u8string(path.begin(), path.end()));
     std::filesystem::path made = place;
     made += ".new";
+    std::error_code error;
+    std::filesystem::remove(made, error); // a pipe of that name would wait for its other end
     std::ofstream file(made, std::ios::binary | std::ios::trunc);
     file << KnownDevicesText(known);
     file.close();
-    std::error_code error;
     if (file) {
         std::filesystem::rename(made, place, error);
     }

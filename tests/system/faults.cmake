@@ -10,3 +10,9 @@ add_test(NAME system.kills
          COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/kills.py $<TARGET_FILE:velluto-driver> $<TARGET_FILE:end_at>
                  ${PROJECT_SOURCE_DIR}/data/samples)
 set_tests_properties(system.kills PROPERTIES TIMEOUT 300 SKIP_RETURN_CODE 77)
+
+# What is no file, at each door that takes a path.
+add_test(NAME system.no_files
+         COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/nofiles.py $<TARGET_FILE:velluto-driver> $<TARGET_FILE:velluto-tool>
+                 ${PROJECT_SOURCE_DIR}/data/samples)
+set_tests_properties(system.no_files PROPERTIES TIMEOUT 300)

@@ -6,6 +6,8 @@
 
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
+
 namespace velluto::test {
 namespace {
 
@@ -64,6 +66,16 @@ TEST(KnownDevices, AFileThatCannotBeWrittenStaysAsItWas)
     EXPECT_EQ(ReadKnownDevices(files, path), kKnown);
     WriteKnownDevices(folder.At("nowhere/devices.txt"), kKnown);
     EXPECT_FALSE(std::filesystem::exists(folder.At("nowhere")));
+}
+
+TEST(KnownDevices, APipeOfTheNameThatIsWrittenFirstIsNotWaitedFor)
+{
+    const TempFolder folder;
+    PosixFiles files;
+    const std::string path = folder.At("devices.txt");
+    ASSERT_EQ(::mkfifo((path + ".new").c_str(), 0600), 0);
+    WriteKnownDevices(path, kKnown);
+    EXPECT_EQ(ReadKnownDevices(files, path), kKnown);
 }
 
 TEST(KnownDevices, AFileOfUnlikelyLengthIsForeign)

@@ -135,6 +135,23 @@ TEST_F(Compilations, AnyOtherErrorPassesWithoutAMessage)
     EXPECT_TRUE(session.face.boxes.empty());
 }
 
+TEST_F(Compilations, AFileLongerThanAnyIsToldAndNotRead)
+{
+    WriteText("c-mix.cmp", "\1"s);
+    std::filesystem::resize_file(At("c-mix.cmp"), std::uint64_t{4} << 30);
+    Start();
+    session.files.calls.clear();
+    Click(form().ListComp, 0);
+    ASSERT_EQ(session.face.boxes.size(), 1U);
+    EXPECT_EQ(session.face.boxes[0].title, At("c-mix.cmp") + " Opening ");
+    EXPECT_EQ(session.face.boxes[0].text, "Data format error");
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
+    EXPECT_EQ(session.files.calls, std::vector<std::string>{"open " + At("c-mix.cmp")});
+    std::filesystem::resize_file(At("c-mix.cmp"), kLongestCompilation + 1);
+    Click(form().ListComp, 0);
+    EXPECT_EQ(session.face.boxes.size(), 2U);
+}
+
 TEST_F(Compilations, AnImageOfWholeRecordsCostsOneMoreRead)
 {
     Start();

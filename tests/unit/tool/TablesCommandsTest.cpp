@@ -178,6 +178,9 @@ TEST_F(TablesCommandsTest, WhatCannotBeReplacedStays)
     std::string kept;
     EXPECT_TRUE(ReplaceKeeping(folder.At("nowhere/file"), "new", kept));
     EXPECT_TRUE(ReplaceKeeping(folder.At("own"), "new", kept)) << "a folder";
+    std::ofstream(folder.At("long")).put('x');
+    fs::resize_file(folder.At("long"), std::uint64_t{4} << 30);
+    EXPECT_EQ(ReplaceKeeping(folder.At("long"), "new", kept), std::errc::file_too_large);
     EXPECT_EQ(kept, "");
     EXPECT_EQ(InOwn(), (std::vector<std::string>{"Velluto-pcg.txt", "Velluto-sty.txt"}));
 }
