@@ -17,16 +17,17 @@ class Descriptor {
 public:
     // errno tells why it is not open.
     Descriptor(const std::string &path, int flags, mode_t mode = 0) : number_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
-    ~Descriptor()
-    {
-        if (number_ >= 0) {
-            ::close(number_);
-        }
-    }
+    ~Descriptor() { Close(); }
     Descriptor(Descriptor &&other) noexcept : number_(std::exchange(other.number_, -1)) {}
     Descriptor(const Descriptor &) = delete;
     Descriptor &operator=(const Descriptor &) = delete;
 
+    void Close()
+    {
+        if (number_ >= 0) {
+            ::close(std::exchange(number_, -1));
+        }
+    }
     [[nodiscard]] bool IsOpen() const { return number_ >= 0; }
     [[nodiscard]] int Number() const { return number_; }
     // False where it is not a regular file, or nothing can be learnt of it.

@@ -53,6 +53,10 @@ std::string UnusedName()
 
 void JournalEntry::TakeBack()
 {
+    // Closed before it goes: some file systems keep the name of an open file, and with it the folder. Whoever finds it without
+    // a lock now finds nothing in it.
+    [[maybe_unused]] const int emptied = ::ftruncate(file_.Number(), 0);
+    file_.Close();
     ::unlink(path_.c_str());
     ::rmdir(path_.substr(0, path_.rfind('/')).c_str()); // where it was the last one
 }
@@ -103,7 +107,9 @@ void SaveJournal::EachLeft(const std::function<bool(const UnfinishedSave &)> &un
         }
         // One that was never told to its end is of a save that had not begun.
         const std::optional<UnfinishedSave> save = ReadSave(file);
-        if (!save || undo(*save)) {
+        const bool isDone = !save || undo(*save);
+        file.Close();
+        if (isDone) {
             ::unlink(path.c_str());
         }
     }
