@@ -2,7 +2,7 @@
 // the file.
 #include "PlainRead.h"
 #include "RatioReporter.h"
-#include "platform/posix/PosixFiles.h"
+#include "platform/machine/MachineFiles.h"
 #include "platform/rtmidi/MachineSequencer.h"
 
 #include <malloc.h>
@@ -72,7 +72,7 @@ void PlainRead(benchmark::State &state)
 
 void OpenSong(benchmark::State &state)
 {
-    PosixFiles files;
+    MachineFiles files;
     MachineSequencer sequencer(files, std::make_unique<NoOutputs>(), [](const std::function<void()> &) {});
     sequencer.SetFileName(kPath);
     for (auto _ : state) {

@@ -1,7 +1,7 @@
 // How true to a file's times its playing is: a note each 10 ms for 20 s, from the sequencer's port to a JACK client that notes
 // when each arrives; beside it the same file in FluidSynth's own player. And what an open, idle sequencer costs. Needs a JACK
 // server (bench/sequencer.sh starts one).
-#include "platform/posix/PosixFiles.h"
+#include "platform/machine/MachineFiles.h"
 #include "platform/rtmidi/MachineMusic.h"
 
 #include <fluidsynth.h>
@@ -173,7 +173,7 @@ struct Played {
 Played PlayWithSequencer(const std::string &path)
 {
     std::atomic<bool> ended = false;
-    PosixFiles files;
+    MachineFiles files;
     const MachineMusic music = MakeMachineMusic(files, [](const std::function<void()> &call) { call(); }); // on the playing thread
     music.sequencer->Done = [&ended](int) { ended = true; };
     music.sequencer->SetFileName(path);

@@ -7,9 +7,8 @@
 #include "desktop/QtPrinter.h"
 #include "desktop/QtTicks.h"
 #include "files/Opening.h"
+#include "platform/machine/MachineFiles.h"
 #include "platform/posix/HandOver.h"
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixFolders.h"
 #include "platform/rtmidi/MachineMusic.h"
 #include "program/NamedFiles.h"
 #include "program/Velluto.h"
@@ -107,7 +106,7 @@ bool IsAnswered(const std::vector<std::string> &words, const std::string &addres
 // words: what the toolkit has left of the command line.
 int Run(HandOverInbox &handedOver, const std::vector<std::string> &words)
 {
-    PosixFiles files;
+    MachineFiles files;
     files.KeepWhole(files.CurrentFolder());
     QtClock clock;
     QtFace face;
@@ -115,7 +114,7 @@ int Run(HandOverInbox &handedOver, const std::vector<std::string> &words)
         files, [&face](std::function<void()> call) { face.Post(std::move(call)); }, files.CurrentFolder() + "/Velluto-devices.txt");
     GetReadyToDraw(); // while the MIDI systems are looked for
     QtPrinter printer(face);
-    PosixFolders folders;
+    MachineFolders folders;
     QtTicks ticks(face.Gate());
     Velluto program({files, *music.midi, clock, printer, *music.sequencer, folders, ticks}, face);
     face.Attach({program.app.frame, program.app.children, program.app.messages.LinguaBase, [&program] { return CloseFrame(program); },

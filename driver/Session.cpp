@@ -1,12 +1,12 @@
 #include "driver/Session.h"
 
 #include "driver/Words.h"
+#include "platform/machine/Utf8Path.h"
 #include "platform/sequencer/MidiFile.h"
 #include "player/SequencerTexts.h"
 
 #include <algorithm>
 #include <cctype>
-#include <filesystem>
 
 namespace velluto::driver {
 
@@ -88,10 +88,10 @@ std::vector<Timer *> Session::RunningTimers() const
 
 std::string Session::FullPath(const std::string &path)
 {
-    if (path.empty() || IsDrivePath(path) || std::filesystem::path(path).is_absolute()) {
+    if (path.empty() || IsDrivePath(path) || PathOfUtf8(path).is_absolute()) {
         return path;
     }
-    return (std::filesystem::path(files.CurrentFolder()) / path).lexically_normal().string();
+    return Utf8OfPath((PathOfUtf8(files.CurrentFolder()) / PathOfUtf8(path)).lexically_normal());
 }
 
 void Session::Settle()

@@ -3,8 +3,7 @@
 #pragma once
 
 #include "driver/Timers.h"
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixFolders.h"
+#include "platform/machine/MachineFiles.h"
 #include "program/Velluto.h"
 #include "standin/FaultyFiles.h"
 #include "standin/StandinClock.h"
@@ -23,13 +22,13 @@ namespace velluto::driver {
 
 class Session {
 public:
-    PosixFiles disk;
+    MachineFiles disk;
     FaultyFiles files{disk};
     StandinMidi midi;
     StandinClock clock;
     StandinPrinter printer;
     StandinSequencer sequencer;
-    PosixFolders folderDisk;
+    MachineFolders folderDisk;
     FaultyFolders folders{folderDisk, files};
     StandinTicks ticks;
     StandinFace face;

@@ -1,11 +1,13 @@
 // velluto-driver: the program without a screen, driven by one command a line.
 #include "driver/Commands.h"
+#include "platform/machine/Console.h"
 
 #include <iostream>
 #include <string>
 
 int main()
 {
+    velluto::PrepareStreams();
     std::ios::sync_with_stdio(false);
     velluto::driver::Session session;
     std::string line;

@@ -1,5 +1,5 @@
 // Random-access files with run-time error numbers: all that the program asks of a file system. The settings, the
-// instrument's files and the tables go through it; the POSIX adapter, the driver's faults and the tests answer it.
+// instrument's files and the tables go through it; the adapters to POSIX and Windows, the driver's faults and the tests answer it.
 #pragma once
 
 #include "platform/RuntimeError.h"
@@ -61,7 +61,7 @@ public:
     }
     // The same while a file is written to in place, or made.
     virtual std::unique_ptr<WritingUnderWay> BeginChanging(const std::string & /*path*/) { return nullptr; }
-    // The process's current directory, without a separator at its end (but "/" for the root).
+    // The process's current directory, without a separator at its end (but that of a root, "/" or "C:\").
     virtual std::string CurrentFolder() = 0;
 };
 

@@ -1,5 +1,5 @@
 // What lies in the folders of the machine: files by pattern with their lengths, folders, and the places where a search
-// begins. Used by player/; answered by PosixFolders, with FaultyFolders in front of it in the driver and the tests.
+// begins. Used by player/; answered by PosixFolders and WinFolders, with FaultyFolders in front of it in the driver and the tests.
 #pragma once
 
 #include "platform/RuntimeError.h"
@@ -27,7 +27,7 @@ public:
     virtual RuntimeError Subfolders(const std::string &folder, std::vector<std::string> &names) = 0;
     // Error 53 where the folder has no such regular file, 76 where the folder is not there.
     virtual RuntimeError FileLength(const std::string &path, std::uint64_t &length) = 0;
-    // The root, the user's home folder, and what is mounted for the user.
+    // Where a search begins: the root, the user's home folder, and what is mounted for the user; on Windows its drives.
     virtual std::vector<std::string> Drives() = 0;
 };
 

@@ -1,6 +1,8 @@
 #include "tool/Walk.h"
 
+#include "app/Paths.h"
 #include "platform/Folders.h"
+#include "platform/machine/Utf8Path.h"
 #include "tool/InstrumentFile.h"
 
 #include <algorithm>
@@ -21,7 +23,7 @@ struct Listing {
 
 std::string Below(const std::string &folder, const std::string &name)
 {
-    return folder.ends_with('/') ? folder + name : folder + "/" + name;
+    return folder.ends_with('/') || folder.ends_with(kPathSeparator) ? folder + name : folder + kPathSeparator + name;
 }
 
 // A link to a folder is none. What the listing itself tells of an entry is enough, mostly.
@@ -34,9 +36,9 @@ bool IsRealFolder(const fs::directory_entry &entry)
 Listing List(const std::string &folder)
 {
     Listing listing;
-    fs::directory_iterator at(folder, listing.error);
+    fs::directory_iterator at(PathOfUtf8(folder), listing.error);
     while (!listing.error && at != fs::directory_iterator()) {
-        std::string name = at->path().filename().string();
+        std::string name = Utf8OfPath(at->path().filename());
         if (!name.starts_with('.')) {
             if (IsRealFolder(*at)) {
                 listing.folders.push_back(std::move(name));
@@ -56,7 +58,7 @@ Listing List(const std::string &folder)
 bool WalkFiles(const std::string &named, const Visit &visit)
 {
     std::error_code unknown;
-    if (!fs::is_directory(named, unknown)) {
+    if (!fs::is_directory(PathOfUtf8(named), unknown)) {
         return visit(named, {});
     }
     std::vector<std::string> toDo{named};
@@ -82,7 +84,7 @@ bool WalkFiles(const std::string &named, const Visit &visit)
 Obstacle ObstacleAt(const std::string &path)
 {
     std::error_code error;
-    const fs::file_status about = fs::status(path, error);
+    const fs::file_status about = fs::status(PathOfUtf8(path), error);
     if (error == std::errc::too_many_symbolic_link_levels) {
         return Obstacle::Circle;
     }

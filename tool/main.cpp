@@ -1,17 +1,14 @@
 // velluto-tool: lists, searches and checks files of the instrument on a console, and fills the factory tables. All rules are in the library
 // beside.
-#include "platform/posix/PosixFiles.h"
+#include "platform/machine/Console.h"
+#include "platform/machine/MachineFiles.h"
 #include "tool/Commands.h"
 #include "tool/TablesCommands.h"
 
-#include <array>
-#include <csignal>
 #include <cstdlib>
 #include <exception>
-#include <fcntl.h>
 #include <iostream>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace velluto::tool {
@@ -21,16 +18,6 @@ namespace {
 constexpr TwoTexts kSeeHelp{"velluto-tool: %1\nvelluto-tool --help dice che cosa si può scrivere.\n",
                             "velluto-tool: %1\nvelluto-tool --help tells what can be written.\n"};
 constexpr TwoTexts kNotWritten{"velluto-tool: la risposta non si può scrivere\n", "velluto-tool: the answer cannot be written\n"};
-
-// A file must never be opened in the place of a stream that the caller has closed: what is meant for the stream would go there.
-void KeepStreamsApart()
-{
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (::fcntl(stream, F_GETFD) < 0) {
-            (void)::open("/dev/null", O_RDONLY); // takes the lowest number; writing to it fails
-        }
-    }
-}
 
 // Empty where it is not set.
 std::string_view Variable(const char *name)
@@ -86,10 +73,9 @@ int Run(const Desk &desk, const std::vector<std::string> &words)
 
 int Main(const std::vector<std::string> &words)
 {
-    KeepStreamsApart();
-    std::signal(SIGPIPE, SIG_IGN); // the write fails instead
+    PrepareStreams();
     std::ios::sync_with_stdio(false);
-    PosixFiles files;
+    MachineFiles files;
     const Desk desk{files, std::cout, std::cerr, Speaker{LanguageAsked(words).value_or(LanguageOfLocale(Locale()))}};
     const int code = Run(desk, words);
     if (!std::cout.flush()) {
@@ -106,7 +92,7 @@ int Main(const std::vector<std::string> &words)
 int main(int argc, char **argv)
 {
     try {
-        return velluto::tool::Main({argv + 1, argv + argc});
+        return velluto::tool::Main(velluto::WordsOfCommand(argc, argv));
     } catch (const std::exception &error) { // no memory, most likely
         std::cerr << "velluto-tool: " << error.what() << '\n';
         return velluto::tool::ExitCode::Unreadable;

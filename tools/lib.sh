@@ -16,6 +16,9 @@ grep -qsx 'VERSION_ID="12"' /etc/os-release || test_packages+=(jack-example-tool
 # What the builds of every day and the checks take besides.
 check_packages=(clang mold libbenchmark-dev clang-format git shellcheck pyflakes3)
 
+# What builds for Windows, and runs what comes of it.
+windows_packages=(g++-mingw-w64-x86-64-posix googletest nlohmann-json3-dev clang wine wine64)
+
 # What the checks of a full run take besides.
 full_test_packages=(clang-tidy libclang-rt-dev valgrind g++-mingw-w64-x86-64-posix)
 

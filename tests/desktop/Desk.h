@@ -182,7 +182,7 @@ protected:
     StandinClock clock;
     StandinPrinter printer;
     StandinSequencer sequencer;
-    PosixFolders folders;
+    MachineFolders folders;
     QtFace face;
     QtTicks tickTimer{face.Gate()};
     Velluto program{Ports{machine, midi, clock, printer, sequencer, folders, tickTimer}, face};

@@ -83,7 +83,7 @@ protected:
     StandinFace face;
     QtPrinter printer{face};
     StandinSequencer sequencer;
-    PosixFolders folders;
+    MachineFolders folders;
     StandinTicks ticks;
     Velluto program{Ports{machine, midi, clock, printer, sequencer, folders, ticks}, face};
 };

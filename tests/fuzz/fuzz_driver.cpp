@@ -10,6 +10,7 @@
 #include <fstream>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <iterator>
+#include <random>
 
 using namespace velluto::driver;
 
@@ -34,11 +35,10 @@ class Folder {
 public:
     Folder()
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / "velluto-fuzz-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) {
-            std::abort();
-        }
-        path_ = pattern;
+        std::random_device chance;
+        do {
+            path_ = std::filesystem::temp_directory_path() / ("velluto-fuzz-" + std::to_string(chance()));
+        } while (!std::filesystem::create_directory(path_));
         std::ifstream sample(VELLUTO_SAMPLE, std::ios::binary);
         sample_.assign(std::istreambuf_iterator<char>(sample), {});
         std::filesystem::current_path(path_);
@@ -46,7 +46,7 @@ public:
     ~Folder()
     {
         std::error_code ignored;
-        std::filesystem::current_path("/", ignored);
+        std::filesystem::current_path(std::filesystem::temp_directory_path(), ignored);
         std::filesystem::remove_all(path_, ignored);
     }
     Folder(const Folder &) = delete;

@@ -1,6 +1,8 @@
 // Runs one scenario: a driver script with the expected answers beside its commands. Each command line may be followed
 // by a line "> {...}" with what its answer must hold; without one the answer must be a good one. Lines that begin with
-// "!" put files on the disk or look at them (Props.h). $HERE stands for the scenario's own temporary folder.
+// "!" put files on the disk or look at them (Props.h). In an expectation $HERE stands for the scenario's own temporary folder, and
+// each "/" behind it for the system's separator.
+#include "app/Paths.h"
 #include "driver/Commands.h"
 #include "driver/Names.h"
 #include "driver/Words.h"
@@ -8,6 +10,7 @@
 #include "scenarios/Subset.h"
 #include "unit/support/TestProgram.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <optional>
@@ -18,17 +21,32 @@ namespace {
 
 constexpr std::string_view kHere = "$HERE";
 
+// In each text of the expectation.
+void PutHere(driver::Json &expected, const std::string &folder)
+{
+    if (expected.is_structured()) {
+        for (driver::Json &inner : expected) {
+            PutHere(inner, folder);
+        }
+    } else if (expected.is_string()) {
+        auto &text = expected.get_ref<std::string &>();
+        if (const std::size_t at = text.find(kHere); at != std::string::npos) {
+            text.replace(at, kHere.size(), folder);
+            std::replace(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), '/', kPathSeparator);
+        }
+    }
+}
+
 class Scenario {
 public:
     explicit Scenario(std::string folder) : folder_(std::move(folder)) {}
 
-    void Line(std::string line, int number)
+    void Line(const std::string &line, int number)
     {
-        for (std::size_t at = line.find(kHere); at != std::string::npos; at = line.find(kHere, at)) {
-            line.replace(at, kHere.size(), folder_);
-        }
         if (line.starts_with('>')) {
-            Compare(driver::Json::parse(line.substr(1)));
+            driver::Json expected = driver::Json::parse(line.substr(1));
+            PutHere(expected, folder_);
+            Compare(expected);
             return;
         }
         Finish();

@@ -1,5 +1,5 @@
 #include "JackServer.h"
-#include "platform/posix/PosixFiles.h"
+#include "platform/machine/MachineFiles.h"
 #include "platform/rtmidi/MachineMusic.h"
 
 #include <gmock/gmock.h>
@@ -113,7 +113,7 @@ protected:
     JackServer server_;
     std::unique_ptr<Process> instrument_;
     std::unique_ptr<Process> keys_;
-    PosixFiles files_;
+    MachineFiles files_;
     std::unique_ptr<MidiDevices> midi_;
 };
 

@@ -114,7 +114,7 @@ protected:
     std::mutex mutex_;
     std::vector<std::function<void()>> calls_;
     std::vector<int> told_;
-    PosixFiles files_;
+    MachineFiles files_;
     MachineMusic music_;
 };
 

@@ -1,7 +1,7 @@
 // The file that keeps the numbers of devices: what it says, and what is made of one that others have written.
 #include "platform/rtmidi/KnownDevices.h"
 
-#include "platform/posix/PosixFiles.h"
+#include "platform/machine/MachineFiles.h"
 #include "unit/support/TestProgram.h"
 
 #include <gmock/gmock.h>
@@ -45,7 +45,7 @@ TEST(KnownDevices, ANumberIsTheFirstOnesThatClaimsIt)
 TEST(KnownDevices, WhatWasWrittenIsReadAndNothingElseIsLeft)
 {
     const TempFolder folder;
-    PosixFiles files;
+    MachineFiles files;
     const std::string path = folder.At("devices \xC3\xA8.txt");
     EXPECT_EQ(ReadKnownDevices(files, path), KnownDevices());
     WriteBytes(path, {'o', 'l', 'd'});
@@ -57,7 +57,7 @@ TEST(KnownDevices, WhatWasWrittenIsReadAndNothingElseIsLeft)
 TEST(KnownDevices, AFileThatCannotBeWrittenStaysAsItWas)
 {
     const TempFolder folder;
-    PosixFiles files;
+    MachineFiles files;
     const std::string path = folder.At("devices.txt");
     WriteKnownDevices(path, kKnown);
     std::filesystem::create_directory(path + ".new");
@@ -81,7 +81,7 @@ TEST(KnownDevices, APipeOfTheNameThatIsWrittenFirstIsNotWaitedFor)
 TEST(KnownDevices, AFileOfUnlikelyLengthIsForeign)
 {
     const TempFolder folder;
-    PosixFiles files;
+    MachineFiles files;
     const std::string path = folder.At("devices.txt");
     WriteKnownDevices(path, kKnown);
     std::filesystem::resize_file(path, 65537);

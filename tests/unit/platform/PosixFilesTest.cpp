@@ -60,93 +60,11 @@ private:
     bool done_ = false;
 };
 
-TEST_F(PosixFilesTest, AMissingFileIsCreatedEmpty)
-{
-    EXPECT_EQ(Open(folder_.At("new.pcg")), 0);
-    std::uint64_t length = 1;
-    EXPECT_EQ(file_->Length(length).number, 0);
-    EXPECT_EQ(length, 0U);
-    EXPECT_TRUE(std::filesystem::exists(folder_.At("new.pcg")));
-}
-
-TEST_F(PosixFilesTest, WhatIsWrittenAtAnOffsetIsReadThere)
-{
-    ASSERT_EQ(Open(folder_.At("a.ini")), 0);
-    EXPECT_EQ(Write(500, {1, 2, 3}), 0);
-    std::uint64_t length = 0;
-    file_->Length(length);
-    EXPECT_EQ(length, 503U);
-    Bytes buffer(3);
-    std::size_t got = 0;
-    EXPECT_EQ(file_->Read(500, buffer, got).number, 0);
-    EXPECT_EQ(got, 3U);
-    EXPECT_EQ(buffer, (Bytes{1, 2, 3}));
-    EXPECT_EQ(file_->Read(498, buffer, got).number, 0);
-    EXPECT_EQ(buffer, (Bytes{0, 0, 1}));
-}
-
-TEST_F(PosixFilesTest, AReadAcrossTheEndGivesWhatThereIs)
-{
-    WriteBytes(folder_.At("a"), {1, 2, 3});
-    ASSERT_EQ(Open(folder_.At("a")), 0);
-    Bytes buffer(8, 9);
-    std::size_t got = 7;
-    EXPECT_EQ(file_->Read(1, buffer, got).number, 0);
-    EXPECT_EQ(got, 2U);
-    EXPECT_EQ(file_->Read(10, buffer, got).number, 0);
-    EXPECT_EQ(got, 0U);
-}
-
-TEST_F(PosixFilesTest, OpeningKeepsTheBytesOfAFile)
-{
-    WriteBytes(folder_.At("a"), {1, 2, 3});
-    ASSERT_EQ(Open(folder_.At("a")), 0);
-    file_.reset();
-    EXPECT_EQ(ReadBytes(folder_.At("a")), (Bytes{1, 2, 3}));
-}
-
-TEST_F(PosixFilesTest, APathIsUtf8)
-{
-    EXPECT_EQ(Open(folder_.At("Città 日本.pcg")), 0);
-    EXPECT_TRUE(std::filesystem::exists(folder_.At("Città 日本.pcg")));
-}
-
-TEST_F(PosixFilesTest, AMissingFolderIsPathNotFound)
-{
-    EXPECT_EQ(Open(folder_.At("none/a.pcg")), 76);
-    EXPECT_EQ(file_, nullptr);
-}
-
-TEST_F(PosixFilesTest, AFileInPlaceOfAFolderIsPathNotFound)
-{
-    WriteBytes(folder_.At("a"), {1});
-    EXPECT_EQ(Open(folder_.At("a/b.pcg")), 76);
-}
-
-TEST_F(PosixFilesTest, ANameTooLongIsPathNotFound)
-{
-    EXPECT_EQ(Open(folder_.At(std::string(300, 'x'))), 76);
-}
-
-TEST_F(PosixFilesTest, AnEmptyPathAndAZeroByteArePathNotFound)
-{
-    EXPECT_EQ(Open(""), 76);
-    WriteBytes(folder_.At("a"), {1});
-    EXPECT_EQ(Open(folder_.At("a") + '\0' + "b"), 76);
-    EXPECT_EQ(files_.Delete(folder_.At("a") + '\0' + "b").number, 76);
-    EXPECT_TRUE(std::filesystem::exists(folder_.At("a")));
-}
-
 TEST_F(PosixFilesTest, ALoopOfLinksIsAnotherError)
 {
     std::filesystem::create_symlink("b", folder_.At("a"));
     std::filesystem::create_symlink("a", folder_.At("b"));
     EXPECT_EQ(Open(folder_.At("a")), 51);
-}
-
-TEST_F(PosixFilesTest, AFolderIsPathFileAccess)
-{
-    EXPECT_EQ(Open(folder_.Path()), 75);
 }
 
 TEST_F(PosixFilesTest, APipeIsPathFileAccessAndNeverWaitsForItsOtherEnd)
@@ -252,39 +170,11 @@ TEST_F(PosixFilesTest, TheFileSizeLimitIsDiskFull)
     EXPECT_EQ(number, 61);
 }
 
-TEST_F(PosixFilesTest, OpenedToReadAFileNeedsNoRightToWriteAndTakesNoByte)
-{
-    WriteBytes(folder_.At("a"), {1, 2, 3});
-    ::chmod(folder_.At("a").c_str(), 0444);
-    ASSERT_EQ(files_.OpenToRead(folder_.At("a"), file_).number, 0);
-    Bytes read(3);
-    std::size_t got = 0;
-    EXPECT_FALSE(file_->Read(0, read, got).Failed());
-    EXPECT_EQ(read, (Bytes{1, 2, 3}));
-    EXPECT_TRUE(file_->Write(0, Bytes{9}).Failed());
-    EXPECT_EQ(ReadBytes(folder_.At("a")), (Bytes{1, 2, 3}));
-}
-
-TEST_F(PosixFilesTest, OpenedToReadAMissingFileIsFileNotFoundAndStaysMissing)
-{
-    EXPECT_EQ(files_.OpenToRead(folder_.At("a"), file_).number, FileError::kFileNotFound);
-    EXPECT_FALSE(std::filesystem::exists(folder_.At("a")));
-    EXPECT_EQ(files_.OpenToRead("", file_).number, FileError::kPathNotFound);
-}
-
 TEST_F(PosixFilesTest, OpenedToReadAFolderAndAPipeArePathFileAccess)
 {
     EXPECT_EQ(files_.OpenToRead(folder_.Path(), file_).number, FileError::kPathFileAccess);
     ASSERT_EQ(::mkfifo(folder_.At("pipe").c_str(), 0600), 0);
     EXPECT_EQ(files_.OpenToRead(folder_.At("pipe"), file_).number, FileError::kPathFileAccess);
-}
-
-TEST_F(PosixFilesTest, DeleteTakesAFileAwayAndTellsAMissingOne)
-{
-    WriteBytes(folder_.At("a"), {1});
-    EXPECT_EQ(files_.Delete(folder_.At("a")).number, 0);
-    EXPECT_FALSE(std::filesystem::exists(folder_.At("a")));
-    EXPECT_EQ(files_.Delete(folder_.At("a")).number, 53);
 }
 
 TEST_F(PosixFilesTest, DeleteFollowsALinkAsOpenDoes)
@@ -294,13 +184,6 @@ TEST_F(PosixFilesTest, DeleteFollowsALinkAsOpenDoes)
     EXPECT_EQ(files_.Delete(folder_.At("link")).number, 0);
     EXPECT_FALSE(std::filesystem::exists(folder_.At("file")));
     EXPECT_TRUE(std::filesystem::is_symlink(folder_.At("link")));
-}
-
-TEST_F(PosixFilesTest, DeleteLeavesAFolderAlone)
-{
-    std::filesystem::create_directory(folder_.At("a"));
-    EXPECT_EQ(files_.Delete(folder_.At("a")).number, 75);
-    EXPECT_TRUE(std::filesystem::exists(folder_.At("a")));
 }
 
 TEST_F(PosixFilesTest, TheCurrentFolderHasNoSeparatorAtItsEnd)

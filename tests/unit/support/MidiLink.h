@@ -5,8 +5,7 @@
 #include "midi/MIDI.h"
 #include "midi/MidiOut.h"
 #include "midi/Survey.h"
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixFolders.h"
+#include "platform/machine/MachineFiles.h"
 #include "standin/StandinClock.h"
 #include "standin/StandinFace.h"
 #include "standin/StandinMidi.h"
@@ -26,13 +25,13 @@ namespace velluto::test {
 inline constexpr int kEnglish = 200;
 
 struct MidiLink {
-    PosixFiles files;
+    MachineFiles files;
     StandinMidi devices;
     StandinFace face;
     StandinClock clock;
     StandinPrinter printer;
     StandinSequencer sequencer;
-    PosixFolders folders;
+    MachineFolders folders;
     StandinTicks ticks;
     Modulo1 app{Ports{files, devices, clock, printer, sequencer, folders, ticks}, face};
     MidiState midi{app};

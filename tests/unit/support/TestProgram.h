@@ -2,8 +2,8 @@
 // Used by the unit tests of every room that needs more than its own record.
 #pragma once
 
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixFolders.h"
+#include "platform/machine/MachineFiles.h"
+#include "platform/machine/Utf8Path.h"
 #include "program/Velluto.h"
 #include "standin/FaultyFiles.h"
 #include "standin/StandinClock.h"
@@ -16,12 +16,11 @@
 #include "view/MenuEntry.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
-#include <stdexcept>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -34,11 +33,10 @@ class TempFolder {
 public:
     TempFolder()
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / "velluto-test-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
-        }
-        path_ = pattern;
+        std::random_device chance;
+        do {
+            path_ = std::filesystem::temp_directory_path() / ("velluto-test-" + std::to_string(chance()));
+        } while (!std::filesystem::create_directory(path_));
     }
     ~TempFolder()
     {
@@ -48,8 +46,8 @@ public:
     TempFolder(const TempFolder &) = delete;
     TempFolder &operator=(const TempFolder &) = delete;
 
-    [[nodiscard]] std::string Path() const { return path_.string(); }
-    [[nodiscard]] std::string At(const std::string &name) const { return (path_ / name).string(); }
+    [[nodiscard]] std::string Path() const { return Utf8OfPath(path_); }
+    [[nodiscard]] std::string At(const std::string &name) const { return Utf8OfPath((path_ / PathOfUtf8(name)).make_preferred()); }
 
 private:
     std::filesystem::path path_;
@@ -68,19 +66,19 @@ public:
     std::string CurrentFolder() override { return folder_; }
 
 private:
-    PosixFiles files_;
+    MachineFiles files_;
     std::string folder_;
 };
 
 inline Bytes ReadBytes(const std::string &path)
 {
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in(PathOfUtf8(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 inline void WriteBytes(const std::string &path, const Bytes &bytes)
 {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    std::ofstream out(PathOfUtf8(path), std::ios::binary | std::ios::trunc);
     out.write(reinterpret_cast<const char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
@@ -103,7 +101,7 @@ struct TestProgram {
     StandinClock clock;
     StandinPrinter printer;
     StandinSequencer sequencer;
-    PosixFolders disk;
+    MachineFolders disk;
     FaultyFolders folders{disk, files};
     StandinTicks ticks;
     Velluto program{Ports{files, midi, clock, printer, sequencer, folders, ticks}, face};

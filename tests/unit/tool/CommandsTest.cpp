@@ -51,7 +51,7 @@ protected:
     }
 
     test::TempFolder folder;
-    PosixFiles files;
+    MachineFiles files;
     std::string out;
     std::string errors;
     const Bytes programs = InstrumentFile({{"Grand Piano", 0, {}}, {"Caff\xC8 Organ", 63, {}}});

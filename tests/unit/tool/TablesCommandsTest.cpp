@@ -69,7 +69,7 @@ protected:
     }
 
     test::TempFolder folder;
-    PosixFiles files;
+    MachineFiles files;
     std::string out;
     std::string errors;
 };

@@ -1,5 +1,5 @@
 // The songs that ship: the player's own reader takes them, they last as long as they should, and no part stumbles over itself.
-#include "platform/posix/PosixFiles.h"
+#include "platform/machine/MachineFiles.h"
 #include "platform/sequencer/MidiFile.h"
 #include "player/CompilationImage.h"
 #include "tools/songs/SongFile.h"
@@ -22,7 +22,7 @@ std::vector<songs::Song> AllSongs()
 
 TEST(SongsTest, EachIsReadWholeAndLastsHalfAMinuteToAMinute)
 {
-    PosixFiles files;
+    MachineFiles files;
     for (const songs::Song &song : AllSongs()) {
         const MidiFile file = ReadMidiFile(files, std::string(VELLUTO_SAMPLES "/") + song.file);
         ASSERT_EQ(file.refusal.why, Refusal::Why::None) << song.file;

@@ -1,0 +1,113 @@
+#!/usr/bin/env bash
+# Builds what there is for Windows and runs its tests as Windows programs, under Wine: the unit tests of every room, the scenarios,
+# and what the fuzzers have kept. Installs what is missing. What cannot run there, and why, stands in docs/OTHER-SYSTEMS.md.
+#
+#     packaging/windows/test.sh [NAME...]    names: those of the programs to run, as unit_files; all where none is given
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+# shellcheck source=tools/lib.sh
+. tools/lib.sh
+
+wanted=" $* "
+programs=$PWD/build/windows/tests
+WINEPREFIX=$(mktemp -d)
+export WINEPREFIX WINEDEBUG=-all
+export WINEDLLOVERRIDES="mscoree,mshtml=" # no question about what a new prefix has no need of
+unset DISPLAY
+# Not as root, who may write to what is read-only.
+as_user=()
+if [ "$(id -u)" -eq 0 ]; then
+    as_user=(setpriv --reuid=65534 --regid=65534 --clear-groups env HOME="$WINEPREFIX")
+    chown 65534:65534 "$WINEPREFIX"
+fi
+passed=0
+failed=0
+
+asked_for() {
+    [ "$wanted" = "  " ] || [[ $wanted == *" $1 "* ]]
+}
+
+# run LOG COMMAND...: what it says goes to the log. False where it fails or takes longer than ten minutes.
+run() {
+    local log=$1
+    shift
+    "${as_user[@]}" timeout 600 wine "$@" >"$log" 2>&1 </dev/null
+}
+
+# One program of unit tests: it runs all of its tests at once, since to start a program takes longer than most of them.
+unit_tests() {
+    local name=$1 log=build/windows/$1.log good bad
+    run "$log" "$programs/$name.exe" --gtest_brief=1 || true
+    good=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\.\r\{0,1\}$/\1/p' "$log")
+    bad=$(grep -c '^\[  FAILED  \] .* ms)' "$log" || true)
+    if [ -z "$good" ]; then # it ended in the middle
+        good=0
+        bad=$((bad + 1))
+    fi
+    [ "$bad" -eq 0 ] || tail -n 200 "$log"
+    passed=$((passed + good))
+    failed=$((failed + bad))
+    say "$name: $good passed, $bad failed"
+}
+
+scenarios() {
+    local script name log good=0 bad=0 as_expected
+    for script in tests/scenarios/*.txt tests/scenarios/refused/*.txt; do
+        name=${script##*/}
+        [ "$name" != CMakeLists.txt ] || continue
+        log=build/windows/scenario-$name.log
+        as_expected=true
+        run "$log" "$programs/scenarios/run_scenario.exe" "$script" || as_expected=false
+        case $script in
+        */refused/*) if $as_expected; then as_expected=false; else as_expected=true; fi ;; # these must fail
+        esac
+        if $as_expected; then
+            good=$((good + 1))
+        else
+            bad=$((bad + 1))
+            say "scenario $name:"
+            tail -n 20 "$log"
+        fi
+    done
+    passed=$((passed + good))
+    failed=$((failed + bad))
+    say "scenarios: $good passed, $bad failed"
+}
+
+# What the fuzzers have kept, and the samples.
+corpus() {
+    local name=$1 log=build/windows/$1.log folder=build/windows/corpus/$1
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    [ ! -f "tests/fuzz/corpus/$name.tar.gz" ] || tar -xzf "tests/fuzz/corpus/$name.tar.gz" -C "$folder"
+    if run "$log" "$programs/fuzz/$name.exe" "$folder" data/samples; then
+        passed=$((passed + 1))
+        say "$name: $(grep -o '^[0-9]* inputs' "$log") passed"
+    else
+        failed=$((failed + 1))
+        tail -n 20 "$log"
+        say "$name: FAILED"
+    fi
+}
+
+install_packages "${build_packages[@]}" "${windows_packages[@]}"
+build windows
+trap '"${as_user[@]}" wineserver -k || true; rm -rf "$WINEPREFIX"' EXIT # the server is this prefix's own
+"${as_user[@]}" wineboot --init >build/windows/wineboot.log 2>&1 || { cat build/windows/wineboot.log >&2 && exit 1; }
+for program in "$programs"/unit_*.exe; do
+    name=$(basename "$program" .exe)
+    if asked_for "$name"; then
+        unit_tests "$name"
+    fi
+done
+if asked_for scenarios; then
+    scenarios
+fi
+for program in "$programs"/fuzz/fuzz_*.exe; do
+    name=$(basename "$program" .exe)
+    if asked_for "$name"; then
+        corpus "$name"
+    fi
+done
+say "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
