@@ -8,6 +8,9 @@ namespace velluto {
 class WinFiles : public FileStore {
 public:
     WinFiles();
+    // Nothing is kept here yet while a file is written: a process that is ended in the middle leaves a part of it.
+    void KeepWhole(const std::string & /*programFolder*/) {}
+
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError Delete(const std::string &path) override;
