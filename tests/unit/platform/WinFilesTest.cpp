@@ -91,15 +91,6 @@ TEST_F(WinFilesTest, NamesAreTheSameInAnyCase)
     EXPECT_EQ(files_.OpenToRead(folder_.At("sONG.pcg"), file_).number, 0);
 }
 
-TEST_F(WinFilesTest, ANameThatIsNoTextIsListedAndOpened)
-{
-    ASSERT_EQ(Open(folder_.Path() + "\\" + std::string(kHalf)), 0);
-    WinFolders folders;
-    std::vector<ListedFile> files;
-    EXPECT_EQ(folders.Files(folder_.Path(), "*.mid", files).number, 0);
-    EXPECT_THAT(files, ElementsAre(ListedFile{std::string(kHalf), 0}));
-}
-
 TEST_F(WinFilesTest, TheReadOnlyAttributeIsPathFileAccess)
 {
     WriteBytes(folder_.At("a.pcg"), {1});
