@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -71,6 +72,20 @@ TEST(MessageText, NumbersThatLeadToNoIdGiveNoText)
         EXPECT_EQ(MessageText(number, kItalian, "x"), "") << number;
         EXPECT_EQ(MessageText(number, kEnglish, "x"), "") << number;
     }
+}
+
+TEST(MessageText, Numbers6To9LeadToFourIdsInARowThatHoldNoText)
+{
+    for (const int number : {6, 7, 8, 9}) {
+        EXPECT_THROW((void)MessageText(number, kItalian, ""), std::out_of_range) << number;
+        EXPECT_THROW((void)MessageText(number, kEnglish, ""), std::out_of_range) << number;
+    }
+    // The four ids behind them hold texts: a base of four shows which is which.
+    constexpr int kFourOn = 4;
+    EXPECT_EQ(MessageText(6, kFourOn, ""), "&Cancella");
+    EXPECT_EQ(MessageText(7, kFourOn, ""), "ATTENDERE");
+    EXPECT_EQ(MessageText(8, kFourOn, ""), "Nome File");
+    EXPECT_EQ(MessageText(9, kFourOn, ""), "Guida Utente");
 }
 
 TEST(MessageText, Message4ReplacesOnlyThePlaceholderOfTheTextAndNotThatOfTheInsert)

@@ -96,6 +96,15 @@ TEST_F(FactoryWindowTest, TheStateTextOfAStyleListIs45Characters)
     EXPECT_EQ(Styles(2).Tag.prefix, "\x10" + Zeros(13) + "\x02" + Zeros(5) + "2: Style 9-16" + Blanks(12));
 }
 
+TEST_F(FactoryWindowTest, ABankStandsInFiveColumnsAndAStyleListInFour)
+{
+    for (int kind = 2; kind <= 7; ++kind) {
+        EXPECT_EQ(Bank(kind).List1.columns, 5) << kind;
+    }
+    EXPECT_EQ(Styles(1).List1.columns, 4);
+    EXPECT_EQ(Styles(2).List1.columns, 4);
+}
+
 TEST_F(FactoryWindowTest, AtFirstAWindowHasItsNaturalSizeAndTheEntryLearnsIt)
 {
     frmBank117 &bank = Bank(5);

@@ -85,6 +85,19 @@ TEST(Setup, Channels1To8StandAtTheLeftAnd9To16AtTheRight)
     EXPECT_EQ(form.ScaleHeight(), last.top + last.height + 120);
 }
 
+TEST(Setup, NoRowLiesOverTheOneAboveIt)
+{
+    SetupLink link;
+    frmMIDISetup &form = link.Open();
+    for (const int first : {1, 9}) {
+        for (int channel = first + 1; channel < first + 8; ++channel) {
+            const Place above = form.Combo1[channel - 1].place;
+            EXPECT_GE(form.Combo1[channel].place.Get().top, above.top + above.height) << channel;
+            EXPECT_GE(form.Label1Ch[channel].place.Get().top, above.top + above.height) << channel;
+        }
+    }
+}
+
 TEST(Setup, NeverLaidOutComesUpAtTheTopLeftAndKeepsItsNaturalWidth)
 {
     SetupLink link;

@@ -117,6 +117,15 @@ TEST_F(FilePanel, ATrailingSeparatorIsCut)
     EXPECT_EQ(form().DirMidiSel.Row(0), "/");
 }
 
+TEST_F(FilePanel, TheRootStandsInTheFolderListOnce)
+{
+    StartWithPanel();
+    Do("set frmMIDIPlayer DirMidiSel /");
+    EXPECT_EQ(form().DirMidiSel.Row(0), "/");
+    EXPECT_EQ(form().DirMidiSel.ListIndex(), 0);
+    EXPECT_THAT(form().DirMidiSel.Rows(), testing::Not(testing::Contains("  /"))) << "nor below itself";
+}
+
 TEST_F(FilePanel, TheFolderListLeadsUpAndDown)
 {
     std::filesystem::create_directories(At("d/inner"));

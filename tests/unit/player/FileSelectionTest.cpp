@@ -234,6 +234,18 @@ TEST_F(FileSelection, ADoubleClickInTheFolderPlays)
     EXPECT_EQ(state().PlayingFileRow, 1); // kept by clicks only
 }
 
+TEST_F(FileSelection, ADoubleClickInAnotherFolderWhileAFilePlaysPlaysOnInThatFolder)
+{
+    Song("e/c.mid", 40);
+    StartWithPanel();
+    DoubleClick(form().ListMidiSel, 1);
+    Do("set frmMIDIPlayer DirMidiSel " + At("e"));
+    EXPECT_EQ(state().PlayDir, At("d"));
+    DoubleClick(form().ListMidiSel, 0);
+    EXPECT_EQ(device().FileName, At("e/c.mid"));
+    EXPECT_EQ(state().PlayDir, At("e"));
+}
+
 TEST_F(FileSelection, ADoubleClickInTheCompilationPlays)
 {
     StartWithCompilation();

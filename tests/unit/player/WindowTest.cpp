@@ -4,6 +4,8 @@
 #include "player/Transport.h"
 #include "unit/player/PlayerRun.h"
 
+#include <initializer_list>
+
 namespace velluto::test {
 namespace {
 
@@ -60,6 +62,19 @@ TEST_F(PlayerWindow, CaptionsAreThoseOfTheLanguage)
     EXPECT_EQ(form().CommSel.caption.Get(), "Selezione Files");
     EXPECT_EQ(form().Frame4.caption.Get(), "Files MIDI");
     EXPECT_EQ(form().Label2[0].caption.Get(), "Lenght");
+}
+
+TEST_F(PlayerWindow, SlidersAndMarkersTellWhichMarkIsTheirs)
+{
+    Start();
+    for (const Control *start : std::initializer_list<Control *>{&form().HScrollStart, &form().Picture2}) {
+        EXPECT_EQ(start->toolTip.Get(), "Start mark") << start->FullName();
+        EXPECT_EQ(start->accessibleName, "Start mark") << start->FullName();
+    }
+    for (const Control *stop : std::initializer_list<Control *>{&form().HScrollStop, &form().Picture3}) {
+        EXPECT_EQ(stop->toolTip.Get(), "Stop mark") << stop->FullName();
+        EXPECT_EQ(stop->accessibleName, "Stop mark") << stop->FullName();
+    }
 }
 
 TEST_F(PlayerWindow, EveryControlHasAPlaceInsideItsHolder)
@@ -199,6 +214,19 @@ TEST_F(PlayerWindow, AFileOfTheFolderIsNotRemembered)
     EXPECT_EQ(form().caption.Get(), "MIDI PLAYER");
     EXPECT_EQ(form().Text2.text.Get(), "mix");
     Do("close frmMIDIPlayer"); // and stays the one
+    EXPECT_EQ(settings().PlayerName, "mix");
+}
+
+TEST_F(PlayerWindow, WithAFileInHandItsCompilationIsRememberedAndNotTheOneThatIsShown)
+{
+    WriteText("c-other.cmp", "");
+    Start();
+    Click(form().ListComp, 0);
+    Click(form().ListMidiCorr, 1);
+    Click(form().ListComp, 1);
+    ASSERT_EQ(form().Text2.text.Get(), "other");
+    Do("close frmMIDIPlayer");
+    EXPECT_EQ(settings().PlayerFile, At("d/b.mid"));
     EXPECT_EQ(settings().PlayerName, "mix");
 }
 

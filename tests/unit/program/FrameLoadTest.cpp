@@ -37,6 +37,7 @@ TEST_F(FrameLoadTest, FirstRunState)
 {
     run.Start();
     EXPECT_FALSE(menu.mnuChiudi.enabled);
+    EXPECT_FALSE(menu.mnuStampa.enabled);
     EXPECT_FALSE(menu.mnuModifica.enabled);
     EXPECT_FALSE(menu.mnuWindow.enabled);
     EXPECT_FALSE(menu.mnuMIDIThru.enabled);
@@ -232,6 +233,12 @@ TEST_F(FrameLoadTest, CheckMarksFollowTheSettings)
     EXPECT_TRUE(menu.mnuInglese.checked);
     EXPECT_TRUE(menu.mnuVisBarraStato.checked);
     EXPECT_TRUE(menu.Picture1.visible);
+}
+
+TEST_F(FrameLoadTest, MonitorEnabledIsOffAfterTheLoadWhateverItWas)
+{
+    run.program.midi.MonitorEnabled = true;
+    StartOverFile();
     EXPECT_FALSE(run.program.midi.MonitorEnabled);
 }
 

@@ -181,6 +181,16 @@ TEST_F(ListTest, EveryKeyGoesToTheHandlerFirst)
     EXPECT_EQ(keys.size(), 1U);
 }
 
+TEST_F(ListTest, AControlThatIsNoListAndNoTextTakesNoKey)
+{
+    const Button button(*this, "Command1");
+    const CheckBox box(*this, "Check1");
+    const ScrollBar bar(*this, "VScroll1");
+    for (Control *control : controls()) {
+        EXPECT_EQ(PressKey(*control, Key::Home), control == &List1) << control->name();
+    }
+}
+
 TEST_F(ListTest, RowsThatComeAndGoCarryTheSelectionAlong)
 {
     Click(4);
