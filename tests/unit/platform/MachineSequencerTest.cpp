@@ -1,17 +1,7 @@
-// The sequencer on its own thread, with outputs on paper: commands, errors, what it says when.
-#include "platform/rtmidi/MachineSequencer.h"
-
-#include "platform/machine/MachineFiles.h"
-#include "standin/FaultyFiles.h"
-#include "unit/platform/PaperOutputs.h"
-#include "unit/sequencer/MidiBytes.h"
-#include "unit/support/TestProgram.h"
+// The sequencer on its own thread: commands, errors, what it says when.
+#include "unit/platform/SequencerOnPaper.h"
 
 #include <gmock/gmock.h>
-
-#ifndef _WIN32
-#include <sys/stat.h>
-#endif
 
 namespace velluto::test {
 namespace {
@@ -20,47 +10,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Why = Refusal::Why;
 
-struct MachineSequencerTest : testing::Test {
-    MachineSequencerTest()
-    {
-        sequencer->Done = [this](int code) { told.push_back(code); };
-    }
-
-    std::string Place(const Bytes &bytes)
-    {
-        const std::string path = folder.At("song" + std::to_string(++files) + ".mid");
-        WriteBytes(path, bytes);
-        return path;
-    }
-    void Open(const std::string &path)
-    {
-        sequencer->SetFileName(path);
-        sequencer->SetCommand("open");
-    }
-    // The messages, once so many have come.
-    std::vector<Bytes> Arrived(std::size_t count)
-    {
-        constexpr std::chrono::seconds kLimit(10);
-        std::unique_lock lock(heard.mutex);
-        heard.came.wait_for(lock, kLimit, [&]() { return heard.messages.size() >= count; });
-        return heard.messages;
-    }
-
-    TempFolder folder;
-    MachineFiles machine;
-    FaultyFiles store{machine};
-    int files = 0;
-    Mail mail;
-    Heard heard;
-    std::vector<int> told; // by Done
-    std::unique_ptr<MachineSequencer> sequencer = std::make_unique<MachineSequencer>(
-        store, std::make_unique<PaperOutputs>(heard), [this](std::function<void()> call) { mail.Post(std::move(call)); });
-};
-
-// A note for a beat of 1 ms, and its end.
-const Bytes kShort = File(0, 96, {{0, 0xFF, 0x51, 3, 0x00, 0x03, 0xE8, 0, 0x90, 60, 100, 96, 60, 0, 0, 0xFF, 0x2F, 0}});
-// A note that is held for more than an hour of beats of half a second; a program on the second beat, a note on the third.
-const Bytes kLong = File(0, 96, {{0, 0x90, 60, 100, 96, 0xC0, 5, 96, 0x90, 61, 100, 0xB0, 0x00, 0xFF, 0x2F, 0}});
+struct MachineSequencerTest : SequencerOnPaper {};
 
 TEST_F(MachineSequencerTest, AtFirstNothingIsOpen)
 {
@@ -82,74 +32,6 @@ TEST_F(MachineSequencerTest, OpenTellsTheLengthAndStandsAtTheBeginning)
     EXPECT_EQ(sequencer->Command(), "open");
     EXPECT_EQ(heard.shown, 1);
     EXPECT_EQ(heard.woken, 0);
-}
-
-TEST_F(MachineSequencerTest, AFileThatIsNotThereIsNotFound)
-{
-    Open(folder.At("nothing.mid"));
-    EXPECT_EQ(sequencer->Error(), SequencerError::kFileNotFound);
-    EXPECT_EQ(sequencer->Reason().why, Why::NotFound);
-    EXPECT_EQ(sequencer->Mode(), SequencerMode::kNotReady);
-    EXPECT_EQ(heard.shown, 0);
-}
-
-TEST_F(MachineSequencerTest, ADamagedFileIsRefusedForTheReadersReason)
-{
-    Open(Place({'M', 'T', 'h', 'd'}));
-    EXPECT_EQ(sequencer->Error(), SequencerError::kInvalidFile);
-    EXPECT_EQ(sequencer->Reason().why, Why::HeaderShort);
-    EXPECT_EQ(sequencer->Length(), 0);
-}
-
-TEST_F(MachineSequencerTest, AFolderIsNotRead)
-{
-    Open(folder.Path());
-    EXPECT_EQ(sequencer->Reason().why, Why::NotReadable);
-}
-
-#ifndef _WIN32 // whose folders hold no pipes
-TEST_F(MachineSequencerTest, APipeIsNotRead)
-{
-    const std::string pipe = folder.At("pipe.mid");
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    Open(pipe);
-    EXPECT_EQ(sequencer->Reason().why, Why::NotReadable);
-}
-#endif
-
-TEST_F(MachineSequencerTest, AFileAboveTheLimitIsNotEvenRead)
-{
-    const std::string path = Place(kShort);
-    std::filesystem::resize_file(path, kLargestMidiFile + 1);
-    Open(path);
-    EXPECT_EQ(sequencer->Error(), SequencerError::kInvalidFile);
-    EXPECT_EQ(sequencer->Reason().why, Why::TooLarge);
-    EXPECT_EQ(sequencer->Reason().n, 16U);
-}
-
-TEST_F(MachineSequencerTest, AFileThatFailsToBeReadIsRefused)
-{
-    const std::string path = Place(kShort);
-    for (const FileFault::Operation operation : {FileFault::Operation::Open, FileFault::Operation::Read}) {
-        store.faults = {{operation, path, FileError::kDeviceInputOutput, 1}};
-        Open(path);
-        EXPECT_EQ(sequencer->Error(), SequencerError::kInvalidFile);
-        EXPECT_EQ(sequencer->Mode(), SequencerMode::kNotReady);
-        Open(path);
-        EXPECT_EQ(sequencer->Error(), 0);
-    }
-}
-
-TEST_F(MachineSequencerTest, AFailedOpenLeavesNothingOpenAndASuccessClearsTheError)
-{
-    Open(Place(kLong));
-    Open(folder.At("nothing.mid"));
-    EXPECT_EQ(sequencer->Mode(), SequencerMode::kNotReady);
-    EXPECT_EQ(sequencer->Length(), 0);
-    Open(Place(kShort));
-    EXPECT_EQ(sequencer->Error(), 0);
-    EXPECT_EQ(sequencer->Reason().why, Why::None);
-    EXPECT_EQ(sequencer->Length(), 4);
 }
 
 TEST_F(MachineSequencerTest, PlayOfNothingIsAnError)
