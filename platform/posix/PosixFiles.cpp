@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
@@ -26,8 +27,15 @@ bool IsSocket(const std::string &path)
     return ::stat(path.c_str(), &about) == 0 && S_ISSOCK(about.st_mode);
 }
 
+// Whether the last page below end is in memory. Memory that was used before is whole, most often, and what is new is empty from its end.
+[[maybe_unused]] bool IsPresent(std::byte *end, std::size_t page)
+{
+    unsigned char present = 0;
+    return ::mincore(end - page, page, &present) == 0 && (present & 1U) != 0;
+}
+
 // Asks for the memory of a large buffer in one go. The system else gives page after page as they are first written, which takes
-// most of the time of a read. Where it cannot, it still does that.
+// most of the time of a read. Where it cannot, it still does that. To ask for what is there would take as long as a read.
 void MakePresent([[maybe_unused]] std::span<std::uint8_t> buffer)
 {
 #ifdef MADV_POPULATE_WRITE
@@ -35,8 +43,12 @@ void MakePresent([[maybe_unused]] std::span<std::uint8_t> buffer)
     static const auto kPage = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
     void *begin = buffer.data();
     std::size_t room = buffer.size();
-    if (room >= kLarge && std::align(kPage, kPage, begin, room) != nullptr) {
-        ::madvise(begin, room / kPage * kPage, MADV_POPULATE_WRITE);
+    if (room < kLarge || std::align(kPage, kPage, begin, room) == nullptr) {
+        return;
+    }
+    room = room / kPage * kPage;
+    if (!IsPresent(static_cast<std::byte *>(begin) + room, kPage)) {
+        ::madvise(begin, room, MADV_POPULATE_WRITE);
     }
 #endif
 }
