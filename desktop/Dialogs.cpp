@@ -12,6 +12,7 @@
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
@@ -63,14 +64,24 @@ int ButtonNumber(int button)
     }
 }
 
-// A save asks for a folder that exists; all else is left to the program.
-class SaveDialog : public QFileDialog {
+// A save asks for a folder that exists; all else is left to the program. A folder that is named is gone into, and its name gives way
+// to the one that was proposed: Qt would leave it there for the next name to be typed behind, and in a save make it "folder/.pcg".
+class FileChooser : public QFileDialog {
 public:
-    SaveDialog(QWidget *parent, QString pathNotFound) : QFileDialog(parent), pathNotFound_(std::move(pathNotFound)) {}
+    FileChooser(QWidget *parent, QString proposed, QString pathNotFound)
+        : QFileDialog(parent), proposed_(std::move(proposed)), pathNotFound_(std::move(pathNotFound))
+    {
+    }
 
 protected:
     void accept() override
     {
+        auto *name = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        if (const QFileInfo named(directory(), name->text()); !name->text().isEmpty() && named.isDir()) {
+            setDirectory(named.absoluteFilePath());
+            name->setText(QFileInfo(proposed_).fileName());
+            return;
+        }
         const QStringList files = selectedFiles();
         if (acceptMode() == AcceptSave && !files.isEmpty() && !QFileInfo(files.first()).dir().exists()) {
             QMessageBox::warning(this, windowTitle(), pathNotFound_);
@@ -80,6 +91,7 @@ protected:
     }
 
 private:
+    QString proposed_;
     QString pathNotFound_;
 };
 
@@ -111,9 +123,15 @@ void LayOutFileList(const QFileDialog &chooser)
     }
 }
 
-// Where an owner's files are: the home folder, the samples beside the program, and what has been plugged in.
+// Where an owner's files are: the home folder, the samples beside the program, and what has been plugged in. Qt remembers all of them
+// for the next time, for all programs: those that are gone by then are left out, but for what can be plugged in again.
 QList<QUrl> SidePlaces(const QFileDialog &chooser)
 {
+    QList<QUrl> places = chooser.sidebarUrls();
+    places.removeIf([](const QUrl &place) {
+        const QString path = place.toLocalFile();
+        return !path.isEmpty() && !IsMediumPlace(path) && !QFileInfo::exists(path);
+    });
     QStringList folders{QDir::homePath()};
     if (QDir::current().exists(QStringLiteral("samples"))) {
         folders << QDir::current().filePath(QStringLiteral("samples"));
@@ -123,7 +141,6 @@ QList<QUrl> SidePlaces(const QFileDialog &chooser)
             folders << volume.rootPath();
         }
     }
-    QList<QUrl> places = chooser.sidebarUrls();
     for (const QString &folder : folders) {
         const QUrl place = QUrl::fromLocalFile(folder);
         if (!places.contains(place)) {
@@ -175,7 +192,8 @@ QStringList NameFilters(const std::string &filter)
 
 FileChoice ChooseFile(QWidget *parent, const FileDialog &dialog, const QString &pathNotFound)
 {
-    SaveDialog chooser(parent, pathNotFound);
+    const QString proposed = FromUtf8(dialog.proposed);
+    FileChooser chooser(parent, proposed, pathNotFound);
     const bool saves = dialog.mode == FileDialog::Mode::Save;
     // A file that does not exist can be named in both: what to say about it is the program's business.
     chooser.setFileMode(QFileDialog::AnyFile);
@@ -191,8 +209,8 @@ FileChoice ChooseFile(QWidget *parent, const FileDialog &dialog, const QString &
         chooser.setDirectory(folder);
     }
     chooser.setDefaultSuffix(FromUtf8(dialog.extension));
-    if (!dialog.proposed.empty()) {
-        chooser.selectFile(FromUtf8(dialog.proposed));
+    if (!proposed.isEmpty()) {
+        chooser.selectFile(proposed);
     }
     chooser.setSidebarUrls(SidePlaces(chooser));
     chooser.resize(kFileDialogSize);

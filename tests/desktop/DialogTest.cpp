@@ -170,6 +170,22 @@ TEST_F(DialogTest, TheOpenDialogBeginsAsAskedAndGivesPathAndFilter)
     EXPECT_EQ(choice.filterIndex, 2);
 }
 
+TEST_F(DialogTest, AFolderThatIsTypedIsGoneIntoAndLeavesNoName)
+{
+    Start();
+    QDir(FromUtf8(folder->Path())).mkdir(QStringLiteral("sets"));
+    WriteBytes(folder->At("sets/a.sty"), {1});
+    QString left;
+    WhenModal([&left](QWidget &modal) {
+        TypeName(modal, QStringLiteral("sets/"));
+        left = modal.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text();
+        Settle(); // the list shows the folder
+        TypeName(modal, left + QStringLiteral("a.sty"));
+    });
+    EXPECT_EQ(face.ShowFileDialog(OpenDialog(folder->Path())).path, folder->At("sets/a.sty"));
+    EXPECT_EQ(left, QString());
+}
+
 // What the dialog's list says of the day of its only file. Closes the dialog.
 QString DayIn(QWidget &modal)
 {
@@ -233,6 +249,27 @@ TEST_F(DialogTest, TheSideBarNamesTheSamplesAndTheHomeFolder)
     QDir::setCurrent(before);
 }
 
+TEST_F(DialogTest, TheSideBarForgetsFoldersThatAreGoneButNoMedium)
+{
+    Start();
+    const QUrl gone = QUrl::fromLocalFile(FromUtf8(folder->At("gone")));
+    const QUrl medium = QUrl::fromLocalFile(QStringLiteral("/media/anna/STICK"));
+    const QUrl computer(QStringLiteral("file:"));
+    {
+        QFileDialog other; // of any program: it remembers its places for all as it goes
+        other.setSidebarUrls({computer, gone, medium});
+    }
+    QList<QUrl> places;
+    WhenModal([&places](QWidget &modal) {
+        places = dynamic_cast<QFileDialog &>(modal).sidebarUrls();
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    face.ShowFileDialog(OpenDialog(folder->Path()));
+    EXPECT_FALSE(places.contains(gone));
+    EXPECT_TRUE(places.contains(medium));
+    EXPECT_TRUE(places.contains(computer));
+}
+
 TEST(MediumPlace, IsWhereSystemsPutWhatIsPluggedIn)
 {
     for (const char *place : {"/media/anna/STICK", "/run/media/anna/STICK", "/mnt", "/mnt/card"}) {
@@ -281,6 +318,18 @@ TEST_F(DialogTest, TheSaveDialogProposesItsNameAndAddsTheExtension)
     EXPECT_EQ(proposed, QStringLiteral("Untitled.pcg"));
     EXPECT_EQ(choice.path, folder->At("mine.pcg"));
     EXPECT_EQ(choice.filterIndex, 1);
+}
+
+TEST_F(DialogTest, AFolderThatIsTypedInTheSaveDialogLeavesTheProposedName)
+{
+    Start();
+    QDir(FromUtf8(folder->Path())).mkdir(QStringLiteral("sets"));
+    WhenModal([](QWidget &modal) {
+        TypeName(modal, QStringLiteral("sets/"));
+        Settle();
+        QTest::keyClick(modal.findChild<QLineEdit *>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
+    });
+    EXPECT_EQ(face.ShowFileDialog(SaveDialogOf(folder->Path())).path, folder->At("sets/Untitled.pcg"));
 }
 
 TEST_F(DialogTest, SavingOverAFileAsksFirst)
