@@ -4,6 +4,7 @@
 #include "desktop/Keys.h"
 #include "desktop/QtText.h"
 
+#include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -82,9 +83,6 @@ LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(
     drawn->setTextFormat(Qt::PlainText);
     QFont font = drawn->font();
     font.setBold(label.bold);
-    if (label.points > 0) {
-        font.setPointSize(label.points);
-    }
     drawn->setFont(font);
     events_ = new WidgetEvents(drawn, [&label, &gate](QEvent &event) {
         TellMousePress(label, gate, event);
@@ -96,9 +94,23 @@ LabelBinder::LabelBinder(Label &label, EventGate &gate, QLabel *drawn) : Binder(
     });
 }
 
+// Large letters that fit their place in one font are too high for it in another.
+void LabelBinder::FitLargeLetters()
+{
+    QFont font = drawn_->font();
+    int points = label_.points;
+    do {
+        font.setPointSize(points);
+        --points;
+    } while (points > 0 && QFontMetrics(font).height() > drawn_->height());
+    drawn_->setFont(font);
+}
+
 void LabelBinder::Show(Aspect aspect)
 {
-    if (aspect == Aspect::Caption) {
+    if (aspect == Aspect::Place && label_.points > 0) {
+        FitLargeLetters();
+    } else if (aspect == Aspect::Caption) {
         drawn_->setAlignment(Qt::AlignVCenter | AcrossFor(label_.alignment));
         drawn_->setText(ToLines(WithAccessKey(control().caption.Get())));
     }

@@ -38,6 +38,7 @@ protected:
     void Show(Aspect aspect) override;
 
 private:
+    void FitLargeLetters();
     Label &label_;
     QLabel *drawn_;
     WidgetEvents *events_;

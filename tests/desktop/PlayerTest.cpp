@@ -225,6 +225,28 @@ TEST_F(PlayerTest, TheElapsedTimeIsReadFromAfar)
     EXPECT_TRUE(time.font().bold());
 }
 
+TEST_F(PlayerTest, TheElapsedTimeIsAsLargeAsItsPlaceAllowsAndNotLargerThanMeant)
+{
+    Open();
+    const auto &time = Of<QLabel>(Form().Label1);
+    const int meant = time.font().pointSize();
+    Place place = Form().Label1.place;
+    const int height = place.height;
+    place.height = height / 2;
+    Form().Label1.place = place;
+    EXPECT_LE(time.fontMetrics().height(), time.height());
+    QFont larger = time.font();
+    larger.setPointSize(larger.pointSize() + 1);
+    EXPECT_GT(QFontMetrics(larger).height(), time.height());
+    EXPECT_TRUE(time.font().bold());
+    place.height = 4 * height;
+    Form().Label1.place = place;
+    EXPECT_EQ(time.font().pointSize(), Form().Label1.points);
+    place.height = height;
+    Form().Label1.place = place;
+    EXPECT_EQ(time.font().pointSize(), meant);
+}
+
 TEST_F(PlayerTest, NothingWrittenIsCutInEnglish)
 {
     Open();
