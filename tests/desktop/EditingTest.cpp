@@ -48,7 +48,15 @@ protected:
     {
         QTest::keyClick(&List(form), key, modifiers);
     }
-    // As a mouse does it: moves there first. A menu takes no click of a pointer that has not come to it.
+    // As a mouse does it: both move there first. A menu takes no click of a pointer that has not moved since it popped up.
+    void RightClick(const Form &form)
+    {
+        QWidget *rows = List(form).viewport();
+        const QPoint place(5, 5);
+        QTest::mouseMove(rows, place);
+        QTest::mouseClick(rows, Qt::RightButton, {}, place);
+        Settle();
+    }
     static void ClickEntry(QMenu &menu, QAction *entry)
     {
         const QPoint place = menu.actionGeometry(entry).center();
@@ -167,8 +175,7 @@ TEST_F(EditingTest, DeleteOnAButtonOfTheWindowCutsNothing)
 TEST_F(EditingTest, TheRightButtonPopsTheEditMenuUpWithWhatTheSelectionAllows)
 {
     Pick(*source, 1);
-    QTest::mouseClick(List(*source).viewport(), Qt::RightButton, {}, QPoint(5, 5));
-    Settle();
+    RightClick(*source);
     QMenu &menu = *ActionOf(app.frame.mnuModifica)->menu();
     ASSERT_TRUE(menu.isVisible());
     QAction &copy = *ActionOf(app.frame.mnuCopia);
@@ -180,8 +187,7 @@ TEST_F(EditingTest, TheRightButtonPopsTheEditMenuUpWithWhatTheSelectionAllows)
     EXPECT_EQ(program.files.clipboard.ClipFirstRow, 2);
 
     Pick(*source, 9);
-    QTest::mouseClick(List(*source).viewport(), Qt::RightButton, {}, QPoint(5, 5));
-    Settle();
+    RightClick(*source);
     EXPECT_FALSE(copy.isEnabled());
     EXPECT_TRUE(ActionOf(app.frame.mnuIncolla)->isEnabled());
     ClickEntry(menu, ActionOf(app.frame.mnuIncolla));
