@@ -16,10 +16,11 @@ namespace velluto::test {
 using Lines = std::vector<std::string>;
 
 // The whole 84 characters of a line that ends in blanks. Only for ASCII.
-inline std::string Line(std::string text)
+inline std::string Line(const std::string &text)
 {
-    text.resize(84, ' ');
-    return text;
+    std::string line = text;
+    line.resize(84, ' ');
+    return line;
 }
 
 struct PrintLink : MidiLink {

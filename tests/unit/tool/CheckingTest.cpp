@@ -163,7 +163,7 @@ TEST(ToolCheck, EveryFaultHasASentenceInBothLanguages)
 TEST(ToolCheck, AnyDamageIsReadInItsBounds)
 {
     std::mt19937 random(1);
-    const Bytes whole = test::ReadBytes(std::string(VELLUTO_SAMPLES) + "/Sparse-5.sty");
+    const Bytes whole = test::ReadBytes(VELLUTO_SAMPLES "/Sparse-5.sty");
     for (int round = 0; round < 3000; ++round) {
         Bytes image = whole;
         for (int change = 0; change < 4; ++change) {
