@@ -31,10 +31,11 @@ class Keys:
                 self.reader.press("Right")
                 popup = self.reader.popup_of(item)
         self.reader.press("Return")
-        wait_for("the end of the menu", lambda: not self.reader.frame or not self.dropped())
+        wait_for("the end of the menu", lambda: not self.dropped())
 
     def dropped(self):
-        popups = (p for n in self.reader.menu_bar.children for p in n.children if p.role == "popup menu")
+        bar = self.reader.menu_bar
+        popups = (p for n in (bar.children if bar else []) for p in n.children if p.role == "popup menu")
         return next((p for p in popups if p.has("showing")), None)
 
     def step_to_entry(self, popup, item):

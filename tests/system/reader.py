@@ -213,7 +213,9 @@ class Reader:
 
     @property
     def menu_bar(self):
-        return next(n for n in self.frame.children if n.role == "menu bar")
+        """Nothing where the program has just ended."""
+        frame = self.frame
+        return next((n for n in frame.children if n.role == "menu bar"), None) if frame else None
 
     def drop(self, *path):
         """Drops a menu by mouse and moves into its submenus. Gives the popup."""
