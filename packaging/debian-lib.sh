@@ -26,7 +26,7 @@ clean_debian() {
 
 # in_debian [--alone] FOLDER COMMAND...: runs it in the system there, as root. Its mounts, its shared memory and whatever it has started
 # end with it. Alone it has no network but its own, so that the displays of other tests on this machine, which X servers find by the
-# network too, are not in its way.
+# network too, are not in its way. Its root is a mount, without which nothing there could mount anything, as tests of full disks do.
 in_debian() {
     local apart=(unshare --mount --pid --ipc --fork --kill-child) net=true
     if [ "$1" = --alone ]; then
@@ -37,6 +37,7 @@ in_debian() {
     cp /etc/resolv.conf "$1/etc/" 2>/dev/null || true
     # shellcheck disable=SC2016 # the words are for the inner shell
     "${apart[@]}" bash -euc "$net"'
+        mount --bind "$1" "$1"
         mount -t proc proc "$1/proc"
         mount -t tmpfs tmpfs "$1/dev/shm"
         exec env -i HOME=/root LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
