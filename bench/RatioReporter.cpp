@@ -11,7 +11,9 @@ void RatioReporter::ReportRuns(const std::vector<Run> &runs)
         const bool isMedian = run.aggregate_name == "median";
         if (isMedian || run.run_type == Run::RT_Iteration) {
             const double unit = benchmark::GetTimeUnitMultiplier(run.time_unit);
-            taken_[run.run_name.function_name] = run.GetAdjustedRealTime() / unit * kMicrosecondsInSecond;
+            const std::string &argument = run.run_name.args;
+            taken_[run.run_name.function_name + (argument.empty() ? "" : "/" + argument)] =
+                run.GetAdjustedRealTime() / unit * kMicrosecondsInSecond;
         }
     }
     ConsoleReporter::ReportRuns(runs);
