@@ -15,5 +15,6 @@ if(VELLUTO_FUZZ)
 endif()
 if(VELLUTO_SANITIZE)
     add_compile_options(-fsanitize=${VELLUTO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_compile_definitions(_GLIBCXX_ASSERTIONS) # an index outside a vector, an empty optional: told by the library itself
     add_link_options(-fsanitize=${VELLUTO_SANITIZE})
 endif()
