@@ -3,7 +3,7 @@
 #include "PlainRead.h"
 #include "RatioReporter.h"
 #include "platform/machine/MachineFiles.h"
-#include "platform/rtmidi/MachineSequencer.h"
+#include "platform/music/MachineSequencer.h"
 
 #include <malloc.h>
 
@@ -57,7 +57,7 @@ void WriteLargeFile()
 
 struct NoOutputs : PlayerOutputs {
     void Show() override {}
-    void Choose(const ListedPort & /*device*/) override {}
+    void Move() override {}
     bool Wake() override { return false; }
     void Rest() override {}
     void Send(std::span<const std::uint8_t> /*message*/, TimePoint /*due*/) override {}

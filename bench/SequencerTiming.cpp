@@ -2,7 +2,7 @@
 // when each arrives; beside it the same file in FluidSynth's own player. And what an open, idle sequencer costs. Needs a JACK
 // server (bench/sequencer.sh starts one).
 #include "platform/machine/MachineFiles.h"
-#include "platform/rtmidi/MachineMusic.h"
+#include "platform/music/MachineMusic.h"
 
 #include <fluidsynth.h>
 #include <jack/jack.h>

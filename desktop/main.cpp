@@ -9,7 +9,7 @@
 #include "files/Opening.h"
 #include "platform/machine/MachineFiles.h"
 #include "platform/posix/HandOver.h"
-#include "platform/rtmidi/MachineMusic.h"
+#include "platform/music/MachineMusic.h"
 #include "program/NamedFiles.h"
 #include "program/Velluto.h"
 

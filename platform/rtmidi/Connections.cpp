@@ -1,7 +1,7 @@
 #include "platform/rtmidi/Connections.h"
 
 #include "platform/MidiDevices.h"
-#include "platform/rtmidi/SpinLock.h"
+#include "platform/music/SpinLock.h"
 
 #include <mutex>
 #include <new>

@@ -5,8 +5,8 @@
 
 #include "platform/MidiDevices.h"
 #include "platform/rtmidi/MidiPorts.h"
-#include "platform/rtmidi/NoteTracker.h"
-#include "platform/rtmidi/SpinLock.h"
+#include "platform/music/NoteTracker.h"
+#include "platform/music/SpinLock.h"
 
 #include <chrono>
 

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "platform/MidiDevices.h"
+#include "platform/music/NoteTracker.h"
 #include "platform/rtmidi/DeviceNumbers.h"
 #include "platform/rtmidi/InputLine.h"
 #include "platform/rtmidi/MidiPorts.h"
-#include "platform/rtmidi/NoteTracker.h"
 
 #include <functional>
 #include <map>

@@ -1,4 +1,4 @@
-#include "platform/rtmidi/MachineMusic.h"
+#include "platform/music/MachineMusic.h"
 
 #include "platform/fluidsynth/Synthesizer.h"
 #include "platform/rtmidi/ListedSystem.h"
@@ -59,10 +59,12 @@ MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, con
     if (!devicesPath.empty()) {
         midi->keep = [devicesPath](const KnownDevices &known) { WriteKnownDevices(devicesPath, known); };
     }
+    MachineOutputs *const chooser = outputs.get();
     auto sequencer = std::make_shared<MachineSequencer>(files, std::move(outputs), std::move(post));
-    midi->outputChanged = [synthesizer, player = std::weak_ptr(sequencer)](const ListedPort &output) {
-        if (const auto there = player.lock()) {
-            there->PlayOn(output.system == synthesizer ? ListedPort() : output);
+    midi->outputChanged = [synthesizer, &outputs = *chooser, player = std::weak_ptr(sequencer)](const ListedPort &output) {
+        const auto there = player.lock(); // and with it its outputs
+        if (there && outputs.Choose(output.system == synthesizer ? ListedPort() : output)) {
+            there->FollowOutputs();
         }
     };
     return {std::move(midi), std::move(sequencer)};

@@ -2,7 +2,9 @@
 
 #include "platform/MidiDevices.h"
 
-#include <utility>
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
 
 namespace velluto {
 
@@ -25,11 +27,11 @@ void MachineOutputs::Show()
     }
 }
 
-void MachineOutputs::Choose(const ListedPort &device)
+void MachineOutputs::Move()
 {
-    if (device != device_) {
+    if (chosen_ != device_) {
         LetGo();
-        device_ = device;
+        device_ = chosen_;
     }
 }
 
@@ -96,6 +98,13 @@ void MachineOutputs::Send(std::span<const std::uint8_t> message, TimePoint due)
     } else if (synthesizer_) {
         synthesizer_->Send(message);
     }
+}
+
+void MachineOutputs::KeepTime([[maybe_unused]] bool messagesFallDue)
+{
+#ifdef __linux__
+    ::prctl(PR_SET_TIMERSLACK, messagesFallDue ? 1UL : 0UL); // nanosecond, instead of the usual 50 microseconds
+#endif
 }
 
 } // namespace velluto

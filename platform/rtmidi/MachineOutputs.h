@@ -2,11 +2,12 @@
 // synthesizer while something plays; and a port "Velluto player" in each of the machine's MIDI systems.
 #pragma once
 
-#include "platform/rtmidi/NoteTracker.h"
-#include "platform/rtmidi/PlayerOutputs.h"
+#include "platform/music/NoteTracker.h"
+#include "platform/music/PlayerOutputs.h"
 #include "platform/rtmidi/SystemPorts.h"
 
 #include <map>
+#include <utility>
 
 namespace velluto {
 
@@ -19,12 +20,16 @@ public:
     MachineOutputs(const MachineOutputs &) = delete;
     MachineOutputs &operator=(const MachineOutputs &) = delete;
 
+    // The device to play on; the built-in synthesizer where it is none. True where it was another. Interface thread.
+    bool Choose(const ListedPort &device) { return std::exchange(chosen_, device) != device; }
+
     void Show() override;
-    void Choose(const ListedPort &device) override;
+    void Move() override;
     // A device that cannot be had leaves the play to the synthesizer. One that goes later takes the rest of the play with it.
     bool Wake() override;
     void Rest() override { synthesizer_.reset(); }
     void Send(std::span<const std::uint8_t> message, TimePoint due) override;
+    void KeepTime(bool messagesFallDue) override;
 
 private:
     struct Source {
@@ -37,7 +42,8 @@ private:
     void LetGo();
     bool WakeSynthesizer(); // the same
 
-    ListedPort device_;
+    ListedPort chosen_;                            // from the next move on
+    ListedPort device_;                            // until then
     std::unique_ptr<OutputPort> instrument_;       // the connection to the device, from the first play on
     NoteTracker notes_;                            // that sound on it
     std::map<std::string, NoteTracker> abandoned_; // on devices that went with notes on them; ended when they are back

@@ -1,6 +1,6 @@
 #include "JackServer.h"
 #include "platform/machine/MachineFiles.h"
-#include "platform/rtmidi/MachineMusic.h"
+#include "platform/music/MachineMusic.h"
 
 #include <gmock/gmock.h>
 

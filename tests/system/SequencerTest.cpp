@@ -1,6 +1,6 @@
 // The sequencer against a real JACK server: what a file's playing sends to another client, and that nothing is left sounding.
 #include "JackServer.h"
-#include "platform/rtmidi/MachineMusic.h"
+#include "platform/music/MachineMusic.h"
 #include "unit/sequencer/MidiBytes.h"
 #include "unit/support/TestProgram.h"
 

@@ -25,6 +25,11 @@ struct MachineOutputsTest : testing::Test {
         outputs = std::make_unique<MachineOutputs>(std::move(made), std::vector<SystemPorts *>());
     }
 
+    void Choose(const ListedPort &device) const
+    {
+        outputs->Choose(device);
+        outputs->Move();
+    }
     void Send(const Bytes &message) const { outputs->Send(message, {}); }
     std::vector<Bytes> Synthesizer() const { return synthesizers->received["Built-in"]; }
 
@@ -48,7 +53,7 @@ TEST_F(MachineOutputsTest, WithoutADeviceTheSynthesizerPlays)
 
 TEST_F(MachineOutputsTest, TheChosenDevicePlaysAloneAndIsNewOnce)
 {
-    outputs->Choose(pa80);
+    Choose(pa80);
     EXPECT_EQ(system.connections["PA80"], 0); // not before a play
     EXPECT_TRUE(outputs->Wake());
     Send(kNoteOn);
@@ -63,7 +68,7 @@ TEST_F(MachineOutputsTest, TheChosenDevicePlaysAloneAndIsNewOnce)
 TEST_F(MachineOutputsTest, TheDeviceIsToldWhenAMessageIsDue)
 {
     const PlayerOutputs::TimePoint due(std::chrono::seconds(7));
-    outputs->Choose(pa80);
+    Choose(pa80);
     outputs->Wake();
     outputs->Send(kNoteOn, due);
     EXPECT_THAT(system.dues["PA80"], ElementsAre(due));
@@ -71,37 +76,37 @@ TEST_F(MachineOutputsTest, TheDeviceIsToldWhenAMessageIsDue)
 
 TEST_F(MachineOutputsTest, AnotherChoiceLeavesNoNoteOnTheFirst)
 {
-    outputs->Choose(pa80);
+    Choose(pa80);
     outputs->Wake();
     Send(kNoteOn);
-    outputs->Choose(other);
+    Choose(other);
     EXPECT_THAT(system.received["PA80"], ElementsAre(kNoteOn, kNoteOff));
     EXPECT_EQ(system.connections["PA80"], 0);
     EXPECT_TRUE(outputs->Wake());
     Send(kProgram);
     EXPECT_THAT(system.received["Other"], ElementsAre(kProgram));
-    outputs->Choose({});
+    Choose({});
     EXPECT_TRUE(outputs->Wake());
     Send(kProgram);
     EXPECT_THAT(Synthesizer(), ElementsAre(kProgram));
-    outputs->Choose(pa80);
+    Choose(pa80);
     EXPECT_TRUE(outputs->Wake());
     EXPECT_EQ(synthesizers->connections["Built-in"], 0);
 }
 
 TEST_F(MachineOutputsTest, TheSameChoiceChangesNothing)
 {
-    outputs->Choose(pa80);
+    Choose(pa80);
     outputs->Wake();
     Send(kNoteOn);
-    outputs->Choose(pa80);
+    Choose(pa80);
     EXPECT_FALSE(outputs->Wake());
     EXPECT_THAT(system.received["PA80"], ElementsAre(kNoteOn));
 }
 
 TEST_F(MachineOutputsTest, TheEndLeavesNoNote)
 {
-    outputs->Choose(pa80);
+    Choose(pa80);
     outputs->Wake();
     Send(kNoteOn);
     outputs.reset();
@@ -111,7 +116,7 @@ TEST_F(MachineOutputsTest, TheEndLeavesNoNote)
 TEST_F(MachineOutputsTest, ADeviceThatCannotBeHadLeavesThePlayToTheSynthesizer)
 {
     system.openCode["PA80"] = MidiCode::kAllocated;
-    outputs->Choose(pa80);
+    Choose(pa80);
     EXPECT_TRUE(outputs->Wake());
     Send(kNoteOn);
     EXPECT_THAT(Synthesizer(), ElementsAre(kNoteOn));
@@ -123,7 +128,7 @@ TEST_F(MachineOutputsTest, ADeviceThatCannotBeHadLeavesThePlayToTheSynthesizer)
 
 TEST_F(MachineOutputsTest, ADeviceThatGoesTakesThePlayWithItAndTheNextGoesToTheSynthesizer)
 {
-    outputs->Choose(pa80);
+    Choose(pa80);
     outputs->Wake();
     system.gone = {"PA80"};
     Send(kNoteOn);
@@ -136,7 +141,7 @@ TEST_F(MachineOutputsTest, ADeviceThatGoesTakesThePlayWithItAndTheNextGoesToTheS
 
 TEST_F(MachineOutputsTest, NotesOnADeviceThatWentEndWhenItIsBack)
 {
-    outputs->Choose(pa80);
+    Choose(pa80);
     outputs->Wake();
     Send(kNoteOn);
     system.gone = {"PA80"};

@@ -185,9 +185,9 @@ TEST_F(MachineSequencerTest, OutputsThatWereMadeAnewAreToldEverything)
 
 TEST_F(MachineSequencerTest, ADeviceIsChosenAtOnceWhereNothingPlays)
 {
-    sequencer->PlayOn({nullptr, "PA80"});
-    sequencer->PlayOn({nullptr, "PA80"});
-    sequencer->PlayOn({});
+    PlayOn("PA80");
+    PlayOn("PA80");
+    PlayOn("");
     EXPECT_THAT(heard.chosen, ElementsAre("PA80", ""));
     EXPECT_EQ(heard.woken, 0);
     EXPECT_EQ(mail.Waiting(), 0U);
@@ -199,8 +199,8 @@ TEST_F(MachineSequencerTest, ASongThatPlaysMovesToTheDeviceThatIsChosenLast)
     sequencer->SetFrom(8);
     sequencer->SetCommand("play");
     Arrived(2);
-    sequencer->PlayOn({nullptr, "Other"});
-    sequencer->PlayOn({nullptr, "PA80"});
+    PlayOn("Other");
+    PlayOn("PA80");
     EXPECT_THAT(heard.chosen, IsEmpty());
     heard.knowsNothing = true;
     const std::int32_t position = sequencer->Position();
@@ -218,7 +218,7 @@ TEST_F(MachineSequencerTest, ASongThatHasStoppedBeforeItMovesStaysSilent)
     Open(Place(kLong));
     sequencer->SetCommand("play");
     Arrived(1);
-    sequencer->PlayOn({nullptr, "PA80"});
+    PlayOn("PA80");
     sequencer->SetCommand("pause");
     ASSERT_TRUE(mail.RunNext());
     EXPECT_THAT(heard.chosen, ElementsAre("PA80"));
@@ -231,7 +231,7 @@ TEST_F(MachineSequencerTest, AMoveThatComesAfterTheEndOfTheSequencerIsNone)
 {
     Open(Place(kLong));
     sequencer->SetCommand("play");
-    sequencer->PlayOn({nullptr, "PA80"});
+    PlayOn("PA80");
     sequencer.reset();
     ASSERT_TRUE(mail.RunNext());
     EXPECT_THAT(heard.chosen, IsEmpty());
@@ -266,6 +266,24 @@ TEST_F(MachineSequencerTest, TheOutputsRestAfterAPlayAndAreWokenForTheNext)
         ASSERT_TRUE(heard.came.wait_for(lock, std::chrono::seconds(10), [this]() { return heard.rests; }));
         heard.rests = false;
     }
+}
+
+TEST_F(MachineSequencerTest, TimeIsKeptOnlyWhileASongPlays)
+{
+    const auto times = [this](std::size_t count) {
+        std::unique_lock lock(heard.mutex);
+        heard.came.wait_for(lock, std::chrono::seconds(10), [&]() { return heard.keepsTime.size() >= count; });
+        return heard.keepsTime;
+    };
+    Open(Place(kLong));
+    sequencer->SetCommand("play");
+    EXPECT_THAT(times(1), ElementsAre(true));
+    sequencer->SetCommand("pause");
+    EXPECT_THAT(times(2), ElementsAre(true, false));
+    sequencer->SetCommand("play");
+    EXPECT_THAT(times(3), ElementsAre(true, false, true));
+    sequencer.reset();
+    EXPECT_THAT(heard.keepsTime, ElementsAre(true, false, true, false));
 }
 
 TEST_F(MachineSequencerTest, MillionsOfMessagesAtOnceDoNotHoldTheInterfaceUp)

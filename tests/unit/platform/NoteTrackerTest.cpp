@@ -1,4 +1,4 @@
-#include "platform/rtmidi/NoteTracker.h"
+#include "platform/music/NoteTracker.h"
 
 #include "FakePorts.h"
 

@@ -1,7 +1,7 @@
 // Outputs on paper for a sequencer with its own thread, and the calls that the thread posts. Used by its tests.
 #pragma once
 
-#include "platform/rtmidi/PlayerOutputs.h"
+#include "platform/music/PlayerOutputs.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -59,13 +59,15 @@ struct Heard {
     std::vector<std::string> chosen; // devices, by name
     bool knowsNothing = true;        // as if it were made for the next play
     bool rests = false;
+    std::vector<bool> keepsTime; // as it was told
 };
 
 class PaperOutputs : public PlayerOutputs {
 public:
     explicit PaperOutputs(Heard &heard) : heard_(heard) {}
     void Show() override { ++heard_.shown; }
-    void Choose(const ListedPort &device) override { heard_.chosen.push_back(device.name); }
+    bool Choose(const std::string &device) { return std::exchange(chosen_, device) != device; }
+    void Move() override { heard_.chosen.push_back(chosen_); }
     bool Wake() override
     {
         ++heard_.woken;
@@ -84,8 +86,16 @@ public:
         heard_.came.notify_all();
     }
 
+    void KeepTime(bool messagesFallDue) override
+    {
+        const std::lock_guard lock(heard_.mutex);
+        heard_.keepsTime.push_back(messagesFallDue);
+        heard_.came.notify_all();
+    }
+
 private:
     Heard &heard_;
+    std::string chosen_;
 };
 
 } // namespace velluto::test

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/machine/MachineFiles.h"
-#include "platform/rtmidi/MachineSequencer.h"
+#include "platform/music/MachineSequencer.h"
 #include "standin/FaultyFiles.h"
 #include "unit/platform/PaperOutputs.h"
 #include "unit/sequencer/MidiBytes.h"
@@ -29,6 +29,13 @@ struct SequencerOnPaper : testing::Test {
         sequencer->SetFileName(path);
         sequencer->SetCommand("open");
     }
+    // As who chooses an output does.
+    void PlayOn(const std::string &device) const
+    {
+        if (outputs->Choose(device)) {
+            sequencer->FollowOutputs();
+        }
+    }
     // The messages, once so many have come.
     std::vector<Bytes> Arrived(std::size_t count)
     {
@@ -44,9 +51,10 @@ struct SequencerOnPaper : testing::Test {
     int files = 0;
     Mail mail;
     Heard heard;
-    std::vector<int> told; // by Done
+    std::vector<int> told;                           // by Done
+    PaperOutputs *outputs = new PaperOutputs(heard); // the sequencer's
     std::unique_ptr<MachineSequencer> sequencer = std::make_unique<MachineSequencer>(
-        store, std::make_unique<PaperOutputs>(heard), [this](std::function<void()> call) { mail.Post(std::move(call)); });
+        store, std::unique_ptr<PlayerOutputs>(outputs), [this](std::function<void()> call) { mail.Post(std::move(call)); });
 };
 
 // A note for a beat of 1 ms, and its end.

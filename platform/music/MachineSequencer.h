@@ -4,7 +4,7 @@
 
 #include "platform/FileStore.h"
 #include "platform/Sequencer.h"
-#include "platform/rtmidi/PlayerOutputs.h"
+#include "platform/music/PlayerOutputs.h"
 #include "platform/sequencer/SongPlayer.h"
 
 #include <atomic>
@@ -33,9 +33,9 @@ public:
 
     void SetFileName(std::string_view path) override { fileName_ = path; }
     [[nodiscard]] std::string FileName() const override { return fileName_; }
-    // The device that songs are played on, from now on; the built-in synthesizer where it is none. A song that plays moves there
-    // by a call that is posted, so that a change from one device to another is one move.
-    void PlayOn(const ListedPort &device);
+    // The outputs were told of another device: songs are played there from now on. A song that plays moves by a call that is posted, so
+    // that a change from one device to another is one move.
+    void FollowOutputs();
     // "open" closes what was open. "pause", "stop" and "close" of nothing are no errors.
     void SetCommand(std::string_view word) override;
     [[nodiscard]] std::string Command() const override { return command_; }
@@ -71,7 +71,6 @@ private:
     Refusal refusal_;
     Post post_;
     std::chrono::milliseconds linger_;
-    ListedPort device_;
     bool moveIsPosted_ = false;
     std::shared_ptr<int> alive_ = std::make_shared<int>(); // what was posted looks whether this has gone
 

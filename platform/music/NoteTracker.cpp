@@ -1,7 +1,4 @@
-#include "platform/rtmidi/NoteTracker.h"
-
-#include "platform/MidiDevices.h"
-#include "platform/rtmidi/MidiPorts.h"
+#include "platform/music/NoteTracker.h"
 
 namespace velluto {
 
@@ -74,17 +71,6 @@ void NoteTracker::Add(const NoteTracker &other)
         sounding_[channel] |= other.sounding_[channel];
     }
     sustained_ |= other.sustained_;
-}
-
-bool Silence(OutputPort &port, NoteTracker &notes)
-{
-    for (const ShortMessage &message : notes.Releases()) {
-        if (port.Send(message.View()) != MidiCode::kSuccess) {
-            return false;
-        }
-    }
-    notes.Clear();
-    return true;
 }
 
 } // namespace velluto

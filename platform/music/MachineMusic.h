@@ -1,16 +1,16 @@
-// All that makes music on this machine, over one set of MIDI systems: the program's devices and its sequencer. Made once by
-// main.
+// All that makes music on this machine: the program's devices and its sequencer. Made once by main; answered by platform/rtmidi and
+// platform/windows.
 #pragma once
 
 #include "platform/MidiDevices.h"
-#include "platform/rtmidi/MachineSequencer.h"
+#include "platform/music/MachineSequencer.h"
 
 #include <memory>
 
 namespace velluto {
 
-// The sequencer plays through systems that the devices own, and goes before them. The devices tell it, while it is there, on which
-// of them to play.
+// The sequencer plays through what the devices own, and goes before them. The devices tell it, while it is there, on which of them to
+// play.
 struct MachineMusic {
     std::unique_ptr<MidiDevices> midi;
     std::shared_ptr<MachineSequencer> sequencer;
@@ -18,7 +18,8 @@ struct MachineMusic {
 
 // Quick: devices and ports are opened when they are asked for. Where a look for a MIDI system takes its time, it begins here
 // on another thread, and the first count of the devices waits for it.
-// The path is that of the file which keeps the numbers of the devices for the next run; without one they are not kept.
+// The path is that of the file which keeps the numbers of the devices for the next run; without one they are not kept. On Windows the
+// numbers are the system's own.
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath = {});
 
 } // namespace velluto

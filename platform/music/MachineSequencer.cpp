@@ -1,10 +1,6 @@
-#include "platform/rtmidi/MachineSequencer.h"
+#include "platform/music/MachineSequencer.h"
 
 #include "platform/sequencer/MidiFile.h"
-
-#ifdef __linux__
-#include <sys/prctl.h>
-#endif
 
 #include <new>
 #include <system_error>
@@ -26,14 +22,6 @@ Moment Now()
 Clock::time_point TimePointOf(Moment moment)
 {
     return Clock::time_point(std::chrono::duration_cast<Clock::duration>(std::chrono::nanoseconds(moment)));
-}
-
-// The calling thread's waits end when they are to, where the system has to be asked for that.
-void WakeOnTime()
-{
-#ifdef __linux__
-    ::prctl(PR_SET_TIMERSLACK, 1UL); // nanosecond, instead of 50 microseconds
-#endif
 }
 
 } // namespace
@@ -178,12 +166,8 @@ void MachineSequencer::PostDone(int notifyCode)
     });
 }
 
-void MachineSequencer::PlayOn(const ListedPort &device)
+void MachineSequencer::FollowOutputs()
 {
-    if (device == device_) {
-        return;
-    }
-    device_ = device;
     if (Mode() != SequencerMode::kPlaying) {
         Move();
         return;
@@ -205,7 +189,7 @@ void MachineSequencer::Move()
     const Turn turn(*this);
     const bool plays = player_.Mode() == SequencerMode::kPlaying;
     player_.Pause(Now());
-    outputs_->Choose(device_);
+    outputs_->Move();
     if (plays) {
         WakeOutputs();
         player_.Play(Now(), std::nullopt);
@@ -229,15 +213,23 @@ void MachineSequencer::Send(std::span<const std::uint8_t> message, Moment due)
 
 void MachineSequencer::Run()
 {
-    WakeOnTime();
     std::unique_lock lock(mutex_);
+    bool keepsTime = false;
+    const auto keepTime = [&](bool messagesFallDue) {
+        if (keepsTime != messagesFallDue) {
+            outputs_->KeepTime(messagesFallDue);
+            keepsTime = messagesFallDue;
+        }
+    };
     while (!ending_) {
         const SongPlayer::Step step = player_.Run(Now(), kBurst);
+        keepTime(step.next.has_value());
         if (step.ended) {
             PostDone(NotifyCode::kNormalEnd);
         }
         WaitForWork(lock, step);
     }
+    keepTime(false);
 }
 
 // Lets go of the lock until something is due, the interface thread has changed something, or the outputs may rest.

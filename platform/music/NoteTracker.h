@@ -2,14 +2,12 @@
 // for each way to an output: the program's own and Thru.
 #pragma once
 
-#include "platform/ShortMessage.h"
+#include "platform/MidiDevices.h"
 
 #include <bitset>
 #include <vector>
 
 namespace velluto {
-
-class OutputPort;
 
 class NoteTracker {
 public:
@@ -27,8 +25,18 @@ private:
     std::bitset<kMidiChannels> sustained_;
 };
 
-// Ends on the port what the tracker knows to sound, and clears the tracker. False where the port took it not: then the
-// tracker keeps its notes.
-bool Silence(OutputPort &port, NoteTracker &notes);
+// Ends on the port, which has a Send for bytes that gives a MidiCode, what the tracker knows to sound, and clears the tracker. False
+// where the port took it not: then the tracker keeps its notes.
+template <class Port>
+bool Silence(Port &port, NoteTracker &notes)
+{
+    for (const ShortMessage &message : notes.Releases()) {
+        if (port.Send(message.View()) != MidiCode::kSuccess) {
+            return false;
+        }
+    }
+    notes.Clear();
+    return true;
+}
 
 } // namespace velluto
