@@ -1,10 +1,13 @@
 #include "platform/windows/WinMidi.h"
 
+#include "platform/music/SpinLock.h"
 #include "platform/windows/WinPaths.h"
 #include "platform/windows/Windows.h"
 
 #include <algorithm>
 #include <mmsystem.h>
+#include <mutex>
+#include <utility>
 
 namespace velluto {
 
@@ -13,11 +16,21 @@ struct WinMidi::Input {
     HMIDIIN system = nullptr;
     MidiHandle handle = 0;
     MidiInCallback callback;
+    std::shared_ptr<WinOutput> linkedTo; // that Thru plays
+    SpinLock lock;                       // guards what follows
+    bool isLinked = false;
+    NoteTracker thru; // what Thru has left sounding
 
-    // On a thread of the system's, in which next to nothing may be done: it hands on what came, and does no more.
+    // On a thread of the system's, in which next to nothing may be done: it takes note of what came, hands it on, and does no more.
     static void CALLBACK Proc(HMIDIIN /*system*/, UINT message, DWORD_PTR instance, DWORD_PTR parameter1, DWORD_PTR parameter2)
     {
-        const auto *input = reinterpret_cast<const Input *>(instance);
+        auto *input = reinterpret_cast<Input *>(instance);
+        if (message == MIM_DATA) {
+            const std::unique_lock taken(input->lock, std::try_to_lock);
+            if (taken.owns_lock() && input->isLinked) {
+                input->thru.Passed(ShortMessage(static_cast<std::uint32_t>(parameter1)).View());
+            }
+        }
         if (input->callback.proc != nullptr) {
             input->callback.proc(input->handle, message, input->callback.instance, static_cast<std::uint32_t>(parameter1),
                                  static_cast<std::uint32_t>(parameter2));
@@ -53,25 +66,28 @@ WinMidi::WinMidi() = default;
 
 WinMidi::~WinMidi()
 {
+    outputChanged = [] {}; // whoever would hear it may have gone before
     while (!inputs_.empty()) {
         const MidiHandle handle = inputs_.begin()->first;
         if (WinMidi::midiInClose(handle) != MMSYSERR_NOERROR) {
             const auto stuck = inputs_.find(handle);
+            EndThru(*stuck->second, false);
             (void)stuck->second.release(); // the system may still call it: it stays until the process ends
             inputs_.erase(stuck);
         }
     }
-    while (!outputs_.empty()) {
-        const MidiHandle handle = outputs_.begin()->first;
-        WinMidi::midiOutClose(handle);
-        outputs_.erase(handle);
+    for (const auto &[handle, output] : outputs_) {
+        output->Close();
+    }
+    if (songs_) {
+        songs_->Close();
     }
 }
 
-WinMidi::SystemOutput WinMidi::FindOutput(MidiHandle handle) const
+WinOutput *WinMidi::FindOutput(MidiHandle handle) const
 {
     const auto found = outputs_.find(handle);
-    return found != outputs_.end() ? found->second : nullptr;
+    return found != outputs_.end() ? found->second.get() : nullptr;
 }
 
 WinMidi::Input *WinMidi::FindInput(MidiHandle handle) const
@@ -95,34 +111,103 @@ int WinMidi::midiOutGetDevCapsA(int number, MidiDeviceCaps &caps)
     return static_cast<int>(result);
 }
 
+// With what an earlier one left sounding ended.
+int WinMidi::Open(int number, std::shared_ptr<WinOutput> &output)
+{
+    const int result = WinOutput::Open(number, output);
+    const auto left = abandoned_.find(number);
+    if (result == MMSYSERR_NOERROR && left != abandoned_.end() && Silence(*output, left->second)) {
+        abandoned_.erase(left);
+    }
+    return result;
+}
+
+int WinMidi::Close(WinOutput &output)
+{
+    const int result = output.Close();
+    if (const NoteTracker left = output.Abandoned(); result == MMSYSERR_NOERROR && !left.Silent()) {
+        abandoned_[output.Number()].Add(left);
+    }
+    return result;
+}
+
 int WinMidi::midiOutOpen(MidiHandle &handle, int number)
 {
-    HMIDIOUT system = nullptr;
-    const MMRESULT result = ::midiOutOpen(&system, static_cast<UINT>(number), 0, 0, CALLBACK_NULL);
+    const bool songsStandAside = songs_ != nullptr;
+    if (songsStandAside) {
+        Close(*songs_);
+        songs_.reset();
+    }
+    std::shared_ptr<WinOutput> output;
+    const int result = Open(number, output);
     if (result == MMSYSERR_NOERROR) {
         handle = ++last_;
-        outputs_.emplace(handle, system);
+        outputs_.emplace(handle, std::move(output));
     }
-    return static_cast<int>(result);
+    if (result == MMSYSERR_NOERROR || songsStandAside) {
+        outputChanged();
+    }
+    return result;
 }
 
 int WinMidi::midiOutClose(MidiHandle handle)
 {
-    const SystemOutput output = FindOutput(handle);
+    WinOutput *output = FindOutput(handle);
     if (output == nullptr) {
         return MidiCode::kSuccess;
     }
-    const MMRESULT result = ::midiOutClose(static_cast<HMIDIOUT>(output));
+    for (const auto &[number, input] : inputs_) {
+        if (input->linkedTo.get() == output) {
+            EndThru(*input, false);
+        }
+    }
+    const int result = Close(*output);
     if (result == MMSYSERR_NOERROR) {
         outputs_.erase(handle);
+        outputChanged();
     }
-    return static_cast<int>(result);
+    return result;
 }
 
 int WinMidi::midiOutShortMsg(MidiHandle handle, ShortMessage message)
 {
-    const SystemOutput output = FindOutput(handle);
-    return output == nullptr ? kNotOpen : static_cast<int>(::midiOutShortMsg(static_cast<HMIDIOUT>(output), message.Packed()));
+    WinOutput *output = FindOutput(handle);
+    return output == nullptr ? kNotOpen : output->Send(message);
+}
+
+std::shared_ptr<WinOutput> WinMidi::ForSongs()
+{
+    if (!outputs_.empty() && !outputs_.rbegin()->second->Gone()) {
+        return outputs_.rbegin()->second;
+    }
+    if (songs_ && (songs_->Gone() || !songs_->IsOpen())) {
+        Close(*songs_);
+        songs_.reset();
+    }
+    if (!songs_) {
+        Open(0, songs_);
+    }
+    return songs_;
+}
+
+// Ends what Thru has left sounding on its output.
+void WinMidi::EndThru(Input &input, bool staysLinked)
+{
+    if (!input.linkedTo) {
+        return;
+    }
+    NoteTracker left;
+    {
+        const std::lock_guard lock(input.lock);
+        left = std::exchange(input.thru, NoteTracker());
+        input.isLinked = staysLinked;
+    }
+    if (!Silence(*input.linkedTo, left)) {
+        abandoned_[input.linkedTo->Number()].Add(left);
+    }
+    if (!staysLinked) {
+        input.linkedTo.reset();
+    }
 }
 
 int WinMidi::midiInGetNumDevs()
@@ -156,12 +241,13 @@ int WinMidi::midiInOpen(MidiHandle &handle, int number, MidiInCallback callback)
 
 int WinMidi::midiInClose(MidiHandle handle)
 {
-    const Input *input = FindInput(handle);
+    Input *input = FindInput(handle);
     if (input == nullptr) {
         return MidiCode::kSuccess;
     }
     const MMRESULT result = ::midiInClose(input->system);
     if (result == MMSYSERR_NOERROR) {
+        EndThru(*input, false);
         inputs_.erase(handle);
     }
     return static_cast<int>(result);
@@ -175,28 +261,45 @@ int WinMidi::midiInStart(MidiHandle handle)
 
 int WinMidi::midiInStop(MidiHandle handle)
 {
-    const Input *input = FindInput(handle);
-    return input == nullptr ? kNotOpen : static_cast<int>(::midiInStop(input->system));
+    Input *input = FindInput(handle);
+    if (input == nullptr) {
+        return kNotOpen;
+    }
+    const MMRESULT result = ::midiInStop(input->system);
+    if (result == MMSYSERR_NOERROR) {
+        EndThru(*input, true);
+    }
+    return static_cast<int>(result);
 }
 
 int WinMidi::midiConnect(MidiHandle in, MidiHandle out)
 {
-    const Input *input = FindInput(in);
-    const SystemOutput output = FindOutput(out);
-    if (input == nullptr || output == nullptr) {
+    Input *input = FindInput(in);
+    const auto output = outputs_.find(out);
+    if (input == nullptr || output == outputs_.end()) {
         return kNotOpen;
     }
-    return static_cast<int>(::midiConnect(reinterpret_cast<HMIDI>(input->system), static_cast<HMIDIOUT>(output), nullptr));
+    const MMRESULT result = ::midiConnect(reinterpret_cast<HMIDI>(input->system), static_cast<HMIDIOUT>(output->second->Handle()), nullptr);
+    if (result == MMSYSERR_NOERROR) {
+        input->linkedTo = output->second;
+        const std::lock_guard lock(input->lock);
+        input->isLinked = true;
+    }
+    return static_cast<int>(result);
 }
 
 int WinMidi::midiDisconnect(MidiHandle in, MidiHandle out)
 {
-    const Input *input = FindInput(in);
-    const SystemOutput output = FindOutput(out);
+    Input *input = FindInput(in);
+    const WinOutput *output = FindOutput(out);
     if (input == nullptr || output == nullptr) {
         return kNotOpen;
     }
-    return static_cast<int>(::midiDisconnect(reinterpret_cast<HMIDI>(input->system), static_cast<HMIDIOUT>(output), nullptr));
+    const MMRESULT result = ::midiDisconnect(reinterpret_cast<HMIDI>(input->system), static_cast<HMIDIOUT>(output->Handle()), nullptr);
+    if (result == MMSYSERR_NOERROR) {
+        EndThru(*input, false);
+    }
+    return static_cast<int>(result);
 }
 
 } // namespace velluto

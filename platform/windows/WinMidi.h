@@ -1,9 +1,13 @@
-// The MIDI devices of Windows behind the program's port: its own numbers, names and result codes. Used by main; nothing is added to
-// what the system's calls do.
+// The MIDI devices of Windows behind the program's port: its own numbers, names and result codes. Made by MakeMachineMusic. To what the
+// system's calls do it adds that no note rings on: what sounds ends when an output is closed, or Thru is.
 #pragma once
 
 #include "platform/MidiDevices.h"
 
+#include "platform/music/NoteTracker.h"
+#include "platform/windows/WinOutput.h"
+
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -32,16 +36,27 @@ public:
     int midiConnect(MidiHandle in, MidiHandle out) override;
     int midiDisconnect(MidiHandle in, MidiHandle out) override;
 
+    // Where songs go: to the output that the program has opened last; where none is open, to the first device, which is theirs until the
+    // program opens one. Null where that cannot be had.
+    std::shared_ptr<WinOutput> ForSongs();
+    [[nodiscard]] bool IsForSongsAlone(const std::shared_ptr<WinOutput> &output) const { return output && output == songs_; }
+    // Called after ForSongs has come to give something else.
+    std::function<void()> outputChanged = [] {};
+
 private:
     struct Input;
-    using SystemOutput = void *; // an HMIDIOUT
 
     // Nothing for a number that is not, or no longer, that of an open device.
-    [[nodiscard]] SystemOutput FindOutput(MidiHandle handle) const;
+    [[nodiscard]] WinOutput *FindOutput(MidiHandle handle) const;
     [[nodiscard]] Input *FindInput(MidiHandle handle) const;
+    int Open(int number, std::shared_ptr<WinOutput> &output);
+    int Close(WinOutput &output);
+    void EndThru(Input &input, bool staysLinked);
 
     // The system's handles are wider than the program's, and one that was closed may not be shown to the system again.
-    std::map<MidiHandle, SystemOutput> outputs_;
+    std::map<MidiHandle, std::shared_ptr<WinOutput>> outputs_;
+    std::shared_ptr<WinOutput> songs_;     // of songs alone
+    std::map<int, NoteTracker> abandoned_; // by number, on devices that went with notes on them; ended when they are back
     std::map<MidiHandle, std::unique_ptr<Input>> inputs_;
     MidiHandle last_ = 0;
 };

@@ -1,7 +1,7 @@
 // The adapter to the system's MIDI devices, over the winmm.dll on paper that lies beside this program.
 #include "platform/windows/WinMidi.h"
 
-#include "platform/windows/Windows.h"
+#include "Paper.h"
 
 #include <array>
 #include <gmock/gmock.h>
@@ -14,14 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-
-std::string Paper(const std::string &command)
-{
-    using Obey = const char *(*)(const char *);
-    const auto obey = reinterpret_cast<Obey>(reinterpret_cast<void *>(::GetProcAddress(::GetModuleHandleW(L"winmm.dll"), "StandinWinmm")));
-    EXPECT_NE(obey, nullptr) << "this is the system's own winmm.dll";
-    return obey != nullptr ? obey(command.c_str()) : "";
-}
 
 // What the program's callback has heard, and on which thread.
 struct Heard {
@@ -206,6 +198,120 @@ TEST_F(WinMidiTest, WhatIsOpenIsClosedAtTheEnd)
     }
     EXPECT_THAT(Log(), HasSubstr("midiInClose 0 = 0\nmidiOutClose 0 = 0\n"));
     EXPECT_EQ(midi.midiOutOpen(out, 0), 0);
+}
+
+TEST_F(WinMidiTest, NotesAndPedalsEndBeforeTheirOutputCloses)
+{
+    ASSERT_EQ(midi.midiOutOpen(out, 0), 0);
+    for (const ShortMessage message :
+         {ShortMessage(MidiStatus::kNoteOn, 0, 60, 100), ShortMessage(MidiStatus::kNoteOn, 0, 62, 100),
+          ShortMessage(MidiStatus::kNoteOff, 0, 60, 0), ShortMessage(MidiStatus::kControlChange, 1, 64, 127)}) {
+        EXPECT_EQ(midi.midiOutShortMsg(out, message), 0);
+    }
+    const std::size_t before = Log().size();
+    EXPECT_EQ(midi.midiOutClose(out), 0);
+    EXPECT_EQ(Log().substr(before), "midiOutShortMsg 0 403E80 = 0\nmidiOutShortMsg 0 0040B1 = 0\nmidiOutClose 0 = 0\n");
+}
+
+TEST_F(WinMidiTest, NotesEndWithTheProgramToo)
+{
+    {
+        WinMidi other;
+        ASSERT_EQ(other.midiOutOpen(out, 0), 0);
+        ASSERT_EQ(other.midiOutShortMsg(out, ShortMessage(MidiStatus::kNoteOn, 0, 60, 100)), 0);
+    }
+    EXPECT_THAT(Log(), HasSubstr("midiOutShortMsg 0 403C80 = 0\nmidiOutClose 0 = 0\n"));
+}
+
+TEST_F(WinMidiTest, ANoteThatTheSystemRefusedIsNotEnded)
+{
+    ASSERT_EQ(midi.midiOutOpen(out, 0), 0);
+    Paper("fail midiOutShortMsg 65");
+    EXPECT_EQ(midi.midiOutShortMsg(out, ShortMessage(MidiStatus::kNoteOn, 0, 60, 100)), 65);
+    Paper("fail midiOutShortMsg 0");
+    EXPECT_EQ(midi.midiOutClose(out), 0);
+    EXPECT_THAT(Log(), testing::Not(HasSubstr("403C80")));
+}
+
+TEST_F(WinMidiTest, NotesOnADeviceThatWentEndWhenItIsOpenedAgain)
+{
+    ASSERT_EQ(midi.midiOutOpen(out, 0), 0);
+    ASSERT_EQ(midi.midiOutShortMsg(out, ShortMessage(MidiStatus::kNoteOn, 0, 60, 100)), 0);
+    Paper("pull out 0");
+    EXPECT_EQ(midi.midiOutClose(out), 0);
+    Paper("plug out 0");
+    MidiHandle other = 0;
+    ASSERT_EQ(midi.midiOutOpen(other, 1), 0);
+    EXPECT_EQ(midi.midiOutClose(other), 0);
+    const std::size_t before = Log().size();
+    ASSERT_EQ(midi.midiOutOpen(out, 0), 0);
+    EXPECT_EQ(Log().substr(before), "midiOutOpen 0 0 = 0\nmidiOutShortMsg 0 403C80 = 0\n");
+    EXPECT_EQ(midi.midiOutClose(out), 0);
+    EXPECT_THAT(Log(), testing::EndsWith("midiOutShortMsg 0 403C80 = 0\nmidiOutClose 0 = 0\n")) << "once";
+}
+
+// With Thru on, and a note held on it.
+class WinThruTest : public WinMidiTest {
+protected:
+    WinThruTest()
+    {
+        EXPECT_EQ(midi.midiOutOpen(out, 1), 0);
+        EXPECT_EQ(midi.midiInOpen(in, 0, {&Heard::Proc, &heard}), 0);
+        EXPECT_EQ(midi.midiInStart(in), 0);
+        Paper("receive 0 643E90 4"); // before Thru
+        EXPECT_EQ(midi.midiConnect(in, out), 0);
+        Paper("receive 0 643C90 5");
+        before_ = Log().size();
+    }
+    [[nodiscard]] std::string LogSince() const { return Log().substr(before_); }
+
+private:
+    std::size_t before_ = 0;
+};
+
+TEST_F(WinThruTest, ItsNotesEndWithIt)
+{
+    EXPECT_EQ(midi.midiDisconnect(in, out), 0);
+    EXPECT_EQ(LogSince(), "midiDisconnect 0 1 = 0\nmidiOutShortMsg 1 403C80 = 0\n");
+    Paper("receive 0 643D90 6");
+    EXPECT_EQ(midi.midiOutClose(out), 0);
+    EXPECT_THAT(LogSince(), testing::EndsWith("403C80 = 0\nmidiOutClose 1 = 0\n")) << "what came later was not Thru's";
+}
+
+TEST_F(WinThruTest, ItsNotesEndWhereTheInputStopsOrCloses)
+{
+    EXPECT_EQ(midi.midiInStop(in), 0);
+    EXPECT_EQ(LogSince(), "midiInStop 0 = 0\nmidiOutShortMsg 1 403C80 = 0\n");
+    EXPECT_EQ(midi.midiInStart(in), 0);
+    Paper("receive 0 643D90 7");
+    EXPECT_EQ(midi.midiInClose(in), 0);
+    EXPECT_THAT(LogSince(), testing::EndsWith("midiInClose 0 = 0\nmidiOutShortMsg 1 403D80 = 0\n"));
+}
+
+TEST_F(WinThruTest, ItsNotesEndBeforeTheOutputCloses)
+{
+    EXPECT_EQ(midi.midiOutClose(out), 0);
+    EXPECT_EQ(LogSince(), "midiOutShortMsg 1 403C80 = 0\nmidiOutClose 1 = 0\n");
+}
+
+TEST_F(WinThruTest, WhereItCouldNotEndItsNotesSoundOn)
+{
+    Paper("fail midiDisconnect 65");
+    EXPECT_EQ(midi.midiDisconnect(in, out), 65);
+    EXPECT_EQ(LogSince(), "midiDisconnect 0 1 = 65\n");
+}
+
+TEST_F(WinMidiTest, WhereThruDidNotComeAboutNothingOfItEnds)
+{
+    ASSERT_EQ(midi.midiOutOpen(out, 1), 0);
+    ASSERT_EQ(midi.midiInOpen(in, 0, {&Heard::Proc, &heard}), 0);
+    Paper("fail midiConnect 67");
+    EXPECT_EQ(midi.midiConnect(in, out), 67);
+    EXPECT_EQ(midi.midiInStart(in), 0);
+    Paper("receive 0 643C90 5");
+    EXPECT_EQ(midi.midiInStop(in), 0);
+    EXPECT_EQ(midi.midiOutClose(out), 0);
+    EXPECT_THAT(Log(), testing::Not(HasSubstr("midiOutShortMsg")));
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 //     reset                      no devices, no faults, an empty log
 //     fail CALL CODE             from now on the call gives this code and does nothing; with CODE 0 it works again
 //     pull out N, pull in N      the device has gone: what is open on it answers 68 but to its close
+//     plug out N, plug in N      it is back
+//     hold 1, hold 0             exclusive messages are read only when the output is reset, or at once
 //     receive N MESSAGE TIME     the input's thread delivers a packed message, hexadecimal, at that millisecond
 #include "Winmm.h"
 
@@ -23,6 +25,7 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -51,6 +54,8 @@ struct Machine {
     std::map<std::string, MMRESULT> faults;
     std::deque<Open> opened; // never moves, so that a handle is an address
     std::vector<Open *> open;
+    bool holdsExclusives = false;
+    std::vector<MIDIHDR *> held;
     std::string log;
     std::string answer;
 };
@@ -122,15 +127,19 @@ void Command(Machine &machine, const std::string &line)
         machine.ins.clear();
         machine.faults.clear();
         machine.open.clear();
+        machine.holdsExclusives = false;
+        machine.held.clear();
         machine.log.clear();
     } else if (verb == "fail") {
         MMRESULT code = 0;
         words >> what >> code;
         machine.faults[what] = code;
-    } else if (verb == "pull") {
+    } else if (verb == "pull" || verb == "plug") {
         std::size_t number = 0;
         words >> what >> number;
-        (what == "out" ? machine.outs : machine.ins).at(number).pulled = true;
+        (what == "out" ? machine.outs : machine.ins).at(number).pulled = verb == "pull";
+    } else if (verb == "hold") {
+        words >> machine.holdsExclusives;
     } else if (verb == "receive") {
         std::size_t number = 0;
         DWORD message = 0;
@@ -285,6 +294,66 @@ __declspec(dllexport) MMRESULT WINAPI midiOutClose(HMIDIOUT handle)
 __declspec(dllexport) MMRESULT WINAPI midiOutShortMsg(HMIDIOUT handle, DWORD message)
 {
     return CallOn("midiOutShortMsg", handle, Hexadecimal(message), [](Machine &, Open &) { return MMSYSERR_NOERROR; });
+}
+
+__declspec(dllexport) MMRESULT WINAPI midiOutPrepareHeader(HMIDIOUT handle, LPMIDIHDR header, UINT /*size*/)
+{
+    return CallOn("midiOutPrepareHeader", handle, "", [&](Machine &, Open &) {
+        header->dwFlags |= MHDR_PREPARED;
+        return MMSYSERR_NOERROR;
+    });
+}
+
+__declspec(dllexport) MMRESULT WINAPI midiOutUnprepareHeader(HMIDIOUT handle, LPMIDIHDR header, UINT /*size*/)
+{
+    return Call("midiOutUnprepareHeader", NumberOf(handle), [&](Machine &machine) -> MMRESULT {
+        if (std::ranges::find(machine.held, header) != machine.held.end()) {
+            return MIDIERR_STILLPLAYING;
+        }
+        header->dwFlags &= ~static_cast<DWORD>(MHDR_PREPARED);
+        return MMSYSERR_NOERROR;
+    });
+}
+
+__declspec(dllexport) MMRESULT WINAPI midiOutLongMsg(HMIDIOUT handle, LPMIDIHDR header, UINT /*size*/)
+{
+    std::string bytes;
+    for (DWORD at = 0; at < header->dwBufferLength && at < 16; ++at) {
+        char text[4];
+        std::snprintf(text, sizeof(text), "%02X", static_cast<unsigned>(static_cast<unsigned char>(header->lpData[at])));
+        bytes += text;
+    }
+    return CallOn("midiOutLongMsg", handle, bytes, [&](Machine &machine, Open &) -> MMRESULT {
+        if ((header->dwFlags & MHDR_PREPARED) == 0) {
+            return MIDIERR_UNPREPARED;
+        }
+        if (machine.holdsExclusives) {
+            machine.held.push_back(header);
+        } else {
+            header->dwFlags |= MHDR_DONE;
+        }
+        return MMSYSERR_NOERROR;
+    });
+}
+
+__declspec(dllexport) MMRESULT WINAPI midiOutReset(HMIDIOUT handle)
+{
+    return Call("midiOutReset", NumberOf(handle), [](Machine &machine) {
+        for (MIDIHDR *header : std::exchange(machine.held, {})) {
+            header->dwFlags |= MHDR_DONE;
+        }
+        return MMSYSERR_NOERROR;
+    });
+}
+
+__declspec(dllexport) MMRESULT WINAPI timeBeginPeriod(UINT period)
+{
+    return Call("timeBeginPeriod", std::to_string(period), [](Machine &) { return MMSYSERR_NOERROR; });
+}
+
+__declspec(dllexport) MMRESULT WINAPI timeEndPeriod(UINT period)
+{
+    return Call("timeEndPeriod", std::to_string(period), [](Machine &) { return MMSYSERR_NOERROR; });
 }
 
 __declspec(dllexport) MMRESULT WINAPI midiInOpen(LPHMIDIIN handle, UINT number, DWORD_PTR callback, DWORD_PTR instance, DWORD flags)

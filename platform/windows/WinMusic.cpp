@@ -1,0 +1,20 @@
+#include "platform/music/MachineMusic.h"
+
+#include "platform/windows/WinMidi.h"
+#include "platform/windows/WinOutputs.h"
+
+namespace velluto {
+
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string & /*devicesPath*/)
+{
+    auto midi = std::make_unique<WinMidi>();
+    auto sequencer = std::make_shared<MachineSequencer>(files, std::make_unique<WinOutputs>(*midi), std::move(post));
+    midi->outputChanged = [player = std::weak_ptr(sequencer)] {
+        if (const auto there = player.lock()) {
+            there->FollowOutputs();
+        }
+    };
+    return {std::move(midi), std::move(sequencer)};
+}
+
+} // namespace velluto
