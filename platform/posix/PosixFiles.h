@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/FileStore.h"
-#include "platform/posix/KeptFiles.h"
+#include "platform/kept/KeptFiles.h"
 
 namespace velluto {
 

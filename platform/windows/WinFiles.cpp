@@ -1,5 +1,6 @@
 #include "platform/windows/WinFiles.h"
 
+#include "platform/kept/Disk.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/WinPaths.h"
 
@@ -34,9 +35,15 @@ OVERLAPPED Place(std::uint64_t offset)
     return place;
 }
 
+// kept, where there is such, gives room where the disk is full.
+bool GetsRoom(DWORD code, KeptFiles *kept)
+{
+    return (code == ERROR_DISK_FULL || code == ERROR_HANDLE_DISK_FULL || code == kQuotaExceeded) && kept != nullptr && kept->MakeRoom();
+}
+
 class WinFile : public RandomAccessFile {
 public:
-    explicit WinFile(Handle handle) : handle_(std::move(handle)) {}
+    WinFile(Handle handle, KeptFiles *kept) : handle_(std::move(handle)), kept_(kept) {}
 
     RuntimeError Length(std::uint64_t &length) override
     {
@@ -73,7 +80,11 @@ public:
             OVERLAPPED place = Place(offset + done);
             DWORD n = 0;
             if (::WriteFile(handle_.get(), bytes.data() + done, AtOnce(bytes.size() - done), &n, &place) == 0) {
-                return FromSystem(::GetLastError());
+                const DWORD code = ::GetLastError();
+                if (GetsRoom(code, kept_)) {
+                    continue;
+                }
+                return FromSystem(code);
             }
             if (n == 0) {
                 return {FileError::kDiskFull};
@@ -85,6 +96,7 @@ public:
 
 private:
     Handle handle_;
+    KeptFiles *kept_;
 };
 
 // Where nothing is to be made, what is not there is the file.
@@ -94,13 +106,19 @@ RuntimeError FromSystemWithoutMaking(DWORD code)
 }
 
 // How a file is opened: access says for what, making (OPEN_...) what becomes of a missing one.
-RuntimeError OpenWith(DWORD access, DWORD making, const std::string &path, std::unique_ptr<RandomAccessFile> &file)
+RuntimeError OpenWith(DWORD access, DWORD making, const std::string &path, KeptFiles *kept, std::unique_ptr<RandomAccessFile> &file)
 {
     const std::optional<std::wstring> name = SystemPath(path);
     if (!name) {
         return {FileError::kPathNotFound};
     }
-    Handle handle(::CreateFileW(name->c_str(), access, kShared, nullptr, making, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const auto open = [&] {
+        return Handle(::CreateFileW(name->c_str(), access, kShared, nullptr, making, FILE_ATTRIBUTE_NORMAL, nullptr));
+    };
+    Handle handle = open();
+    if (!handle && GetsRoom(::GetLastError(), kept)) {
+        handle = open();
+    }
     if (!handle) {
         const DWORD code = ::GetLastError();
         return making == OPEN_EXISTING ? FromSystemWithoutMaking(code) : FromSystem(code);
@@ -108,7 +126,7 @@ RuntimeError OpenWith(DWORD access, DWORD making, const std::string &path, std::
     if (::GetFileType(handle.get()) != FILE_TYPE_DISK) { // NUL, a printer, a pipe
         return {FileError::kPathFileAccess};
     }
-    file = std::make_unique<WinFile>(std::move(handle));
+    file = std::make_unique<WinFile>(std::move(handle), kept);
     return {};
 }
 
@@ -188,14 +206,19 @@ WinFiles::WinFiles()
     ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 }
 
+void WinFiles::KeepWhole(const std::string &programFolder)
+{
+    kept_ = std::make_unique<KeptFiles>(programFolder);
+}
+
 RuntimeError WinFiles::Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
 {
-    return OpenWith(GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, path, file);
+    return OpenWith(GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, path, kept_.get(), file);
 }
 
 RuntimeError WinFiles::OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file)
 {
-    return OpenWith(GENERIC_READ, OPEN_EXISTING, path, file);
+    return OpenWith(GENERIC_READ, OPEN_EXISTING, path, nullptr, file);
 }
 
 RuntimeError WinFiles::Delete(const std::string &path)
@@ -205,11 +228,25 @@ RuntimeError WinFiles::Delete(const std::string &path)
         return {FileError::kPathNotFound};
     }
     // Open follows a link, and so does this: it is the file that goes, and a save through a link reaches its target.
+    const std::optional<disk::Place> place = kept_ ? disk::PlaceOf(path) : std::nullopt;
+    if (place && kept_->PutAside(place->path)) {
+        return {};
+    }
     const Handle file(::CreateFileW(name->c_str(), DELETE, kShared, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
         return FromSystemWithoutMaking(::GetLastError());
     }
     return TakeAway(file.get()) ? RuntimeError{} : FromSystem(::GetLastError());
+}
+
+std::unique_ptr<WritingUnderWay> WinFiles::BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes)
+{
+    return kept_ ? kept_->BeginReplacing(path, bytes) : nullptr;
+}
+
+std::unique_ptr<WritingUnderWay> WinFiles::BeginChanging(const std::string &path)
+{
+    return kept_ ? kept_->BeginChanging(path) : nullptr;
 }
 
 std::string WinFiles::CurrentFolder()

@@ -1,5 +1,6 @@
-#include "platform/posix/UnfinishedSave.h"
+#include "platform/kept/UnfinishedSave.h"
 
+#include "unit/support/NativePath.h"
 #include "unit/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +23,8 @@ UnfinishedSave SaveOfNew(Old old, const std::string &path, const std::string &ke
 
 TEST(UnfinishedSave, ComesBackFromItsTextWhateverThePathHolds)
 {
-    for (const std::string &path : {std::string("/a/Stage.pcg"), std::string("/a\n12:b\xFF\xFE/ 3:.pcg"), "/" + std::string(4000, 'x')}) {
+    for (const std::string &name : {std::string("/a/Stage.pcg"), std::string("/a\n12:b\xFF\xFE/ 3:.pcg"), "/" + std::string(4000, 'x')}) {
+        const std::string path = OnFirstDisk(name);
         UnfinishedSave save = SaveOfNew(Old::Aside, path, ".velluto-1");
         EXPECT_EQ(ParseJournalText(JournalText(save)), save);
         save = {Old::None, path, "", 0, 0, std::nullopt};
@@ -34,7 +36,7 @@ TEST(UnfinishedSave, ComesBackFromItsTextWhateverThePathHolds)
 
 TEST(UnfinishedSave, ATextThatIsCutOrChangedAnywhereIsNone)
 {
-    const std::string text = JournalText(SaveOfNew(Old::Aside, "/a/Stage.pcg", ".velluto-1"));
+    const std::string text = JournalText(SaveOfNew(Old::Aside, OnFirstDisk("/a/Stage.pcg"), ".velluto-1"));
     for (std::size_t at = 0; at < text.size(); ++at) {
         EXPECT_FALSE(ParseJournalText(text.substr(0, at)));
         EXPECT_FALSE(ParseJournalText(text.substr(at + 1)));
@@ -51,16 +53,17 @@ TEST(UnfinishedSave, ATextThatIsCutOrChangedAnywhereIsNone)
 
 TEST(UnfinishedSave, OnlyAHiddenNameBesideTheFileIsTaken)
 {
-    const auto isTaken = [](Old old, const std::string &path, const std::string &kept) {
-        return ParseJournalText(JournalText(SaveOfNew(old, path, kept))).has_value();
+    const auto isTaken = [](Old old, const std::string &of, const std::string &kept) {
+        return ParseJournalText(JournalText(SaveOfNew(old, of, kept))).has_value();
     };
-    EXPECT_TRUE(isTaken(Old::Aside, "/a/Stage.pcg", ".velluto-1"));
-    EXPECT_FALSE(isTaken(Old::Aside, "/a/Stage.pcg", "Other.pcg"));
-    EXPECT_FALSE(isTaken(Old::Aside, "/a/Stage.pcg", ".velluto-/../../b"));
-    EXPECT_FALSE(isTaken(Old::Aside, "/a/Stage.pcg", ""));
-    EXPECT_FALSE(isTaken(Old::None, "/a/Stage.pcg", ".velluto-1"));
+    const std::string path = OnFirstDisk("/a/Stage.pcg");
+    EXPECT_TRUE(isTaken(Old::Aside, path, ".velluto-1"));
+    EXPECT_FALSE(isTaken(Old::Aside, path, "Other.pcg"));
+    EXPECT_FALSE(isTaken(Old::Aside, path, ".velluto-/../../b"));
+    EXPECT_FALSE(isTaken(Old::Aside, path, ""));
+    EXPECT_FALSE(isTaken(Old::None, path, ".velluto-1"));
     EXPECT_FALSE(isTaken(Old::Aside, "a/Stage.pcg", ".velluto-1"));
-    EXPECT_FALSE(isTaken(static_cast<Old>(4), "/a/Stage.pcg", ""));
+    EXPECT_FALSE(isTaken(static_cast<Old>(4), path, ""));
 }
 
 class UndoTest : public testing::Test {

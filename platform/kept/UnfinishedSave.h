@@ -1,6 +1,8 @@
 // What the journal tells of a save under way, and how a start undoes one that nobody has finished. Used by KeptFiles.
 #pragma once
 
+#include "platform/kept/Disk.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -38,7 +40,7 @@ struct UnfinishedSave {
     std::optional<std::string> beginning; // of the new file, where its bytes are known
     bool operator==(const UnfinishedSave &) const = default;
 
-    [[nodiscard]] std::string Folder() const { return path.substr(0, path.rfind('/') + 1); }
+    [[nodiscard]] std::string Folder() const { return path.substr(0, path.rfind(disk::kSeparator) + 1); }
     [[nodiscard]] std::string KeptPath() const { return Folder() + kept; }
 };
 

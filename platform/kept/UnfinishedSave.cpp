@@ -1,10 +1,6 @@
-#include "platform/posix/UnfinishedSave.h"
+#include "platform/kept/UnfinishedSave.h"
 
-#include "platform/posix/Descriptor.h"
-
-#include <cerrno>
 #include <charconv>
-#include <cstdio>
 #include <cstring>
 #include <system_error>
 #include <vector>
@@ -54,27 +50,15 @@ std::optional<std::string_view> TakeField(std::string_view &text)
 
 bool IsKeptName(std::string_view name)
 {
-    return name.empty() || (name.starts_with(kKeptPrefix) && name.find('/') == std::string_view::npos);
-}
-
-enum class There { Yes, No, Unknown };
-
-There IsThere(const std::string &path)
-{
-    struct stat about {};
-    if (::lstat(path.c_str(), &about) == 0) {
-        return There::Yes;
-    }
-    return errno == ENOENT ? There::No : There::Unknown;
+    return name.empty() || (name.starts_with(kKeptPrefix) && name.find_first_of(disk::kNotInNames) == std::string_view::npos);
 }
 
 // Is the file at the path these bytes, all of them?
 bool Holds(const std::string &path, std::uint64_t length, std::uint64_t checksum)
 {
     constexpr std::size_t kPiece = std::size_t{1} << 16;
-    const Descriptor file(path, O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
-    struct stat about {};
-    if (!file.IsOpen() || !file.IsRegular(about) || static_cast<std::uint64_t>(about.st_size) != length) {
+    const disk::File file = disk::File::ToRead(path);
+    if (!file.IsOpen() || file.Length() != length) {
         return false;
     }
     Checksum sum;
@@ -94,24 +78,13 @@ bool IsBegun(const UnfinishedSave &save)
     if (!save.beginning) {
         return true;
     }
-    const Descriptor file(save.path, O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
-    struct stat about {};
-    if (!file.IsOpen() || !file.IsRegular(about) || static_cast<std::uint64_t>(about.st_size) > save.length) {
+    const disk::File file = disk::File::ToRead(save.path);
+    if (!file.IsOpen() || file.Length() > save.length) {
         return false;
     }
     std::vector<std::uint8_t> bytes(save.beginning->size());
     const std::size_t got = file.Read(bytes);
     return std::memcmp(bytes.data(), save.beginning->data(), got) == 0;
-}
-
-bool PutBack(const UnfinishedSave &save)
-{
-    return ::rename(save.KeptPath().c_str(), save.path.c_str()) == 0 && Sync(save.Folder());
-}
-
-bool TakeAway(const std::string &path)
-{
-    return ::unlink(path.c_str()) == 0 || errno == ENOENT;
 }
 
 } // namespace
@@ -164,7 +137,7 @@ std::optional<UnfinishedSave> ParseJournalText(std::string_view text)
         return std::nullopt;
     }
     UnfinishedSave save{UnfinishedSave::Old::None, std::string(fields[2]), std::string(fields[3]), *length, *sum, std::nullopt};
-    if (*old > static_cast<std::uint64_t>(UnfinishedSave::Old::None) || !save.path.starts_with('/') || !IsKeptName(save.kept)) {
+    if (*old > static_cast<std::uint64_t>(UnfinishedSave::Old::None) || !disk::IsAbsolute(save.path) || !IsKeptName(save.kept)) {
         return std::nullopt;
     }
     save.old = static_cast<UnfinishedSave::Old>(*old);
@@ -180,23 +153,23 @@ bool Undo(const UnfinishedSave &save)
     using Old = UnfinishedSave::Old;
     if (save.old == Old::Empty || save.old == Old::None) {
         const bool isWhole = save.beginning && Holds(save.path, save.length, save.checksum);
-        if (IsThere(save.Folder()) != There::Yes) {
+        if (disk::IsThere(save.Folder()) != disk::There::Yes) {
             return false;
         }
-        if (isWhole || IsThere(save.path) == There::No || !IsBegun(save)) {
+        if (isWhole || disk::IsThere(save.path) == disk::There::No || !IsBegun(save)) {
             return true;
         }
-        return save.old == Old::None ? TakeAway(save.path) : ::truncate(save.path.c_str(), 0) == 0;
+        return save.old == Old::None ? disk::TakeAway(save.path) : disk::MakeEmpty(save.path);
     }
-    const There kept = IsThere(save.KeptPath());
-    if (kept != There::Yes) {
+    const disk::There kept = disk::IsThere(save.KeptPath());
+    if (kept != disk::There::Yes) {
         // With neither of them there the disk is most likely another one, or none.
-        return kept == There::No && IsThere(save.path) == There::Yes;
+        return kept == disk::There::No && disk::IsThere(save.path) == disk::There::Yes;
     }
     if (Holds(save.old == Old::Aside ? save.path : save.KeptPath(), save.length, save.checksum) == (save.old == Old::Aside)) {
-        return TakeAway(save.KeptPath()); // the new file is complete, or the copy never was and nothing has been changed
+        return disk::TakeAway(save.KeptPath()); // the new file is complete, or the copy never was and nothing has been changed
     }
-    return PutBack(save);
+    return disk::PutBack(save.KeptPath(), save.path);
 }
 
 } // namespace velluto

@@ -1,10 +1,10 @@
 // Keeps the old bytes of each file that is being written, so that the end of the process loses none: a told save takes the old file
 // away first. Below the rules: what fails while it is done fails as it would without, and a full disk gets what is kept back first.
-// Used by PosixFiles.
+// Used by PosixFiles and WinFiles.
 #pragma once
 
 #include "platform/FileStore.h"
-#include "platform/posix/SaveJournal.h"
+#include "platform/kept/SaveJournal.h"
 
 #include <memory>
 #include <optional>

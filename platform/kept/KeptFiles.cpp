@@ -1,11 +1,8 @@
-#include "platform/posix/KeptFiles.h"
+#include "platform/kept/KeptFiles.h"
 
-#include "platform/posix/Descriptor.h"
+#include "platform/kept/Disk.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
 
 namespace velluto {
@@ -14,47 +11,17 @@ namespace {
 
 using Old = UnfinishedSave::Old;
 
-std::optional<std::string> WithoutLinks(const std::string &path)
-{
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
-    return real ? std::optional<std::string>(real.get()) : std::nullopt;
-}
-
 // The save of what is at the path now, as far as that tells; nothing where it is no file, or a link to none.
 std::optional<UnfinishedSave> SaveAt(const std::string &path)
 {
-    struct stat about {};
-    if (path.empty() || path.find('\0') != std::string::npos) {
+    std::optional<disk::Place> place = disk::PlaceOf(path);
+    if (!place) {
         return std::nullopt;
     }
     UnfinishedSave save;
-    if (::lstat(path.c_str(), &about) != 0) {
-        const std::size_t name = path.rfind('/') + 1;
-        const std::optional<std::string> folder = errno == ENOENT ? WithoutLinks(name > 0 ? path.substr(0, name) : ".") : std::nullopt;
-        if (!folder || name == path.size()) {
-            return std::nullopt;
-        }
-        save.path = (*folder == "/" ? "" : *folder) + "/" + path.substr(name);
-        return save;
-    }
-    const std::optional<std::string> target = WithoutLinks(path);
-    if (!target || ::stat(target->c_str(), &about) != 0 || !S_ISREG(about.st_mode)) {
-        return std::nullopt;
-    }
-    save.path = *target;
-    save.old = about.st_size > 0 ? Old::Aside : Old::Empty;
+    save.path = std::move(place->path);
+    save.old = !place->isThere ? Old::None : place->length > 0 ? Old::Aside : Old::Empty;
     return save;
-}
-
-// Of the file at the path, with its rights. False where it did not come to be whole, on the disk.
-bool MakeCopy(const UnfinishedSave &save, std::span<const std::uint8_t> bytes, const struct stat &about)
-{
-    const Descriptor copy(save.KeptPath(), O_WRONLY | O_CREAT | O_EXCL, 0600);
-    if (!copy.IsOpen() || !copy.Write(bytes)) {
-        return false;
-    }
-    [[maybe_unused]] const int asOwner = ::fchown(copy.Number(), about.st_uid, about.st_gid); // an ordinary user's are his own
-    return ::fchmod(copy.Number(), about.st_mode & 07777U) == 0 && Sync(copy) && Sync(save.Folder());
 }
 
 } // namespace
@@ -71,7 +38,7 @@ public:
     {
         const bool isWritten = save_.old == Old::Aside ? isAside_ : save_.old == Old::Copied || save_.beginning.has_value();
         if (entry_ && isWritten) {
-            (void)(Sync(save_.path) && Sync(save_.Folder()));
+            (void)(disk::Sync(save_.path) && disk::Sync(save_.Folder()));
         }
         GiveBack();
         std::erase(owner_.underWay_, this);
@@ -85,7 +52,7 @@ public:
             return false;
         }
         if (!save_.kept.empty()) {
-            ::unlink(save_.KeptPath().c_str());
+            disk::TakeAway(save_.KeptPath());
         }
         entry_->TakeBack();
         entry_.reset();
@@ -96,7 +63,7 @@ public:
         if (!entry_ || isAside_ || save_.old != Old::Aside || save_.path != path) {
             return false;
         }
-        isAside_ = ::rename(path.c_str(), save_.KeptPath().c_str()) == 0;
+        isAside_ = disk::PutAside(path, save_.KeptPath());
         return isAside_;
     }
 
@@ -140,17 +107,16 @@ std::unique_ptr<WritingUnderWay> KeptFiles::BeginReplacing(const std::string &pa
 
 std::unique_ptr<WritingUnderWay> KeptFiles::BeginChanging(const std::string &path)
 {
-    constexpr off_t kLongest = 1 << 20; // bytes; the program's own files are much shorter
+    constexpr std::uint64_t kLongest = 1 << 20; // bytes; the program's own files are much shorter
     std::optional<UnfinishedSave> save = SaveAt(path);
     if (!save || save->old != Old::Aside) {
         return save ? Begin(std::move(*save)) : nullptr;
     }
-    const Descriptor file(save->path, O_RDONLY | O_NONBLOCK);
-    struct stat about {};
-    if (!file.IsOpen() || !file.IsRegular(about) || about.st_size > kLongest) {
+    const disk::File file = disk::File::ToRead(save->path);
+    if (!file.IsOpen() || file.Length() > kLongest) {
         return nullptr;
     }
-    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(about.st_size));
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.Length()));
     if (file.Read(bytes) != bytes.size()) {
         return nullptr;
     }
@@ -162,7 +128,7 @@ std::unique_ptr<WritingUnderWay> KeptFiles::BeginChanging(const std::string &pat
     save->checksum = sum.Value();
     const UnfinishedSave told = *save;
     std::unique_ptr<WritingUnderWay> writing = Begin(std::move(*save));
-    return writing && MakeCopy(told, bytes, about) ? std::move(writing) : nullptr;
+    return writing && file.MakeLike(told.KeptPath(), bytes) ? std::move(writing) : nullptr;
 }
 
 bool KeptFiles::PutAside(const std::string &path)

@@ -1,11 +1,8 @@
-#include "platform/posix/SaveJournal.h"
+#include "platform/kept/SaveJournal.h"
 
-#include <cerrno>
-#include <dirent.h>
 #include <optional>
 #include <random>
 #include <string_view>
-#include <sys/file.h>
 #include <vector>
 
 namespace velluto {
@@ -15,28 +12,12 @@ namespace {
 constexpr std::string_view kPrefix = "save-";
 constexpr std::size_t kLongest = std::size_t{1} << 16; // bytes of a file of the journal; a path has 4096 at most
 
-bool Locks(const Descriptor &file)
-{
-    return ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0;
-}
-
-// False where somebody has taken its name away meanwhile.
-bool HasName(const Descriptor &file)
-{
-    struct stat about {};
-    return ::fstat(file.Number(), &about) == 0 && about.st_nlink > 0;
-}
-
-std::optional<UnfinishedSave> ReadSave(const Descriptor &file)
+std::optional<UnfinishedSave> ReadSave(const disk::File &file)
 {
     std::vector<std::uint8_t> bytes(kLongest);
     const std::size_t got = file.Read(bytes);
     return ParseJournalText({reinterpret_cast<const char *>(bytes.data()), got});
 }
-
-struct CloseFolder {
-    void operator()(DIR *folder) const { ::closedir(folder); }
-};
 
 } // namespace
 
@@ -55,29 +36,30 @@ void JournalEntry::TakeBack()
 {
     // Closed before it goes: some file systems keep the name of an open file, and with it the folder. Whoever finds it without
     // a lock now finds nothing in it.
-    [[maybe_unused]] const int emptied = ::ftruncate(file_.Number(), 0);
+    file_.Empty();
     file_.Close();
-    ::unlink(path_.c_str());
-    ::rmdir(path_.substr(0, path_.rfind('/')).c_str()); // where it was the last one
+    disk::TakeAway(path_);
+    disk::TakeEmptyFolderAway(path_.substr(0, path_.rfind(disk::kSeparator))); // where it was the last one
 }
 
 std::unique_ptr<JournalEntry> SaveJournal::Tell(const UnfinishedSave &save, OnDisk when) const
 {
-    const std::string path = Folder() + "/" + std::string(kPrefix) + UnusedName();
+    const std::string path = Folder() + disk::kSeparator + std::string(kPrefix) + UnusedName();
     const std::string text = JournalText(save);
-    const auto isOnDisk = [&](const Descriptor &file) { return Sync(file) && Sync(Folder()) && Sync(programFolder_); };
+    const auto isOnDisk = [&](const disk::File &file) { return file.Sync() && disk::Sync(Folder()) && disk::Sync(programFolder_); };
     constexpr int kTries = 3; // another copy of the program takes an empty folder away
     for (int tries = 0; tries < kTries; ++tries) {
-        if (::mkdir(Folder().c_str(), 0700) != 0 && errno != EEXIST) {
+        if (!disk::MakeHiddenFolder(Folder())) {
             return nullptr;
         }
-        Descriptor file(path, O_RDWR | O_CREAT | O_EXCL, 0600);
-        if (!file.IsOpen() && errno == ENOENT) {
+        bool folderIsMissing = false;
+        disk::File file = disk::File::Make(path, folderIsMissing);
+        if (folderIsMissing) {
             continue;
         }
-        const bool isTold = file.IsOpen() && Locks(file) &&
+        const bool isTold = file.IsOpen() && file.Lock() &&
                             file.Write({reinterpret_cast<const std::uint8_t *>(text.data()), text.size()}) &&
-                            (when == OnDisk::WheneverItIs || isOnDisk(file)) && HasName(file);
+                            (when == OnDisk::WheneverItIs || isOnDisk(file)) && file.HasName();
         auto entry = std::make_unique<JournalEntry>(path, std::move(file));
         if (isTold) {
             return entry;
@@ -90,19 +72,14 @@ std::unique_ptr<JournalEntry> SaveJournal::Tell(const UnfinishedSave &save, OnDi
 
 void SaveJournal::EachLeft(const std::function<bool(const UnfinishedSave &)> &undo) const
 {
-    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(Folder().c_str()));
-    if (folder == nullptr) {
-        return;
-    }
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): the folder is this thread's own
-    while (const dirent *found = ::readdir(folder.get())) {
-        if (!std::string_view(found->d_name).starts_with(kPrefix)) {
+    const std::vector<std::string> names = disk::NamesIn(Folder());
+    for (const std::string &name : names) {
+        if (!name.starts_with(kPrefix)) {
             continue;
         }
-        const std::string path = Folder() + "/" + found->d_name;
-        Descriptor file(path, O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
-        struct stat about {};
-        if (!file.IsOpen() || !file.IsRegular(about) || !Locks(file)) {
+        const std::string path = Folder() + disk::kSeparator + name;
+        disk::File file = disk::File::ToRead(path);
+        if (!file.IsOpen() || !file.Lock()) {
             continue; // under way elsewhere, or none of ours
         }
         // One that was never told to its end is of a save that had not begun.
@@ -110,10 +87,12 @@ void SaveJournal::EachLeft(const std::function<bool(const UnfinishedSave &)> &un
         const bool isDone = !save || undo(*save);
         file.Close();
         if (isDone) {
-            ::unlink(path.c_str());
+            disk::TakeAway(path);
         }
     }
-    ::rmdir(Folder().c_str());
+    if (!names.empty()) {
+        disk::TakeEmptyFolderAway(Folder());
+    }
 }
 
 } // namespace velluto

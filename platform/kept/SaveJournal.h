@@ -3,8 +3,8 @@
 // KeptFiles.
 #pragma once
 
-#include "platform/posix/Descriptor.h"
-#include "platform/posix/UnfinishedSave.h"
+#include "platform/kept/Disk.h"
+#include "platform/kept/UnfinishedSave.h"
 
 #include <functional>
 #include <memory>
@@ -15,12 +15,12 @@ namespace velluto {
 // One save told by the journal. It stays told when the object goes, unless it was taken back.
 class JournalEntry {
 public:
-    JournalEntry(std::string path, Descriptor file) : path_(std::move(path)), file_(std::move(file)) {}
+    JournalEntry(std::string path, disk::File file) : path_(std::move(path)), file_(std::move(file)) {}
     void TakeBack();
 
 private:
     std::string path_;
-    Descriptor file_; // locked
+    disk::File file_; // locked
 };
 
 class SaveJournal {
@@ -34,7 +34,7 @@ public:
     void EachLeft(const std::function<bool(const UnfinishedSave &)> &undo) const;
 
 private:
-    [[nodiscard]] std::string Folder() const { return programFolder_ + "/.velluto-saves"; }
+    [[nodiscard]] std::string Folder() const { return programFolder_ + disk::kSeparator + ".velluto-saves"; }
 
     std::string programFolder_; // absolute
 };
