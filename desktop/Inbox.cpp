@@ -1,6 +1,11 @@
 #include "desktop/Inbox.h"
 
 #include <QApplication>
+#ifdef Q_OS_WIN
+#include <QWinEventNotifier>
+#else
+#include <QSocketNotifier>
+#endif
 
 #include <utility>
 
@@ -9,6 +14,20 @@ namespace velluto {
 namespace {
 
 constexpr int kAskAgain = 200; // ms, while a question is up
+
+#ifdef Q_OS_WIN
+using Notifier = QWinEventNotifier;
+std::unique_ptr<Notifier> Watch(std::intptr_t event)
+{
+    return std::make_unique<Notifier>(reinterpret_cast<Qt::HANDLE>(event));
+}
+#else
+using Notifier = QSocketNotifier;
+std::unique_ptr<Notifier> Watch(std::intptr_t descriptor)
+{
+    return std::make_unique<Notifier>(descriptor, QSocketNotifier::Read);
+}
+#endif
 
 void ComeToTheFront(QWidget &window, const std::string &activation)
 {
@@ -23,7 +42,7 @@ void ComeToTheFront(QWidget &window, const std::string &activation)
 
 } // namespace
 
-Inbox::Inbox(int descriptor, Take take, QtFace &face, std::function<void(const std::string &path)> open)
+Inbox::Inbox(std::intptr_t descriptor, Take take, QtFace &face, std::function<void(const std::string &path)> open)
     : take_(std::move(take)), face_(face), open_(std::move(open))
 {
     if (descriptor < 0) {
@@ -32,16 +51,20 @@ Inbox::Inbox(int descriptor, Take take, QtFace &face, std::function<void(const s
     later_.setSingleShot(true);
     later_.setInterval(kAskAgain);
     QObject::connect(&later_, &QTimer::timeout, &later_, [this] { Open(); });
-    notifier_ = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
-    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] {
-        std::string activation;
-        const std::vector<std::string> paths = take_(activation);
-        waiting_.insert(waiting_.end(), paths.begin(), paths.end());
-        if (!paths.empty() && face_.Window() != nullptr) {
-            ComeToTheFront(*face_.Window(), activation);
-        }
-        Open();
-    });
+    auto notifier = Watch(descriptor);
+    QObject::connect(notifier.get(), &Notifier::activated, notifier.get(), [this] { Receive(); });
+    notifier_ = std::move(notifier);
+}
+
+void Inbox::Receive()
+{
+    std::string activation;
+    const std::vector<std::string> paths = take_(activation);
+    waiting_.insert(waiting_.end(), paths.begin(), paths.end());
+    if (!paths.empty() && face_.Window() != nullptr) {
+        ComeToTheFront(*face_.Window(), activation);
+    }
+    Open();
 }
 
 void Inbox::Begin()

@@ -4,9 +4,10 @@
 
 #include "desktop/QtFace.h"
 
-#include <QSocketNotifier>
+#include <QObject>
 #include <QTimer>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,14 +17,15 @@ namespace velluto {
 
 class Inbox {
 public:
-    // take gives what has come when the descriptor is readable, and the desktop's leave to come to the front; a descriptor
-    // of -1 never is. open is called once for each file, from Begin on, and never while a question waits for its answer.
+    // take gives what has come when the descriptor tells (see HandOverInbox), and the desktop's leave to come to the front; one
+    // of -1 never does. open is called once for each file, from Begin on, and never while a question waits for its answer.
     using Take = std::function<std::vector<std::string>(std::string &activation)>;
-    Inbox(int descriptor, Take take, QtFace &face, std::function<void(const std::string &path)> open);
+    Inbox(std::intptr_t descriptor, Take take, QtFace &face, std::function<void(const std::string &path)> open);
 
     void Begin();
 
 private:
+    void Receive();
     void Open();
 
     Take take_;
@@ -32,7 +34,7 @@ private:
     bool begun_ = false;
     std::vector<std::string> waiting_;
     QTimer later_;
-    std::unique_ptr<QSocketNotifier> notifier_;
+    std::unique_ptr<QObject> notifier_;
 };
 
 } // namespace velluto

@@ -6,20 +6,17 @@
 #include "desktop/QtFace.h"
 #include "desktop/QtPrinter.h"
 #include "desktop/QtTicks.h"
+#include "desktop/Start.h"
 #include "files/Opening.h"
+#include "platform/HandOver.h"
 #include "platform/machine/MachineFiles.h"
-#include "platform/posix/HandOver.h"
 #include "platform/music/MachineMusic.h"
 #include "program/NamedFiles.h"
 #include "program/Velluto.h"
 
 #include <QApplication>
 
-#include <cstdlib>
-#include <filesystem>
-#include <iostream>
 #include <string>
-#include <system_error>
 #include <vector>
 
 namespace velluto {
@@ -28,23 +25,12 @@ namespace {
 
 void OpenFile(Velluto &program, const std::string &path)
 {
-    std::error_code unknown;
-    const std::filesystem::file_status there = std::filesystem::status(path, unknown);
-    const bool isFolder = std::filesystem::is_directory(there);
-    const Argument what = !std::filesystem::exists(there) ? Argument::Missing : (isFolder ? Argument::Folder : Argument::File);
+    const Argument what = KindOf(path);
     if (what == Argument::File && IsFileForUs(path)) {
         OpenFileByName(program, path);
     } else {
         OpenArgument(program.files, path, what);
     }
-}
-
-// The bytes of a name stay as they are: it need be no text.
-std::string FromRoot(const std::string &path)
-{
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
-    return error ? path : absolute.lexically_normal().string();
 }
 
 // The files that a file manager, or a user at a shell, has named.
@@ -68,29 +54,20 @@ constexpr TwoTexts kHelp{"uso: velluto [FILE]...\n\n"
                          "  -h, --help   this help\n"
                          "  --version    the version\n"};
 
-// In the language of the system: the program's own is not known before its settings are.
-std::string_view HelpAtStart()
+// True where this start is only a question about the program.
+bool IsAnswered(const std::vector<std::string> &words)
 {
-    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const char *const value = std::getenv(name);
-        if (value != nullptr && *value != '\0') {
-            return kHelp.In(std::string_view(value).starts_with("it") ? kItalianBase : kEnglishBase);
-        }
-    }
-    return kHelp.In(kEnglishBase);
-}
-
-// True where this start is only a question about the program, or has files for one that runs already.
-bool IsAnswered(const std::vector<std::string> &words, const std::string &address)
-{
-    if (words.empty()) {
+    if (words.empty() || (words.front() != "--version" && words.front() != "--help" && words.front() != "-h")) {
         return false;
     }
-    if (words.front() == "--version" || words.front() == "--help" || words.front() == "-h") {
-        const bool version = words.front() == "--version";
-        std::cout << (version ? std::string_view("velluto " VELLUTO_VERSION "\n") : HelpAtStart());
-        return true;
-    }
+    const bool version = words.front() == "--version";
+    Tell(version ? "velluto " VELLUTO_VERSION "\n" : kHelp.In(SystemSpeaksItalian() ? kItalianBase : kEnglishBase));
+    return true;
+}
+
+// True where this start had files for a program that runs already.
+bool IsHandedOver(const std::vector<std::string> &words, const std::string &address)
+{
     HandedFiles files;
     for (const std::string &word : words) {
         if (word.empty() || word.front() == '-') {
@@ -98,9 +75,8 @@ bool IsAnswered(const std::vector<std::string> &words, const std::string &addres
         }
         files.paths.push_back(FromRoot(word));
     }
-    const char *const activation = std::getenv("XDG_ACTIVATION_TOKEN");
-    files.activation = activation != nullptr ? activation : "";
-    return HandOver(address, files);
+    files.activation = Activation();
+    return !words.empty() && HandOver(address, files);
 }
 
 // words: what the toolkit has left of the command line.
@@ -127,7 +103,11 @@ int Run(HandOverInbox &handedOver, const std::vector<std::string> &words)
         return taken ? taken->paths : std::vector<std::string>();
     };
     Inbox inbox(handedOver.Descriptor(), take, face, [&program](const std::string &path) { OpenFile(program, path); });
-    const EndSignals endSignals;
+    const EndSignals endSignals([&program, &face] {
+        const bool isFree =
+            !face.Gate().Busy() && QApplication::activeModalWidget() == nullptr && QApplication::activePopupWidget() == nullptr;
+        return isFree && CloseFrame(program);
+    });
     int result = 0;
     if (StartUp(program)) {
         OpenFilesNamedAtStart(program, words);
@@ -149,8 +129,13 @@ int Run(HandOverInbox &handedOver, const std::vector<std::string> &words)
 
 int main(int argc, char **argv)
 {
+    std::vector<std::string> words = velluto::WordsAtStart(argc, argv);
+    if (velluto::IsAnswered(words)) {
+        return 0;
+    }
+    velluto::GoToUserFolder(words);
     const std::string address = velluto::HandOverAddress();
-    if (velluto::IsAnswered({argv + 1, argv + argc}, address)) {
+    if (velluto::IsHandedOver(words, address)) {
         return 0;
     }
     velluto::HandOverInbox handedOver(address);
@@ -160,5 +145,5 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("velluto"));
     QGuiApplication::setDesktopFileName(QStringLiteral("velluto"));
     velluto::SetUpLook();
-    return velluto::Run(handedOver, {argv + 1, argv + argc});
+    return velluto::Run(handedOver, velluto::WordsLeft(words, argc, argv));
 }

@@ -1,10 +1,11 @@
-#include "platform/posix/HandOver.h"
+#include "platform/HandOver.h"
 
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <memory>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/time.h>
@@ -141,35 +142,45 @@ bool HandOver(const std::string &address, const HandedFiles &files)
     return ::shutdown(socket.Number(), SHUT_WR) == 0 && ::recv(socket.Number(), &answer, 1, 0) == 1 && answer == kTaken;
 }
 
-HandOverInbox::HandOverInbox(std::string address) : address_(std::move(address))
+struct HandOverInbox::Line {
+    std::string address;
+    int listening = -1;
+};
+
+HandOverInbox::HandOverInbox(std::string address) : line_(std::make_unique<Line>(Line{std::move(address), -1}))
 {
     sockaddr_un name{};
     Socket socket(NewSocket());
-    if (!Name(address_, name)) {
+    if (!Name(line_->address, name)) {
         return;
     }
     bool bound = Binds(socket.Number(), name);
     if (!bound && errno == EADDRINUSE && IsDead(name)) {
-        ::unlink(address_.c_str());
+        ::unlink(line_->address.c_str());
         bound = Binds(socket.Number(), name);
     }
     if (bound && ::listen(socket.Number(), kFilesAtOnce) == 0) {
-        listening_ = socket.Release();
+        line_->listening = socket.Release();
     }
 }
 
 HandOverInbox::~HandOverInbox()
 {
-    if (listening_ >= 0) {
-        ::unlink(address_.c_str());
-        ::close(listening_);
+    if (line_->listening >= 0) {
+        ::unlink(line_->address.c_str());
+        ::close(line_->listening);
     }
+}
+
+std::intptr_t HandOverInbox::Descriptor() const
+{
+    return line_->listening;
 }
 
 std::optional<HandedFiles> HandOverInbox::Take()
 {
     constexpr int kPatience = 500; // ms
-    const Socket socket(::accept4(listening_, nullptr, nullptr, SOCK_CLOEXEC));
+    const Socket socket(::accept4(line_->listening, nullptr, nullptr, SOCK_CLOEXEC));
     if (socket.Number() < 0 || !IsOurs(socket.Number())) {
         return std::nullopt;
     }

@@ -33,4 +33,24 @@ std::vector<std::string> WordsOfCommand(int /*argc*/, char ** /*argv*/)
     return found;
 }
 
+void TellWhoStarted(std::string_view text)
+{
+    HANDLE output = ::GetStdHandle(STD_OUTPUT_HANDLE);
+    const std::optional<std::wstring> wide = WideOf(text);
+    DWORD written = 0;
+    if (output != nullptr && ::WriteFile(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0) {
+        return;
+    }
+    if (!wide) {
+        return;
+    }
+    if (::AttachConsole(ATTACH_PARENT_PROCESS) != 0) {
+        output = ::CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+        if (::WriteConsoleW(output, wide->data(), static_cast<DWORD>(wide->size()), &written, nullptr) != 0) {
+            return;
+        }
+    }
+    ::MessageBoxW(nullptr, wide->c_str(), L"Velluto", MB_OK);
+}
+
 } // namespace velluto

@@ -1,4 +1,4 @@
-#include "platform/posix/HandOver.h"
+#include "platform/HandOver.h"
 
 #include "unit/support/TestProgram.h"
 
@@ -23,7 +23,7 @@ protected:
     [[nodiscard]] std::string Address() const { return folder.Path() + "/socket"; }
     static bool IsAwaited(const HandOverInbox &inbox)
     {
-        pollfd waiting{inbox.Descriptor(), POLLIN, 0};
+        pollfd waiting{static_cast<int>(inbox.Descriptor()), POLLIN, 0};
         return ::poll(&waiting, 1, 10'000) == 1;
     }
     // What a program that dies leaves behind: the file of a socket that nobody listens to.

@@ -1,7 +1,10 @@
-// Files for the program that runs already: whoever is started with files in the same folder hands them over by a socket, and is
-// done. A socket belongs to one user and one folder. Used by the desktop's main and its inbox.
+// Files for the program that runs already: whoever is started with files in the same folder hands them over by a line that the system
+// has for it, and is done. A line belongs to one user and one folder. Used by the desktop's main and its inbox; answered by posix/
+// (a socket) and windows/ (a named pipe).
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,8 +16,8 @@ struct HandedFiles {
     std::vector<std::string> paths;
 };
 
-// Where the socket for the current folder is: in XDG_RUNTIME_DIR, which must be a folder of this user's that nobody else can write
-// into. Empty where there is none such, and then nobody hands over.
+// Where the line for the current folder is. Of a socket in XDG_RUNTIME_DIR, which must be a folder of this user's that nobody else can
+// write into. Empty where there is no such place, and then nobody hands over.
 [[nodiscard]] std::string HandOverAddress();
 
 // True where a program of this user's has taken the files; it has ten seconds for that.
@@ -28,14 +31,15 @@ public:
     HandOverInbox(const HandOverInbox &) = delete;
     HandOverInbox &operator=(const HandOverInbox &) = delete;
 
-    // Readable when somebody is there; -1 where the address is another's.
-    [[nodiscard]] int Descriptor() const { return listening_; }
+    // What tells that somebody is there, to the system's own calls: a descriptor that is readable then, or an event of Windows. -1
+    // where the address is another's.
+    [[nodiscard]] std::intptr_t Descriptor() const;
     // What the next one who is there brings; nothing where that is damaged, or not this user's. Waits half a second at most.
     [[nodiscard]] std::optional<HandedFiles> Take();
 
 private:
-    std::string address_;
-    int listening_ = -1;
+    struct Line;
+    std::unique_ptr<Line> line_;
 };
 
 } // namespace velluto

@@ -1,9 +1,9 @@
 #include "desktop/EndSignals.h"
 
 #include <QCoreApplication>
+#include <QSocketNotifier>
 
-#ifdef Q_OS_UNIX
-
+#include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -26,16 +26,22 @@ void TellLoop(int /*signal*/)
 
 } // namespace
 
-EndSignals::EndSignals()
+struct EndSignals::Listener {
+    std::array<int, 2> pipe{-1, -1};
+    std::unique_ptr<QSocketNotifier> notifier;
+};
+
+EndSignals::EndSignals(std::function<bool()> /*close*/) : listener_(std::make_unique<Listener>())
 {
-    if (::pipe2(pipe_.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    if (::pipe2(listener_->pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
         return;
     }
-    writeEnd = pipe_[1];
-    notifier_ = std::make_unique<QSocketNotifier>(pipe_[0], QSocketNotifier::Read);
-    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] {
+    writeEnd = listener_->pipe[1];
+    listener_->notifier = std::make_unique<QSocketNotifier>(listener_->pipe[0], QSocketNotifier::Read);
+    QSocketNotifier &notifier = *listener_->notifier;
+    QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this] {
         char byte = 0;
-        static_cast<void>(::read(pipe_[0], &byte, 1) == 1);
+        static_cast<void>(::read(listener_->pipe[0], &byte, 1) == 1);
         told_ = true;
         QCoreApplication::exit(0);
     });
@@ -46,27 +52,16 @@ EndSignals::EndSignals()
 
 EndSignals::~EndSignals()
 {
-    if (notifier_ == nullptr) {
+    if (listener_->notifier == nullptr) {
         return;
     }
     for (const int signal : kSignals) {
         std::signal(signal, SIG_DFL);
     }
-    notifier_.reset();
-    for (const int end : pipe_) {
+    listener_->notifier.reset();
+    for (const int end : listener_->pipe) {
         ::close(end);
     }
 }
 
 } // namespace velluto
-
-#else
-
-namespace velluto {
-
-EndSignals::EndSignals() = default;
-EndSignals::~EndSignals() = default;
-
-} // namespace velluto
-
-#endif

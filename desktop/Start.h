@@ -1,0 +1,33 @@
+// What the start of the program asks of its system, and each system has its own way to answer: the words of the command, the paths in
+// them, and where the user's files are. Used by main; answered by StartPosix and StartWindows.
+#pragma once
+
+#include "files/Opening.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velluto {
+
+// The words behind the program's name, in UTF-8; where a path is none, as it is.
+[[nodiscard]] std::vector<std::string> WordsAtStart(int argc, char **argv);
+// Those that the toolkit has left of them; words: as they are since GoToUserFolder.
+[[nodiscard]] std::vector<std::string> WordsLeft(const std::vector<std::string> &words, int argc, char **argv);
+
+// The whole path of what is named from the current folder.
+[[nodiscard]] std::string FromRoot(const std::string &path);
+[[nodiscard]] Argument KindOf(const std::string &path);
+
+// Makes the user's own folder the current one, and puts there what ships with the program. Only where the program does so itself: a
+// launcher has done it elsewhere. Words that name files are made whole paths first.
+void GoToUserFolder(std::vector<std::string> &words);
+
+// Whether the system speaks Italian: the program's own language is not known before its settings are.
+[[nodiscard]] bool SystemSpeaksItalian();
+// The desktop's leave to come to the front, empty where it gives none.
+[[nodiscard]] std::string Activation();
+// Says it to whoever has asked from a command line.
+void Tell(std::string_view text);
+
+} // namespace velluto

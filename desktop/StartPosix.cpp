@@ -1,0 +1,62 @@
+#include "desktop/Start.h"
+
+#include "platform/machine/Console.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+namespace velluto {
+
+std::vector<std::string> WordsAtStart(int argc, char **argv)
+{
+    return WordsOfCommand(argc, argv);
+}
+
+std::vector<std::string> WordsLeft(const std::vector<std::string> & /*words*/, int argc, char **argv)
+{
+    return WordsOfCommand(argc, argv);
+}
+
+// The bytes of a name stay as they are: it need be no text.
+std::string FromRoot(const std::string &path)
+{
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.lexically_normal().string();
+}
+
+Argument KindOf(const std::string &path)
+{
+    std::error_code unknown;
+    const std::filesystem::file_status there = std::filesystem::status(path, unknown);
+    const bool isFolder = std::filesystem::is_directory(there);
+    return !std::filesystem::exists(there) ? Argument::Missing : (isFolder ? Argument::Folder : Argument::File);
+}
+
+void GoToUserFolder(std::vector<std::string> & /*words*/) {}
+
+bool SystemSpeaksItalian()
+{
+    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char *const value = std::getenv(name);
+        if (value != nullptr && *value != '\0') {
+            return std::string_view(value).starts_with("it");
+        }
+    }
+    return false;
+}
+
+std::string Activation()
+{
+    const char *const activation = std::getenv("XDG_ACTIVATION_TOKEN");
+    return activation != nullptr ? activation : "";
+}
+
+void Tell(std::string_view text)
+{
+    std::cout << text;
+}
+
+} // namespace velluto

@@ -1,0 +1,106 @@
+#include "desktop/Start.h"
+
+#include "desktop/QtText.h"
+#include "desktop/ShippedFiles.h"
+#include "platform/machine/Console.h"
+#include "platform/windows/WinPlaces.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+
+namespace velluto {
+
+namespace {
+
+// What lies beside the program when it was unpacked, and was not installed: the user's files are then in a folder there.
+constexpr QLatin1String kUnpackedMark("portable.txt");
+constexpr QLatin1String kUnpackedFiles("files");
+constexpr QLatin1String kInstalledFiles("Velluto");
+
+bool MakesFilesIn(const QString &folder)
+{
+    return QDir().mkpath(folder) && IsWritableFolder(ToUtf8(QDir::toNativeSeparators(folder)));
+}
+
+// Empty where the program stands alone, as it does where it was built: its files are then where it was started.
+QString UserFolder(const QDir &program)
+{
+    if (!program.exists(kShippedFolder)) {
+        return {};
+    }
+    const QString beside = program.filePath(kUnpackedFiles);
+    if (program.exists(kUnpackedMark) && MakesFilesIn(beside)) {
+        return beside;
+    }
+    const QString roaming = FromUtf8(RoamingFolder());
+    return roaming.isEmpty() ? QString() : QDir(roaming).filePath(kInstalledFiles);
+}
+
+} // namespace
+
+std::vector<std::string> WordsAtStart(int argc, char **argv)
+{
+    return WordsOfCommand(argc, argv);
+}
+
+std::vector<std::string> WordsLeft(const std::vector<std::string> &words, int argc, char **argv)
+{
+    const QStringList kept = QCoreApplication::arguments().mid(1);
+    const std::vector<std::string> typed = WordsOfCommand(argc, argv);
+    std::vector<std::string> left;
+    auto next = kept.begin();
+    for (std::size_t i = 0; i < typed.size() && next != kept.end(); ++i) {
+        if (FromUtf8(typed[i]) == *next) {
+            left.push_back(words[i]);
+            ++next;
+        }
+    }
+    return left;
+}
+
+std::string FromRoot(const std::string &path)
+{
+    return ToUtf8(QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(FromUtf8(path)).absoluteFilePath())));
+}
+
+Argument KindOf(const std::string &path)
+{
+    const QFileInfo there(FromUtf8(path));
+    return !there.exists() ? Argument::Missing : (there.isDir() ? Argument::Folder : Argument::File);
+}
+
+void GoToUserFolder(std::vector<std::string> &words)
+{
+    const QDir program(FromUtf8(ProgramFolder()));
+    const QString folder = UserFolder(program);
+    if (folder.isEmpty()) {
+        return;
+    }
+    for (std::string &word : words) {
+        if (!word.empty() && KindOf(word) != Argument::Missing) {
+            word = FromRoot(word);
+        }
+    }
+    QDir().mkpath(folder);
+    PutShippedFiles(program.path(), folder);
+    QDir::setCurrent(folder);
+}
+
+bool SystemSpeaksItalian()
+{
+    return QLocale::system().uiLanguages().value(0).startsWith(QLatin1String("it"));
+}
+
+std::string Activation()
+{
+    return {}; // the sender lets the taker come to the front
+}
+
+void Tell(std::string_view text)
+{
+    TellWhoStarted(text);
+}
+
+} // namespace velluto
