@@ -119,6 +119,17 @@ TEST_F(Steps, BackWithoutAKnownTimeGoesToTheBeginning)
     EXPECT_EQ(state().TickCount, 0);
 }
 
+TEST_F(Steps, BackToTheBeginningTakesTheTimeThatWasLastSeenThere)
+{
+    StartWithFile();
+    Transport(TransportButton::Play);
+    Clock(200);
+    state().TickMap[0] = 3; // a slow song: ticks pass at position 0
+    Transport(TransportButton::Back);
+    EXPECT_EQ(device().From(), 0);
+    EXPECT_EQ(state().TickCount, 3);
+}
+
 TEST_F(Steps, BackFromBeyondTheTableFallsToItsLastKnownPosition)
 {
     session.sequencer.songs[At("d/a.mid")].length = 100000;
