@@ -2,7 +2,9 @@
 // the fuzzer's bytes say. Used by every fuzz target that needs more than one room.
 #pragma once
 
+#include "app/Paths.h"
 #include "program/Velluto.h"
+#include "standin/FaultyFiles.h"
 #include "standin/StandinClock.h"
 #include "standin/StandinFace.h"
 #include "standin/StandinMidi.h"
@@ -46,16 +48,27 @@ inline void CheckSent(const StandinMidi &midi)
     }
 }
 
+constexpr std::uint64_t kNoLength = UINT64_MAX; // of a file that fails when it is asked
+
+// told: the length that the file claims to have, where it is not its own.
 class MemoryFile : public RandomAccessFile {
 public:
-    explicit MemoryFile(Bytes &bytes) : bytes_(bytes) {}
+    MemoryFile(Bytes &bytes, std::uint64_t told) : bytes_(bytes), told_(told) {}
     RuntimeError Length(std::uint64_t &length) override
     {
-        length = bytes_.size();
+        if (told_ == kNoLength) {
+            return {FileError::kDeviceInputOutput};
+        }
+        length = told_ != 0 ? told_ : bytes_.size();
         return {};
     }
     RuntimeError Read(std::uint64_t offset, std::span<std::uint8_t> buffer, std::size_t &got) override
     {
+        if (told_ != 0 && offset == told_ - 1 && !bytes_.empty()) { // of such a file the last byte is there
+            got = 1;
+            buffer.front() = bytes_.back();
+            return {};
+        }
         got = offset < bytes_.size() ? std::min<std::size_t>(buffer.size(), bytes_.size() - offset) : 0;
         std::copy_n(bytes_.data() + (got > 0 ? offset : 0), got, buffer.data());
         return {};
@@ -71,29 +84,59 @@ public:
 
 private:
     Bytes &bytes_;
+    std::uint64_t told_;
 };
+
+// Paths in memory have "/" on every system.
+inline std::string InMemory(std::string path)
+{
+    std::ranges::replace(path, kPathSeparator, '/');
+    return path;
+}
 
 class MemoryFiles : public FileStore {
 public:
     std::map<std::string, Bytes> files;
+    std::map<std::string, std::uint64_t> told; // lengths that files claim to have, far beyond what is there
 
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override
     {
-        file = std::make_unique<MemoryFile>(files[path]);
+        file = std::make_unique<MemoryFile>(files[InMemory(path)], Told(path));
         return {};
     }
     RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override
     {
-        const auto found = files.find(path);
+        const auto found = files.find(InMemory(path));
         if (found == files.end()) {
             return {FileError::kFileNotFound};
         }
-        file = std::make_unique<MemoryFile>(found->second);
+        file = std::make_unique<MemoryFile>(found->second, Told(path));
         return {};
     }
-    RuntimeError Delete(const std::string &path) override { return {files.erase(path) == 1 ? 0 : FileError::kFileNotFound}; }
+    RuntimeError Delete(const std::string &path) override
+    {
+        told.erase(InMemory(path));
+        return {files.erase(InMemory(path)) == 1 ? 0 : FileError::kFileNotFound};
+    }
     std::string CurrentFolder() override { return "/home"; }
+
+private:
+    [[nodiscard]] std::uint64_t Told(const std::string &path) const
+    {
+        const auto found = told.find(InMemory(path));
+        return found == told.end() ? 0 : found->second;
+    }
 };
+
+// A fault that stands for some of the next operations on the path.
+inline FileFault AnyFault(FuzzedDataProvider &bytes, const std::string &path)
+{
+    using Operation = FileFault::Operation;
+    return {bytes.PickValueInArray({Operation::Open, Operation::Read, Operation::Write, Operation::Delete, Operation::Any}), path,
+            bytes.PickValueInArray({FileError::kOther, FileError::kFileNotFound, FileError::kDeviceInputOutput, FileError::kDiskFull,
+                                    FileError::kDiskNotReady, FileError::kPathFileAccess, FileError::kPathNotFound, FileError::kCancelled}),
+            bytes.ConsumeIntegralInRange(1, 3)};
+}
 
 // One folder of the files in memory is each text before a "/".
 class MemoryFolders : public Folders {
@@ -101,7 +144,8 @@ public:
     explicit MemoryFolders(MemoryFiles &files) : files_(files) {}
     RuntimeError Files(const std::string &folder, std::string_view pattern, std::vector<ListedFile> &found) override
     {
-        const std::string above = folder == "/" ? folder : folder + "/";
+        const std::string listed = InMemory(folder);
+        const std::string above = listed == "/" ? listed : listed + "/";
         found.clear();
         for (const auto &[path, bytes] : files_.files) {
             const std::string name = path.substr(std::min(above.size(), path.size()));
@@ -119,7 +163,7 @@ public:
     }
     RuntimeError FileLength(const std::string &path, std::uint64_t &length) override
     {
-        const auto found = files_.files.find(path);
+        const auto found = files_.files.find(InMemory(path));
         if (found == files_.files.end()) {
             return {FileError::kFileNotFound};
         }
@@ -146,12 +190,15 @@ struct FuzzProgram {
     StandinPrinter printer;
     StandinSequencer sequencer;
     MemoryFolders folders{files};
+    FaultyFiles faulty{files}; // without a fault, but where a target puts some
+    FaultyFolders faultyFolders{folders, faulty};
     StandinTicks ticks;
-    Velluto program{Ports{files, midi, clock, printer, sequencer, folders, ticks}, face};
+    Velluto program{Ports{faulty, midi, clock, printer, sequencer, faultyFolders, ticks}, face};
 
-    bool Start()
+    // confirms: in the first run, the choice of the language.
+    bool Start(bool confirms = true)
     {
-        face.onModal = [](Form &form) { Press(*ControlNamed(form, "CommOK")); };
+        face.onModal = [confirms](Form &form) { confirms ? (void)Press(*ControlNamed(form, "CommOK")) : form.Unload(); };
         return StartUp(program);
     }
     [[nodiscard]] bool Runs() const { return face.frame != nullptr; }
@@ -164,6 +211,20 @@ struct FuzzProgram {
     {
         face.choices.push_back({false, path, 1});
         Choose(program.app.frame.mnuPcgApri);
+    }
+    // Closes the frame, and gives up what was changed. A program that cannot be left is a fault.
+    void Leave()
+    {
+        constexpr int kMostBoxes = 50;
+        faulty.faults.clear();
+        for (int tries = 0; Runs() && tries < 20; ++tries) {
+            face.answers.assign(kMostBoxes, Box::kNo);
+            CloseFrame(program);
+            program.app.children.Sweep();
+        }
+        if (Runs()) {
+            std::abort();
+        }
     }
     // One thing that a person can do, whatever is there to be done.
     void Act(FuzzedDataProvider &bytes);

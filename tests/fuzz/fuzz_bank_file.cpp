@@ -52,6 +52,7 @@ void UseStyles(FuzzProgram &run, const Bytes &given)
         ClickEveryRow(*bank);
         Press(bank->CommSTS);
     }
+    Press(window->CommUser[kStyUser2]); // once more, while the bank's window is open
     run.Choose(menu.mnuStyUserAll);
     run.Choose(menu.mnuStyDirectHD789);
     for (const auto &overview : files.overviews) {
@@ -79,6 +80,7 @@ void UsePerformances(FuzzProgram &run, const Bytes &given)
         ClickEveryRow(*bank);
     }
     run.Choose(menu.mnuPrfUserAll);
+    Raise(menu.mnuIngrandisci.Click);
     if (IsThere(files.overviews[0].get())) {
         ClickEveryRow(*files.overviews[0]);
     }

@@ -4,6 +4,7 @@
 #include "fuzz/FuzzProgram.h"
 #include "player/CompilationImage.h"
 #include "player/PlayerWindow.h"
+#include "player/Transport.h"
 
 #include <cstdlib>
 
@@ -35,6 +36,16 @@ std::vector<std::string> Names(const std::string &image)
         Check(names.size() <= image.size());
     }
     return names;
+}
+
+// An image that the program itself has made.
+std::string WholeImage(FuzzedDataProvider &bytes)
+{
+    std::string image;
+    for (int left = bytes.ConsumeIntegralInRange(1, 6); left > 0; --left) {
+        (void)Append(image, bytes.PickValueInArray({"/home", "/d", "/e"}), bytes.PickValueInArray({"a.mid", "b.mid", "B.MID", "c.mid"}));
+    }
+    return image;
 }
 
 void EditImage(FuzzedDataProvider &bytes, std::string image)
@@ -74,7 +85,7 @@ public:
         }
         const std::vector<Control *> &all = player.window->controls();
         Control &control = *all[bytes_.ConsumeIntegralInRange<std::size_t>(0, all.size() - 1)];
-        switch (bytes_.ConsumeIntegralInRange(0, 9)) {
+        switch (bytes_.ConsumeIntegralInRange(0, 15)) {
         case 0:
             run_.program.app.children.Unload(*player.window);
             run_.program.app.children.Sweep();
@@ -82,6 +93,23 @@ public:
         case 1:
         case 2:
             Pass(StandinSequencer::Milliseconds{bytes_.ConsumeIntegralInRange(0, 2000)});
+            return;
+        case 3:
+        case 4:
+        case 5:
+            PlayOut(*player.window);
+            return;
+        case 6:
+            // A mark ends the play without word of the end.
+            Use(player.window->HScrollStop);
+            Use(player.window->MCIPuls[TransportButton::Play]);
+            Pass(StandinSequencer::Milliseconds{1000});
+            Use(player.window->Timer1);
+            Settle();
+            return;
+        case 7:
+            run_.faulty.faults.push_back(
+                AnyFault(bytes_, bytes_.PickValueInArray({"/home/c-mix.cmp", "/home/c-other.cmp", "/home", "/d"})));
             return;
         default:
             Use(control);
@@ -112,6 +140,29 @@ private:
             Press(control);
         }
     }
+    void ClickSome(ListBox &list, bool isDouble)
+    {
+        if (list.ListCount() > 0) {
+            const int row = bytes_.ConsumeIntegralInRange(0, list.ListCount() - 1);
+            isDouble ? ListGesture::DoubleClickRow(list, row) : ListGesture::ClickRow(list, row, Modifier::None);
+            Settle();
+        }
+    }
+    // A file of one of the lists is played to its end, and what follows it too, while this and that is done.
+    void PlayOut(frmMIDIPlayer &form)
+    {
+        ClickSome(form.ListComp, false);
+        ClickSome(bytes_.ConsumeBool() ? form.ListMidiCorr : form.ListMidiSel, true);
+        for (int times = bytes_.ConsumeIntegralInRange(1, 3); times > 0; --times) {
+            Use(*bytes_.PickValueInArray<Control *>({&form.CommRep, &form.CommPlayAll, &form.HScrollStop, &form.ListMidiCorr,
+                                                     &form.ListComp, &form.CommRim, &form.CommSel, &form.CommCanc,
+                                                     &form.MCIPuls[TransportButton::Play]}));
+            Settle();
+            constexpr StandinSequencer::Milliseconds kGap{400}; // between two files
+            Pass(run_.sequencer.UntilEnd().value_or(kGap));
+            Pass(kGap);
+        }
+    }
     void Pass(StandinSequencer::Milliseconds time)
     {
         run_.sequencer.Advance(time);
@@ -134,16 +185,22 @@ void UsePlayer(FuzzedDataProvider &bytes, const std::string &image)
 {
     FuzzProgram run;
     run.files.files["/home/c-mix.cmp"] = Bytes(image.begin(), image.end());
-    run.files.files["/home/c-other.cmp"] = {};
+    const std::string other = WholeImage(bytes);
+    run.files.files["/home/c-other.cmp"] = Bytes(other.begin(), other.end());
+    if (bytes.ConsumeIntegralInRange(0, 15) == 0) {
+        run.files.told["/home/c-mix.cmp"] = std::uint64_t{1} << 40;
+    }
     for (const char *name : {"/home/a.mid", "/home/b.mid", "/home/B.MID", "/d/a.mid", "/d/c.mid"}) {
         run.files.files[name] = {1, 2, 3};
         run.sequencer.songs[name] = {bytes.ConsumeIntegralInRange(0, 40000), 0, {}};
     }
+    run.sequencer.rate = StandinSequencer::Milliseconds{5}; // the longest of them is over in some minutes
     Check(run.Start());
     PlayerHand hand(run, bytes);
     for (int step = 0; step < kMostSteps && run.Runs() && bytes.remaining_bytes() > 0; ++step) {
         hand.Act();
     }
+    run.faulty.faults.clear();
     CloseFrame(run.program);
     run.program.app.children.Sweep();
     Check(!run.Runs() && !run.sequencer.Done && !run.ticks.Running());
@@ -154,7 +211,7 @@ void UsePlayer(FuzzedDataProvider &bytes, const std::string &image)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     FuzzedDataProvider bytes(data, size);
-    const std::string image = bytes.ConsumeRandomLengthString(kLargestImage);
+    const std::string image = bytes.ConsumeBool() ? WholeImage(bytes) : bytes.ConsumeRandomLengthString(kLargestImage);
     if (bytes.ConsumeBool()) {
         EditImage(bytes, image);
     } else {

@@ -1,9 +1,10 @@
 // Commands on items, in any order and on any windows: files whose directory, index and lengths say what they like are
 // opened, rows are selected, copied, cut, pasted and printed, past the menu too. Whatever happens, every document keeps its
 // prefix, and an image that the program would open again.
+#include "fuzz/FuzzImages.h"
 #include "fuzz/FuzzProgram.h"
-#include "unit/support/InstrumentImage.h"
 
+#include "edit/ItemWindow.h"
 #include "files/DocumentForm.h"
 #include "files/Korf.h"
 
@@ -19,43 +20,6 @@ constexpr int kFiles = 4;
 constexpr int kMostCommands = 60;
 constexpr std::array kPaths = {"/home/a.pcg", "/home/b.sty", "/home/c.prf", "/home/d.sty", "/home/e.pcg", "/home/f.prf"};
 
-// A file of a few items, framed as it should be.
-Bytes FramedFile(FuzzedDataProvider &bytes)
-{
-    const auto count = bytes.ConsumeIntegralInRange<std::size_t>(0, bytes.ConsumeBool() ? 12 : 140);
-    std::string between;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::string name = bytes.ConsumeBytesAsString(4);
-        const std::size_t grouped = count > 1 ? i % (count / 2) : 0;
-        const auto slot = bytes.PickValueInArray({i, i / 2, grouped, bytes.ConsumeIntegral<std::size_t>()});
-        between += test::DirectoryEntry(name, static_cast<int>(slot));
-    }
-    std::vector<std::size_t> offsets;
-    for (std::size_t i = 0; i < count; ++i) {
-        offsets.push_back(test::kInstrumentHead + between.size());
-        between.append(bytes.ConsumeIntegralInRange<std::size_t>(0, 40), static_cast<char>(bytes.ConsumeIntegralInRange(0, 20)));
-    }
-    return test::Framed(between, offsets);
-}
-
-// The same with any bytes in any place, or cut short, but with a last byte that makes it pass for an instrument's file.
-Bytes DamagedFile(FuzzedDataProvider &bytes)
-{
-    Bytes file = FramedFile(bytes);
-    if (bytes.ConsumeIntegralInRange(0, 3) == 0) {
-        file.resize(bytes.ConsumeIntegralInRange<std::size_t>(Korf::kHeadLength, file.size()));
-    }
-    for (int pokes = bytes.ConsumeIntegralInRange(0, 8); pokes > 0; --pokes) {
-        const std::size_t at = bytes.ConsumeBool() ? bytes.ConsumeIntegralInRange<std::size_t>(4, 40)
-                                                   : file.size() - bytes.ConsumeIntegralInRange<std::size_t>(1, Korf::kHeadLength);
-        if (at < file.size()) {
-            file[at] = bytes.ConsumeIntegral<std::uint8_t>();
-        }
-    }
-    file.back() = static_cast<std::uint8_t>(CountItems(file) + 1);
-    return file;
-}
-
 void Select(FuzzedDataProvider &bytes, ListBox &list)
 {
     if (bytes.ConsumeBool()) {
@@ -66,6 +30,37 @@ void Select(FuzzedDataProvider &bytes, ListBox &list)
     for (int row = first; row <= last; ++row) {
         list.Select(row % std::max(list.ListCount(), 1), true);
     }
+}
+
+// Selects a run of rows that hold an item, or of such as hold none.
+void SelectRun(FuzzedDataProvider &bytes, FilesState &files, bool occupied)
+{
+    const std::optional<ItemWindow> rows = ActiveItemWindow(files);
+    if (!rows) {
+        return;
+    }
+    rows->list.ClearSelection();
+    int leftOut = bytes.ConsumeIntegralInRange(0, 9);
+    int wanted = bytes.ConsumeIntegralInRange(1, 4);
+    for (int row = 0; row < rows->rules.rows && wanted > 0; ++row) {
+        const bool fits = occupied ? rows->IsOccupied(row) : rows->IsEmpty(row);
+        if (fits && --leftOut < 0) {
+            rows->list.Select(row, true);
+            --wanted;
+        }
+    }
+}
+
+// Takes items of the active window to some window.
+void Carry(FuzzedDataProvider &bytes, FuzzProgram &run)
+{
+    frmMain &menu = run.program.app.frame;
+    ChildWindows &children = run.program.app.children;
+    SelectRun(bytes, run.program.files, true);
+    Raise((bytes.ConsumeBool() ? menu.mnuCopia : menu.mnuTaglia).Click);
+    children.Activate(*children.All()[bytes.ConsumeIntegralInRange<std::size_t>(0, children.All().size() - 1)]);
+    SelectRun(bytes, run.program.files, false);
+    Raise(menu.mnuIncolla.Click);
 }
 
 void OpenSomething(FuzzedDataProvider &bytes, FuzzProgram &run)
@@ -83,14 +78,15 @@ void Command(FuzzedDataProvider &bytes, FuzzProgram &run)
 {
     ChildWindows &children = run.program.app.children;
     auto *window = dynamic_cast<DocumentForm *>(children.Active());
+    frmMain &menu = run.program.app.frame;
+    const std::array<MenuEntry *, 5> entries{&menu.mnuCopia, &menu.mnuTaglia, &menu.mnuIncolla, &menu.mnuStampa, &menu.mnuIngrandisci};
+    MenuEntry &entry = *entries.at(bytes.ConsumeIntegralInRange<std::size_t>(0, entries.size() - 1));
     if (window == nullptr) {
+        Raise(entry.Click);
         OpenSomething(bytes, run);
         return;
     }
-    frmMain &menu = run.program.app.frame;
-    const std::array<MenuEntry *, 4> entries{&menu.mnuCopia, &menu.mnuTaglia, &menu.mnuIncolla, &menu.mnuStampa};
-    MenuEntry &entry = *entries.at(bytes.ConsumeIntegralInRange<std::size_t>(0, entries.size() - 1));
-    switch (bytes.ConsumeIntegralInRange(0, 15)) {
+    switch (bytes.ConsumeIntegralInRange(0, 23)) {
     case 0:
         OpenSomething(bytes, run);
         break;
@@ -123,6 +119,19 @@ void Command(FuzzedDataProvider &bytes, FuzzProgram &run)
     case 12:
         Raise(entry.Click);
         break;
+    case 13:
+        run.printer.successes = bytes.ConsumeIntegral<std::uint8_t>();
+        run.printer.failure = bytes.PickValueInArray({PrinterError::kPrinter, PrinterError::kCancelled});
+        run.Choose(menu.mnuStampa);
+        break;
+    case 14:
+    case 15:
+    case 16:
+    case 17:
+    case 18:
+    case 19:
+        Carry(bytes, run);
+        break;
     default:
         run.Choose(entry);
     }
@@ -148,7 +157,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     FuzzedDataProvider bytes(data, size);
     FuzzProgram run;
     for (int i = 0; i < kFiles; ++i) {
-        run.files.files[bytes.PickValueInArray(kPaths)] = DamagedFile(bytes);
+        const std::string path = bytes.PickValueInArray(kPaths);
+        const int layout = path.ends_with("sty") ? bytes.ConsumeIntegralInRange(0, 2) : 0;
+        run.files.files[path] = bytes.ConsumeBool() ? WholeFile(bytes, layout) : DamagedFile(bytes);
     }
     if (!run.Start()) {
         return 0;

@@ -1,20 +1,21 @@
 // Any bytes as a MIDI file, or as the tracks of one whose frame is much as it should be, since a random change seldom leaves a
 // frame true. The file is read and, where it is not refused, walked and played from its beginning and from its middle.
 // Nothing is sent that is no MIDI message, times only rise, positions stay within the song, and a stop leaves no note.
+#include "fuzz/FuzzProgram.h"
+
 #include "platform/sequencer/MidiFile.h"
 #include "platform/sequencer/SongPlayer.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <span>
-#include <vector>
+#include <string>
 
 using namespace velluto;
+using namespace velluto::fuzz;
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
 
 void Demand(bool condition)
 {
@@ -66,7 +67,7 @@ Bytes Word(std::size_t value)
     return {static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};
 }
 
-// What may stand before a file: nothing, foreign bytes, the head of a RIFF file.
+// What may stand before a file: nothing, foreign bytes, the head of a RIFF file, some chunks of one.
 Bytes Wrapper(FuzzedDataProvider &bytes)
 {
     switch (bytes.ConsumeIntegralInRange(0, 7)) {
@@ -74,9 +75,24 @@ Bytes Wrapper(FuzzedDataProvider &bytes)
         return Bytes(bytes.ConsumeIntegralInRange<std::size_t>(1, 8192), 'M');
     case 1:
         return {'R', 'I', 'F', 'F', 0, 0, 0, 0, 'R', 'M', 'I', 'D', 'd', 'a', 't', 'a', bytes.ConsumeIntegral<std::uint8_t>(), 0, 0, 0};
+    case 2: {
+        Bytes riff{'R', 'I', 'F', 'F', 0, 0, 0, 0, 'R', 'M', 'I', 'D', 'L', 'I', 'S', 'T', 1, 0, 0, 0, 'x', 0};
+        Append(riff, {'d', 'a', 't', 'a', bytes.ConsumeIntegral<std::uint8_t>(), 0, 0, 0});
+        return riff;
+    }
     default:
         return {};
     }
+}
+
+// One track more than a file may have.
+Bytes TooManyTracks()
+{
+    Bytes file{'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, 1, 0, 2, 0, 96};
+    for (std::size_t i = 0; i <= kMostTracks; ++i) {
+        Append(file, {'M', 'T', 'r', 'k', 0, 0, 0, 4, 0, 0xFF, 0x2F, 0});
+    }
+    return file;
 }
 
 // Some tracks in a frame that is true most of the time, most of them with an end.
@@ -88,7 +104,11 @@ Bytes FramedFile(FuzzedDataProvider &bytes)
     Append(file, {'M', 'T', 'h', 'd', 0, 0, 0, 6});
     Append(file, Word(bytes.PickValueInArray<std::size_t>({1, 0, 2, 3})));
     Append(file, Word(isTrue() ? tracks : bytes.ConsumeIntegralInRange<std::size_t>(0, 5)));
-    Append(file, Word(bytes.PickValueInArray<std::size_t>({96, 1, 480, 0x7FFF, 0xE728, 0xE250, 0xFF01, 0})));
+    const auto division = bytes.PickValueInArray<std::size_t>({96, 1, 480, 0x7FFF, 0xE728, 0xE250, 0xFF01, 0, 0xE200});
+    if (division == 0xE200 && isTrue()) {
+        return TooManyTracks();
+    }
+    Append(file, Word(division));
     for (std::size_t i = tracks; i > 0; --i) {
         const bool ends = isTrue();
         const std::size_t untrue = isTrue() ? 0 : bytes.ConsumeIntegral<std::uint8_t>();
@@ -112,11 +132,34 @@ Bytes AnyFile(const std::uint8_t *data, std::size_t size)
     return bytes.ConsumeBool() ? FramedFile(bytes) : bytes.ConsumeRemainingBytes<std::uint8_t>();
 }
 
+// Why a file is refused that cannot be read, in the way that its first byte picks.
+void ReadFaulty(const Bytes &file)
+{
+    constexpr const char *kPath = "/home/a.mid";
+    MemoryFiles files;
+    FaultyFiles faulty(files);
+    files.files[kPath] = file;
+    const std::uint8_t way = file.empty() ? 0 : file.front() % 5;
+    if (way == 0) {
+        files.told[kPath] = kLargestMidiFile + 1;
+    } else {
+        constexpr std::array kErrors = {FileError::kFileNotFound, FileError::kPathNotFound, FileError::kDeviceInputOutput,
+                                        FileError::kOther};
+        faulty.faults.push_back({way % 2 == 0 ? FileFault::Operation::Read : FileFault::Operation::Open, kPath, kErrors.at(way - 1U)});
+    }
+    const Refusal refusal = ReadMidiFile(faulty, kPath).refusal;
+    Demand(refusal && (SequencerErrorFor(refusal) == SequencerError::kFileNotFound) == (way == 1 || way == 2));
+    const Refusal again = ReadMidiFile(faulty, kPath).refusal;
+    Demand(way == 0 || again.why == ReadMidiFile(SharedBytes(std::span<const std::uint8_t>(file))).refusal.why);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    const MidiFile file = ReadMidiFile(SharedBytes(std::span<const std::uint8_t>(AnyFile(data, size))));
+    const Bytes given = AnyFile(data, size);
+    ReadFaulty(given);
+    const MidiFile file = ReadMidiFile(SharedBytes(std::span<const std::uint8_t>(given)));
     Demand(!file.refusal || file.song.tracks.empty());
     if (file.refusal) {
         return 0;
@@ -129,8 +172,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }
     Listener listener;
     SongPlayer player(listener);
-    player.Open(std::make_shared<const Song>(song));
     Moment now = 1;
+    player.Play(now, std::nullopt); // nothing is open yet
+    Demand(player.Position(now) == 0 && !player.Run(now, 1).next);
+    player.Open(std::make_shared<const Song>(song));
+    player.Play(now, std::nullopt);
+    (void)player.Run(now, 1);
+    player.Pause(now);
+    Demand(Silencing(listener.heard).empty());
     player.Play(now, std::nullopt);
     PlayOut(player, listener, now);
     player.Play(now, song.length / 2);

@@ -38,6 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         if (auto *const bank = OpenWindow(run, kUser1)) {
             ClickEveryRow(*bank);
         }
+        Press(window->CommUser[kUser1]); // once more, while the bank's window is open
         run.program.app.children.Activate(*window);
         run.face.choices.push_back({false, "/home/b.pcg", 1});
         run.Choose(run.program.app.frame.mnuSalvaAs);
