@@ -9,7 +9,7 @@
 
 namespace velluto::test {
 
-// Obeys one command (see Winmm.cpp) and gives the log so far.
+// Obeys one command (see Machine.h) and gives the log so far.
 inline std::string Paper(const std::string &command)
 {
     using Obey = const char *(*)(const char *);

@@ -12,5 +12,5 @@
 // which the next one needs
 #include <mmsystem.h>
 
-// Obeys one command (see Winmm.cpp) and answers with the log so far; good until the next one.
+// Obeys one command (see Machine.h) and answers with the log so far; good until the next one.
 extern "C" __declspec(dllexport) const char *StandinWinmm(const char *command);
