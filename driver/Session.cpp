@@ -12,10 +12,11 @@ namespace velluto::driver {
 
 namespace {
 
-// "C:\..." or "C:/...", as settings from another system hold them.
+// "C:\..." or "C:/...", as settings from another system hold them; where there are drives, "C:" too.
 bool IsDrivePath(std::string_view path)
 {
-    return path.size() > 2 && std::isalpha(static_cast<unsigned char>(path[0])) != 0 && path[1] == ':' && IsPathSeparator(path[2]);
+    const bool hasDrive = path.size() > 1 && std::isalpha(static_cast<unsigned char>(path[0])) != 0 && path[1] == ':';
+    return hasDrive && (path.size() > 2 ? IsPathSeparator(path[2]) : kPathSeparator == '\\');
 }
 
 void AddRunning(std::vector<Timer *> &timers, const Form &form)

@@ -2,6 +2,7 @@
 #include "platform/windows/WinPaths.h"
 #include "tool/ReplaceKeeping.h"
 
+#include <cstdint>
 #include <optional>
 
 namespace velluto::tool {
@@ -9,6 +10,7 @@ namespace velluto::tool {
 namespace {
 
 constexpr int kMostKept = 10000;
+constexpr std::uint64_t kLongestKept = std::uint64_t{1} << 26; // bytes; a table has some ten thousand
 
 std::error_code LastError()
 {
@@ -73,13 +75,16 @@ std::wstring TargetOf(const std::wstring &path)
 
 std::error_code Replace(const std::wstring &target, const std::string &bytes, std::wstring &kept)
 {
-    const DWORD about = ::GetFileAttributesW(target.c_str());
-    const bool isThere = about != INVALID_FILE_ATTRIBUTES;
-    if (isThere && (about & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    WIN32_FILE_ATTRIBUTE_DATA about{};
+    const bool isThere = ::GetFileAttributesExW(target.c_str(), GetFileExInfoStandard, &about) != 0;
+    if (isThere && (about.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         return std::make_error_code(std::errc::not_supported);
     }
-    if (isThere && (about & FILE_ATTRIBUTE_READONLY) != 0) { // who has write-protected it wants it to stay
+    if (isThere && (about.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0) { // who has write-protected it wants it to stay
         return std::make_error_code(std::errc::permission_denied);
+    }
+    if (isThere && (std::uint64_t{about.nFileSizeHigh} << 32U | about.nFileSizeLow) > kLongestKept) {
+        return std::make_error_code(std::errc::file_too_large);
     }
     if (isThere) {
         if (const std::error_code error = KeepOld(target, kept)) {

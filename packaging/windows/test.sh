@@ -75,6 +75,20 @@ scenarios() {
     say "scenarios: $good passed, $bad failed"
 }
 
+# The built tool on the files that ship: what it says, and the code that it ends with.
+tool() {
+    local log=build/windows/tool.log
+    if run "$log" build/windows/velluto-tool.exe check data/samples && grep -q '; nothing wrong$' "$log" &&
+        ! run "$log" build/windows/velluto-tool.exe check data/none.pcg; then
+        passed=$((passed + 1))
+        say "tool: passed"
+    else
+        failed=$((failed + 1))
+        tail -n 20 "$log"
+        say "tool: FAILED"
+    fi
+}
+
 # What the fuzzers have kept, and the samples.
 corpus() {
     local name=$1 log=build/windows/$1.log folder=build/windows/corpus/$1
@@ -103,6 +117,9 @@ for program in "$programs"/unit_*.exe "$programs"/winmm/unit_*.exe; do
 done
 if asked_for scenarios; then
     scenarios
+fi
+if asked_for tool; then
+    tool
 fi
 for program in "$programs"/fuzz/fuzz_*.exe; do
     name=$(basename "$program" .exe)

@@ -22,6 +22,9 @@ void Retirement::Retire(std::function<void()> work)
         ++state_->running;
     }
     const auto task = [state = state_, shared = std::make_shared<std::function<void()>>(std::move(work))]() {
+        {
+            const std::lock_guard isDetached(state->mutex);
+        }
         (*shared)();
         *shared = nullptr; // what the work held goes before it counts as done
         const std::lock_guard lock(state->mutex);
@@ -29,6 +32,9 @@ void Retirement::Retire(std::function<void()> work)
         state->done.notify_all();
     };
     try {
+        // The work waits until its thread is detached: one that ends meanwhile confuses the thread library of GCC for Windows, which then
+        // begins others with nothing to do.
+        const std::lock_guard lock(state_->mutex);
         std::thread(task).detach();
     } catch (const std::system_error &) {
         task();

@@ -1,16 +1,18 @@
 #include "app/Paths.h"
 
 #include "app/FixedText.h"
+#include "unit/support/NativePath.h"
 
 #include <gtest/gtest.h>
 
 using namespace velluto;
+using velluto::test::Native;
 
 TEST(Paths, TheFileNameFollowsTheLastSeparatorWithoutBlanksAtItsEnd)
 {
-    EXPECT_EQ(FileNameOf("/music/bank one.pcg"), "bank one.pcg");
+    EXPECT_EQ(FileNameOf(Native("/music/bank one.pcg")), "bank one.pcg");
     EXPECT_EQ(FileNameOf("C:\\music\\a.pcg   "), "a.pcg");
-    EXPECT_EQ(FileNameOf("/music/"), "");
+    EXPECT_EQ(FileNameOf(Native("/music/")), "");
     EXPECT_EQ(FileNameOf(""), "");
 }
 
@@ -22,18 +24,18 @@ TEST(Paths, AFileNameWithoutASeparatorComesBackWhole)
 
 TEST(Paths, TheFolderStandsBeforeTheLastSeparator)
 {
-    EXPECT_EQ(FolderOf("/music/sets/a.pcg"), "/music/sets");
+    EXPECT_EQ(FolderOf(Native("/music/sets/a.pcg")), Native("/music/sets"));
     EXPECT_EQ(FolderOf("C:\\music\\a.pcg"), "C:\\music");
-    EXPECT_EQ(FolderOf("/a.pcg"), "");
+    EXPECT_EQ(FolderOf(Native("/a.pcg")), "");
     EXPECT_EQ(FolderOf("a.pcg"), "");
 }
 
 TEST(Paths, TheExtensionIsInLowerCase)
 {
-    EXPECT_EQ(ExtensionOf("/music/A.PCG"), "pcg");
-    EXPECT_EQ(ExtensionOf("/music/a.b.Sty"), "sty");
-    EXPECT_EQ(ExtensionOf("/music/NAME"), "/music/name");
-    EXPECT_EQ(ExtensionOf("/music.d/name"), "d/name");
+    EXPECT_EQ(ExtensionOf(Native("/music/A.PCG")), "pcg");
+    EXPECT_EQ(ExtensionOf(Native("/music/a.b.Sty")), "sty");
+    EXPECT_EQ(ExtensionOf(Native("/music/NAME")), Native("/music/name"));
+    EXPECT_EQ(ExtensionOf(Native("/music.d/name")), Native("d/name"));
     EXPECT_EQ(ExtensionOf("name."), "");
 }
 

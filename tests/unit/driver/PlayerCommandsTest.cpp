@@ -1,5 +1,6 @@
 // What the commands say and do about the player: its device, its folder lists, its variables, its waiting handlers.
 #include "unit/driver/DriverTest.h"
+#include "unit/support/NativePath.h"
 
 namespace velluto::driver {
 namespace {
@@ -37,9 +38,10 @@ TEST_F(PlayerCommands, AFolderIsSetByItsPathAndShownAsText)
 TEST_F(PlayerCommands, ADriveIsSetByItsPathAndShownAsText)
 {
     StartPlayer();
-    Ok("set frmMIDIPlayer DriveMidiSel /");
-    EXPECT_EQ(Shown("DriveMidiSel").at("text"), "/");
-    EXPECT_EQ(Shown("DirMidiSel").at("text"), "/");
+    const std::string drive = test::Root();
+    Ok("set frmMIDIPlayer DriveMidiSel " + drive);
+    EXPECT_EQ(Shown("DriveMidiSel").at("text"), drive);
+    EXPECT_EQ(Shown("DirMidiSel").at("text"), drive);
     Ok("set frmMIDIPlayer DriveMidiSel d"); // taken for one that has just been mounted
     EXPECT_EQ(Shown("DriveMidiSel").at("text"), folder.At("d"));
     EXPECT_EQ(Error("set frmMIDIPlayer DriveMidiSel nowhere"), "no drive nowhere");

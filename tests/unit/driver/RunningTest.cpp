@@ -1,4 +1,5 @@
 #include "unit/driver/DriverTest.h"
+#include "unit/support/NativePath.h"
 
 namespace velluto::driver {
 namespace {
@@ -91,14 +92,14 @@ TEST_F(DriverTest, AFreshStartFindsTheDevicesReleased)
 TEST_F(DriverTest, ChooseQueuesFullPathsAndFilters)
 {
     Ok("choose open \"a b.pcg\" 4");
-    Ok("choose save /x/y.pcg");
+    Ok("choose save " + test::OnFirstDisk("/x/y.pcg"));
     Ok("choose open \"\" 1");
     Ok("choose cancel");
     ASSERT_EQ(session.face.choices.size(), 4U);
     EXPECT_EQ(session.face.choices[0].path, folder.At("a b.pcg"));
     EXPECT_EQ(session.face.choices[0].filterIndex, 4);
     EXPECT_FALSE(session.face.choices[0].cancelled);
-    EXPECT_EQ(session.face.choices[1].path, "/x/y.pcg");
+    EXPECT_EQ(session.face.choices[1].path, test::OnFirstDisk("/x/y.pcg"));
     EXPECT_FALSE(session.face.choices[2].cancelled);
     EXPECT_EQ(session.face.choices[2].path, "");
     EXPECT_TRUE(session.face.choices[3].cancelled);

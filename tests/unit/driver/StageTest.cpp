@@ -1,4 +1,5 @@
 #include "unit/driver/DriverTest.h"
+#include "unit/support/NativePath.h"
 
 namespace velluto::driver {
 namespace {
@@ -115,7 +116,7 @@ TEST_F(DriverTest, FaultFailsTheNextSuchOperationsOnThePath)
     ASSERT_EQ(session.files.faults.size(), 2U);
     EXPECT_EQ(session.files.faults[0].path, folder.At("a.pcg"));
     EXPECT_EQ(session.files.faults[0].times, 1);
-    EXPECT_EQ(session.files.faults[1].path, "/b.pcg");
+    EXPECT_EQ(session.files.faults[1].path, test::OnFirstDisk("/b.pcg"));
     EXPECT_EQ(session.files.faults[1].times, 3);
     std::unique_ptr<RandomAccessFile> file;
     EXPECT_EQ(session.files.Open(folder.At("a.pcg"), file).number, 75);

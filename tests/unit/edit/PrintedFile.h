@@ -5,6 +5,7 @@
 #include "unit/files/InstrumentFiles.h"
 #include "unit/support/ListWindows.h"
 #include "unit/support/MidiLink.h"
+#include "unit/support/NativePath.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +29,7 @@ struct PrintLink : MidiLink {
 
     // A window of kind and slot with a file's path, not printed yet.
     struct Window : ListWindow {
-        Window(int kind, int slot, const std::string &path = "/pa80/Bank.pcg", const Bytes &image = {}) : ListWindow(kind, slot)
+        Window(int kind, int slot, const std::string &path = Native("/pa80/Bank.pcg"), const Bytes &image = {}) : ListWindow(kind, slot)
         {
             Tag.SetPath(path);
             Tag.image = ImageOf(image);

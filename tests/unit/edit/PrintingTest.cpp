@@ -84,8 +84,10 @@ TEST_F(PrintingTest, ASecondListingBeginsAtTheTopAgain)
 
 TEST_F(PrintingTest, TheNameIsCentredBetweenTheHeadAndPosition64)
 {
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/Bank.pcg"), Line("Velluto - Velluto v 1.1               Bank.pcg                 14/05/2005"));
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/a.pcg"), Line("Velluto - Velluto v 1.1                 a.pcg                  14/05/2005"));
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/Bank.pcg")),
+              Line("Velluto - Velluto v 1.1               Bank.pcg                 14/05/2005"));
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/a.pcg")),
+              Line("Velluto - Velluto v 1.1                 a.pcg                  14/05/2005"));
     EXPECT_EQ(link.Heading(14, 1, "C:\\PA80\\Bank.pcg"), Line("Velluto - Velluto v 1.1               Bank.pcg                 14/05/2005"));
 }
 
@@ -96,7 +98,7 @@ TEST_F(PrintingTest, TheNameOfANewFileIsCentredWithoutItsBlanks)
 
 TEST_F(PrintingTest, TheNameIsReadFromPosition21To260)
 {
-    const std::string longest = "/" + std::string(224, 'd') + "/Bank.pcg"; // 234 characters: to position 254
+    const std::string longest = Native("/" + std::string(224, 'd') + "/Bank.pcg"); // 234 characters: to position 254
     EXPECT_EQ(link.Heading(14, 1, longest), Line("Velluto - Velluto v 1.1               Bank.pcg                 14/05/2005"));
     Window window(14, 1, longest);
     window.Tag.Put(255, "123456789");
@@ -106,29 +108,30 @@ TEST_F(PrintingTest, TheNameIsReadFromPosition21To260)
 TEST_F(PrintingTest, TheDateIsInTheSystemsShortForm)
 {
     link.clock.shortDate = "5/14/05";
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/Bank.pcg"), Line("Velluto - Velluto v 1.1               Bank.pcg                 5/14/05"));
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/Bank.pcg")),
+              Line("Velluto - Velluto v 1.1               Bank.pcg                 5/14/05"));
 }
 
 TEST_F(PrintingTest, EachCharacterOfTheNameTakesOnePosition)
 {
     const std::string blanksBehind(11, ' ');
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/Però.pcg"),
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/Però.pcg")),
               "Velluto - Velluto v 1.1               Però.pcg                 14/05/2005" + blanksBehind);
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/日本.pcg"),
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/日本.pcg")),
               "Velluto - Velluto v 1.1                日本.pcg                  14/05/2005" + blanksBehind);
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/𝄞𝄞.pcg"),
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/𝄞𝄞.pcg")),
               "Velluto - Velluto v 1.1                𝄞𝄞.pcg                  14/05/2005" + blanksBehind);
 }
 
 TEST_F(PrintingTest, ANameThatIsNoUtf8IsReadByteByByte)
 {
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/Per\xF2.pcg"),
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/Per\xF2.pcg")),
               "Velluto - Velluto v 1.1               Però.pcg                 14/05/2005" + std::string(11, ' '));
 }
 
 TEST_F(PrintingTest, ALongNameRunsIntoTheHeadAndUnderTheDate)
 {
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/" + std::string(60, 'N')),
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/") + std::string(60, 'N')),
               Line("Velluto - VeNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNNN14/05/2005"));
 }
 
@@ -138,31 +141,37 @@ TEST_F(PrintingTest, AVeryLongNameIsCutAtBothEnds)
     for (int i = 0; i < 10; ++i) {
         name += "0123456789";
     }
-    EXPECT_EQ(link.Heading(14, 1, "/pa80/" + name), "89012345678901234567890123456789012345678901234567890123456789014/05/200512345678901");
+    EXPECT_EQ(link.Heading(14, 1, Native("/pa80/") + name),
+              "89012345678901234567890123456789012345678901234567890123456789014/05/200512345678901");
 }
 
 TEST_F(PrintingTest, StyleFilesOfUserBanksAreCalledByTheirNumber)
 {
-    EXPECT_EQ(link.Heading(20, 8, "/s/Pop.sty"), Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"));
-    EXPECT_EQ(link.Heading(20, 9, "/s/Pop.sty"), Line("Velluto - Velluto v 1.1            User 1: Pop.sty             14/05/2005"));
-    EXPECT_EQ(link.Heading(20, 11, "/s/Pop.sty"), Line("Velluto - Velluto v 1.1            User 3: Pop.sty             14/05/2005"));
-    EXPECT_EQ(link.Heading(20, 12, "/s/Pop.sty"), Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"));
-    EXPECT_EQ(link.Heading(21, 9, "/s/Pop.sty"), Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"));
+    EXPECT_EQ(link.Heading(20, 8, Native("/s/Pop.sty")), Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"));
+    EXPECT_EQ(link.Heading(20, 9, Native("/s/Pop.sty")), Line("Velluto - Velluto v 1.1            User 1: Pop.sty             14/05/2005"));
+    EXPECT_EQ(link.Heading(20, 11, Native("/s/Pop.sty")),
+              Line("Velluto - Velluto v 1.1            User 3: Pop.sty             14/05/2005"));
+    EXPECT_EQ(link.Heading(20, 12, Native("/s/Pop.sty")),
+              Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"));
+    EXPECT_EQ(link.Heading(21, 9, Native("/s/Pop.sty")), Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"));
 }
 
 TEST_F(PrintingTest, PerformanceFilesOfUserBanksAreCalledByTheirNumber)
 {
-    EXPECT_EQ(link.Heading(22, 8, "/s/Pop.prf"), Line("Velluto - Velluto v 1.1                Pop.prf                 14/05/2005"));
-    EXPECT_EQ(link.Heading(22, 9, "/s/Pop.prf"), Line("Velluto - Velluto v 1.1            User 1: Pop.prf             14/05/2005"));
-    EXPECT_EQ(link.Heading(22, 28, "/s/Pop.prf"), Line("Velluto - Velluto v 1.1           User 20: Pop.prf             14/05/2005"));
-    EXPECT_EQ(link.Heading(22, 29, "/s/Pop.prf"), Line("Velluto - Velluto v 1.1                Pop.prf                 14/05/2005"));
-    EXPECT_EQ(link.Heading(23, 9, "/s/Pop.prf"), Line("Velluto - Velluto v 1.1                Pop.prf                 14/05/2005"));
+    EXPECT_EQ(link.Heading(22, 8, Native("/s/Pop.prf")), Line("Velluto - Velluto v 1.1                Pop.prf                 14/05/2005"));
+    EXPECT_EQ(link.Heading(22, 9, Native("/s/Pop.prf")), Line("Velluto - Velluto v 1.1            User 1: Pop.prf             14/05/2005"));
+    EXPECT_EQ(link.Heading(22, 28, Native("/s/Pop.prf")),
+              Line("Velluto - Velluto v 1.1           User 20: Pop.prf             14/05/2005"));
+    EXPECT_EQ(link.Heading(22, 29, Native("/s/Pop.prf")),
+              Line("Velluto - Velluto v 1.1                Pop.prf                 14/05/2005"));
+    EXPECT_EQ(link.Heading(23, 9, Native("/s/Pop.prf")), Line("Velluto - Velluto v 1.1                Pop.prf                 14/05/2005"));
 }
 
 TEST_F(PrintingTest, ProgramFilesOfUserBanksAreNot)
 {
-    EXPECT_EQ(link.Heading(14, 9, "/s/Pop.pcg"), Line("Velluto - Velluto v 1.1                Pop.pcg                 14/05/2005"));
-    EXPECT_EQ(link.Heading(14, 10, "/s/Pop.pcg"), Line("Velluto - Velluto v 1.1                Pop.pcg                 14/05/2005"));
+    EXPECT_EQ(link.Heading(14, 9, Native("/s/Pop.pcg")), Line("Velluto - Velluto v 1.1                Pop.pcg                 14/05/2005"));
+    EXPECT_EQ(link.Heading(14, 10, Native("/s/Pop.pcg")),
+              Line("Velluto - Velluto v 1.1                Pop.pcg                 14/05/2005"));
 }
 
 TEST_F(PrintingTest, AWindowThatIsNoFileGivesTheHeadingAlone)

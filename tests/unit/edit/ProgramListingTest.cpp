@@ -188,7 +188,7 @@ TEST_F(PrintingTest, ProgramAndPerformanceListingsLeaveTheClipboardAlone)
     link.files.clipboard = {1, ImageOf(file), 3, 2, 20, 4, 1};
     link.files.ItemIndex.fill(77);
     for (const int kind : {14, 18, 22, 23, 15}) {
-        Window window(kind, 1, "/pa80/Bank", InstrumentFile({{"Other", 0, {9}}}));
+        Window window(kind, 1, Native("/pa80/Bank"), InstrumentFile({{"Other", 0, {9}}}));
         window.Tag.Set(TagPosition::Places, 64);
         link.Page(window);
     }

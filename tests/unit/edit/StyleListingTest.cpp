@@ -50,7 +50,7 @@ protected:
     // The listing of an image, with rows that show the numbers alone.
     Lines ListingOf(const Bytes &image)
     {
-        Window window(20, 1, "/pa80/Pop.sty", image);
+        Window window(20, 1, Native("/pa80/Pop.sty"), image);
         window.Rows(EmptyRows());
         return link.Listing(window);
     }
@@ -64,7 +64,7 @@ TEST_F(StyleListingTest, StylesWithoutStsAreListedAsTheWindowShowsThem)
     Lines rows = EmptyRows();
     rows[0] = " 01 Pop Ballad        1200  ";
     rows[5] = " 06 Big Band            77  ";
-    Window window(20, 1, "/pa80/Pop.sty", image);
+    Window window(20, 1, Native("/pa80/Pop.sty"), image);
     window.Rows(rows);
     Lines texts{Line("Velluto - Velluto v 1.1                Pop.sty                 14/05/2005"), "", ""};
     std::ranges::copy(Listed(kTitles, {{1, "Pop Ballad        1200"}, {6, "Big Band            77"}}), std::back_inserter(texts));
@@ -129,7 +129,7 @@ TEST_F(StyleListingTest, EntriesBeyondTheSixteenPlacesAreNotShown)
 TEST_F(StyleListingTest, OnlyTheFirstFourCharactersOfARowCome)
 {
     // The window shows the STS: the listing takes the number from the row and all else from the file.
-    Window window(20, 1, "/pa80/Pop.sty", InstrumentFile({{"Pop", 0, Body(7)}, {"Pop STS", 0, Body(8)}}));
+    Window window(20, 1, Native("/pa80/Pop.sty"), InstrumentFile({{"Pop", 0, Body(7)}, {"Pop STS", 0, Body(8)}}));
     Lines rows = EmptyRows();
     rows[0] = " 01 Pop STS              8  ";
     rows[1] = "abcdefgh";
@@ -240,7 +240,7 @@ TEST_F(StyleListingTest, AnUntouchedClipboardSurvivesAPrinterThatFailsInTheHeadi
     for (int good = 0; good <= kHeading; ++good) {
         link.files.clipboard.ClipValid = 1;
         link.printer.successes = good;
-        Window window(20, 1, "/pa80/Pop.sty", InstrumentFile({{"Pop", 0, Body(7)}}));
+        Window window(20, 1, Native("/pa80/Pop.sty"), InstrumentFile({{"Pop", 0, Body(7)}}));
         link.app.children.Show(window);
         mnuStampa_Click(link.files);
         EXPECT_EQ(link.files.clipboard.ClipValid, good < kHeading ? 1 : 0) << good;

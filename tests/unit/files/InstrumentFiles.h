@@ -117,7 +117,7 @@ protected:
         run.files.faults.push_back({operation, path, number, times});
     }
     // How often an operation was tried: "read /folder/name".
-    long Calls(const std::string &call) { return std::count(run.files.calls.begin(), run.files.calls.end(), call); }
+    std::ptrdiff_t Calls(const std::string &call) { return std::count(run.files.calls.begin(), run.files.calls.end(), call); }
     // Titles and texts of the boxes shown so far, which are then forgotten.
     std::vector<std::string> Boxes()
     {

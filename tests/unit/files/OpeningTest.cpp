@@ -252,7 +252,7 @@ TEST_F(OpeningTest, APathThatFitsNoRecordIsRefused)
 {
     const std::string folder = run.At(std::string(200, 'f'));
     std::filesystem::create_directory(folder);
-    const std::string path = folder + "/" + std::string(40, 'n') + ".pcg";
+    const std::string path = folder + kPathSeparator + std::string(40, 'n') + ".pcg";
     WriteBytes(path, FileOfLength(200));
     run.files.calls.clear();
     Open(path);
@@ -272,6 +272,9 @@ TEST_F(OpeningTest, APathOf234BytesFits)
 
 TEST_F(OpeningTest, NamesMayHoldAnyUnicodeAndBackslashes)
 {
+    if (kPathSeparator == '\\') {
+        std::filesystem::create_directory(PathOfUtf8(run.At("Città e"))); // where a backslash is in no name
+    }
     const std::string path = PutFile("Città e\\caffè ♪.pcg");
     Open(path);
     EXPECT_EQ(Window(1).Tag.Path(), path);

@@ -44,6 +44,7 @@ TEST_F(ReadInstrumentFileTest, AMissingFileIsMissingAndLeavesNoFile)
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+#ifndef _WIN32 // where a link takes a right that few have
 TEST_F(ReadInstrumentFileTest, ALinkToAMissingFileStaysAndLeavesNoFile)
 {
     std::filesystem::create_symlink("none.pcg", run.At("link.pcg"));
@@ -51,6 +52,7 @@ TEST_F(ReadInstrumentFileTest, ALinkToAMissingFileStaysAndLeavesNoFile)
     EXPECT_TRUE(std::filesystem::is_symlink(run.At("link.pcg")));
     EXPECT_FALSE(Exists(run.At("none.pcg")));
 }
+#endif
 
 TEST_F(ReadInstrumentFileTest, FilesOfExactBlockLengthsAreReadWhole)
 {

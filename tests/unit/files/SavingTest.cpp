@@ -31,6 +31,7 @@ TEST_F(SavingTest, ImagesAroundTheBlockLengthAreWrittenWhole)
     }
 }
 
+#ifndef _WIN32 // where a link takes a right that few have
 TEST_F(SavingTest, ASaveThroughALinkReachesItsTarget)
 {
     Put("real.pcg", FileOfLength(200));
@@ -41,6 +42,7 @@ TEST_F(SavingTest, ASaveThroughALinkReachesItsTarget)
     EXPECT_TRUE(std::filesystem::is_symlink(run.At("link.pcg")));
     EXPECT_EQ(ReadBytes(run.At("real.pcg")), FileOfLength(300));
 }
+#endif
 
 TEST_F(SavingTest, TheOldFileIsDeletedFirst)
 {

@@ -1,5 +1,6 @@
 // Captions of all list windows, and the natural size.
 #include "unit/files/InstrumentFiles.h"
+#include "unit/support/NativePath.h"
 
 #include "app/ViewKind.h"
 
@@ -18,7 +19,10 @@ WindowTag TagOf(int kind, int slot, const std::string &path)
 
 class WindowTitleTest : public FilesTest {
 protected:
-    std::string Title(int kind, int slot, const std::string &path = "/music/Song.ext") { return WindowTitle(app, TagOf(kind, slot, path)); }
+    std::string Title(int kind, int slot, const std::string &path = Native("/music/Song.ext"))
+    {
+        return WindowTitle(app, TagOf(kind, slot, path));
+    }
 };
 
 TEST_F(WindowTitleTest, FactoryProgramBanks)
@@ -37,7 +41,7 @@ TEST_F(WindowTitleTest, FactoryStyleBanksKeepTheirThirteenCharacters)
 
 TEST_F(WindowTitleTest, ProgramFiles)
 {
-    EXPECT_EQ(Title(14, 3, "/music/My Sounds.pcg"), "File User: My Sounds.pcg (3)");
+    EXPECT_EQ(Title(14, 3, Native("/music/My Sounds.pcg")), "File User: My Sounds.pcg (3)");
     EXPECT_EQ(Title(14, 1), "File User: Song.ext (1)");
     EXPECT_EQ(Title(14, 8), "File User: Song.ext (8)");
     EXPECT_EQ(Title(14, 9), "Banco User 1: Song.ext");
@@ -115,7 +119,7 @@ TEST_F(WindowTitleTest, LeavesKindAndSlotInTheirGlobals)
 
 TEST_F(WindowTitleTest, ANameWithBracesOrUnderscoresStaysAsItIs)
 {
-    EXPECT_EQ(Title(14, 3, "/music/{name}_{n}.pcg"), "File User: {name}_{n}.pcg (3)");
+    EXPECT_EQ(Title(14, 3, Native("/music/{name}_{n}.pcg")), "File User: {name}_{n}.pcg (3)");
     EXPECT_EQ(Title(14, 3, ""), "File User:  (3)");
 }
 
@@ -131,9 +135,9 @@ TEST_F(WindowTitleEnglishTest, OnlyTheFactoryBanksSpeakEnglish)
 {
     EXPECT_EQ(WindowTitle(app, TagOf(2, 0, "A: Piano")), "Banks A: Piano");
     EXPECT_EQ(WindowTitle(app, TagOf(16, 2, "2: Style 9-16")), "Banks 2: Style 9-16");
-    EXPECT_EQ(WindowTitle(app, TagOf(14, 9, "/a/x.pcg")), "Banco User 1: x.pcg");
-    EXPECT_EQ(WindowTitle(app, TagOf(14, 11, "/a/x.pcg")), "Nuovo File: x.pcg");
-    EXPECT_EQ(WindowTitle(app, TagOf(20, 10, "/a/x.sty")), "Banco User 2: x.sty   (STY)");
+    EXPECT_EQ(WindowTitle(app, TagOf(14, 9, Native("/a/x.pcg"))), "Banco User 1: x.pcg");
+    EXPECT_EQ(WindowTitle(app, TagOf(14, 11, Native("/a/x.pcg"))), "Nuovo File: x.pcg");
+    EXPECT_EQ(WindowTitle(app, TagOf(20, 10, Native("/a/x.sty"))), "Banco User 2: x.sty   (STY)");
     EXPECT_EQ(WindowTitle(app, TagOf(24, 0, "")), "Banchi Performance User 1-20");
     EXPECT_EQ(WindowTitle(app, TagOf(28, 0, "")), "Banco Direct HD 789");
 }

@@ -1,5 +1,7 @@
 #include "player/CompilationImage.h"
 
+#include "unit/support/NativePath.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,6 +11,7 @@ namespace velluto {
 namespace {
 
 using namespace std::string_literals;
+using test::Native;
 
 // "directory:name" of each file.
 std::vector<std::string> Files(const std::string &image)
@@ -60,9 +63,9 @@ TEST(CompilationImage, EndsEverywhereWithoutReadingBeyond)
 
 TEST(CompilationImage, PathOfARow)
 {
-    const std::string image = "\1/d\0a\0\1/\0b\0\xFF"s;
-    EXPECT_EQ(PathInImage(image, 0), "/d/a");
-    EXPECT_EQ(PathInImage(image, 1), "/b");
+    const std::string image = Native("\1/d\0a\0\1/\0b\0\xFF"s);
+    EXPECT_EQ(PathInImage(image, 0), Native("/d/a"));
+    EXPECT_EQ(PathInImage(image, 1), Native("/b"));
     EXPECT_EQ(PathInImage(image, 2), "");
     EXPECT_EQ(PathInImage(image, -1), "");
 }

@@ -83,7 +83,7 @@ TEST_F(Compilations, AFolderThatIsNotThereIsTold)
     Click(form().ListComp, 0);
     EXPECT_EQ(form().ListMidiCorr.ListCount(), 0);
     ASSERT_EQ(session.face.boxes.size(), 1U);
-    EXPECT_EQ(session.face.boxes[0].title, "/no such folder/a.mid Opening ");
+    EXPECT_EQ(session.face.boxes[0].title, "/no such folder" + Native("/a.mid") + " Opening ");
     EXPECT_EQ(session.face.boxes[0].text, "Path not found");
     EXPECT_FALSE(state().NotFound);
 }

@@ -60,7 +60,7 @@ TEST_F(Device, WhatEndsWithoutAWindowIsToldToNobody)
 TEST_F(Device, TheCaptionNamesTheFile)
 {
     Start();
-    ShowPlayerCaption(form(), "/somewhere/my song.mid");
+    ShowPlayerCaption(form(), Native("/somewhere/my song.mid"));
     EXPECT_EQ(form().caption.Get(), "MIDI PLAYER - my song.mid");
     ShowPlayerCaption(form(), "");
     EXPECT_EQ(form().caption.Get(), "MIDI PLAYER - ");

@@ -110,20 +110,20 @@ TEST_F(FilePanel, AFolderWithoutFilesOffersNothing)
 TEST_F(FilePanel, ATrailingSeparatorIsCut)
 {
     StartWithPanel();
-    ASSERT_FALSE(OpenFolder(form(), At("d") + "//").Failed());
+    ASSERT_FALSE(OpenFolder(form(), At("d") + Native("//")).Failed());
     EXPECT_EQ(settings().PlayerDir, At("d"));
-    ASSERT_FALSE(OpenFolder(form(), "/").Failed());
-    EXPECT_EQ(settings().PlayerDir, "/");
-    EXPECT_EQ(form().DirMidiSel.Row(0), "/");
+    ASSERT_FALSE(OpenFolder(form(), Root()).Failed());
+    EXPECT_EQ(settings().PlayerDir, Root());
+    EXPECT_EQ(form().DirMidiSel.Row(0), Root());
 }
 
 TEST_F(FilePanel, TheRootStandsInTheFolderListOnce)
 {
     StartWithPanel();
-    Do("set frmMIDIPlayer DirMidiSel /");
-    EXPECT_EQ(form().DirMidiSel.Row(0), "/");
+    Do("set frmMIDIPlayer DirMidiSel " + Root());
+    EXPECT_EQ(form().DirMidiSel.Row(0), Root());
     EXPECT_EQ(form().DirMidiSel.ListIndex(), 0);
-    EXPECT_THAT(form().DirMidiSel.Rows(), testing::Not(testing::Contains("  /"))) << "nor below itself";
+    EXPECT_THAT(form().DirMidiSel.Rows(), testing::Not(testing::Contains("  " + Root()))) << "nor below itself";
 }
 
 TEST_F(FilePanel, TheFolderListLeadsUpAndDown)
@@ -142,7 +142,7 @@ TEST_F(FilePanel, TheFolderListLeadsUpAndDown)
     DoubleClick(form().DirMidiSel, open + 1);
     EXPECT_EQ(settings().PlayerDir, At("d/inner"));
     DoubleClick(form().DirMidiSel, 0);
-    EXPECT_EQ(settings().PlayerDir, "/");
+    EXPECT_EQ(settings().PlayerDir, Root());
 }
 
 TEST_F(FilePanel, AFolderThatHasGoneLeavesAllAsItWas)
@@ -160,10 +160,10 @@ TEST_F(FilePanel, AFolderThatHasGoneLeavesAllAsItWas)
 TEST_F(FilePanel, TheDrivesAreTheRootTheHomeFolderAndMore)
 {
     StartWithPanel();
-    EXPECT_EQ(form().DriveMidiSel.rows.front(), "/");
-    Do("set frmMIDIPlayer DriveMidiSel /");
-    EXPECT_EQ(settings().PlayerDir, "/");
-    EXPECT_EQ(form().DriveMidiSel.Drive(), "/");
+    EXPECT_EQ(form().DriveMidiSel.rows.front(), Root());
+    Do("set frmMIDIPlayer DriveMidiSel " + Root());
+    EXPECT_EQ(settings().PlayerDir, Root());
+    EXPECT_EQ(form().DriveMidiSel.Drive(), Root());
     Do("set frmMIDIPlayer DriveMidiSel " + At("d"));
     EXPECT_EQ(settings().PlayerDir, At("d"));
     EXPECT_EQ(form().DriveMidiSel.Drive(), At("d"));
@@ -172,11 +172,11 @@ TEST_F(FilePanel, TheDrivesAreTheRootTheHomeFolderAndMore)
 TEST_F(FilePanel, TheDriveShownIsTheOneOfTheFolder)
 {
     StartWithPanel();
-    EXPECT_EQ(form().DriveMidiSel.Drive(), "/");
+    EXPECT_EQ(form().DriveMidiSel.Drive(), Root());
     Do("set frmMIDIPlayer DriveMidiSel " + At("d"));
     std::filesystem::create_directories(At("d2"));
     Do("set frmMIDIPlayer DirMidiSel " + At("d2")); // beside it, not on it
-    EXPECT_EQ(form().DriveMidiSel.Drive(), "/");
+    EXPECT_EQ(form().DriveMidiSel.Drive(), Root());
 }
 
 TEST_F(FilePanel, OpenedAgainThePanelKeepsItsSelection)

@@ -4,6 +4,7 @@
 
 #include "driver/Commands.h"
 #include "player/PlayerWindow.h"
+#include "unit/support/NativePath.h"
 #include "unit/support/TestProgram.h"
 #include "view/Gestures.h"
 

@@ -1,4 +1,5 @@
 #include "unit/app/IniFile.h"
+#include "unit/support/NativePath.h"
 
 #include <gtest/gtest.h>
 
@@ -148,7 +149,7 @@ TEST_F(FrameLoadTest, CtrlAndALetterChooseTheSevenCommandsOfEveryDay)
 
 TEST_F(FrameLoadTest, AUserBankTiedToAFileIsEnabledAndNamesIt)
 {
-    ini.PutPath(13, "/music/second bank.pcg");
+    ini.PutPath(13, Native("/music/second bank.pcg"));
     StartOverFile();
     EXPECT_FALSE(menu.mnuPcgUser[9].enabled);
     EXPECT_EQ(menu.mnuPcgUser[9].caption.Get(), "&G User 1:");
@@ -158,11 +159,11 @@ TEST_F(FrameLoadTest, AUserBankTiedToAFileIsEnabledAndNamesIt)
 
 TEST_F(FrameLoadTest, StyleAndPerformanceBanksNameTheirFilesToo)
 {
-    ini.PutPath(24, "/music/three.sty");        // slot 11
-    ini.PutPath(25, "/music/one.sty");          // slot 12, Direct HD 1
-    ini.PutPath(33, "C:\\music\\nine.sty");     // slot 20, Direct HD 9
-    ini.PutPath(34 + 8, "/music/user one.prf"); // slot 9
-    ini.PutPath(61, "/music/user twenty.prf");  // slot 28
+    ini.PutPath(24, Native("/music/three.sty"));        // slot 11
+    ini.PutPath(25, Native("/music/one.sty"));          // slot 12, Direct HD 1
+    ini.PutPath(33, "C:\\music\\nine.sty");             // slot 20, Direct HD 9
+    ini.PutPath(34 + 8, Native("/music/user one.prf")); // slot 9
+    ini.PutPath(61, Native("/music/user twenty.prf"));  // slot 28
     StartOverFile();
     ExpectCaptions({{&menu.mnuStyUser[11], "&4 User 3: three.sty"},
                     {&menu.mnuStyDirectHD[1], "1 one.sty"},
@@ -187,9 +188,9 @@ TEST_F(FrameLoadTest, WithoutATiedBankNoOverviewAndNoSubmenuIsOffered)
 
 TEST_F(FrameLoadTest, CommandsAreOfferedUnlessTheirBankHoldsNothing)
 {
-    ini.PutPath(22, "/music/one.sty");
-    ini.PutPath(25, "/music/hd.sty");
-    ini.PutPath(42, "/music/one.prf");
+    ini.PutPath(22, Native("/music/one.sty"));
+    ini.PutPath(25, Native("/music/hd.sty"));
+    ini.PutPath(42, Native("/music/one.prf"));
     StartOverFile();
     std::vector<const MenuEntry *> entries{&menu.mnuTaglia, &menu.mnuCopia, &menu.mnuIncolla};
     for (const MenuEntry *entry : entries) {

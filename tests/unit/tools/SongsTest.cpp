@@ -3,6 +3,7 @@
 #include "platform/sequencer/MidiFile.h"
 #include "player/CompilationImage.h"
 #include "tools/songs/SongFile.h"
+#include "unit/support/NativePath.h"
 
 #include <gtest/gtest.h>
 
@@ -70,7 +71,7 @@ TEST(SongsTest, TheCompilationFindsThemInTheSamplesBesideIt)
     const std::string image{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     int index = 0;
     for (const songs::Song &song : AllSongs()) {
-        EXPECT_EQ(PathInImage(image, index++), "samples/" + song.file);
+        EXPECT_EQ(PathInImage(image, index++), test::Native("samples/" + song.file));
     }
 }
 
