@@ -109,6 +109,8 @@ install_packages "${build_packages[@]}" "${windows_packages[@]}"
 build windows
 trap '"${as_user[@]}" wineserver -k || true; rm -rf "$WINEPREFIX"' EXIT # the server is this prefix's own
 "${as_user[@]}" wineboot --init >build/windows/wineboot.log 2>&1 || { cat build/windows/wineboot.log >&2 && exit 1; }
+# As on Windows a dot at the front of a name hides nothing.
+"${as_user[@]}" wine reg add 'HKCU\Software\Wine' /v ShowDotFiles /d Y /f >>build/windows/wineboot.log 2>&1
 for program in "$programs"/unit_*.exe "$programs"/winmm/unit_*.exe; do
     name=$(basename "$program" .exe)
     if asked_for "$name"; then
