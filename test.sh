@@ -23,7 +23,7 @@ esac
 passed=0
 failed=0
 skipped=0
-seconds_fuzzed=10
+seconds_fuzzed=7
 
 # check NAME COMMAND...: one check, its words shown only where it fails.
 check() {

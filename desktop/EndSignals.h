@@ -12,7 +12,7 @@ namespace velluto {
 class EndSignals {
 public:
     // close: closes the frame as its File, Exit does; false where it stays. Called where the system wants its answer at once.
-    explicit EndSignals(std::function<bool()> close);
+    explicit EndSignals(const std::function<bool()> &close);
     ~EndSignals();
     EndSignals(const EndSignals &) = delete;
     EndSignals &operator=(const EndSignals &) = delete;

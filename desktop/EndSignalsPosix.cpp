@@ -31,7 +31,7 @@ struct EndSignals::Listener {
     std::unique_ptr<QSocketNotifier> notifier;
 };
 
-EndSignals::EndSignals(std::function<bool()> /*close*/) : listener_(std::make_unique<Listener>())
+EndSignals::EndSignals(const std::function<bool()> & /*close*/) : listener_(std::make_unique<Listener>())
 {
     if (::pipe2(listener_->pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
         return;

@@ -3,18 +3,16 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 
-#include <utility>
-
 namespace velluto {
 
 struct EndSignals::Listener : QObject {};
 
-EndSignals::EndSignals(std::function<bool()> close) : listener_(std::make_unique<Listener>())
+EndSignals::EndSignals(const std::function<bool()> &close) : listener_(std::make_unique<Listener>())
 {
     // Windows kills whoever has answered yes, without a further word: all has to be done when this returns.
     QObject::connect(
         qGuiApp, &QGuiApplication::commitDataRequest, listener_.get(),
-        [this, close = std::move(close)](QSessionManager &session) {
+        [this, close](QSessionManager &session) {
             session.allowsInteraction();
             if (close()) {
                 told_ = true;

@@ -79,7 +79,7 @@ QByteArray Settle(const Shipped &shipped, const QByteArray &recorded, const QStr
     }
     const QByteArray have = SumOf(to);
     if (have == shipped.sum) {
-        return have;
+        return shipped.sum;
     }
     return !have.isEmpty() && have == recorded && Put(from, to) ? shipped.sum : recorded;
 }
