@@ -12,34 +12,6 @@
 
 namespace velluto {
 
-namespace {
-
-// What lies beside the program when it was unpacked, and was not installed: the user's files are then in a folder there.
-constexpr QLatin1String kUnpackedMark("portable.txt");
-constexpr QLatin1String kUnpackedFiles("files");
-constexpr QLatin1String kInstalledFiles("Velluto");
-
-bool MakesFilesIn(const QString &folder)
-{
-    return QDir().mkpath(folder) && IsWritableFolder(ToUtf8(QDir::toNativeSeparators(folder)));
-}
-
-// Empty where the program stands alone, as it does where it was built: its files are then where it was started.
-QString UserFolder(const QDir &program)
-{
-    if (!program.exists(kShippedFolder)) {
-        return {};
-    }
-    const QString beside = program.filePath(kUnpackedFiles);
-    if (program.exists(kUnpackedMark) && MakesFilesIn(beside)) {
-        return beside;
-    }
-    const QString roaming = FromUtf8(RoamingFolder());
-    return roaming.isEmpty() ? QString() : QDir(roaming).filePath(kInstalledFiles);
-}
-
-} // namespace
-
 std::vector<std::string> WordsAtStart(int argc, char **argv)
 {
     return WordsOfCommand(argc, argv);
@@ -73,8 +45,7 @@ Argument KindOf(const std::string &path)
 
 void GoToUserFolder(std::vector<std::string> &words)
 {
-    const QDir program(FromUtf8(ProgramFolder()));
-    const QString folder = UserFolder(program);
+    const QString folder = FromUtf8(UserFolder());
     if (folder.isEmpty()) {
         return;
     }
@@ -84,7 +55,7 @@ void GoToUserFolder(std::vector<std::string> &words)
         }
     }
     QDir().mkpath(folder);
-    PutShippedFiles(program.path(), folder);
+    PutShippedFiles(FromUtf8(ProgramFolder()), folder);
     QDir::setCurrent(folder);
 }
 

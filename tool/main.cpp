@@ -4,6 +4,9 @@
 #include "platform/machine/MachineFiles.h"
 #include "tool/Commands.h"
 #include "tool/TablesCommands.h"
+#ifdef _WIN32
+#include "platform/windows/WinPlaces.h"
+#endif
 
 #include <cstdlib>
 #include <exception>
@@ -26,6 +29,16 @@ std::string_view Variable(const char *name)
     return value != nullptr ? value : "";
 }
 
+// Where the desktop program keeps its user's files; empty where nothing tells.
+std::string FolderOfUser()
+{
+#ifdef _WIN32
+    return velluto::UserFolder();
+#else
+    return UserFolder(Variable("XDG_DATA_HOME"), Variable("HOME"));
+#endif
+}
+
 // The first of the three that says something.
 std::string_view Locale()
 {
@@ -46,7 +59,7 @@ int Run(const Desk &desk, const std::vector<std::string> &words)
         return ExitCode::Usage;
     }
     if (arguments->folder.empty()) {
-        arguments->folder = UserFolder(Variable("XDG_DATA_HOME"), Variable("HOME"));
+        arguments->folder = FolderOfUser();
     }
     switch (arguments->command) {
     case Command::Help:

@@ -19,6 +19,9 @@ check_packages=(clang mold libbenchmark-dev clang-format git shellcheck pyflakes
 # What builds for Windows, and runs what comes of it.
 windows_packages=(g++-mingw-w64-x86-64-posix googletest nlohmann-json3-dev clang wine wine64)
 
+# What makes the desktop program for Windows besides, and what installs it there.
+windows_setup_packages=(dpkg-dev qt6-base-dev nsis zip python3)
+
 # What the checks of a full run take besides.
 full_test_packages=(clang-tidy libclang-rt-dev valgrind g++-mingw-w64-x86-64-posix)
 

@@ -1,0 +1,95 @@
+#!/usr/bin/env bash
+# Makes on Debian 12 all that there is for Windows, and installs what that takes: Qt (once), the desktop program with its setup and its
+# archive to unpack, the driver and the tests. Two runs over the same tree give the same bytes.
+#
+#     packaging/windows/build.sh [--product]    --product: without the driver and the tests
+#
+# VELLUTO_WINDOWS_CACHE names the folder where Qt is kept, else ~/.cache/velluto/windows; VELLUTO_JOBS how many compilers run at once.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+# shellcheck source=tools/lib.sh
+. tools/lib.sh
+# shellcheck source=packaging/windows/qt-lib.sh
+. packaging/windows/qt-lib.sh
+# shellcheck source=packaging/windows/setup-lib.sh
+. packaging/windows/setup-lib.sh
+
+version=$(sed -n 's/^project(velluto VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+out=$PWD/build/windows-desktop
+stage=$out/stage/Velluto-$version
+setup=$out/Velluto-$version-setup.exe
+archive=$out/Velluto-$version-windows.zip
+most_setup=12 most_archive=15 most_unpacked=40 # million bytes
+
+if [ -z "${SOURCE_DATE_EPOCH-}" ]; then
+    SOURCE_DATE_EPOCH=$(git log -1 --format=%ct 2>/dev/null || dpkg-parsechangelog --file packaging/changelog --show-field Timestamp)
+fi
+export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8
+
+# put FROM... TO: copies that anyone may read, and nobody need run.
+put() {
+    mkdir -p "${*: -1}"
+    install -m 644 -t "${*: -1}" "${@:1:$#-1}"
+}
+
+# What the setup installs: the program, what it loads, what ships, and whose it all is.
+stage_files() {
+    local library gcc
+    rm -rf "$out/stage"
+    put "$out/velluto.exe" "$out/velluto-tool.exe" "$stage"
+    put "$qt_folder"/bin/Qt6{Core,Gui,Widgets,PrintSupport}.dll "$stage"
+    put "$qt_folder/plugins/platforms/qwindows.dll" "$stage/platforms"
+    printf '[Paths]\r\nPlugins=.\r\n' >"$stage/qt.conf" # and from nowhere else
+    for library in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
+        gcc=$(x86_64-w64-mingw32-g++-posix -print-file-name="$library")
+        [ -f "$gcc" ] || gcc=/usr/x86_64-w64-mingw32/lib/$library
+        put "$gcc" "$stage"
+        x86_64-w64-mingw32-strip --strip-all --preserve-dates "$stage/$library"
+    done
+    cp -r data "$stage/data"
+    find "$stage/data" -name '.*' -delete
+    (cd "$stage/data" && find . -type f -printf '%P\0' | sort -z | xargs -0 sha256sum) >"$stage/data.sha256"
+    mkdir -p "$stage/licences"
+    install -m 644 LICENSE "$stage/licences/Velluto.txt"
+    install -m 644 /usr/share/doc/gcc-mingw-w64-base/copyright "$stage/licences/GCC.txt"
+    install -m 644 /usr/share/doc/mingw-w64-common/copyright "$stage/licences/mingw-w64.txt"
+    cp -r "$qt_folder/licences" "$stage/licences/Qt"
+    sed "s|@QT@|$(basename "$qt_folder" | sed 's/^qt6-base_\(.*\)-[0-9a-f]*$/\1/')|" packaging/windows/licences.txt >"$stage/licences/README.txt"
+    sed -i 's/\r*$/\r/' "$stage"/licences/*.txt # for editors that know no other end of a line
+    chmod -R u=rwX,go=rX "$stage"
+    find "$out/stage" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
+}
+
+make_archive() {
+    install -m 644 packaging/windows/portable.txt "$stage/portable.txt"
+    sed -i 's/\r*$/\r/' "$stage/portable.txt"
+    find "$out/stage" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
+    rm -f "$archive"
+    (cd "$out/stage" && find . -mindepth 1 -printf '%P\n' | sort | zip -q -X -9 "$archive" -@)
+    touch -d "@$SOURCE_DATE_EPOCH" "$archive"
+}
+
+# size_of WHAT MOST NAME: says how large it is, and fails where that is more than so many million bytes.
+size_of() {
+    local bytes
+    bytes=$(du -sb "$1" | cut -f 1)
+    say "$3: $((bytes / 100000 / 10)).$((bytes / 100000 % 10)) MB"
+    [ "$bytes" -le $(($2 * 1000000)) ] || { complain "$3 is larger than $2 MB" && return 1; }
+}
+
+install_packages "${build_packages[@]}" "${windows_packages[@]}" "${windows_setup_packages[@]}"
+qt_for_windows
+export VELLUTO_QT=$qt_folder
+# Another Qt than last time: what was found of that one is not asked again.
+grep -qsx "VELLUTO_QT:[A-Z]*=$qt_folder" "$out/CMakeCache.txt" || rm -rf "$out"
+build windows-desktop velluto velluto-tool
+stage_files
+make_setup "$stage" "$version" "$out/desktop/velluto.ico" "$setup"
+make_archive
+size_of "$stage" "$most_unpacked" "Unpacked"
+size_of "$archive" "$most_archive" "${archive#"$PWD/"}"
+size_of "$setup" "$most_setup" "${setup#"$PWD/"}"
+if [ "${1-}" != --product ]; then
+    build windows
+    say "build/windows: velluto-driver.exe and the tests; packaging/windows/test.sh runs them"
+fi

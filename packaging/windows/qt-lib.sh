@@ -1,0 +1,107 @@
+# shellcheck shell=bash
+# Qt for Windows: Debian's own source package, built with its cross compiler and its own Qt for the tools that run here. Made once for
+# each version and each set of options, and kept. Sourced after tools/lib.sh, never run.
+
+# Where it is kept. Whoever wants a new one deletes it.
+windows_cache=${VELLUTO_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/velluto/windows}
+
+# What the program uses of Qt and nothing else: no module, plug-in or image format that it never asks for, and no library but
+# those that are in Qt's own sources. Debian's source lacks what tabletevent would take; printing takes direct2d.
+qt_off=(sql dbus opengl opengl_dynamic opengles2 network vulkan xml concurrent testlib tabletevent direct2d1_1 icu zstd
+    freetype jpeg gif ico style_windowsvista systemtrayicon textmarkdownreader textmarkdownwriter textodfwriter cborstreamwriter
+    commandlineparser androiddeployqt macdeployqt windeployqt qmake system_zlib system_png system_harfbuzz system_pcre2
+    system_doubleconversion system_libb2 pkg_config force_debug_info)
+qt_on=(printsupport png harfbuzz pcre2 sessionmanager accessibility direct2d)
+
+# One number for the options above and for how they are put to use below.
+qt_recipe() {
+    { declare -p qt_off qt_on; declare -f qt_unpack qt_configure qt_make; } | sha256sum | cut -c 1-12
+}
+
+# qt_source: brings Debian's source package to the cache, and sets qt_dsc to its description. Its own lists and sources: those of the
+# machine stay as they are.
+qt_source() {
+    local apt=$windows_cache/apt options
+    qt_dsc=$(find "$windows_cache/source" -name 'qt6-base_*.dsc' 2>/dev/null | sort | tail -n 1)
+    [ -z "$qt_dsc" ] || return 0
+    say "Fetching Debian's sources of Qt"
+    rm -rf "$apt" "$windows_cache/source.new"
+    mkdir -p "$apt/lists/partial" "$apt/cache/archives/partial" "$windows_cache/source.new"
+    say "deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] http://deb.debian.org/debian bookworm main" >"$apt/sources.list"
+    options=(-q -o "Dir::Etc::SourceList=$apt/sources.list" -o Dir::Etc::SourceParts=/dev/null -o "Dir::State::Lists=$apt/lists"
+        -o "Dir::Cache=$apt/cache" -o "APT::Sandbox::User=$(id -un)")
+    if ! { apt-get "${options[@]}" update &&
+        (cd "$windows_cache/source.new" && apt-get "${options[@]}" source --download-only qt6-base); } >"$windows_cache/apt.log" 2>&1; then
+        tail -n 20 "$windows_cache/apt.log" >&2
+        return 1
+    fi
+    mv "$windows_cache/source.new" "$windows_cache/source"
+    qt_dsc=$(find "$windows_cache/source" -name 'qt6-base_*.dsc' | sort | tail -n 1)
+}
+
+# qt_unpack FOLDER: the sources as Debian builds them, but for the one platform plug-in that no switch leaves out.
+qt_unpack() {
+    rm -rf "$1" "$1.new"
+    dpkg-source --no-check --no-copy -x "$qt_dsc" "$1.new"
+    sed -i 's/^    add_subdirectory(minimal)$//' "$1.new/src/plugins/platforms/CMakeLists.txt"
+    mv "$1.new" "$1"
+}
+
+# qt_configure SOURCE BUILD. No path and no time of this build is in what comes of it.
+qt_configure() {
+    local features=() flags="-ffile-prefix-map=$1=qtbase -ffile-prefix-map=$2=qtbase-build" name
+    for name in "${qt_off[@]}"; do
+        features+=("-DFEATURE_$name=OFF")
+    done
+    for name in "${qt_on[@]}"; do
+        features+=("-DFEATURE_$name=ON")
+    done
+    cmake -G Ninja -S "$1" -B "$2" -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/mingw.cmake" -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_INSTALL_PREFIX=/qt -DCMAKE_MESSAGE_LOG_LEVEL=STATUS -DBUILD_SHARED_LIBS=ON \
+        -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -qDEB_BUILD_MULTIARCH)/cmake" \
+        -DQT_QMAKE_TARGET_MKSPEC=win32-g++ -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no "${features[@]}" \
+        -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_EXE_LINKER_FLAGS= \
+        -DCMAKE_SHARED_LINKER_FLAGS="-Wl,--no-insert-timestamp" -DCMAKE_MODULE_LINKER_FLAGS="-Wl,--no-insert-timestamp"
+}
+
+# qt_make SOURCE BUILD TO: an interrupted one goes on where it was. Whose it is goes along: of what is bundled, what Windows' build has.
+qt_make() {
+    local part
+    nice -n 19 ninja -C "$2" -j "${VELLUTO_JOBS:-$(nproc)}" || return 1
+    rm -rf "$3.new"
+    DESTDIR=$3.new cmake --install "$2" --strip || return 1
+    mkdir "$3.new/qt/licences"
+    install -m 644 "$1/debian/copyright" "$3.new/qt/licences/copyright.txt"
+    install -m 644 "$1"/LICENSES/{LGPL-3.0-only,GPL-3.0-only,GPL-2.0-only,BSD-3-Clause,MIT}.txt "$3.new/qt/licences"
+    for part in blake2/COPYING double-conversion/LICENSE easing/LICENSE harfbuzz-ng/COPYING icc/LICENSE.txt libpng/LICENSE pcre2/LICENCE \
+        pcre2/LICENCE-SLJIT pixman/LICENSE rfc6234/LICENSE tinycbor/LICENSE zlib/LICENSE; do
+        install -m 644 "$1/src/3rdparty/$part" "$3.new/qt/licences/$(dirname "$part")-$(basename "$part" .txt).txt"
+    done
+    mv "$3.new/qt" "$3"
+    rm -rf "$3.new"
+}
+
+# qt_build SOURCE
+qt_build() {
+    [ -f "$qt_folder.build/build.ninja" ] || qt_configure "$1" "$qt_folder.build" || return 1
+    qt_make "$1" "$qt_folder.build" "$qt_folder"
+}
+
+# qt_for_windows: sets qt_folder to a Qt for Windows, which it makes where there is none of this version and these options.
+qt_for_windows() {
+    local name log
+    mkdir -p "$windows_cache"
+    qt_source
+    name=$(basename "$qt_dsc" .dsc)
+    qt_folder=$windows_cache/$name-$(qt_recipe)
+    [ ! -d "$qt_folder" ] || return 0
+    log=$qt_folder.log
+    say "Building Qt for Windows (once; an hour or so on two cores). It is told in $log"
+    [ -d "$windows_cache/$name" ] || qt_unpack "$windows_cache/$name" >"$log" 2>&1
+    if ! qt_build "$windows_cache/$name" >>"$log" 2>&1; then
+        tail -n 40 "$log" >&2
+        complain "Qt could not be built; the whole story is in $log"
+        return 1
+    fi
+    rm -rf "$qt_folder.build" "${windows_cache:?}/$name"
+}
