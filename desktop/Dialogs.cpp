@@ -76,11 +76,13 @@ public:
 protected:
     void accept() override
     {
-        auto *name = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        if (const QFileInfo named(directory(), name->text()); !name->text().isEmpty() && named.isDir()) {
-            setDirectory(named.absoluteFilePath());
-            name->setText(QFileInfo(proposed_).fileName());
-            return;
+        auto *name = findChild<QLineEdit *>(QStringLiteral("fileNameEdit")); // none in the system's own dialog, which does it so
+        if (name != nullptr && !name->text().isEmpty()) {
+            if (const QFileInfo named(directory(), name->text()); named.isDir()) {
+                setDirectory(named.absoluteFilePath());
+                name->setText(QFileInfo(proposed_).fileName());
+                return;
+            }
         }
         const QStringList files = selectedFiles();
         if (acceptMode() == AcceptSave && !files.isEmpty() && !QFileInfo(files.first()).dir().exists()) {
