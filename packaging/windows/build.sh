@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes on Debian 12 all that there is for Windows, and installs what that takes: Qt (once), the desktop program with its setup and its
-# archive to unpack, the driver and the tests. Two runs over the same tree give the same bytes.
+# archive to unpack, the driver and the tests. Times and orders in it are fixed, for two runs over the same tree to give the same bytes.
 #
 #     packaging/windows/build.sh [--product]    --product: without the driver and the tests
 #

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "platform/MidiDevices.h"
-#include "platform/rtmidi/MidiPorts.h"
 #include "platform/music/NoteTracker.h"
 #include "platform/music/SpinLock.h"
+#include "platform/rtmidi/MidiPorts.h"
 
 #include <chrono>
 
