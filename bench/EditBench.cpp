@@ -1,14 +1,11 @@
 // Cut and Paste of large Style files beside one copy of the file that they make: time, and the memory they take at their
 // worst. The whole program runs, with a window for each file.
+#include "EditStage.h"
 #include "RatioReporter.h"
-#include "edit/Copy.h"
 #include "edit/Cut.h"
 #include "edit/EditMenu.h"
 #include "edit/Paste.h"
 #include "files/Korf.h"
-#include "files/Opening.h"
-#include "files/frmStyUN.h"
-#include "unit/support/TestProgram.h"
 
 #include <malloc.h>
 
@@ -64,78 +61,10 @@ namespace velluto::bench {
 namespace {
 
 constexpr std::size_t kFileLength = 15U << 20;
-constexpr int kStyles = 16;
-constexpr int kOwnStyles = 2; // a target needs two Styles with STS to be a grouped one; the other fourteen come in
 
-// Styles with the 0-based slots from first on, then as many STS, with bodies that make so many bytes together.
-test::Bytes Grouped(int first, int count, std::size_t bytes)
+EditStage &TheStage()
 {
-    std::string image;
-    BuildHeader(image);
-    for (int i = 0; i < 2 * count; ++i) {
-        std::string entry(Korf::kEntryLength, '\0');
-        const std::string name = (i < count ? "Style " : "STS ") + std::to_string(first + i % count);
-        entry.replace(0, name.size(), name);
-        entry[Korf::kEntrySlot] = static_cast<char>(first + i % count);
-        image += entry;
-    }
-    ItemTable table{};
-    for (std::size_t i = 0; i < 2 * static_cast<std::size_t>(count); ++i) {
-        table[i] = static_cast<std::int32_t>(image.size() + 1);
-        image.append(bytes / (2 * static_cast<std::size_t>(count)), static_cast<char>(i + 1));
-    }
-    image += BuildIndex(image, static_cast<std::int64_t>(image.size()), table, 2 * count);
-    return {image.begin(), image.end()};
-}
-
-// A file of sixteen Styles to take from, and one of two Styles to paste the other fourteen into.
-struct Stage {
-    Stage()
-    {
-        run.Start(test::TestProgram::English);
-        source = Open("source.sty", Grouped(0, kStyles, kFileLength));
-        target = Open("target.sty", Grouped(0, kOwnStyles, kFileLength / kStyles * kOwnStyles));
-        full = source->Tag;
-        fullRows = source->List1.Rows();
-        few = target->Tag;
-        fewRows = target->List1.Rows();
-    }
-    frmStyUN *Open(const char *name, const test::Bytes &bytes)
-    {
-        test::WriteBytes(run.At(name), bytes);
-        run.face.choices.push_back({false, run.At(name), 2});
-        mnuStyApri_Click(Files());
-        return dynamic_cast<frmStyUN *>(run.program.app.children.Active());
-    }
-    FilesState &Files() { return run.program.files; }
-    void Bring(frmStyUN &window, const WindowTag &tag, const std::vector<std::string> &rows, int from, int count)
-    {
-        window.Tag = tag;
-        window.List1.SetRows(rows);
-        for (int row = from; row < from + count; ++row) {
-            window.List1.Select(row, true);
-        }
-        run.program.app.children.Activate(window);
-    }
-    void CopyFourteen()
-    {
-        Bring(*source, full, fullRows, kOwnStyles, kStyles - kOwnStyles);
-        mnuCopia_Click(Files());
-    }
-    void BringTarget() { Bring(*target, few, fewRows, kOwnStyles, kStyles - kOwnStyles); }
-
-    test::TestProgram run;
-    frmStyUN *source;
-    frmStyUN *target;
-    WindowTag full;
-    WindowTag few;
-    std::vector<std::string> fullRows;
-    std::vector<std::string> fewRows;
-};
-
-Stage &TheStage()
-{
-    static Stage stage;
+    static EditStage stage(kFileLength);
     return stage;
 }
 
@@ -152,7 +81,7 @@ void CopyOnce(benchmark::State &state)
 
 void PasteFourteen(benchmark::State &state)
 {
-    Stage &stage = TheStage();
+    EditStage &stage = TheStage();
     stage.CopyFourteen();
     for (auto _ : state) {
         state.PauseTiming();
@@ -169,7 +98,7 @@ void PasteFourteen(benchmark::State &state)
 template <int Count>
 void CutStylesOf(benchmark::State &state)
 {
-    Stage &stage = TheStage();
+    EditStage &stage = TheStage();
     for (auto _ : state) {
         state.PauseTiming();
         stage.Bring(*stage.source, stage.full, stage.fullRows, 0, Count);
@@ -192,7 +121,7 @@ void CutSixteen(benchmark::State &state)
 
 void DropEditMenu(benchmark::State &state)
 {
-    Stage &stage = TheStage();
+    EditStage &stage = TheStage();
     stage.CopyFourteen();
     for (auto _ : state) {
         mnuModifica_Click(stage.Files());
@@ -228,7 +157,7 @@ double MemoryOf(Command command)
 bool PrintMemory()
 {
     constexpr double kMost = 3;
-    Stage &stage = TheStage();
+    EditStage &stage = TheStage();
     stage.Files().LoadImage = {};
     stage.CopyFourteen();
     stage.BringTarget();

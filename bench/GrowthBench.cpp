@@ -1,12 +1,10 @@
 // How cost grows with what an owner has: each command over one, four and sixteen times as much. The table tells sixteen beside four, where
 // what is linear is 4.
+#include "EditStage.h"
 #include "RatioReporter.h"
-#include "edit/Copy.h"
 #include "edit/Cut.h"
 #include "edit/Paste.h"
 #include "files/Korf.h"
-#include "files/Opening.h"
-#include "files/frmStyUN.h"
 #include "platform/machine/MachineFiles.h"
 #include "platform/sequencer/MidiFile.h"
 #include "player/CompilationRows.h"
@@ -15,7 +13,6 @@
 #include "player/PlayerWindow.h"
 #include "tool/Commands.h"
 #include "tool/TablesCommands.h"
-#include "unit/support/TestProgram.h"
 
 #include <malloc.h>
 
@@ -38,74 +35,6 @@ constexpr int kEvents = 62500;
 constexpr int kTreeFiles = 500;
 constexpr int kBanks = 32; // of 128 names, in an instrument definition
 
-constexpr int kStyles = 16;
-constexpr int kOwnStyles = 2; // a target needs two Styles with STS to be a grouped one; the other fourteen come in
-
-// Styles with the 0-based slots from 0 on, then as many STS, with bodies that make so many bytes together.
-test::Bytes Grouped(int count, std::size_t bytes)
-{
-    std::string image;
-    BuildHeader(image);
-    for (int i = 0; i < 2 * count; ++i) {
-        std::string entry(Korf::kEntryLength, '\0');
-        const std::string name = (i < count ? "Style " : "STS ") + std::to_string(i % count);
-        entry.replace(0, name.size(), name);
-        entry[Korf::kEntrySlot] = static_cast<char>(i % count);
-        image += entry;
-    }
-    ItemTable table{};
-    for (std::size_t i = 0; i < 2 * static_cast<std::size_t>(count); ++i) {
-        table[i] = static_cast<std::int32_t>(image.size() + 1);
-        image.append(bytes / (2 * static_cast<std::size_t>(count)), static_cast<char>(i + 1));
-    }
-    image += BuildIndex(image, static_cast<std::int64_t>(image.size()), table, 2 * count);
-    return {image.begin(), image.end()};
-}
-
-// A program with a file of sixteen Styles to take from, and one of two Styles to paste the other fourteen into.
-struct EditStage {
-    explicit EditStage(std::size_t bytes)
-    {
-        run.Start(test::TestProgram::English);
-        source = Open("source.sty", Grouped(kStyles, bytes));
-        target = Open("target.sty", Grouped(kOwnStyles, bytes / kStyles * kOwnStyles));
-        fs::copy(run.At("source.sty"), run.At("another.sty"));
-        full = source->Tag;
-        fullRows = source->List1.Rows();
-        few = target->Tag;
-        fewRows = target->List1.Rows();
-    }
-    frmStyUN *Open(const char *name, const test::Bytes &bytes)
-    {
-        test::WriteBytes(run.At(name), bytes);
-        return Open(name);
-    }
-    frmStyUN *Open(const char *name)
-    {
-        run.face.choices.push_back({false, run.At(name), 2});
-        mnuStyApri_Click(Files());
-        return dynamic_cast<frmStyUN *>(run.program.app.children.Active());
-    }
-    FilesState &Files() { return run.program.files; }
-    void Bring(frmStyUN &window, const WindowTag &tag, const std::vector<std::string> &rows, int from, int count)
-    {
-        window.Tag = tag;
-        window.List1.SetRows(rows);
-        for (int row = from; row < from + count; ++row) {
-            window.List1.Select(row, true);
-        }
-        run.program.app.children.Activate(window);
-    }
-
-    test::TestProgram run;
-    frmStyUN *source;
-    frmStyUN *target;
-    WindowTag full;
-    WindowTag few;
-    std::vector<std::string> fullRows;
-    std::vector<std::string> fewRows;
-};
-
 // The same thing for each number of times that it is asked for.
 template <class Thing, class Make>
 Thing &Once(std::map<std::int64_t, std::unique_ptr<Thing>> &made, std::int64_t times, Make make)
@@ -120,7 +49,11 @@ Thing &Once(std::map<std::int64_t, std::unique_ptr<Thing>> &made, std::int64_t t
 EditStage &EditStageOf(const benchmark::State &state)
 {
     static std::map<std::int64_t, std::unique_ptr<EditStage>> stages;
-    return Once(stages, state.range(), [&] { return std::make_unique<EditStage>(kBytes * static_cast<std::size_t>(state.range())); });
+    return Once(stages, state.range(), [&] {
+        auto stage = std::make_unique<EditStage>(kBytes * static_cast<std::size_t>(state.range()));
+        fs::copy(stage->run.At("source.sty"), stage->run.At("another.sty"));
+        return stage;
+    });
 }
 
 void OpenStyles(benchmark::State &state)
@@ -138,11 +71,10 @@ void OpenStyles(benchmark::State &state)
 void PasteStyles(benchmark::State &state)
 {
     EditStage &stage = EditStageOf(state);
-    stage.Bring(*stage.source, stage.full, stage.fullRows, kOwnStyles, kStyles - kOwnStyles);
-    mnuCopia_Click(stage.Files());
+    stage.CopyFourteen();
     for (auto _ : state) {
         state.PauseTiming();
-        stage.Bring(*stage.target, stage.few, stage.fewRows, kOwnStyles, kStyles - kOwnStyles);
+        stage.BringTarget();
         stage.Files().BuildImage = {};
         state.ResumeTiming();
         mnuIncolla_Click(stage.Files());

@@ -3,6 +3,7 @@
 // (a socket) and windows/ (a named pipe).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -15,6 +16,12 @@ struct HandedFiles {
     std::string activation; // the desktop's leave to come to the front, empty where it gave none
     std::vector<std::string> paths;
 };
+
+// What goes over the line: the activation, then each path, each with a zero byte behind it. Nothing of bytes that are damaged.
+inline constexpr std::size_t kMostHanded = std::size_t{1} << 20; // bytes
+inline constexpr char kHandedTaken = '1';                        // the taker's answer
+[[nodiscard]] std::string BytesOf(const HandedFiles &files);
+[[nodiscard]] std::optional<HandedFiles> HandedIn(const std::string &bytes);
 
 // Where the line for the current folder is. Of a socket in XDG_RUNTIME_DIR, which must be a folder of this user's that nobody else can
 // write into. Empty where there is no such place, and then nobody hands over.

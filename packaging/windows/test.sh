@@ -60,7 +60,7 @@ scenarios() {
         as_expected=true
         run "$log" "$programs/scenarios/run_scenario.exe" "$script" || as_expected=false
         case $script in
-        */refused/*) if $as_expected; then as_expected=false; else as_expected=true; fi ;; # these must fail
+        */refused/*) if ! $as_expected && grep -q '^line [0-9]*, ' "$log"; then as_expected=true; else as_expected=false; fi ;; # must fail, and say where
         esac
         if $as_expected; then
             good=$((good + 1))

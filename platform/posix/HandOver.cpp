@@ -19,8 +19,6 @@ namespace {
 
 // On the line: the activation, then each path, each with a zero byte behind it; then the sender ends its half, and the taker
 // answers one byte.
-constexpr char kTaken = '1';
-constexpr std::size_t kMost = std::size_t{1} << 20;
 constexpr int kFilesAtOnce = 8;
 
 class Socket {
@@ -91,18 +89,6 @@ bool Binds(int socket, const sockaddr_un &name)
     return ::bind(socket, reinterpret_cast<const sockaddr *>(&name), sizeof(name)) == 0;
 }
 
-std::optional<HandedFiles> Parsed(const std::string &bytes)
-{
-    if (bytes.empty() || bytes.back() != '\0') {
-        return std::nullopt;
-    }
-    std::vector<std::string> texts;
-    for (std::size_t at = 0; at < bytes.size(); at += texts.back().size() + 1) {
-        texts.emplace_back(bytes.c_str() + at);
-    }
-    return HandedFiles{texts.front(), {texts.begin() + 1, texts.end()}};
-}
-
 } // namespace
 
 std::string HandOverAddress()
@@ -126,10 +112,7 @@ bool HandOver(const std::string &address, const HandedFiles &files)
     if (!Name(address, name) || !Connects(socket.Number(), name) || !IsOurs(socket.Number())) {
         return false;
     }
-    std::string bytes = files.activation + '\0';
-    for (const std::string &path : files.paths) {
-        bytes += path + '\0';
-    }
+    const std::string bytes = BytesOf(files);
     SetPatience(socket.Number(), {10, 0});
     for (std::size_t sent = 0; sent < bytes.size();) {
         const ssize_t step = ::send(socket.Number(), bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
@@ -139,7 +122,7 @@ bool HandOver(const std::string &address, const HandedFiles &files)
         sent += static_cast<std::size_t>(step);
     }
     char answer = 0;
-    return ::shutdown(socket.Number(), SHUT_WR) == 0 && ::recv(socket.Number(), &answer, 1, 0) == 1 && answer == kTaken;
+    return ::shutdown(socket.Number(), SHUT_WR) == 0 && ::recv(socket.Number(), &answer, 1, 0) == 1 && answer == kHandedTaken;
 }
 
 struct HandOverInbox::Line {
@@ -193,7 +176,7 @@ std::optional<HandedFiles> HandOverInbox::Take()
     for (;;) {
         ::clock_gettime(CLOCK_MONOTONIC, &now);
         const std::int64_t left = end - milliseconds(now);
-        if (left <= 0 || bytes.size() > kMost) {
+        if (left <= 0 || bytes.size() > kMostHanded) {
             return std::nullopt;
         }
         SetPatience(socket.Number(), {0, static_cast<suseconds_t>(left * 1000)});
@@ -206,9 +189,9 @@ std::optional<HandedFiles> HandOverInbox::Take()
         }
         bytes.append(piece, 0, static_cast<std::size_t>(got));
     }
-    std::optional<HandedFiles> files = Parsed(bytes);
+    std::optional<HandedFiles> files = HandedIn(bytes);
     if (files) {
-        ::send(socket.Number(), &kTaken, 1, MSG_NOSIGNAL);
+        ::send(socket.Number(), &kHandedTaken, 1, MSG_NOSIGNAL);
     }
     return files;
 }

@@ -16,8 +16,6 @@ namespace {
 // On the pipe: the length of what follows, as it lies in memory; the activation, then each path, each with a zero byte behind it. The
 // taker answers one byte, and the sender closes.
 using Length = std::uint32_t;
-constexpr char kTaken = '1';
-constexpr std::size_t kMost = std::size_t{1} << 20;
 constexpr DWORD kSenderWaits = 10'000; // ms
 constexpr DWORD kTakerWaits = 500;     // ms
 constexpr DWORD kBuffer = 4096;
@@ -133,18 +131,6 @@ Handle Connect(const std::wstring &name, const Patience &patience)
     }
 }
 
-std::optional<HandedFiles> Parsed(const std::string &bytes)
-{
-    if (bytes.empty() || bytes.back() != '\0') {
-        return std::nullopt;
-    }
-    std::vector<std::string> texts;
-    for (std::size_t at = 0; at < bytes.size(); at += texts.back().size() + 1) {
-        texts.emplace_back(bytes.c_str() + at);
-    }
-    return HandedFiles{texts.front(), {texts.begin() + 1, texts.end()}};
-}
-
 } // namespace
 
 std::string HandOverAddress()
@@ -180,15 +166,12 @@ bool HandOver(const std::string &address, const HandedFiles &files)
     if (::GetNamedPipeServerProcessId(pipe.get(), &taker) != 0) {
         ::AllowSetForegroundWindow(taker);
     }
-    std::string bytes = files.activation + '\0';
-    for (const std::string &path : files.paths) {
-        bytes += path + '\0';
-    }
+    const std::string bytes = BytesOf(files);
     const auto length = static_cast<Length>(bytes.size());
     std::string front(sizeof(length), '\0');
     std::memcpy(front.data(), &length, sizeof(length));
     char answer = 0;
-    return WriteBytes(pipe.get(), front + bytes, patience) && ReadBytes(pipe.get(), &answer, 1, patience) && answer == kTaken;
+    return WriteBytes(pipe.get(), front + bytes, patience) && ReadBytes(pipe.get(), &answer, 1, patience) && answer == kHandedTaken;
 }
 
 struct HandOverInbox::Line {
@@ -215,15 +198,15 @@ struct HandOverInbox::Line {
             return std::nullopt;
         }
         std::memcpy(&length, bytes.data(), sizeof(length));
-        if (length > kMost) {
+        if (length > kMostHanded) {
             return std::nullopt;
         }
         bytes.resize(length);
         if (!ReadBytes(pipe.get(), bytes.data(), bytes.size(), patience)) {
             return std::nullopt;
         }
-        std::optional<HandedFiles> files = Parsed(bytes);
-        if (files && WriteBytes(pipe.get(), std::string(1, kTaken), patience)) {
+        std::optional<HandedFiles> files = HandedIn(bytes);
+        if (files && WriteBytes(pipe.get(), std::string(1, kHandedTaken), patience)) {
             char none = 0;
             ReadBytes(pipe.get(), &none, 1, patience); // until the sender has gone: what it has not read yet would be lost
         }

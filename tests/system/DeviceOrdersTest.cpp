@@ -276,7 +276,7 @@ protected:
     MidiHandle in_ = 0;
     std::atomic<int> heard_ = 0;
     std::mt19937 random_{static_cast<unsigned>(FromEnvironment("VELLUTO_DEVICE_SEED", 80))};
-    Watchdog dog_{std::chrono::seconds(20)};
+    Watchdog dog_{std::chrono::seconds(60)}; // a client that is killed makes its server stand still for seconds
 };
 
 TEST_F(DeviceOrders, HangNothingLeaveNoNoteAndKeepNoMemory)
