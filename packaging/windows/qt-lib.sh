@@ -18,11 +18,16 @@ qt_recipe() {
     { declare -p qt_off qt_on; declare -f qt_unpack qt_configure qt_make; } | sha256sum | cut -c 1-12
 }
 
+# The description of the sources in the cache; nothing where there are none yet.
+qt_description() {
+    find "$windows_cache" -maxdepth 2 -path "$windows_cache/source/qt6-base_*.dsc" | sort | tail -n 1
+}
+
 # qt_source: brings Debian's source package to the cache, and sets qt_dsc to its description. Its own lists and sources: those of the
 # machine stay as they are.
 qt_source() {
     local apt=$windows_cache/apt options
-    qt_dsc=$(find "$windows_cache/source" -name 'qt6-base_*.dsc' 2>/dev/null | sort | tail -n 1)
+    qt_dsc=$(qt_description)
     [ -z "$qt_dsc" ] || return 0
     say "Fetching Debian's sources of Qt"
     rm -rf "$apt" "$windows_cache/source.new"
@@ -36,7 +41,7 @@ qt_source() {
         return 1
     fi
     mv "$windows_cache/source.new" "$windows_cache/source"
-    qt_dsc=$(find "$windows_cache/source" -name 'qt6-base_*.dsc' | sort | tail -n 1)
+    qt_dsc=$(qt_description)
 }
 
 # qt_unpack FOLDER: the sources as Debian builds them, but for the one platform plug-in that no switch leaves out.
