@@ -2,7 +2,7 @@
 # Installs what is missing and runs every check and test of the project.
 #
 #     ./test.sh           what every change has to pass: format, rooms, names, scripts, and all tests
-#     ./test.sh --full    that, and clang-tidy, Windows, valgrind, all tests with sanitizers, a short fuzzing
+#     ./test.sh --full    that, and clang-tidy, GCC, Windows, valgrind, all tests with sanitizers, threads, a short fuzzing
 #
 # The last line says "N passed, M failed"; each check counts as one. The exit code is 0 where nothing failed.
 set -euo pipefail
@@ -101,11 +101,13 @@ check coverage tools/check-coverage
 check scripts check_scripts
 tests dev
 if $full; then
+    check gcc build gcc velluto_desktop velluto_devices velluto_machine # the next one compiles the other rooms with GCC
     check windows tools/check-windows --all
     check tidy tools/check-tidy build/dev
     check memory tools/check-memory build/dev
     tests asan
     check fuzz tests/fuzz/run.sh "$seconds_fuzzed"
+    check races tools/check-races
 fi
 
 [ "$skipped" -eq 0 ] || say "$skipped skipped"

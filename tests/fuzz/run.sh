@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the fuzz targets and lets each run for a while, from the inputs in tests/fuzz/corpus and the sample files. What makes
-# one fail stays in build/fuzz, to be fed to it again.
+# one fail stays in build/asan, to be fed to it again.
 #
 #     tests/fuzz/run.sh [--keep] [SECONDS [TARGET...]]    10 seconds each, all targets
 #
@@ -22,9 +22,9 @@ longest_input=45000 # bytes; a settings file and some more
 longest_kept=1000
 seeds=$PWD/tests/fuzz/corpus
 
-build fuzz "$@"
+build asan "${@:-tests/fuzz/all}"
 targets=()
-for target in build/fuzz/tests/fuzz/fuzz_*; do
+for target in build/asan/tests/fuzz/fuzz_*; do
     name=${target##*/}
     if [ -f "$target" ] && [ -x "$target" ] && { [ $# -eq 0 ] || [[ " $* " == *" $name "* ]]; }; then
         targets+=("$target")
@@ -42,7 +42,7 @@ for target in "${targets[@]}"; do
     fuzz_bank_file | fuzz_program_file | fuzz_tool_files) corpus+=(data/samples) ;;
     esac
     "$target" "${options[@]}" -max_total_time="$seconds" -timeout=20 -len_control=0 -max_len="$longest_input" \
-        -artifact_prefix="build/fuzz/$name-" "${corpus[@]}"
+        -artifact_prefix="build/asan/$name-" "${corpus[@]}"
     if $keep; then
         mkdir "$finds/kept"
         "$target" -merge=1 -max_len="$longest_kept" "$finds/kept" "$finds/$name"
