@@ -70,8 +70,11 @@ qt_configure() {
 }
 
 # qt_make SOURCE BUILD TO: an interrupted one goes on where it was. Whose it is goes along: of what is bundled, what Windows' build has.
+# Its time is that of Debian's sources, whichever tree asks for it.
 qt_make() {
-    local part
+    local part SOURCE_DATE_EPOCH
+    SOURCE_DATE_EPOCH=$(dpkg-parsechangelog --file "$1/debian/changelog" --show-field Timestamp)
+    export SOURCE_DATE_EPOCH
     nice -n 19 ninja -C "$2" -j "${VELLUTO_JOBS:-$(nproc)}" || return 1
     rm -rf "$3.new"
     DESTDIR=$3.new cmake --install "$2" --strip || return 1
