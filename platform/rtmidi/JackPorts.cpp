@@ -18,9 +18,10 @@ using namespace std::chrono_literals;
 
 // What a server that stands still keeps of a port's messages, and so the longest message.
 constexpr std::size_t kRingBytes = std::size_t{1} << 16;
+constexpr std::int64_t kMicroseconds = 1000000; // of a second
 // How late a message may be handed over and still come at its time. Added to one period, since the one that is running when
 // it is due has taken its messages already.
-constexpr jack_nframes_t kGraceParts = 500; // of a second: 2 ms
+constexpr std::int64_t kGraceParts = 500; // of a second: 2 ms
 constexpr auto kLongestDrain = 1000ms;
 constexpr auto kDrainLook = 500us;
 
@@ -34,6 +35,13 @@ jack_ringbuffer_t *MakeRing(std::size_t bytes)
 }
 
 } // namespace
+
+std::int64_t JackPeriod::Place(std::int64_t due) const
+{
+    const std::int64_t length = kMicroseconds * frames / rate;
+    const std::int64_t begin = std::clamp(told, now - length, now);
+    return (due - begin) * rate / kMicroseconds + frames + rate / kGraceParts;
+}
 
 JackRegistration::JackRegistration(JackHost &host, JackPort &port, const char *label, JackPortFlags direction)
     : host_(host), port_(port), handle_(host.Add(port, label, direction))
@@ -93,18 +101,25 @@ void JackOutput::Process(jack_port_t *port, jack_nframes_t frames)
 {
     void *const buffer = jack_port_get_buffer(port, frames);
     jack_midi_clear_buffer(buffer);
+    if (jack_ringbuffer_read_space(ring_.get()) == 0) {
+        return;
+    }
     jack_client_t *const client = host_.Client();
-    const jack_nframes_t begin = jack_last_frame_time(client);
-    const jack_nframes_t delay = frames + jack_get_sample_rate(client) / kGraceParts;
+    jack_nframes_t count = 0;
+    jack_time_t begin = 0;
+    jack_time_t next = 0;
+    float length = 0;
+    jack_get_cycle_times(client, &count, &begin, &next, &length);
+    const JackPeriod period{static_cast<std::int64_t>(begin), static_cast<std::int64_t>(jack_get_time()), frames,
+                            jack_get_sample_rate(client)};
     jack_nframes_t earliest = 0; // places only rise within a period
     Entry entry;
     while (jack_ringbuffer_peek(ring_.get(), reinterpret_cast<char *>(&entry), sizeof(entry)) == sizeof(entry)) {
-        // The count of frames wraps.
-        const auto place = entry.due == kAtOnce ? 0 : static_cast<std::int32_t>(jack_time_to_frames(client, entry.due) + delay - begin);
-        if (place >= static_cast<std::int32_t>(frames)) {
+        const std::int64_t place = entry.due == kAtOnce ? 0 : period.Place(static_cast<std::int64_t>(entry.due));
+        if (place >= frames) {
             break;
         }
-        earliest = std::max(earliest, static_cast<jack_nframes_t>(std::max(place, 0)));
+        earliest = std::max(earliest, static_cast<jack_nframes_t>(std::max<std::int64_t>(place, 0)));
         jack_midi_data_t *const bytes = jack_midi_event_reserve(buffer, earliest, entry.length);
         if (bytes == nullptr && jack_midi_get_event_count(buffer) > 0) {
             break; // there is room in the next period

@@ -10,6 +10,19 @@
 
 namespace velluto {
 
+// A period that runs, in microseconds of JACK's clock. Where the server could not keep one, its own word for when it began is off by up
+// to half a second for a while, ahead or behind: it is believed as far as a period has begun already, and not longer ago than it lasts.
+struct JackPeriod {
+    std::int64_t told = 0; // when it began, as the server has it
+    std::int64_t now = 0;
+    std::int64_t frames = 0; // that it lasts
+    std::int64_t rate = 0;   // frames a second
+
+    // The frame that a message due at that microsecond goes to, counted from the period's first: below 0 where it is late already, and
+    // beyond the last where it goes to a later period.
+    [[nodiscard]] std::int64_t Place(std::int64_t due) const;
+};
+
 // What JACK's thread calls.
 class JackPort {
 public:
