@@ -18,6 +18,7 @@ build/bench/bench/bench_growth --benchmark_repetitions=5 --benchmark_report_aggr
     --benchmark_out=build/bench/growth.json --benchmark_out_format=json || status=1
 bench/plot_growth.py build/bench/growth.json docs/pictures/growth.svg
 bench/startup.sh || status=1
+bench/idle.sh || status=1
 bench/sequencer.sh || status=1
 bench/keyboard-latency.sh || status=1
 exit "$status"
