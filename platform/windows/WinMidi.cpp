@@ -48,21 +48,42 @@ UINT_PTR SystemNumber(int number)
     return static_cast<UINT_PTR>(static_cast<INT_PTR>(number)); // -1 is the mapper
 }
 
-// As many letters of the name as the field has room for, in UTF-8.
-void PutName(const wchar_t *name, MidiDeviceCaps &caps)
+// What the system says of one of its devices.
+template <class Caps, MMRESULT(WINAPI *query)(UINT_PTR, Caps *, UINT)>
+int NameOf(int systemNumber, std::string &name)
 {
-    const std::string utf8 = Utf8Of(name);
-    std::size_t length = std::min(utf8.size(), caps.name.size() - 1);
-    while (length > 0 && length < utf8.size() && (static_cast<unsigned char>(utf8[length]) & 0xC0U) == 0x80U) {
+    Caps about{};
+    const MMRESULT result = query(SystemNumber(systemNumber), &about, sizeof(about));
+    if (result == MMSYSERR_NOERROR) {
+        name = Utf8Of(about.szPname);
+    }
+    return static_cast<int>(result);
+}
+
+// As many letters of the name as the field has room for.
+int Caps(WinNumbers &numbers, int number, MidiDeviceCaps &caps)
+{
+    std::string name;
+    const int result = numbers.Name(number, name);
+    if (result != MMSYSERR_NOERROR) {
+        return result;
+    }
+    std::size_t length = std::min(name.size(), caps.name.size() - 1);
+    while (length > 0 && length < name.size() && (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U) {
         --length;
     }
     caps.name.fill('\0');
-    std::copy_n(utf8.begin(), length, caps.name.begin());
+    std::copy_n(name.begin(), length, caps.name.begin());
+    return result;
 }
 
 } // namespace
 
-WinMidi::WinMidi() = default;
+WinMidi::WinMidi()
+    : outNumbers_({[] { return static_cast<int>(::midiOutGetNumDevs()); }, &NameOf<MIDIOUTCAPSW, &::midiOutGetDevCapsW>}),
+      inNumbers_({[] { return static_cast<int>(::midiInGetNumDevs()); }, &NameOf<MIDIINCAPSW, &::midiInGetDevCapsW>})
+{
+}
 
 WinMidi::~WinMidi()
 {
@@ -98,23 +119,27 @@ WinMidi::Input *WinMidi::FindInput(MidiHandle handle) const
 
 int WinMidi::midiOutGetNumDevs()
 {
-    return static_cast<int>(::midiOutGetNumDevs());
+    return outNumbers_.Count();
+}
+
+std::optional<MidiDeviceCounts> WinMidi::CountAgain()
+{
+    return MidiDeviceCounts{outNumbers_.CountAgain(), inNumbers_.CountAgain()};
 }
 
 int WinMidi::midiOutGetDevCapsA(int number, MidiDeviceCaps &caps)
 {
-    MIDIOUTCAPSW about{};
-    const MMRESULT result = ::midiOutGetDevCapsW(SystemNumber(number), &about, sizeof(about));
-    if (result == MMSYSERR_NOERROR) {
-        PutName(about.szPname, caps);
-    }
-    return static_cast<int>(result);
+    return Caps(outNumbers_, number, caps);
 }
 
 // With what an earlier one left sounding ended.
 int WinMidi::Open(int number, std::shared_ptr<WinOutput> &output)
 {
-    const int result = WinOutput::Open(number, output);
+    int systemNumber = 0;
+    int result = outNumbers_.Find(number, systemNumber);
+    if (result == MMSYSERR_NOERROR) {
+        result = WinOutput::Open(number, systemNumber, output);
+    }
     const auto left = abandoned_.find(number);
     if (result == MMSYSERR_NOERROR && left != abandoned_.end() && Silence(*output, left->second)) {
         abandoned_.erase(left);
@@ -185,7 +210,7 @@ std::shared_ptr<WinOutput> WinMidi::ForSongs()
         songs_.reset();
     }
     if (!songs_) {
-        Open(0, songs_);
+        Open(outNumbers_.First(), songs_);
     }
     return songs_;
 }
@@ -212,25 +237,24 @@ void WinMidi::EndThru(Input &input, bool staysLinked)
 
 int WinMidi::midiInGetNumDevs()
 {
-    return static_cast<int>(::midiInGetNumDevs());
+    return inNumbers_.Count();
 }
 
 int WinMidi::midiInGetDevCapsA(int number, MidiDeviceCaps &caps)
 {
-    MIDIINCAPSW about{};
-    const MMRESULT result = ::midiInGetDevCapsW(SystemNumber(number), &about, sizeof(about));
-    if (result == MMSYSERR_NOERROR) {
-        PutName(about.szPname, caps);
-    }
-    return static_cast<int>(result);
+    return Caps(inNumbers_, number, caps);
 }
 
 int WinMidi::midiInOpen(MidiHandle &handle, int number, MidiInCallback callback)
 {
+    int systemNumber = 0;
+    if (const int result = inNumbers_.Find(number, systemNumber); result != MMSYSERR_NOERROR) {
+        return result;
+    }
     auto input = std::make_unique<Input>();
     input->handle = last_ + 1; // known before the system calls for the first time, which it does inside the open
     input->callback = callback;
-    const MMRESULT result = ::midiInOpen(&input->system, static_cast<UINT>(number), reinterpret_cast<DWORD_PTR>(&Input::Proc),
+    const MMRESULT result = ::midiInOpen(&input->system, static_cast<UINT>(systemNumber), reinterpret_cast<DWORD_PTR>(&Input::Proc),
                                          reinterpret_cast<DWORD_PTR>(input.get()), CALLBACK_FUNCTION);
     if (result == MMSYSERR_NOERROR) {
         handle = ++last_;

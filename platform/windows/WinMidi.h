@@ -1,10 +1,12 @@
 // The MIDI devices of Windows behind the program's port: its own numbers, names and result codes. Made by MakeMachineMusic. To what the
-// system's calls do it adds that no note rings on: what sounds ends when an output is closed, or Thru is.
+// system's calls do it adds that no note rings on: what sounds ends when an output is closed, or Thru is; and that a device keeps its
+// number for the whole run.
 #pragma once
 
 #include "platform/MidiDevices.h"
 
 #include "platform/music/NoteTracker.h"
+#include "platform/windows/WinNumbers.h"
 #include "platform/windows/WinOutput.h"
 
 #include <functional>
@@ -35,9 +37,10 @@ public:
     int midiInStop(MidiHandle handle) override;
     int midiConnect(MidiHandle in, MidiHandle out) override;
     int midiDisconnect(MidiHandle in, MidiHandle out) override;
+    std::optional<MidiDeviceCounts> CountAgain() override;
 
-    // Where songs go: to the output that the program has opened last; where none is open, to the first device, which is theirs until the
-    // program opens one. Null where that cannot be had.
+    // Where songs go: to the output that the program has opened last; where none is open, to the first device there, which is theirs until
+    // the program opens one. Null where that cannot be had.
     std::shared_ptr<WinOutput> ForSongs();
     [[nodiscard]] bool IsForSongsAlone(const std::shared_ptr<WinOutput> &output) const { return output && output == songs_; }
     // Called after ForSongs has come to give something else.
@@ -53,6 +56,8 @@ private:
     int Close(WinOutput &output);
     void EndThru(Input &input, bool staysLinked);
 
+    WinNumbers outNumbers_;
+    WinNumbers inNumbers_;
     // The system's handles are wider than the program's, and one that was closed may not be shown to the system again.
     std::map<MidiHandle, std::shared_ptr<WinOutput>> outputs_;
     std::shared_ptr<WinOutput> songs_;     // of songs alone

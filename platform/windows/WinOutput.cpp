@@ -33,10 +33,10 @@ struct WinOutput::Exclusive {
     MIDIHDR header{};
 };
 
-int WinOutput::Open(int number, std::shared_ptr<WinOutput> &output)
+int WinOutput::Open(int number, int systemNumber, std::shared_ptr<WinOutput> &output)
 {
     HMIDIOUT system = nullptr;
-    const MMRESULT result = ::midiOutOpen(&system, static_cast<UINT>(number), 0, 0, CALLBACK_NULL);
+    const MMRESULT result = ::midiOutOpen(&system, static_cast<UINT>(systemNumber), 0, 0, CALLBACK_NULL);
     if (result == MMSYSERR_NOERROR) {
         output = std::make_shared<WinOutput>(number, system);
     }

@@ -16,8 +16,8 @@ class WinOutput {
 public:
     using System = void *; // an HMIDIOUT
 
-    // output is set only with success. -1 is the system's mapper.
-    static int Open(int number, std::shared_ptr<WinOutput> &output);
+    // number is what the program calls the device. output is set only with success.
+    static int Open(int number, int systemNumber, std::shared_ptr<WinOutput> &output);
     WinOutput(int number, System system);
     ~WinOutput(); // closes
     WinOutput(const WinOutput &) = delete;

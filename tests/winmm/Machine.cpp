@@ -26,6 +26,17 @@ std::wstring Wide(const std::string &utf8)
     return wide;
 }
 
+void Insert(Devices &devices, std::size_t at, const std::string &name)
+{
+    devices.insert(devices.begin() + static_cast<std::ptrdiff_t>(at), std::make_shared<Device>(Device{Wide(name)}));
+}
+
+void Remove(Devices &devices, std::size_t at)
+{
+    devices.at(at)->pulled = true;
+    devices.erase(devices.begin() + static_cast<std::ptrdiff_t>(at));
+}
+
 // The input's own thread, as a driver has one.
 void Deliver(Machine &machine, std::size_t number, DWORD message, DWORD time)
 {
@@ -61,11 +72,6 @@ bool IsOpen(const Machine &machine, const void *handle)
     return std::ranges::find(machine.open, handle) != machine.open.end();
 }
 
-Device &DeviceOf(Machine &machine, const Open &open)
-{
-    return (open.output ? machine.outs : machine.ins)[open.number];
-}
-
 void Command(Machine &machine, const std::string &line)
 {
     std::istringstream words(line);
@@ -73,8 +79,20 @@ void Command(Machine &machine, const std::string &line)
     std::string what;
     words >> verb;
     if (verb == "out" || verb == "in") {
+        Devices &devices = verb == "out" ? machine.outs : machine.ins;
         std::getline(words >> std::ws, what);
-        (verb == "out" ? machine.outs : machine.ins).push_back({Wide(what)});
+        Insert(devices, devices.size(), what);
+    } else if (verb == "insert" || verb == "remove") {
+        std::size_t number = 0;
+        std::string name;
+        words >> what >> number;
+        Devices &devices = what == "out" ? machine.outs : machine.ins;
+        if (verb == "remove") {
+            Remove(devices, number);
+        } else {
+            std::getline(words >> std::ws, name);
+            Insert(devices, number, name);
+        }
     } else if (verb == "reset") {
         machine.outs.clear();
         machine.ins.clear();
@@ -90,7 +108,7 @@ void Command(Machine &machine, const std::string &line)
     } else if (verb == "pull" || verb == "plug") {
         std::size_t number = 0;
         words >> what >> number;
-        (what == "out" ? machine.outs : machine.ins).at(number).pulled = verb == "pull";
+        (what == "out" ? machine.outs : machine.ins).at(number)->pulled = verb == "pull";
     } else if (verb == "hold") {
         words >> machine.holdsExclusives;
     } else if (verb == "receive") {

@@ -5,6 +5,8 @@
 // log then goes on to the file of STANDIN_WINMM_LOG as well.
 //
 //     out NAME, in NAME          one more device; names are UTF-8
+//     insert out N NAME          one more in the midst of them; that number and those above it move up
+//     remove out N, remove in N  the device goes as by pull, and the numbers above it move down
 //     reset                      no devices, no faults, an empty log
 //     fail CALL CODE             from now on the call gives this code and does nothing; with CODE 0 it works again
 //     pull out N, pull in N      the device has gone: what is open on it answers 68 but to its close
@@ -17,6 +19,7 @@
 
 #include <deque>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -31,8 +34,11 @@ struct Device {
     bool inUse = false;
 };
 
+using Devices = std::vector<std::shared_ptr<Device>>;
+
 struct Open {
-    std::size_t number = 0;
+    std::size_t number = 0; // as it was opened
+    std::shared_ptr<Device> device = nullptr;
     bool output = true;
     bool started = false;
     Open *thru = nullptr; // the output that an input is connected to
@@ -42,8 +48,8 @@ struct Open {
 
 struct Machine {
     std::recursive_mutex lock;
-    std::vector<Device> outs;
-    std::vector<Device> ins;
+    Devices outs;
+    Devices ins;
     std::map<std::string, MMRESULT> faults;
     std::deque<Open> opened; // never moves, so that a handle is an address
     std::vector<Open *> open;
@@ -58,7 +64,6 @@ void Command(Machine &machine, const std::string &line);
 void Note(Machine &machine, const std::string &line); // in the log
 std::string Hexadecimal(DWORD number);
 bool IsOpen(const Machine &machine, const void *handle);
-Device &DeviceOf(Machine &machine, const Open &open);
 std::string NumberOf(const void *handle); // of its device
 
 // One call: logged with its result; work gives that where no fault was laid.
@@ -83,7 +88,7 @@ MMRESULT CallOn(const std::string &name, void *handle, const std::string &about,
             return MMSYSERR_INVALHANDLE;
         }
         Open &open = *static_cast<Open *>(handle);
-        return DeviceOf(machine, open).pulled ? kGone : work(machine, open);
+        return open.device->pulled ? kGone : work(machine, open);
     });
 }
 

@@ -12,19 +12,20 @@ using namespace winmm;
 namespace {
 
 template <class Caps>
-MMRESULT FillCaps(const std::string &name, std::vector<Device> Machine::*devices, UINT_PTR number, Caps *caps, UINT size)
+MMRESULT FillCaps(const std::string &name, Devices Machine::*devices, UINT_PTR number, Caps *caps, UINT size)
 {
     return Call(name, std::to_string(static_cast<INT_PTR>(number)), [&](Machine &machine) -> MMRESULT {
-        const std::vector<Device> &there = machine.*devices;
+        const Devices &there = machine.*devices;
         Caps about{};
         if (number == MIDI_MAPPER || number == static_cast<UINT_PTR>(-1)) {
             std::wcscpy(about.szPname, L"MIDI Mapper");
         } else if (number >= there.size()) {
             return MMSYSERR_BADDEVICEID;
-        } else if (there[number].pulled) {
+        } else if (there[number]->pulled) {
             return kGone;
         } else {
-            std::copy_n(there[number].name.begin(), std::min<std::size_t>(there[number].name.size(), MAXPNAMELEN - 1), about.szPname);
+            const std::wstring &full = there[number]->name;
+            std::copy_n(full.begin(), std::min<std::size_t>(full.size(), MAXPNAMELEN - 1), about.szPname);
         }
         std::memcpy(caps, &about, std::min<std::size_t>(size, sizeof(about)));
         return MMSYSERR_NOERROR;
@@ -33,17 +34,18 @@ MMRESULT FillCaps(const std::string &name, std::vector<Device> Machine::*devices
 
 MMRESULT OpenDevice(Machine &machine, Open open, Open *&opened)
 {
-    std::vector<Device> &devices = open.output ? machine.outs : machine.ins;
+    const Devices &devices = open.output ? machine.outs : machine.ins;
     if (open.number >= devices.size()) {
         return MMSYSERR_BADDEVICEID;
     }
-    if (devices[open.number].pulled) {
+    open.device = devices[open.number];
+    if (open.device->pulled) {
         return kGone;
     }
-    if (devices[open.number].inUse) {
+    if (open.device->inUse) {
         return MMSYSERR_ALLOCATED;
     }
-    devices[open.number].inUse = true;
+    open.device->inUse = true;
     opened = &machine.opened.emplace_back(open);
     machine.open.push_back(opened);
     return MMSYSERR_NOERROR;
@@ -54,7 +56,7 @@ MMRESULT CloseDevice(Machine &machine, void *handle)
     if (!IsOpen(machine, handle)) {
         return MMSYSERR_INVALHANDLE;
     }
-    DeviceOf(machine, *static_cast<Open *>(handle)).inUse = false;
+    static_cast<Open *>(handle)->device->inUse = false;
     std::erase(machine.open, handle);
     return MMSYSERR_NOERROR;
 }
