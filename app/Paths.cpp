@@ -15,6 +15,17 @@ std::size_t LastSeparator(std::string_view path)
     return found == path.rend() ? std::string_view::npos : static_cast<std::size_t>(path.rend() - found) - 1;
 }
 
+// Bytes of the server and the share that a path of Windows' begins with; 0 where it begins with none.
+std::size_t ShareLength(std::string_view path)
+{
+    constexpr std::string_view kFront = R"(\\)";
+    const std::size_t behindServer = path.starts_with(kFront) ? path.find('\\', kFront.size()) : std::string_view::npos;
+    if (behindServer == std::string_view::npos || behindServer + 1 == path.size()) {
+        return 0;
+    }
+    return std::min(path.find('\\', behindServer + 1), path.size());
+}
+
 char Upper(char c)
 {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
@@ -57,6 +68,23 @@ std::string JoinPath(std::string_view folder, std::string_view name)
         path += kPathSeparator;
     }
     return path.append(name);
+}
+
+std::vector<std::string> WayTo(std::string_view path, char separator)
+{
+    std::vector<std::string> way;
+    std::size_t at = separator == '\\' ? ShareLength(path) : 0;
+    if (at > 0) {
+        way.push_back(std::string(path.substr(0, at)) + separator);
+        at = std::min(at + 1, path.size());
+    }
+    for (at = path.find(separator, at); at != std::string_view::npos; at = path.find(separator, at + 1)) {
+        way.emplace_back(path.substr(0, std::max<std::size_t>(at, 1)));
+    }
+    if (way.empty() || !way.back().starts_with(path)) {
+        way.emplace_back(path);
+    }
+    return way;
 }
 
 std::string UpperCase(std::string_view text)

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velluto {
 
@@ -22,6 +23,9 @@ inline constexpr char kPathSeparator = '/';
 [[nodiscard]] std::string ExtensionOf(std::string_view path);
 // folder + separator + name; the root folder gets no second separator.
 [[nodiscard]] std::string JoinPath(std::string_view folder, std::string_view name);
+// The folders from the root down to this one, each with its path. A share of Windows' is a root and ends with a separator:
+// "\\server\share\".
+[[nodiscard]] std::vector<std::string> WayTo(std::string_view path, char separator = kPathSeparator);
 // ASCII letters only, byte by byte.
 [[nodiscard]] std::string UpperCase(std::string_view text);
 [[nodiscard]] std::string LowerCase(std::string_view text);

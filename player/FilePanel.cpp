@@ -1,6 +1,7 @@
 #include "player/FilePanel.h"
 
 #include "app/Catalogue.h"
+#include "app/Paths.h"
 #include "player/Compilations.h"
 #include "player/FileSelection.h"
 #include "player/ListRows.h"
@@ -21,19 +22,6 @@ std::string WithoutTrailingSeparator(std::string path)
         path.pop_back();
     }
     return path;
-}
-
-// The folders from the root down to this one, each with its path.
-std::vector<std::string> WayTo(const std::string &path)
-{
-    std::vector<std::string> way;
-    for (std::size_t at = path.find(kPathSeparator); at != std::string::npos; at = path.find(kPathSeparator, at + 1)) {
-        way.push_back(path.substr(0, std::max<std::size_t>(at, 1)));
-    }
-    if (way.empty() || way.back() != path) {
-        way.push_back(path);
-    }
-    return way;
 }
 
 // Each row stands a little further to the right than the folder it lies in.

@@ -3,9 +3,11 @@
 #include "app/FixedText.h"
 #include "unit/support/NativePath.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace velluto;
+using testing::ElementsAre;
 using velluto::test::Native;
 
 TEST(Paths, TheFileNameFollowsTheLastSeparatorWithoutBlanksAtItsEnd)
@@ -43,6 +45,23 @@ TEST(Paths, OnlyAsciiLettersChangeTheirCase)
 {
     EXPECT_EQ(UpperCase("pcg \xC3\xA8"), "PCG \xC3\xA8");
     EXPECT_EQ(LowerCase("PCG \xC3\x88"), "pcg \xC3\x88");
+}
+
+TEST(Paths, TheWayToAFolderBeginsAtItsRoot)
+{
+    EXPECT_THAT(WayTo("/music/sets", '/'), ElementsAre("/", "/music", "/music/sets"));
+    EXPECT_THAT(WayTo("/", '/'), ElementsAre("/"));
+    EXPECT_THAT(WayTo(R"(C:\music\sets)", '\\'), ElementsAre("C:", R"(C:\music)", R"(C:\music\sets)"));
+    EXPECT_THAT(WayTo("C:", '\\'), ElementsAre("C:"));
+}
+
+TEST(Paths, AShareIsARoot)
+{
+    EXPECT_THAT(WayTo(R"(\\server\share\music\sets)", '\\'),
+                ElementsAre(R"(\\server\share\)", R"(\\server\share\music)", R"(\\server\share\music\sets)"));
+    EXPECT_THAT(WayTo(R"(\\server\share)", '\\'), ElementsAre(R"(\\server\share\)"));
+    EXPECT_THAT(WayTo(R"(\\?\C:\music)", '\\'), ElementsAre(R"(\\?\C:\)", R"(\\?\C:\music)"));
+    EXPECT_THAT(WayTo(R"(\\server\share)", '/'), ElementsAre(R"(\\server\share)")) << "elsewhere it is a name";
 }
 
 #ifndef _WIN32

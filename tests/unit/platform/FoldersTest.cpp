@@ -2,11 +2,8 @@
 
 #include "platform/FileStore.h"
 #include "standin/FaultyFiles.h"
+#include "unit/support/HiddenFile.h"
 #include "unit/support/TestProgram.h"
-#ifdef _WIN32
-#include "platform/windows/WinPaths.h"
-#include "platform/windows/Windows.h"
-#endif
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,14 +37,6 @@ TEST(FolderOrder, IsThatOfLettersWithoutTheirCase)
     EXPECT_FALSE(ComesBefore("a", "A"));
     EXPECT_FALSE(ComesBefore("a", "a"));
     EXPECT_TRUE(ComesBefore("z", "\xC3\xA8")); // bytes beyond ASCII come last
-}
-
-// What its dot does elsewhere, an attribute does on Windows.
-void Hide([[maybe_unused]] const std::string &path)
-{
-#ifdef _WIN32
-    ::SetFileAttributesW(WideOf(path)->c_str(), FILE_ATTRIBUTE_HIDDEN);
-#endif
 }
 
 class FoldersTest : public testing::Test {

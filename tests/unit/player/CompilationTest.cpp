@@ -3,6 +3,7 @@
 #include "player/Compilations.h"
 
 #include "unit/player/CompilationRun.h"
+#include "unit/support/HiddenFile.h"
 
 namespace velluto::test {
 namespace {
@@ -32,6 +33,7 @@ TEST_F(Compilations, AMangledNameLosesCharactersAndNotBytes)
 {
     WriteText("\xC3\xA8-x.cmp", "");
     WriteText(".cmp", "");
+    Hide(At(".cmp"));
     WriteText("a.cmp", "");
     Start();
     EXPECT_EQ(form().ListComp.Rows(), (Rows{"", "x"}));

@@ -2,6 +2,7 @@
 #include "player/FilePanel.h"
 
 #include "unit/player/PlayerRun.h"
+#include "unit/support/HiddenFile.h"
 
 namespace velluto::test {
 namespace {
@@ -86,6 +87,7 @@ TEST_F(FilePanel, AFolderShowsItsMidiFilesInAnyCase)
     Song("e/Bell.Mid", 10);
     Song("e/notes.midi", 10);
     Song("e/.hidden.mid", 10);
+    Hide(At("e/.hidden.mid"));
     std::filesystem::create_directory(At("e/folder.mid"));
     StartWithPanel();
     Do("set frmMIDIPlayer DirMidiSel " + At("e"));
@@ -125,6 +127,20 @@ TEST_F(FilePanel, TheRootStandsInTheFolderListOnce)
     EXPECT_EQ(form().DirMidiSel.ListIndex(), 0);
     EXPECT_THAT(form().DirMidiSel.Rows(), testing::Not(testing::Contains("  " + Root()))) << "nor below itself";
 }
+
+#ifdef _WIN32
+TEST_F(FilePanel, APathFromAShareBeginsWithTheShare)
+{
+    StartWithPanel();
+    const std::string front = R"(\\?\)"; // the system takes it as a server, and the drive as its share
+    ASSERT_FALSE(OpenFolder(form(), front + At("d")).Failed());
+    EXPECT_EQ(form().DirMidiSel.Row(0), front + At("d").substr(0, 3));
+    EXPECT_EQ(form().ListMidiSel.ListCount(), 2);
+    DoubleClick(form().DirMidiSel, 0);
+    EXPECT_EQ(settings().PlayerDir, front + At("d").substr(0, 2));
+    EXPECT_EQ(form().DirMidiSel.ListIndex(), 0);
+}
+#endif
 
 TEST_F(FilePanel, TheFolderListLeadsUpAndDown)
 {
