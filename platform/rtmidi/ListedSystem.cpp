@@ -164,7 +164,7 @@ int ListedSystem::OpenInput(const std::string &name, std::shared_ptr<MessageSink
 
 std::unique_ptr<SourcePort> ListedSystem::MakeSource()
 {
-    return api_ == RtMidi::WINDOWS_MM ? nullptr : std::make_unique<VirtualSource>(api_);
+    return std::make_unique<VirtualSource>(api_);
 }
 
 std::vector<std::string> ListedSystem::Names(PortKind kind)

@@ -1,5 +1,5 @@
 // A MIDI system of which RtMidi tells all that there is to know, and nothing unasked: its ports are looked at from time to time.
-// Windows (WinMM) and macOS (CoreMIDI) as they are; ALSA with its announcements on top.
+// macOS (CoreMIDI) as it is; ALSA with its announcements on top.
 #pragma once
 
 #include "platform/rtmidi/MidiSystem.h"
@@ -23,7 +23,6 @@ public:
     // These systems connect at once, and deliver at once.
     int OpenOutput(const std::string &name, std::unique_ptr<SystemOutput> &end) override;
     int OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<SystemInput> &end) override;
-    // Nothing on Windows, which knows no ports of programs.
     std::unique_ptr<SourcePort> MakeSource() override;
 
 protected:

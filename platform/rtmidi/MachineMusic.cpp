@@ -32,10 +32,8 @@ std::vector<std::unique_ptr<SystemPorts>> MakeSystems()
         system->LookAhead();
     }
 #else
-    for (const RtMidi::Api api : {RtMidi::WINDOWS_MM, RtMidi::MACOSX_CORE}) {
-        if (has(api)) {
-            systems.push_back(std::make_unique<SystemPorts>(std::make_unique<ListedSystem>(api)));
-        }
+    if (has(RtMidi::MACOSX_CORE)) {
+        systems.push_back(std::make_unique<SystemPorts>(std::make_unique<ListedSystem>(RtMidi::MACOSX_CORE)));
     }
 #endif
     return systems;
