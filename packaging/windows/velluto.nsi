@@ -135,6 +135,7 @@ Section Uninstall
     !insertmacro DeleteFiles
     Delete "$INSTDIR\uninstall.exe"
     RMDir "$INSTDIR"
+    RMDir "$LOCALAPPDATA\Programs" ; where it is empty
     Delete "$SMPROGRAMS\Velluto.lnk"
     !insertmacro RemoveType ".pcg" "Velluto.Program"
     !insertmacro RemoveType ".sty" "Velluto.Style"
