@@ -23,6 +23,12 @@ qt_description() {
     find "$windows_cache" -maxdepth 2 -path "$windows_cache/source/qt6-base_*.dsc" | sort | tail -n 1
 }
 
+# qt_kept: sets qt_folder to the place of the Qt of the sources in the cache and of these options; false where it is not there.
+qt_kept() {
+    qt_folder=$windows_cache/$(basename "$(qt_description)" .dsc)-$(qt_recipe)
+    [ -d "$qt_folder" ]
+}
+
 # qt_source: brings Debian's source package to the cache, and sets qt_dsc to its description. Its own lists and sources: those of the
 # machine stay as they are.
 qt_source() {
@@ -100,9 +106,8 @@ qt_for_windows() {
     local name log
     mkdir -p "$windows_cache"
     qt_source
+    ! qt_kept || return 0
     name=$(basename "$qt_dsc" .dsc)
-    qt_folder=$windows_cache/$name-$(qt_recipe)
-    [ ! -d "$qt_folder" ] || return 0
     log=$qt_folder.log
     say "Building Qt for Windows (once; an hour or so on two cores). It is told in $log"
     [ -d "$windows_cache/$name" ] || qt_unpack "$windows_cache/$name" >"$log" 2>&1
