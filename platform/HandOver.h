@@ -33,7 +33,7 @@ inline constexpr char kHandedTaken = '1';                        // the taker's 
 // The other end. Takes the address where nobody is there, also from one who has gone without a word, and gives it free at its end.
 class HandOverInbox {
 public:
-    explicit HandOverInbox(std::string address);
+    explicit HandOverInbox(const std::string &address);
     ~HandOverInbox();
     HandOverInbox(const HandOverInbox &) = delete;
     HandOverInbox &operator=(const HandOverInbox &) = delete;

@@ -130,7 +130,7 @@ struct HandOverInbox::Line {
     int listening = -1;
 };
 
-HandOverInbox::HandOverInbox(std::string address) : line_(std::make_unique<Line>(Line{std::move(address), -1}))
+HandOverInbox::HandOverInbox(const std::string &address) : line_(std::make_unique<Line>(Line{address, -1}))
 {
     sockaddr_un name{};
     Socket socket(NewSocket());

@@ -214,7 +214,7 @@ struct HandOverInbox::Line {
     }
 };
 
-HandOverInbox::HandOverInbox(std::string address) : line_(std::make_unique<Line>())
+HandOverInbox::HandOverInbox(const std::string &address) : line_(std::make_unique<Line>())
 {
     const std::optional<std::wstring> name = address.empty() ? std::nullopt : WideOf(address);
     const std::wstring user = OurUser();

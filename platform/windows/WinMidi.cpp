@@ -24,7 +24,7 @@ struct WinMidi::Input {
     // On a thread of the system's, in which next to nothing may be done: it takes note of what came, hands it on, and does no more.
     static void CALLBACK Proc(HMIDIIN /*system*/, UINT message, DWORD_PTR instance, DWORD_PTR parameter1, DWORD_PTR parameter2)
     {
-        auto *input = reinterpret_cast<Input *>(instance);
+        auto *input = reinterpret_cast<Input *>(instance); // NOLINT(performance-no-int-to-ptr): the system passes pointers so
         if (message == MIM_DATA) {
             const std::unique_lock taken(input->lock, std::try_to_lock);
             if (taken.owns_lock() && input->isLinked) {

@@ -73,7 +73,7 @@ MMRESULT Call(const std::string &name, const std::string &about, Work work)
     Machine &machine = TheMachine();
     const std::lock_guard guard(machine.lock);
     const auto fault = machine.faults.find(name);
-    const MMRESULT result = fault != machine.faults.end() && fault->second != 0 ? fault->second : work(machine);
+    const MMRESULT result = fault != machine.faults.end() && fault->second != 0 ? fault->second : static_cast<MMRESULT>(work(machine));
     Note(machine, name + (about.empty() ? "" : " " + about) + " = " + std::to_string(result));
     return result;
 }
@@ -88,7 +88,7 @@ MMRESULT CallOn(const std::string &name, void *handle, const std::string &about,
             return MMSYSERR_INVALHANDLE;
         }
         Open &open = *static_cast<Open *>(handle);
-        return open.device->pulled ? kGone : work(machine, open);
+        return open.device->pulled ? kGone : static_cast<MMRESULT>(work(machine, open));
     });
 }
 
