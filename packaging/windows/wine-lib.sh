@@ -1,17 +1,38 @@
 # shellcheck shell=bash disable=SC2034,SC2154
 # A Windows to try things on: Wine with a display, in a folder that goes with the trial. Sourced after tests/system/gui-lib.sh.
 
+# Of the shape of Windows' own fonts, which nobody may pass on. Without them Wine takes any font there is, for a list the one of a book.
+declare -A font_like=(["Segoe UI"]="Open Sans" [Tahoma]="Open Sans" ["MS Shell Dlg"]="Open Sans" ["MS Shell Dlg 2"]="Open Sans"
+    ["Courier New"]="Liberation Mono" [Arial]="Liberation Sans" ["Times New Roman"]="Liberation Serif")
+
+# Wine's registry as that of a Windows 10: its fonts, and what it draws menus, messages and titles in: Segoe UI, 9 points, smoothed.
+windows_10() {
+    local name font=f4,ff,ff,ff,00,00,00,00,00,00,00,00,00,00,00,00,90,01,00,00,00,00,00,01,00,00,00,00
+    font+=$(printf 'Segoe UI' | sed 's/./&\x00/g' | od -A n -v -t x1 | tr -d '\n' | tr ' ' ,)$(printf ',00%.0s' {1..48})
+    printf 'Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\Software\\Wine]\n"Version"="win10"\n'
+    printf '\n[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]\n'
+    for name in "${!font_like[@]}"; do
+        printf '"%s"="%s"\n' "$name" "${font_like[$name]}"
+    done
+    printf '\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n"FontSmoothing"="2"\n"FontSmoothingType"=dword:2\n'
+    printf '\n[HKEY_CURRENT_USER\\Control Panel\\Desktop\\WindowMetrics]\n'
+    for name in Caption Icon Menu Message SmCaption Status; do
+        printf '"%sFont"=hex:%s\n' "$name" "$font"
+    done
+}
+
 wine_log=
 # set_wine NAME PICTURES: a stage as the system tests have it, and on it a Windows 10 that nobody has used yet.
 set_wine() {
+    install_packages "${windows_packages[@]}" "${windows_setup_packages[@]}" "${test_packages[@]}" "${windows_trial_packages[@]}"
     mkdir -p "$2"
     set_stage "$1" "$(realpath "$2")"
     trap leave_wine EXIT
     export WINEPREFIX=$stage/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winmm=n,b"
     wine_log=$stage/wine.log
     wineboot --init >"$wine_log" 2>&1
-    wine reg add 'HKCU\Software\Wine' /v Version /d win10 /f >>"$wine_log" 2>&1
-    wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v 'Segoe UI' /d 'Liberation Sans' /f >>"$wine_log" 2>&1 # which Windows has
+    windows_10 >"$stage/windows-10.reg"
+    wine regedit /S "$(windows_path "$stage/windows-10.reg")" >>"$wine_log" 2>&1
     wineserver --wait
     wineserver --persistent=600
     user_files=$WINEPREFIX/drive_c/users/$(id -un)
@@ -50,6 +71,16 @@ is_at_rest() {
     take "$stage/rest.ppm"
     sleep 0.3
     ! screen_differs "$stage/rest.ppm"
+}
+
+# The frame after one of the system's own dialogs. Wine gives the keyboard to a window of the toolkit's that goes with the dialog and is
+# never shown; once that is gone, no window has it for X, though the frame has it for Wine, which does not ask X a second time.
+come_back() {
+    local frame
+    for frame in $(xdotool search --name '^Velluto v 1.1 - Velluto$'); do
+        xdotool windowactivate "$frame"
+    done
+    await_window "Velluto v 1.1 - Velluto"
 }
 
 leave_wine() {
