@@ -14,10 +14,15 @@ constexpr int kReleaseDoubt = 2;     // milliseconds: the press that belongs to 
 constexpr int kFirstOfLowerRow = 24; // piano keys
 constexpr int kFirstOfUpperRow = 36;
 
-// What X11 and Wayland tell is the kernel's code of the key and 8.
+// What X11 and Wayland tell is the kernel's code of the key and 8; what Windows tells is what the first PC's keyboard said, from which
+// the kernel has its codes.
+#ifdef Q_OS_WIN
+constexpr quint32 kDisplayOffset = 0;
+#else
 constexpr quint32 kDisplayOffset = 8;
+#endif
 
-// The kernel's codes of the keys from C on, one for each semitone, as they lie on every keyboard: on an English one
+// The codes of the keys from C on, one for each semitone, as they lie on every keyboard: on an English one
 // Z S X D C V G B H N J M , L . ; / and Q 2 W 3 E R 5 T 6 Y 7 U I 9 O 0 P [ = ].
 constexpr auto kLowerRow = std::to_array<quint32>({44, 31, 45, 32, 46, 47, 34, 48, 35, 49, 36, 50, 51, 38, 52, 39, 53});
 constexpr auto kUpperRow = std::to_array<quint32>({16, 3, 17, 4, 18, 19, 6, 20, 7, 21, 8, 22, 23, 10, 24, 11, 25, 26, 13, 27});
