@@ -32,10 +32,13 @@ int CellWidth(const QFont &font)
 
 int RowBaseline(const QFont &font)
 {
+    constexpr int kTails = 2; // what letters that reach below the line need, to be told from others
     const QFontMetrics metrics(font);
     const int drawn = metrics.ascent() + metrics.descent();
-    // What a row lacks is taken below, where only the tails of a few letters reach.
-    return metrics.ascent() + std::max(0, (RowHeight(font) - drawn + 1) / 2) + (RowHeight(font) < drawn ? 1 : 0);
+    // What a row lacks is taken below, where only the tails of a few letters reach. Fonts that begin high above their letters, for
+    // scripts with marks there, lack more, and that is taken above.
+    const int baseline = metrics.ascent() + std::max(0, (RowHeight(font) - drawn + 1) / 2) + (RowHeight(font) < drawn ? 1 : 0);
+    return std::min(baseline, RowHeight(font) - kTails);
 }
 
 } // namespace velluto

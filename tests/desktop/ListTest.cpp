@@ -3,6 +3,7 @@
 #include "desktop/Fonts.h"
 
 #include <QAbstractItemModelTester>
+#include <QFontDatabase>
 #include <QScrollBar>
 
 namespace velluto::test {
@@ -178,6 +179,16 @@ TEST_F(ListTest, AHandlerMayCloseTheWindowOfItsOwnList)
     EXPECT_FALSE(app.children.IsOpen(form));
     Settle();
     EXPECT_EQ(Frame().WindowOf(form), nullptr);
+}
+
+TEST_F(ListTest, RowsKeepRoomForTailsWhateverTheFont)
+{
+    for (const QString &family : QFontDatabase::families()) {
+        for (const int points : {8, 10, 11, 14}) {
+            const QFont font(family, points);
+            EXPECT_LE(RowBaseline(font), RowHeight(font) - 2) << family.toStdString() << ", " << points;
+        }
+    }
 }
 
 TEST_F(ListTest, FontAndCellAreThoseThatWindowsAreMeasuredBy)
