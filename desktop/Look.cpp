@@ -2,6 +2,7 @@
 
 #include "desktop/Edges.h"
 #include "desktop/Icon.h"
+#include "desktop/Start.h"
 #include "desktop/TitleBar.h"
 #include "desktop/WidgetEvents.h"
 
@@ -14,6 +15,8 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <string_view>
 
 namespace velluto {
 
@@ -218,7 +221,8 @@ void SetUpLook()
 {
     QApplication::setStyle(new Look);
     QApplication::setWindowIcon(ProgramIcon());
-    const QByteArray theme = qgetenv("VELLUTO_THEME");
+    const std::string forced = qgetenv("VELLUTO_THEME").toStdString();
+    const std::string_view theme = forced.empty() ? ThemeOfSystem() : forced;
     // Qt's stock blue means that the system has no colours of its own to give.
     const bool stock = QApplication::palette().color(QPalette::Highlight) == QColor(kStockHighlight);
     if (theme == "dark") {

@@ -1,5 +1,5 @@
 // What the start of the program asks of its system, and each system has its own way to answer: the words of the command, the paths in
-// them, and where the user's files are. Used by main; answered by StartPosix and StartWindows.
+// them, where the user's files are, and how dark programs are. Used by main and Look; answered by StartPosix and StartWindows.
 #pragma once
 
 #include "files/Opening.h"
@@ -25,6 +25,8 @@ void GoToUserFolder(std::vector<std::string> &words);
 
 // Whether the system speaks Italian: the program's own language is not known before its settings are.
 [[nodiscard]] bool SystemSpeaksItalian();
+// The theme that the system's user has chosen, "light" or "dark"; empty where the palette that Qt brings says it all.
+[[nodiscard]] std::string_view ThemeOfSystem();
 // The desktop's leave to come to the front, empty where it gives none.
 [[nodiscard]] std::string Activation();
 // Says it to whoever has asked from a command line.

@@ -48,6 +48,11 @@ bool SystemSpeaksItalian()
     return false;
 }
 
+std::string_view ThemeOfSystem()
+{
+    return {};
+}
+
 std::string Activation()
 {
     const char *const activation = std::getenv("XDG_ACTIVATION_TOKEN");

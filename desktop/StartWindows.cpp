@@ -3,6 +3,7 @@
 #include "desktop/QtText.h"
 #include "desktop/ShippedFiles.h"
 #include "platform/machine/Console.h"
+#include "platform/windows/WinColours.h"
 #include "platform/windows/WinPlaces.h"
 
 #include <QCoreApplication>
@@ -62,6 +63,15 @@ void GoToUserFolder(std::vector<std::string> &words)
 bool SystemSpeaksItalian()
 {
     return QLocale::system().uiLanguages().value(0).startsWith(QLatin1String("it"));
+}
+
+// Windows' own colours are the same, whatever was chosen, and a row that is marked in an idle list is as good as white in them.
+std::string_view ThemeOfSystem()
+{
+    if (WantsHighContrast()) {
+        return {};
+    }
+    return WantsDarkPrograms() ? "dark" : "light";
 }
 
 std::string Activation()
