@@ -62,6 +62,7 @@ public:
     explicit Document(const QPrinterInfo &info) : printer_(std::make_unique<QPrinter>(info, QPrinter::HighResolution))
     {
         printer_->setFullPage(true);
+        printer_->setPageMargins(QMarginsF()); // which Windows adds to places on the page even so
         device_ = printer_.get();
     }
     // In a PDF file, which is written when the document ends.
