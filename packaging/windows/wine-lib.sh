@@ -2,7 +2,7 @@
 # A Windows to try things on: Wine with a display, in a folder that goes with the trial. Sourced after tests/system/gui-lib.sh.
 
 # Of the shape of Windows' own fonts, which nobody may pass on. Without them Wine takes any font there is, for a list the one of a book.
-declare -A font_like=(["Segoe UI"]="Open Sans" [Tahoma]="Open Sans" ["MS Shell Dlg"]="Open Sans" ["MS Shell Dlg 2"]="Open Sans"
+declare -gA font_like=(["Segoe UI"]="Open Sans" [Tahoma]="Open Sans" ["MS Shell Dlg"]="Open Sans" ["MS Shell Dlg 2"]="Open Sans"
     ["Courier New"]="Liberation Mono" [Arial]="Liberation Sans" ["Times New Roman"]="Liberation Serif")
 
 # Wine's registry as that of a Windows 10: its fonts, and what it draws menus, messages and titles in: Segoe UI, 9 points, smoothed.
@@ -76,11 +76,17 @@ is_at_rest() {
 # The frame after one of the system's own dialogs. Wine gives the keyboard to a window of the toolkit's that goes with the dialog and is
 # never shown; once that is gone, no window has it for X, though the frame has it for Wine, which does not ask X a second time.
 come_back() {
+    wait_until "the keyboard in the frame" frame_is_back
+    settle
+}
+
+frame_is_back() {
     local frame
-    for frame in $(xdotool search --name '^Velluto v 1.1 - Velluto$'); do
-        xdotool windowactivate "$frame"
+    ! has_focus "Velluto v 1.1 - Velluto" || return 0
+    for frame in $(xdotool search --name '^Velluto v 1.1 - Velluto$' 2>/dev/null); do
+        xdotool windowactivate "$frame" 2>/dev/null
     done
-    await_window "Velluto v 1.1 - Velluto"
+    return 1
 }
 
 leave_wine() {
