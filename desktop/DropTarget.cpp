@@ -4,6 +4,7 @@
 #include "program/NamedFiles.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
@@ -20,7 +21,7 @@ std::vector<std::string> FilesForUs(const QMimeData &dropped)
     std::vector<std::string> paths;
     for (const QUrl &url : dropped.urls()) {
         const QFileInfo file(url.toLocalFile());
-        const std::string path = ToUtf8(file.absoluteFilePath());
+        const std::string path = ToUtf8(QDir::toNativeSeparators(file.absoluteFilePath()));
         if (url.isLocalFile() && IsFileForUs(path) && file.isFile()) {
             paths.push_back(path);
         }
