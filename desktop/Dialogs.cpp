@@ -112,17 +112,15 @@ protected:
 };
 
 // Names need most of the width, and the type of every file is unknown to Qt.
-void LayOutFileList(const QFileDialog &chooser)
+void LayOutFileList(QTreeView &list)
 {
     constexpr int kTypeColumn = 2;
     constexpr int kDayColumn = 3;
-    if (auto *list = chooser.findChild<QTreeView *>(QStringLiteral("treeView"))) {
-        list->hideColumn(kTypeColumn);
-        list->header()->resizeSection(0, kNameColumn);
-        list->header()->resizeSection(1, kSizeColumn);
-        list->header()->setStretchLastSection(true);
-        list->setItemDelegateForColumn(kDayColumn, new DayDelegate(list));
-    }
+    list.hideColumn(kTypeColumn);
+    list.header()->resizeSection(0, kNameColumn);
+    list.header()->resizeSection(1, kSizeColumn);
+    list.header()->setStretchLastSection(true);
+    list.setItemDelegateForColumn(kDayColumn, new DayDelegate(&list));
 }
 
 // Where an owner's files are: the home folder, the samples beside the program, and what has been plugged in. Qt remembers all of them
@@ -214,9 +212,12 @@ FileChoice ChooseFile(QWidget *parent, const FileDialog &dialog, const QString &
     if (!proposed.isEmpty()) {
         chooser.selectFile(proposed);
     }
-    chooser.setSidebarUrls(SidePlaces(chooser));
+    // The system's own dialog has no such list, and shows places of its own: to ask for all volumes may take long, where one is far away.
+    if (auto *list = chooser.findChild<QTreeView *>(QStringLiteral("treeView"))) {
+        chooser.setSidebarUrls(SidePlaces(chooser));
+        LayOutFileList(*list);
+    }
     chooser.resize(kFileDialogSize);
-    LayOutFileList(chooser);
     const bool accepted = chooser.exec() == QDialog::Accepted;
     // A window manager that sees the dialog go together with a question above it may forget who had the keyboard before them.
     if (parent != nullptr) {
