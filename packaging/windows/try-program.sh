@@ -4,9 +4,10 @@
 # second start, the keyboard, the player, printing, the end of the session, and every window in both themes and languages. The
 # instrument is a winmm.dll on paper (tests/winmm). What it hears, and the files and settings that are left, are what Linux has, but for paths.
 #
-#     packaging/windows/try-program.sh [PICTURES]    PICTURES: a folder for pictures of the screen, else build/windows-desktop/pictures
+#     packaging/windows/try-program.sh [PICTURES]    PICTURES: a folder for pictures of the screen, else build/windows-desktop/pictures;
+#                                                    on-windows-light.png and on-windows-dark.png are also kept in docs/pictures
 #
-# It takes the archive, build/windows/tests/winmm/winmm.dll and build/dev/velluto-driver, and makes them where they are not.
+# It takes the archive that is there, and makes one where there is none. The driver and the winmm.dll are built where they are not up to date.
 set -euo pipefail
 cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../.."
 # shellcheck source=tests/system/gui-lib.sh
@@ -42,6 +43,8 @@ close frmPcgUN(9)
 click frmPcgUN(1) List1 2
 key frmPcgUN(1) List1 Delete
 menu mnuSalva
+choose save samples/Mine.pcg
+menu mnuSalvaAs
 menu mnuExit
 END
     start_in_wine
@@ -81,9 +84,14 @@ END
     changing press Delete
     press ctrl+s
     wait_until "the file without its third Program" same_bytes "$home/samples/Full-64.pcg" "$stage/linux/samples/Full-64.pcg"
+    changing press alt+f
+    changing press Up Up Up Up # from the recent file to "Salva come"
+    press Return
+    choose_file "Save file as" Mine
+    wait_until "the file under its new name" same_bytes "$home/samples/Mine.pcg" "$stage/linux/samples/Mine.pcg"
     leave_program
     compare_settings
-    say "First minutes: B0 00 79, B0 20 40, C0 04; the file and the settings are those of Linux"
+    say "First minutes: B0 00 79, B0 20 40, C0 04; the files and the settings are those of Linux"
 }
 
 # From here on there is an input too, and no word about it at the start.
@@ -306,8 +314,9 @@ every_window() {
     say "Every window, in both themes and both languages"
 }
 
-[ -x build/dev/velluto-driver ] || build dev velluto-driver
-[ -f build/windows/tests/winmm/winmm.dll ] || build windows standin_winmm
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${windows_packages[@]}"
+build dev velluto-driver
+build windows standin_winmm
 [ -f "$archive" ] || packaging/windows/build.sh --product
 set_wine program "${1-$out/pictures}"
 set_program "$archive"
