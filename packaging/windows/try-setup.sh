@@ -71,13 +71,17 @@ make_keys() {
     done
 }
 
+knows_version() {
+    [ "$(value "$uninstall_key" DisplayVersion)" = "$1" ]
+}
+
 # is_installed VERSION KIND: the program is there, and Windows knows it, its types and how to take it off. KIND: what Explorer says of a
 # Program file, by which the setup's language is told.
 is_installed() {
     [ -f "$installed/velluto.exe" ] || fail "the program is not in $installed"
     [ ! -e "$installed/portable.txt" ] || fail "what is installed believes that it was only unpacked"
     [ -f "$link" ] || fail "no link in the start menu"
-    [ "$(value "$uninstall_key" DisplayVersion)" = "$1" ] || fail "Windows knows another version than $1"
+    knows_version "$1" || fail "Windows knows another version than $1"
     [ "$(value "$classes\\Velluto.Program")" = "$2" ] || fail "a Program file is called: $(value "$classes\\Velluto.Program")"
     local end opens
     opens=$(value "$classes\\Velluto.Program\\shell\\open\\command")
@@ -183,13 +187,13 @@ pages() {
     ("${our_own[@]}" "${speaking[@]}" wine "$setup" >>"$wine_log" 2>&1) &
     started_pids+=($!)
     await_window "$title"
-    picture "setup-$language"
+    picture "$language"
     changing press Return
-    picture "setup-$language-folder"
+    picture "$language-folder"
     changing press Return
-    wait_until "the program in $language" test -f "$installed/uninstall.exe"
+    wait_until "the end of the setup in $language" knows_version "$version"
     settle
-    picture "setup-$language-end"
+    picture "$language-end"
     press Return
     await_start
     press Return # no devices
@@ -218,7 +222,10 @@ must "$stage/older.exe" /S
 is_installed 0.9 "Program KORG PA80"
 must "$setup" /S
 is_installed "$version" "Program KORG PA80"
+[ ! -e "$installed/old.dll" ] || fail "a file of the older version stays"
+take_off
 pages italian "Installazione di Velluto"
+is_installed "$version" "Program KORG PA80"
 take_off
 rm -r "$documents"
 user_side | grep -v "^${own#"$WINEPREFIX/drive_c/"}\(/\|$\)" | diff "$stage/before" - || fail "more than the user's files stays"
