@@ -10,8 +10,7 @@
 int main(int argc, char **argv)
 {
     constexpr int kMenus = 8;
-    constexpr int kEntries = 12;
-    constexpr QSize kSize(1000, 700);
+    constexpr int kEntries = 18;
     const QApplication application(argc, argv);
     QMainWindow frame;
     frame.setWindowTitle(QStringLiteral("Bare frame"));
@@ -24,7 +23,6 @@ int main(int argc, char **argv)
     }
     frame.statusBar()->addWidget(new QLabel(QStringLiteral("What the program is")), 1);
     frame.statusBar()->addWidget(new QLabel(QStringLiteral("What the time is")));
-    frame.resize(kSize);
-    frame.show();
+    frame.showMaximized();
     return QApplication::exec();
 }

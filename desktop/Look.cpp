@@ -232,9 +232,12 @@ void SetUpLook()
     }
 }
 
-void GetReadyToDraw()
+void GetReadyToDraw(const std::future<void> &fonts)
 {
     const QMenuBar unseen;
+    if (fonts.valid()) {
+        fonts.wait();
+    }
     static_cast<void>(QFontMetrics(unseen.font()).horizontalAdvance(QLatin1Char('A')));
 }
 

@@ -4,6 +4,8 @@
 
 #include <QProxyStyle>
 
+#include <future>
+
 namespace velluto {
 
 // Child windows get flat title bars with line-drawn buttons, menus get a plain check mark in place of a check box,
@@ -25,8 +27,9 @@ public:
 // says "dark" or "light".
 void SetUpLook();
 
-// Lets Qt do at once what it does before its first window: read the machine's fonts, find the desktop's bus. That takes it
+// Lets Qt do at once what it does before its first window: find the desktop's bus, take up the machine's fonts. That takes it
 // some milliseconds; where this is not called, the first window waits for it.
-void GetReadyToDraw();
+// fonts: what reads them ahead, if anything does.
+void GetReadyToDraw(const std::future<void> &fonts);
 
 } // namespace velluto

@@ -4,6 +4,7 @@
 
 #include "files/Opening.h"
 
+#include <future>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,9 @@ void GoToUserFolder(std::vector<std::string> &words);
 [[nodiscard]] bool SystemSpeaksItalian();
 // The theme that the system's user has chosen, "light" or "dark"; empty where the palette that Qt brings says it all.
 [[nodiscard]] std::string_view ThemeOfSystem();
+// Begins to read what the machine has of fonts on another thread, where that is no work of Qt's alone. Qt would read it once more where it
+// asks for a font before the end.
+[[nodiscard]] std::future<void> ReadFontsAhead();
 // The desktop's leave to come to the front, empty where it gives none.
 [[nodiscard]] std::string Activation();
 // Says it to whoever has asked from a command line.

@@ -74,6 +74,11 @@ std::string_view ThemeOfSystem()
     return WantsDarkPrograms() ? "dark" : "light";
 }
 
+std::future<void> ReadFontsAhead()
+{
+    return {};
+}
+
 std::string Activation()
 {
     return {}; // the sender lets the taker come to the front

@@ -16,6 +16,8 @@
 
 #include <QApplication>
 
+#include <future>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -80,15 +82,15 @@ bool IsHandedOver(const std::vector<std::string> &words, const std::string &addr
 }
 
 // words: what the toolkit has left of the command line.
-int Run(HandOverInbox &handedOver, const std::vector<std::string> &words)
+int Run(HandOverInbox &handedOver, std::shared_ptr<MidiSystems> systems, const std::vector<std::string> &words)
 {
     MachineFiles files;
     files.KeepWhole(files.CurrentFolder());
     QtClock clock;
     QtFace face;
     const MachineMusic music = MakeMachineMusic(
-        files, [&face](std::function<void()> call) { face.Post(std::move(call)); }, files.CurrentFolder() + "/Velluto-devices.txt");
-    GetReadyToDraw(); // while the MIDI systems are looked for
+        files, [&face](std::function<void()> call) { face.Post(std::move(call)); }, files.CurrentFolder() + "/Velluto-devices.txt",
+        std::move(systems));
     QtPrinter printer(face);
     MachineFolders folders;
     QtTicks ticks(face.Gate());
@@ -141,9 +143,13 @@ int main(int argc, char **argv)
     velluto::HandOverInbox handedOver(address);
     // Without this, looking for JACK would start a server of its own.
     qputenv("JACK_NO_START_SERVER", "1");
+    // Both go on while Qt connects to the display.
+    std::shared_ptr<velluto::MidiSystems> systems = velluto::LookForMidiSystems();
+    const std::future<void> fonts = velluto::ReadFontsAhead();
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("velluto"));
     QGuiApplication::setDesktopFileName(QStringLiteral("velluto"));
     velluto::SetUpLook();
-    return velluto::Run(handedOver, velluto::WordsLeft(words, argc, argv));
+    velluto::GetReadyToDraw(fonts);
+    return velluto::Run(handedOver, std::move(systems), velluto::WordsLeft(words, argc, argv));
 }

@@ -16,10 +16,15 @@ struct MachineMusic {
     std::shared_ptr<MachineSequencer> sequencer;
 };
 
-// Quick: devices and ports are opened when they are asked for. Where a look for a MIDI system takes its time, it begins here
-// on another thread, and the first count of the devices waits for it.
+// The machine's MIDI systems. Where a look for one takes its time, it begins here on another thread, and the first count of the devices
+// waits for it.
+struct MidiSystems;
+std::shared_ptr<MidiSystems> LookForMidiSystems();
+
+// Quick: devices and ports are opened when they are asked for.
 // The path is that of the file which keeps the numbers of the devices for the next run; without one they are not kept. On Windows the
 // numbers are the system's own.
-MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath = {});
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath = {},
+                              std::shared_ptr<MidiSystems> systems = LookForMidiSystems());
 
 } // namespace velluto

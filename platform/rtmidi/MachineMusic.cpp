@@ -13,45 +13,45 @@
 
 namespace velluto {
 
-namespace {
+struct MidiSystems {
+    std::vector<std::unique_ptr<SystemPorts>> all; // as far as RtMidi was built for them
+};
 
-// The MIDI systems of this machine, as far as RtMidi was built for them.
-std::vector<std::unique_ptr<SystemPorts>> MakeSystems()
+std::shared_ptr<MidiSystems> LookForMidiSystems()
 {
     std::vector<RtMidi::Api> compiled;
     RtMidi::getCompiledApi(compiled);
     const auto has = [&](RtMidi::Api api) { return std::ranges::find(compiled, api) != compiled.end(); };
-    std::vector<std::unique_ptr<SystemPorts>> systems;
+    const auto systems = std::make_shared<MidiSystems>();
 #ifdef __linux__
     if (has(RtMidi::LINUX_ALSA)) {
-        systems.push_back(std::make_unique<SystemPorts>(std::make_unique<AlsaSystem>()));
+        systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<AlsaSystem>()));
     }
-    systems.push_back(std::make_unique<SystemPorts>(std::make_unique<JackSystem>()));
+    systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<JackSystem>()));
     // A JACK server answers in its own time, some periods of it, in which the program has other things to do.
-    for (const auto &system : systems) {
+    for (const auto &system : systems->all) {
         system->LookAhead();
     }
 #else
     if (has(RtMidi::MACOSX_CORE)) {
-        systems.push_back(std::make_unique<SystemPorts>(std::make_unique<ListedSystem>(RtMidi::MACOSX_CORE)));
+        systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<ListedSystem>(RtMidi::MACOSX_CORE)));
     }
 #endif
     return systems;
 }
 
-} // namespace
-
-MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath)
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath,
+                              std::shared_ptr<MidiSystems> systems)
 {
     std::vector<std::unique_ptr<MidiPorts>> devices;
-    std::vector<SystemPorts *> systems;
+    std::vector<SystemPorts *> sources;
     devices.push_back(std::make_unique<SynthesizerPorts>(FindSoundFont()));
-    for (std::unique_ptr<SystemPorts> &system : MakeSystems()) {
-        systems.push_back(system.get());
+    for (std::unique_ptr<SystemPorts> &system : systems->all) {
+        sources.push_back(system.get());
         devices.push_back(std::move(system));
     }
     const MidiPorts *const synthesizer = devices.front().get();
-    auto outputs = std::make_unique<MachineOutputs>(std::make_unique<SynthesizerPorts>(FindSoundFont()), std::move(systems));
+    auto outputs = std::make_unique<MachineOutputs>(std::make_unique<SynthesizerPorts>(FindSoundFont()), std::move(sources));
     auto midi =
         std::make_unique<MachineMidi>(std::move(devices), devicesPath.empty() ? KnownDevices() : ReadKnownDevices(files, devicesPath));
     if (!devicesPath.empty()) {

@@ -5,7 +5,15 @@
 
 namespace velluto {
 
-MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string & /*devicesPath*/)
+struct MidiSystems {}; // there is one, which is there at once
+
+std::shared_ptr<MidiSystems> LookForMidiSystems()
+{
+    return nullptr;
+}
+
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string & /*devicesPath*/,
+                              std::shared_ptr<MidiSystems> /*systems*/)
 {
     auto midi = std::make_unique<WinMidi>();
     auto sequencer = std::make_shared<MachineSequencer>(files, std::make_unique<WinOutputs>(*midi), std::move(post));
