@@ -21,10 +21,10 @@ struct MachineMusic {
 struct MidiSystems;
 std::shared_ptr<MidiSystems> LookForMidiSystems();
 
-// Quick: devices and ports are opened when they are asked for.
+// Quick: devices and ports are opened when they are asked for. The systems are the devices' from then on.
 // The path is that of the file which keeps the numbers of the devices for the next run; without one they are not kept. On Windows the
 // numbers are the system's own.
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath = {},
-                              std::shared_ptr<MidiSystems> systems = LookForMidiSystems());
+                              const std::shared_ptr<MidiSystems> &systems = LookForMidiSystems());
 
 } // namespace velluto

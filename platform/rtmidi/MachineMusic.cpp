@@ -22,16 +22,14 @@ std::shared_ptr<MidiSystems> LookForMidiSystems()
     std::vector<RtMidi::Api> compiled;
     RtMidi::getCompiledApi(compiled);
     const auto has = [&](RtMidi::Api api) { return std::ranges::find(compiled, api) != compiled.end(); };
-    const auto systems = std::make_shared<MidiSystems>();
+    auto systems = std::make_shared<MidiSystems>();
 #ifdef __linux__
     if (has(RtMidi::LINUX_ALSA)) {
         systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<AlsaSystem>()));
     }
     systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<JackSystem>()));
-    // A JACK server answers in its own time, some periods of it, in which the program has other things to do.
-    for (const auto &system : systems->all) {
-        system->LookAhead();
-    }
+    // A JACK server answers in its own time, some periods of it, in which the program has other things to do: it is the first to be asked.
+    std::for_each(systems->all.rbegin(), systems->all.rend(), [](const auto &system) { system->LookAhead(); });
 #else
     if (has(RtMidi::MACOSX_CORE)) {
         systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<ListedSystem>(RtMidi::MACOSX_CORE)));
@@ -41,7 +39,7 @@ std::shared_ptr<MidiSystems> LookForMidiSystems()
 }
 
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath,
-                              std::shared_ptr<MidiSystems> systems)
+                              const std::shared_ptr<MidiSystems> &systems)
 {
     std::vector<std::unique_ptr<MidiPorts>> devices;
     std::vector<SystemPorts *> sources;

@@ -13,7 +13,7 @@ std::shared_ptr<MidiSystems> LookForMidiSystems()
 }
 
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string & /*devicesPath*/,
-                              std::shared_ptr<MidiSystems> /*systems*/)
+                              const std::shared_ptr<MidiSystems> & /*systems*/)
 {
     auto midi = std::make_unique<WinMidi>();
     auto sequencer = std::make_shared<MachineSequencer>(files, std::make_unique<WinOutputs>(*midi), std::move(post));
