@@ -30,7 +30,11 @@ SystemPorts::~SystemPorts()
 
 void SystemPorts::LookAhead()
 {
-    const auto look = std::make_shared<std::packaged_task<void()>>([&system = *system_]() { system.Connect(); });
+    const auto look = std::make_shared<std::packaged_task<void()>>([&system = *system_]() {
+        if (system.Connect()) {
+            static_cast<void>(system.Names(PortKind::Output)); // the first list of a server's ports takes longer than any later one
+        }
+    });
     lookedAhead_ = look->get_future();
     // Like an ending it may take for ever on a server that hangs, and must not hold the program's end.
     retirement_.Retire([look]() { (*look)(); });
