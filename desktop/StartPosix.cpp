@@ -4,6 +4,10 @@
 
 #include <QLibrary>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -63,6 +67,9 @@ std::future<void> ReadFontsAhead()
         const auto init = reinterpret_cast<int (*)()>(QLibrary::resolve(QStringLiteral("fontconfig"), 1, "FcInit"));
         if (init != nullptr) {
             init();
+#ifdef __GLIBC__
+            ::malloc_trim(0); // reading takes much more than what stays of it
+#endif
         }
     });
 }
