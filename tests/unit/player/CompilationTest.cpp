@@ -277,6 +277,44 @@ TEST_F(Compilations, AnotherOneIsOnlyShownOnceTheChangesAreSaved)
     EXPECT_EQ(ReadText("c-one.cmp"), "");
 }
 
+TEST_F(Compilations, OneThatCannotBeWrittenStaysChangedWithoutAWordUntilItIs)
+{
+    Compilation("one", {"a.mid"});
+    Compilation("two", {"b.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Press(form().CommRimAll);
+    for (const auto operation : {FileFault::Operation::Open, FileFault::Operation::Write}) {
+        for (const int number : {FileError::kDiskFull, FileError::kPathFileAccess, FileError::kDeviceInputOutput}) {
+            state().image = "new";
+            session.files.faults = {{operation, At("c-one.cmp"), number, 1}};
+            Click(form().ListComp, 1);
+            EXPECT_TRUE(session.face.boxes.empty()) << number;
+            EXPECT_EQ(form().Text2.text.Get(), "one") << number;
+            EXPECT_EQ(state().image, "new") << number;
+            EXPECT_TRUE(state().CompilationDirty) << number;
+        }
+    }
+    Click(form().ListComp, 1);
+    EXPECT_EQ(form().Text2.text.Get(), "two");
+    EXPECT_EQ(ReadText("c-one.cmp"), "new");
+}
+
+TEST_F(Compilations, OneThatCannotBeWrittenAtTheEndOfItsWindowIsGivenUpWithoutAWord)
+{
+    Compilation("one", {"a.mid"});
+    Start();
+    Click(form().ListComp, 0);
+    Press(form().CommRimAll);
+    session.files.faults = {{FileFault::Operation::Open, At("c-one.cmp"), FileError::kPathFileAccess, 1}};
+    Do("close frmMIDIPlayer");
+    EXPECT_TRUE(session.face.boxes.empty());
+    EXPECT_EQ(ReadText("c-one.cmp"), Image({"a.mid"}));
+    Start();
+    Click(form().ListComp, 0);
+    EXPECT_EQ(form().ListMidiCorr.ListCount(), 1);
+}
+
 TEST_F(Compilations, TheOneOfTheOpenFileShowsItsRowAgain)
 {
     Compilation("one", {"a.mid", "b.mid"});
