@@ -155,6 +155,16 @@ TEST(FirstRun, AFileWithOtherMagicIsOverwritten)
     EXPECT_EQ(IniFile::Of(run).Record(3), std::string(500, ' '));
 }
 
+TEST(FirstRun, AFileWithOtherMagicIsTakenAwayWhereTheQuestionIsNotAnswered)
+{
+    TestProgram run;
+    IniFile ini = IniFile::Created(2);
+    ini.At(1, 7) = 'a';
+    ini.WriteTo(run);
+    EXPECT_FALSE(run.Start(TestProgram::Cancel));
+    EXPECT_FALSE(Exists(run.At("Velluto.ini")));
+}
+
 TEST(FirstRun, AFileShorterThanARecordIsTreatedAsMissingWhateverItBeginsWith)
 {
     TestProgram run;

@@ -231,6 +231,20 @@ TEST_F(ReadInstrumentFileTest, SmallDamagedFilesPassOrFailWithoutHarm)
     }
 }
 
+TEST_F(ReadInstrumentFileTest, WhatIsRefusedStaysAsItWas)
+{
+    Bytes damaged = InstrumentFile({{"A", 0, {9, 8, 7}}});
+    damaged.pop_back();
+    for (const Bytes &bytes : {damaged, Bytes{1, 2, 3}, Bytes(5000, 0xFF)}) {
+        const std::string path = Put("a.pcg", bytes);
+        run.files.calls.clear();
+        EXPECT_EQ(Read(path), ReadStatus::NotAnInstrumentFile);
+        EXPECT_EQ(ReadBytes(path), bytes);
+        EXPECT_EQ(Calls("write " + path), 0);
+        EXPECT_EQ(Calls("delete " + path), 0);
+    }
+}
+
 class ReadInstrumentFileEnglishTest : public EnglishFilesTest {};
 
 TEST_F(ReadInstrumentFileEnglishTest, TellsItInEnglish)
