@@ -357,6 +357,17 @@ TEST_F(MachineMidiTest, AnInputThatGoesAwayLeavesNoNoteOfThru)
     EXPECT_THAT(Pa80(), ElementsAre(Bytes{0x80, 0x3C, 0x40}));
 }
 
+TEST_F(MachineMidiTest, AnInputThatGoesAwayLeavesTheOutputAtWork)
+{
+    const MidiHandle in = OpenIn(0);
+    const MidiHandle out = OpenOut(1);
+    midi_->midiConnect(in, out);
+    midi_->midiInStart(in);
+    system_->sinks.at("Keyboard")->Gone();
+    EXPECT_EQ(midi_->midiOutShortMsg(out, ShortMessage(0x0004C0)), 0);
+    EXPECT_THAT(Pa80(), ElementsAre(Bytes{0xC0, 4}));
+}
+
 TEST_F(MachineMidiTest, DisconnectingWhatWasNeverConnectedSucceeds)
 {
     EXPECT_EQ(midi_->midiDisconnect(OpenIn(0), OpenOut(1)), 0);

@@ -1,5 +1,6 @@
 #include "platform/posix/PosixFiles.h"
 
+#include "unit/platform/OrdinaryUser.h"
 #include "unit/support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -35,29 +36,6 @@ protected:
     TempFolder folder_;
     PosixFiles files_;
     std::unique_ptr<RandomAccessFile> file_;
-};
-
-// While it lives the process has an ordinary user's rights, also where the tests run as root.
-class AsOrdinaryUser {
-public:
-    AsOrdinaryUser() : before_(::geteuid())
-    {
-        constexpr uid_t kNobody = 65534;
-        done_ = before_ != 0 || ::seteuid(kNobody) == 0;
-    }
-    ~AsOrdinaryUser()
-    {
-        if (::geteuid() != before_ && ::seteuid(before_) != 0) {
-            std::abort();
-        }
-    }
-    AsOrdinaryUser(const AsOrdinaryUser &) = delete;
-    AsOrdinaryUser &operator=(const AsOrdinaryUser &) = delete;
-    [[nodiscard]] bool Done() const { return done_; }
-
-private:
-    uid_t before_;
-    bool done_ = false;
 };
 
 TEST_F(PosixFilesTest, ALoopOfLinksIsAnotherError)

@@ -1,7 +1,9 @@
 // What a POSIX system alone has: rights, names of any bytes, links, pipes and devices.
 #include "platform/posix/PosixFiles.h"
 
+#include "platform/kept/UnfinishedSave.h"
 #include "unit/platform/HalfWritten.h"
+#include "unit/platform/OrdinaryUser.h"
 
 #include <sys/stat.h>
 
@@ -43,6 +45,32 @@ TEST_F(PosixKeptFilesTest, ThroughALinkTheTargetComesBackAndTheLinkStays)
     StartAgain();
     EXPECT_TRUE(std::filesystem::is_symlink(link));
     EXPECT_EQ(ReadBytes(path_), kOld);
+}
+
+TEST_F(PosixKeptFilesTest, AFolderThatMayNotBeWrittenToIsWaitedForWithTheOldFileInIt)
+{
+    const std::string kept = OnDisk(".velluto-1");
+    const UnfinishedSave save{UnfinishedSave::Old::Aside, path_, ".velluto-1", kNew.size(), 0, std::nullopt};
+    WriteBytes(kept, kOld);
+    WriteBytes(path_, {'n', 'e', 'w'});
+    std::filesystem::permissions(folder_.Path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(disk_, std::filesystem::perms(0555));
+    bool isOrdinary = false;
+    bool isUndone = false;
+    {
+        const AsOrdinaryUser user;
+        isOrdinary = user.Done();
+        isUndone = isOrdinary && Undo(save);
+    }
+    std::filesystem::permissions(disk_, std::filesystem::perms(0755));
+    if (!isOrdinary) {
+        GTEST_SKIP() << "rights cannot be laid down here";
+    }
+    EXPECT_FALSE(isUndone);
+    EXPECT_EQ(ReadBytes(kept), kOld);
+    EXPECT_TRUE(Undo(save));
+    EXPECT_EQ(ReadBytes(path_), kOld);
+    EXPECT_FALSE(std::filesystem::exists(kept));
 }
 
 TEST_F(PosixKeptFilesTest, WhatTheJournalsFolderHoldsThatIsNoneOfItsFilesStays)
