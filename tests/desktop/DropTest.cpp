@@ -6,6 +6,10 @@
 #include <QPlainTextEdit>
 #include <QUrl>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace velluto::test {
 
 namespace {
@@ -74,6 +78,23 @@ TEST_F(DropTest, WhatIsNoneOfOursIsLeftAlone)
     EXPECT_FALSE(Over(Frame(), {folder->At("missing.pcg")}));
     EXPECT_FALSE(Over(Frame(), {folder->At("d")}));
     EXPECT_EQ(Drop({folder->At("c.txt")}), Qt::IgnoreAction);
+}
+
+TEST_F(DropTest, WhatIsNoFileIsLeftAloneWhateverItsName)
+{
+    std::filesystem::create_directory(folder->At("folder.pcg"));
+    std::vector<std::string> names{"folder.pcg"};
+#ifndef _WIN32
+    ASSERT_EQ(::mkfifo(folder->At("pipe.sty").c_str(), 0600), 0);
+    std::filesystem::create_symlink("/dev/zero", folder->At("device.prf"));
+    std::filesystem::create_symlink("loop.pcg", folder->At("loop.pcg"));
+    names.insert(names.end(), {"pipe.sty", "device.prf", "loop.pcg"});
+#endif
+    Start();
+    for (const std::string &name : names) {
+        EXPECT_FALSE(Over(Frame(), {folder->At(name)})) << name;
+        EXPECT_EQ(Drop({folder->At(name)}), Qt::IgnoreAction) << name;
+    }
 }
 
 TEST_F(DropTest, TheNotebookLeavesFilesToTheFrame)
