@@ -225,6 +225,22 @@ class Faults(unittest.TestCase):
         self.assertEqual(len(settings), SETTINGS)
         self.assertEqual(settings[26], 0)  # the one that ended last has had the last word
 
+    def test_a_file_saved_by_two_copies_is_that_of_the_last_save(self):
+        path = self.sample("Full-64.pcg", self.home, "Stage.pcg")
+        with Program(self.home) as first, Program(self.home) as second:
+            for program, row in ((first, 0), (second, 1)):
+                program.start("en" if program is first else "none")
+                program.open(path)
+                program.ask(f"click frmPcgUN(1) List1 {row}")
+                self.assertTrue(program.ask("menu mnuTaglia")["chosen"])
+            saved = []
+            for program in (first, second, first):
+                program.ask("menu mnuSalva")
+                self.assertEqual(program.boxes(), [])
+                saved.append(program.ask("tag frmPcgUN(1)")["sha256"])
+                self.assertEqual(digest(path), saved[-1])
+        self.assertNotEqual(saved[0], saved[1])
+
     def test_killed_at_any_moment_every_file_is_whole_at_the_next_start(self):
         kept = self.sample("Full-64.pcg", self.home, "Kept.pcg")
         with Program(self.home) as program:
