@@ -178,12 +178,16 @@ class Faults(unittest.TestCase):
             self.assertEqual(digest(elsewhere), program.ask(f"tag {window}")["sha256"])
 
     def test_a_program_folder_on_a_full_disk_is_told_at_the_end(self):
+        path = self.sample("Sparse-64.pcg", self.disk, "Stage.pcg")
+        before = digest(path)
         fill(self.disk)
         with Program(self.disk) as program:
             program.start()
             self.assertFalse(program.ask("exit")["running"])
             # Where the settings cannot be made, the language chosen is not kept either.
             self.assertEqual(program.boxes(), [("Chiusura dispositivo MIDI di uscita", "Errore di lettura da disco")])
+        self.assertEqual((self.disk / "Velluto.ini").read_bytes(), b"")
+        self.assertEqual(digest(path), before)
         (self.disk / "filler").unlink()
 
     def test_settings_that_may_not_be_written_are_told_and_stay(self):
