@@ -4,6 +4,7 @@ console's program say so at once, in words of their own, and go on.
 
     nofiles.py DRIVER TOOL SAMPLES
 """
+import hashlib
 import json
 import os
 import pathlib
@@ -40,6 +41,10 @@ def make(kind, path):
     elif kind == "long":
         with open(path, "wb") as file:
             file.truncate(4 << 30)
+
+
+def digest(path):
+    return hashlib.sha256(path.read_bytes()).hexdigest()
 
 
 KINDS = ("pipe", "device", "folder", "loop", "dangling", "socket", "long")
@@ -169,11 +174,16 @@ class NoFiles(unittest.TestCase):
                 program.told("click frmMIDIPlayer ListMidiCorr 0")
             make("none", self.home / "c-a.cmp")
 
-    def test_names_of_any_bytes_open(self):
+    def test_names_of_any_bytes_open_and_are_saved(self):
         with Program(self.home) as program:
-            self.sample(os.fsdecode(b"caf\xe9.pcg"))
+            path = self.sample(os.fsdecode(b"caf\xe9.pcg"))
+            before = digest(path)
             self.assertEqual(program.told('choose open caf\udce9.pcg 1', "menu mnuPcgApri"), [])
             self.assertEqual(len(program.ask("windows")["windows"]), 1)
+            self.assertEqual(program.told("click frmPcgUN(1) List1 0", "menu mnuTaglia", "menu mnuSalva"), [])
+            self.assertNotEqual(digest(path), before)
+            self.assertEqual(digest(path), program.ask("tag frmPcgUN(1)")["sha256"])
+            self.assertEqual([each.name for each in self.home.iterdir() if each.suffix == ".pcg"], [path.name])
 
     def tool(self, *arguments):
         ended = subprocess.run([TOOL, "--language", "en", *arguments], cwd=self.home, capture_output=True, timeout=PATIENCE,
