@@ -2,8 +2,7 @@
 
 #include "platform/machine/Console.h"
 
-#include <QLibrary>
-
+#include <dlfcn.h>
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
@@ -60,11 +59,12 @@ std::string_view ThemeOfSystem()
 }
 
 // Fontconfig comes with the Qt that reads the fonts by it; its configuration alone takes half as long as all that Qt itself does before its
-// first window.
+// first window. Without a word of Qt's: the thread that speaks the first of those is the program's first for it.
 std::future<void> ReadFontsAhead()
 {
     return std::async([] {
-        const auto init = reinterpret_cast<int (*)()>(QLibrary::resolve(QStringLiteral("fontconfig"), 1, "FcInit"));
+        void *const library = ::dlopen("libfontconfig.so.1", RTLD_NOW);
+        const auto init = library != nullptr ? reinterpret_cast<int (*)()>(::dlsym(library, "FcInit")) : nullptr;
         if (init != nullptr) {
             init();
 #ifdef __GLIBC__
