@@ -187,6 +187,7 @@ await_end() {
     wait "$program_pid" || status=$?
     program_pid=
     [ "$status" -eq 0 ] || fail "the program ended with $status"
+    [ ! -s "$stage/program.log" ] || fail "the program had something to say"
 }
 
 has_focus() {
