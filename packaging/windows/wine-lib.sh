@@ -47,7 +47,7 @@ windows_path() {
 # The process of the program that runs; false where none does.
 program_process() {
     pgrep -f '[v]elluto\.exe' | while read -r pid; do
-        ! tr '\0' '\n' <"/proc/$pid/environ" 2>/dev/null | grep -qxF "WINEPREFIX=$WINEPREFIX" || { say "$pid" && break; }
+        ! tr '\0' '\n' 2>/dev/null <"/proc/$pid/environ" | grep -qxF "WINEPREFIX=$WINEPREFIX" || { say "$pid" && break; }
     done | grep .
 }
 
