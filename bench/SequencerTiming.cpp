@@ -27,11 +27,10 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kNotes = 2000;
-constexpr double kEvery = 10;            // milliseconds
-constexpr double kMostDeviation = 0.2;   // milliseconds, of 99 notes in a hundred
-constexpr double kMostBesidePlain = 1.2; // times a plain client's, where that is the greater
-constexpr double kMostDrift = 0.5;       // milliseconds, from the first tenth of the notes to the last
-constexpr double kMostIdle = 1.2;        // times what a plain client takes
+constexpr double kEvery = 10;          // milliseconds
+constexpr double kMostDeviation = 0.2; // milliseconds, of 99 notes in a hundred
+constexpr double kMostDrift = 0.5;     // milliseconds, from the first tenth of the notes to the last
+constexpr double kMostIdle = 1.2;      // times what a plain client takes
 constexpr std::size_t kTenth = kNotes / 10;
 
 // A beat of a second in 1000 ticks: a tick is a millisecond. Each note lasts 5 ms.
@@ -212,7 +211,7 @@ bool IsInTime(const Deviation &ours, const Deviation &plain)
     if (!ours.complete || !plain.complete) {
         return !plain.complete;
     }
-    return ours.p99 <= std::max(kMostDeviation, kMostBesidePlain * plain.p99) && std::abs(ours.drift) <= kMostDrift;
+    return ours.p99 <= kMostDeviation && std::abs(ours.drift) <= kMostDrift;
 }
 
 // Percent of a core that this process takes while nothing plays.
@@ -325,8 +324,7 @@ int main(int argc, char **argv)
     const Played played = PlayWithSequencer(argv[1]);
     PlayWithFluidSynth(argv[1]);
     const bool isIdle = played.idle <= kMostIdle * plainIdle;
-    std::printf("limits: p99 %.1f ms or %.1f times the plain client's, drift %.1f ms%s\n", kMostDeviation, kMostBesidePlain, kMostDrift,
-                played.inTime ? "" : "  OVER");
+    std::printf("limits: p99 %.1f ms, drift %.1f ms%s\n", kMostDeviation, kMostDrift, played.inTime ? "" : "  OVER");
     std::printf("idle, file open: %.2f %% of a core, a plain JACK client %.2f %%; limit %.1f times%s\n", played.idle, plainIdle, kMostIdle,
                 isIdle ? "" : "  OVER");
     return played.inTime && isIdle ? 0 : 1;

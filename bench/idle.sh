@@ -55,7 +55,7 @@ less() {
 
 install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
 build release velluto
-build dev jack-instrument jack-keys
+build dev jack-keys
 set_stage idle "$root/build"
 seed "$shipped" "$stage/home"
 export HOME=$stage/home QT_QPA_PLATFORM=xcb
@@ -66,15 +66,16 @@ await_window "Velluto v 1.1" # no MIDI input
 press Return
 await_window "Velluto v 1.1 - Velluto"
 open_file "$stage/home/samples/Full-64.pcg"
-read -r wakeups load < <(look "$program_pid")
+read -r wakeups _ < <(look "$program_pid")
 row "Idle with a file open: wakeups a second beside the clock" "$(less "$wakeups" 1)" "   " "$most_wakeups"
 leave_program
 
 start_jack "$frames"
-"${our_own[@]}" build/dev/tests/system/jack-keys Plain < <(sleep infinity) >"$stage/plain" &
+mkfifo "$stage/plain"
+"${our_own[@]}" build/dev/tests/system/jack-keys Plain <>"$stage/plain" >"$stage/plain.log" 2>&1 &
 plain_pid=$!
 started_pids+=("$plain_pid")
-wait_until "a plain client" grep -qsx ready "$stage/plain"
+wait_until "a plain client" grep -qsx ready "$stage/plain.log"
 start_program "$root/build/release/velluto"
 await_window "Velluto v 1.1 - Velluto"
 open_file "$stage/home/samples/Full-64.pcg"
