@@ -6,12 +6,13 @@
 windows_cache=${VELLUTO_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/velluto/windows}
 
 # What the program uses of Qt and nothing else: no module, plug-in or image format that it never asks for, and no library but
-# those that are in Qt's own sources. Debian's source lacks what tabletevent would take; printing takes direct2d.
-qt_off=(sql dbus opengl opengl_dynamic opengles2 network vulkan xml concurrent testlib tabletevent direct2d1_1 icu zstd
+# those that are in Qt's own sources. Debian's source lacks what tabletevent would take; printing takes direct2d, and the desktop's
+# tests take testlib, which no setup and no archive holds.
+qt_off=(sql dbus opengl opengl_dynamic opengles2 network vulkan xml concurrent tabletevent direct2d1_1 icu zstd
     freetype jpeg gif ico style_windowsvista systemtrayicon textmarkdownreader textmarkdownwriter textodfwriter cborstreamwriter
     commandlineparser androiddeployqt macdeployqt windeployqt qmake system_zlib system_png system_harfbuzz system_pcre2
     system_doubleconversion system_libb2 pkg_config force_debug_info)
-qt_on=(printsupport png harfbuzz pcre2 sessionmanager accessibility direct2d)
+qt_on=(printsupport png harfbuzz pcre2 sessionmanager accessibility direct2d testlib)
 
 # One number for the options above and for how they are put to use below.
 qt_recipe() {
