@@ -5,11 +5,11 @@ namespace velluto::bench {
 namespace {
 
 const std::vector<Limit> kLimits = {
-    {"ReadInstrumentFile of 15 MiB beside one plain read", "ReadInstrument", "PlainRead", 1.25},
+    {"ReadInstrumentFile of 15 MiB beside one plain read", "ReadInstrument", "PlainRead", 1.05},
     {"Listing its 128 rows", "ListRows", "", 50},
     {"Row click to the third message, monitor closed", "ClickMonitorClosed", "", 5},
     {"Row click to the third message, monitor open", "ClickMonitorOpen", "", 20},
-    {"Row click, monitor open beside closed", "ClickMonitorOpen", "ClickMonitorClosed", 2},
+    {"Row click, monitor open beside closed", "ClickMonitorOpen", "ClickMonitorClosed", 1.5},
     {"Opening a Style file of 15 MiB beside one plain read", "OpenStyle", "PlainReadOfStyle", 1.3},
     {"Switching it to its STS and back", "SwitchSts", "", 100},
     {"Overview of three such files beside three plain reads", "OpenStyleOverview", "PlainReadOfThree", 1.3},

@@ -44,14 +44,14 @@ Json ShowTag(Session &session, const Words &words)
     Json told = Good();
     told["prefix"] = Hexadecimal(tag.prefix);
     told["length"] = tag.image.size();
-    told["sha256"] = Sha256(tag.image.View());
+    told["sha256"] = Sha256(AsBytes(tag.image.Text(0, tag.image.size())));
     return told;
 }
 
 Json WriteImage(Session &session, const Words &words)
 {
     const FileImage &image = FindWindow(session.Program(), words[0]).Tag.image;
-    const std::string_view bytes = AsText(image.View());
+    const std::string bytes = image.Text(0, image.size());
     std::ofstream file(session.FullPath(words[1]), std::ios::binary | std::ios::trunc);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();

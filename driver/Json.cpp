@@ -44,6 +44,11 @@ std::string_view AsText(std::span<const std::uint8_t> bytes)
     return {reinterpret_cast<const char *>(bytes.data()), bytes.size()};
 }
 
+std::span<const std::uint8_t> AsBytes(std::string_view text)
+{
+    return {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()};
+}
+
 Json Good()
 {
     return Json{{"ok", true}};

@@ -20,6 +20,7 @@ using Json = nlohmann::ordered_json; // keys keep the order in which they were p
 // Lower case, two digits a byte.
 [[nodiscard]] std::string Hexadecimal(std::string_view bytes);
 [[nodiscard]] std::string_view AsText(std::span<const std::uint8_t> bytes);
+[[nodiscard]] std::span<const std::uint8_t> AsBytes(std::string_view text);
 
 [[nodiscard]] Json Good();
 // With what there is to tell.

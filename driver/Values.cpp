@@ -34,7 +34,7 @@ Json ToJson(const T &value)
 
 Json ToJson(const FileImage &image)
 {
-    return Utf8FromWindows1252(AsText(image.View()));
+    return Utf8FromWindows1252(image.Text(0, image.size()));
 }
 
 Json ToJson(const ShortMessage &message)

@@ -24,7 +24,7 @@ struct Assembly {
             followed = false;
         }
         if (image) {
-            files.BuildImage = image->Whole();
+            files.BuildImage = image->Image().Thrifty();
         }
         return followed;
     }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "edit/ImagePieces.h"
+#include "files/Korf.h"
 
 namespace velluto {
 

@@ -10,8 +10,8 @@ namespace {
 
 using namespace Korf;
 
-constexpr std::array<std::uint8_t, 5> kOuterMark{0x01, 0x00, 0x01, 0x14, 0x00};
-constexpr std::array<std::uint8_t, 8> kIdentityMark{0x02, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x0C};
+constexpr std::string_view kOuterMark("\x01\x00\x01\x14\x00", 5);
+constexpr std::string_view kIdentityMark("\x02\x00\x00\x18\x00\x00\x00\x0C", 8);
 constexpr std::string_view kFileMark = "KORF";
 constexpr std::string_view kBeginMark = "KBEG";
 constexpr std::string_view kEndMark = "KEND";
@@ -32,20 +32,28 @@ int ByteAt(ImageView image, std::int64_t position)
     return position >= 1 && position <= static_cast<std::int64_t>(image.size()) ? image[static_cast<std::size_t>(position - 1)] : 0;
 }
 
+// What there is of a piece in an image of size bytes.
+struct Stretch {
+    std::size_t offset; // 0-based
+    std::size_t length;
+};
+Stretch Inside(std::size_t size, std::int64_t position, std::int64_t length)
+{
+    const auto all = static_cast<std::int64_t>(size);
+    const std::int64_t from = std::clamp<std::int64_t>(position - 1, 0, all);
+    const std::int64_t to = std::clamp<std::int64_t>(position - 1 + std::max<std::int64_t>(length, 0), from, all);
+    return {static_cast<std::size_t>(from), static_cast<std::size_t>(to - from)};
+}
+
 // The 24-bit number at a 1-based position.
 std::int32_t Number24(ImageView image, std::int64_t position)
 {
     return ByteAt(image, position) * 65536 + ByteAt(image, position + 1) * 256 + ByteAt(image, position + 2);
 }
 
-bool HasAt(ImageView image, std::size_t offset, ImageView wanted)
+bool HasAt(ImageView image, std::size_t offset, std::string_view wanted)
 {
-    return image.size() >= offset + wanted.size() && std::ranges::equal(image.subspan(offset, wanted.size()), wanted);
-}
-
-ImageView BytesOf(std::string_view text)
-{
-    return {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()};
+    return image.size() >= offset + wanted.size() && image.Text(offset, wanted.size()) == wanted;
 }
 
 // Writes the low eight bits of the value at a 0-based offset; nothing outside the image.
@@ -89,12 +97,10 @@ void PutIndexFrame(std::string &image, std::int64_t offset, std::int64_t length)
 
 } // namespace
 
-ImageView Piece(ImageView image, std::int64_t position, std::int64_t length)
+ImageBlock Piece(ImageBlock image, std::int64_t position, std::int64_t length)
 {
-    const auto size = static_cast<std::int64_t>(image.size());
-    const std::int64_t from = std::clamp<std::int64_t>(position - 1, 0, size);
-    const std::int64_t to = std::clamp<std::int64_t>(position - 1 + std::max<std::int64_t>(length, 0), from, size);
-    return image.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
+    const Stretch inside = Inside(image.size(), position, length);
+    return image.subspan(inside.offset, inside.length);
 }
 
 int CountItems(ImageView image)
@@ -107,14 +113,14 @@ int CountItems(ImageView image)
 
 int EntrySlot(ImageView image, int entry)
 {
-    const ImageView byte = Piece(image, kHeadLength + std::int64_t{entry} * kEntryLength + kEntrySlot + 1, 1);
-    return byte.empty() ? -1 : byte.front();
+    const Stretch byte = Inside(image.size(), kHeadLength + std::int64_t{entry} * kEntryLength + kEntrySlot + 1, 1);
+    return byte.length == 0 ? -1 : image[byte.offset];
 }
 
 std::string EntryName(ImageView image, int entry)
 {
-    const ImageView name = Piece(image, kHeadLength + std::int64_t{entry} * kEntryLength + 1, kNameLength);
-    return {name.begin(), name.end()};
+    const Stretch name = Inside(image.size(), kHeadLength + std::int64_t{entry} * kEntryLength + 1, kNameLength);
+    return image.Text(name.offset, name.length);
 }
 
 void IndexItems(ImageView image, ItemTable &table)
@@ -126,12 +132,12 @@ void IndexItems(ImageView image, ItemTable &table)
 
 bool HasInstrumentMarks(ImageView head)
 {
-    return HasAt(head, kMark, BytesOf(kFileMark)) && HasAt(head, 0, kOuterMark) && HasAt(head, kIdentityChunk, kIdentityMark);
+    return HasAt(head, kMark, kFileMark) && HasAt(head, 0, kOuterMark) && HasAt(head, kIdentityChunk, kIdentityMark);
 }
 
 bool IsInstrumentFile(ImageView image)
 {
-    return HasInstrumentMarks(image) && CountItems(image) == image.back() - 1;
+    return HasInstrumentMarks(image) && CountItems(image) == image[image.size() - 1] - 1;
 }
 
 void BuildHeader(std::string &image)

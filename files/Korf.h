@@ -2,6 +2,8 @@
 // that lists, edits or prints items asks here where an item lies; nobody else knows an offset.
 #pragma once
 
+#include "view/FileImage.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -11,7 +13,7 @@
 
 namespace velluto {
 
-using ImageView = std::span<const std::uint8_t>;
+using ImageBlock = std::span<const std::uint8_t>; // an image of one block
 
 // Offsets in the file and lengths, in bytes, 0-based. All numbers in the file are big-endian.
 namespace Korf {
@@ -34,7 +36,7 @@ inline constexpr int kMostItems = 128; // what an ItemTable has room for
 using ItemTable = std::array<std::int32_t, 2 * Korf::kMostItems>;
 
 // The piece of the image that begins at the 1-based position: what there is of it, nothing outside the image.
-[[nodiscard]] ImageView Piece(ImageView image, std::int64_t position, std::int64_t length);
+[[nodiscard]] ImageBlock Piece(ImageBlock image, std::int64_t position, std::int64_t length);
 
 // How many items the head tells of; 0 for an image shorter than its head. No promise that the bytes are there.
 [[nodiscard]] int CountItems(ImageView image);

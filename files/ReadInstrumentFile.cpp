@@ -47,7 +47,10 @@ RuntimeError LookAt(RandomAccessFile &file, std::uint64_t length, bool &good)
 RuntimeError ReadImage(RandomAccessFile &file, FileImage &image)
 {
     try {
-        return ReadWhole(file, {kLongestImage, kOutOfMemory}, image);
+        SharedBytes bytes;
+        const RuntimeError error = ReadWhole(file, {kLongestImage, kOutOfMemory}, bytes);
+        image = error.Failed() ? image : FileImage(std::move(bytes));
+        return error;
     } catch (const std::bad_alloc &) {
         return kOutOfMemory;
     }

@@ -5,15 +5,24 @@
 
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 
 namespace velluto {
 
-// Writes all bytes in one call. An old file of any length is deleted first: a failure while writing loses it, the end of the
-// process does not. Each step is trapped by judge(error); false where judge gave up.
+inline RuntimeError WriteRuns(RandomAccessFile &file, const ByteRuns &bytes)
+{
+    RuntimeError error;
+    std::uint64_t offset = 0;
+    for (auto run = bytes.begin(); run != bytes.end() && !error.Failed(); offset += run->size(), ++run) {
+        error = run->empty() ? error : file.Write(offset, *run);
+    }
+    return error;
+}
+
+// Writes all bytes, run by run, and from the first one on where a failure is tried again. An old file of any length is deleted first: a
+// failure while writing loses it, the end of the process does not. Each step is trapped by judge(error); false where judge gave up.
 template <class Judge>
-[[nodiscard]] bool ReplaceFile(FileStore &store, const std::string &path, std::span<const std::uint8_t> bytes, Judge judge)
+[[nodiscard]] bool ReplaceFile(FileStore &store, const std::string &path, const ByteRuns &bytes, Judge judge)
 {
     const std::unique_ptr<WritingUnderWay> underWay = store.BeginReplacing(path, bytes);
     std::unique_ptr<RandomAccessFile> file;
@@ -28,7 +37,7 @@ template <class Judge>
             return false;
         }
     }
-    return bytes.empty() || Trapped([&] { return file->Write(0, bytes); }, judge);
+    return Trapped([&] { return WriteRuns(*file, bytes); }, judge);
 }
 
 } // namespace velluto

@@ -75,7 +75,7 @@ int SaveDocument(FilesState &files, const WindowTag &tag)
     WindowTag saved = tag;
     const std::string path = saved.Path();
     app.CurrentOperation = app.messages.Text(TextId::Saving) + FileNameOf(path);
-    if (!ReplaceFile(app.ports.files, path, saved.image.View(), ClassifyingJudge{app})) {
+    if (!ReplaceFile(app.ports.files, path, saved.image.Runs(), ClassifyingJudge{app})) {
         return kNotSaved;
     }
     saved.Set(TagPosition::Modified, 0);
@@ -105,7 +105,7 @@ int SaveDocumentAs(FilesState &files, const WindowTag &tag)
         return kNotSaved;
     }
     const auto judge = [&app](RuntimeError error) { return JudgeSaveAs(app.messages, error); };
-    if (!ReplaceFile(app.ports.files, files.FilePath, saved.image.View(), judge)) {
+    if (!ReplaceFile(app.ports.files, files.FilePath, saved.image.Runs(), judge)) {
         return kNotSaved;
     }
     RenameKnownSlot(files, saved.Path(), files.FilePath);

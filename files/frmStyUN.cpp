@@ -115,7 +115,7 @@ void frmStyUN::ShowNew(WindowTag &tag)
     List1.SetRows(NewStyleRows());
     std::string image;
     BuildEmptyImage(image);
-    Files().BuildImage = FileImage({reinterpret_cast<const std::uint8_t *>(image.data()), image.size()});
+    Files().BuildImage = FileImage(std::span(reinterpret_cast<const std::uint8_t *>(image.data()), image.size()));
     tag.image = Files().BuildImage;
 }
 

@@ -55,10 +55,7 @@ public:
     virtual RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) = 0;
     virtual RuntimeError Delete(const std::string &path) = 0;
     // To be kept while a file is deleted and written anew with these bytes; null where nothing can be done for it.
-    virtual std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string & /*path*/, std::span<const std::uint8_t> /*bytes*/)
-    {
-        return nullptr;
-    }
+    virtual std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string & /*path*/, const ByteRuns & /*bytes*/) { return nullptr; }
     // The same while a file is written to in place, or made.
     virtual std::unique_ptr<WritingUnderWay> BeginChanging(const std::string & /*path*/) { return nullptr; }
     // The process's current directory, without a separator at its end (but that of a root, "/" or "C:\").

@@ -1,13 +1,17 @@
-// A block of bytes that never changes once it is shared. A document's file image is one of these: handing it to
-// another owner copies a pointer, and an edit makes a new block of its final size.
+// A block of bytes that never changes once it is shared. Files that are read whole are these: handing one to another
+// owner copies a pointer.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace velluto {
+
+// The bytes of one file, in runs that follow one another. Holds none of them.
+using ByteRuns = std::vector<std::span<const std::uint8_t>>;
 
 class SharedBytes {
 public:

@@ -78,7 +78,7 @@ RuntimeError WriteCompilation(const Modulo1 &app, const std::string &path, std::
         return Verdict::GiveUp;
     };
     const std::span bytes(reinterpret_cast<const std::uint8_t *>(image.data()), image.size());
-    (void)ReplaceFile(app.ports.files, path, bytes, firstFailure);
+    (void)ReplaceFile(app.ports.files, path, {bytes}, firstFailure);
     return error;
 }
 

@@ -34,7 +34,7 @@ constexpr std::uint64_t kIndexLength = 4; // in the index: the length of its con
 
 class Check {
 public:
-    Check(ImageView image, Kind kind) : image_(image), kind_(kind) {}
+    Check(ImageBlock image, Kind kind) : image_(image), kind_(kind) {}
 
     std::vector<Finding> Run()
     {
@@ -63,7 +63,7 @@ private:
         return image_.size() >= text.size() && offset <= image_.size() - text.size() &&
                std::equal(text.begin(), text.end(), From(offset), Same);
     }
-    [[nodiscard]] ImageView::iterator From(std::uint64_t offset) const { return image_.begin() + static_cast<std::ptrdiff_t>(offset); }
+    [[nodiscard]] ImageBlock::iterator From(std::uint64_t offset) const { return image_.begin() + static_cast<std::ptrdiff_t>(offset); }
     static bool Same(char wanted, std::uint8_t have) { return static_cast<std::uint8_t>(wanted) == have; }
 
     // Tells the first byte of the run that differs.
@@ -170,7 +170,7 @@ private:
         }
     }
 
-    ImageView image_;
+    ImageBlock image_;
     Kind kind_;
     std::vector<Finding> found_;
     std::uint64_t items_ = 0;
@@ -182,7 +182,7 @@ private:
 
 } // namespace
 
-std::vector<Finding> CheckImage(ImageView image, Kind kind)
+std::vector<Finding> CheckImage(ImageBlock image, Kind kind)
 {
     return Check(image, kind).Run();
 }

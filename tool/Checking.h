@@ -11,6 +11,6 @@ namespace velluto::tool {
 
 // In the order of the file's parts; what makes the rest unreadable is the last one. With Kind::None the places of the items
 // are not looked at.
-[[nodiscard]] std::vector<Finding> CheckImage(ImageView image, Kind kind);
+[[nodiscard]] std::vector<Finding> CheckImage(ImageBlock image, Kind kind);
 
 } // namespace velluto::tool

@@ -21,7 +21,7 @@ int MostPlaces(Kind kind)
 
 class Places {
 public:
-    Places(ImageView image, Kind kind, std::vector<Finding> &found)
+    Places(ImageBlock image, Kind kind, std::vector<Finding> &found)
         : image_(image), found_(found), most_(MostPlaces(kind)), n_(CountItems(image))
     {
     }
@@ -102,7 +102,7 @@ private:
         }
     }
 
-    ImageView image_;
+    ImageBlock image_;
     std::vector<Finding> &found_;
     int most_;
     int n_;
@@ -112,7 +112,7 @@ private:
 
 } // namespace
 
-void CheckPlaces(ImageView image, Kind kind, std::vector<Finding> &found)
+void CheckPlaces(ImageBlock image, Kind kind, std::vector<Finding> &found)
 {
     if (kind != Kind::None) {
         Places(image, kind, found).Run(kind);

@@ -10,6 +10,6 @@
 namespace velluto::tool {
 
 // Appends what is wrong. The directory lies inside the image.
-void CheckPlaces(ImageView image, Kind kind, std::vector<Finding> &found);
+void CheckPlaces(ImageBlock image, Kind kind, std::vector<Finding> &found);
 
 } // namespace velluto::tool

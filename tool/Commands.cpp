@@ -104,11 +104,11 @@ public:
             }
         }
     }
-    [[nodiscard]] bool MayHold(ImageView image)
+    [[nodiscard]] bool MayHold(ImageBlock image)
     {
         constexpr int kPastTheDirectory = kPerformancePlaces; // entries that a row may show by mistake
         const auto room = static_cast<std::int64_t>(CountItems(image) + kPastTheDirectory) * Korf::kEntryLength;
-        const ImageView entries = Piece(image, Korf::kHeadLength + 1, room);
+        const ImageBlock entries = Piece(image, Korf::kHeadLength + 1, room);
         directory_.assign(entries.begin(), entries.end());
         std::ranges::transform(directory_, directory_.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
         return std::ranges::all_of(plainWords_, [&](const std::string &word) { return directory_.find(word) != std::string::npos; });

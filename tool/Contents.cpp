@@ -33,7 +33,7 @@ void Add(std::vector<ItemRow> &rows, std::string_view kind, std::vector<std::str
 }
 
 // The two views of a Style window, by its own rules: of exactly one entry it shows nothing.
-void AddStyles(std::vector<ItemRow> &rows, ImageView image)
+void AddStyles(std::vector<ItemRow> &rows, ImageBlock image)
 {
     const int n = CountItems(image);
     const int layout = ClassifyStyleLayout(image);
@@ -61,7 +61,7 @@ std::string ItemRow::Name() const
     return std::string(RightTrimmed(DrawnText(bytes.substr(at, Korf::kNameLength))));
 }
 
-int PlacesOf(ImageView image, Kind kind)
+int PlacesOf(ImageBlock image, Kind kind)
 {
     if (kind == Kind::Program) {
         return ProgramPlaces(image);
@@ -69,7 +69,7 @@ int PlacesOf(ImageView image, Kind kind)
     return kind == Kind::Style ? kStyleRows : kPerformancePlaces;
 }
 
-std::vector<ItemRow> RowsOf(ImageView image, Kind kind)
+std::vector<ItemRow> RowsOf(ImageBlock image, Kind kind)
 {
     std::vector<ItemRow> rows;
     const bool hasItems = CountItems(image) > 0;

@@ -20,8 +20,8 @@ struct ItemRow {
 };
 
 // How many places the bank of this file has.
-[[nodiscard]] int PlacesOf(ImageView image, Kind kind);
+[[nodiscard]] int PlacesOf(ImageBlock image, Kind kind);
 // All rows of the file's window; for Styles that have them, the rows behind the button STS follow.
-[[nodiscard]] std::vector<ItemRow> RowsOf(ImageView image, Kind kind);
+[[nodiscard]] std::vector<ItemRow> RowsOf(ImageBlock image, Kind kind);
 
 } // namespace velluto::tool

@@ -16,7 +16,7 @@ struct VisitedFile {
     const std::string &path;
     Kind kind;
     std::uint64_t length;
-    ImageView image;
+    ImageBlock image;
 };
 
 // Calls see(file) for each file that could be read. False where one, or a folder, could not: that has been told.

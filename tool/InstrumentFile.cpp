@@ -51,7 +51,7 @@ RuntimeError ReadInstrument(FileStore &files, const std::string &path, SharedByt
     return {};
 }
 
-bool IsOfLaterInstrument(ImageView image)
+bool IsOfLaterInstrument(ImageBlock image)
 {
     const auto directory = static_cast<std::size_t>(Korf::kDirectoryChunk);
     return image.size() > directory + 1 && image[directory] == kDirectoryType && image[directory + 1] == kLaterEntries &&

@@ -26,6 +26,6 @@ RuntimeError ReadInstrument(FileStore &files, const std::string &path, SharedByt
 
 // Is this the head of a file that a later instrument of the family has written? Its entries are longer, and the program
 // reads none of them.
-[[nodiscard]] bool IsOfLaterInstrument(ImageView image);
+[[nodiscard]] bool IsOfLaterInstrument(ImageBlock image);
 
 } // namespace velluto::tool

@@ -2,15 +2,13 @@
 // Whoever acts on the active window reads what it is from here and needs to know no form.
 #pragma once
 
-#include "platform/SharedBytes.h"
+#include "view/FileImage.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace velluto {
-
-using FileImage = SharedBytes;
 
 // The fields of the prefix, by 1-based position.
 namespace TagPosition {

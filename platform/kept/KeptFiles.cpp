@@ -87,7 +87,7 @@ std::unique_ptr<WritingUnderWay> KeptFiles::Begin(UnfinishedSave save)
     return entry ? std::make_unique<Writing>(*this, std::move(save), std::move(entry)) : nullptr;
 }
 
-std::unique_ptr<WritingUnderWay> KeptFiles::BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes)
+std::unique_ptr<WritingUnderWay> KeptFiles::BeginReplacing(const std::string &path, const ByteRuns &bytes)
 {
     std::optional<UnfinishedSave> save = SaveAt(path);
     if (!save) {
@@ -97,11 +97,14 @@ std::unique_ptr<WritingUnderWay> KeptFiles::BeginReplacing(const std::string &pa
         save->kept = std::string(kKeptPrefix) + UnusedName();
     }
     Checksum sum;
-    sum.Add(bytes);
-    save->length = bytes.size();
+    std::string &beginning = save->beginning.emplace();
+    for (const auto &run : bytes) {
+        sum.Add(run);
+        save->length += run.size();
+        const auto begun = run.first(std::min(run.size(), UnfinishedSave::kBeginning - beginning.size()));
+        beginning.append(begun.begin(), begun.end());
+    }
     save->checksum = sum.Value();
-    const auto beginning = bytes.first(std::min(bytes.size(), UnfinishedSave::kBeginning));
-    save->beginning.emplace(beginning.begin(), beginning.end());
     return Begin(std::move(*save));
 }
 

@@ -20,7 +20,7 @@ public:
     explicit KeptFiles(const std::string &programFolder);
 
     // As FileStore has them.
-    std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes);
+    std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string &path, const ByteRuns &bytes);
     std::unique_ptr<WritingUnderWay> BeginChanging(const std::string &path);
 
     // Takes the file away as deleting it would, where that belongs to a replacing; path has its links followed. False where it still

@@ -1,5 +1,6 @@
 #include "platform/kept/UnfinishedSave.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <system_error>
@@ -87,19 +88,42 @@ bool IsBegun(const UnfinishedSave &save)
     return std::memcmp(bytes.data(), save.beginning->data(), got) == 0;
 }
 
+// The sum with up to eight more bytes in it.
+std::uint64_t Mixed(std::uint64_t sum, const std::uint8_t *bytes, std::size_t count)
+{
+    constexpr std::uint64_t kPrime = 0x100000001B3;
+    std::uint64_t word = 0; // a last word that is short is as one that ends in zeros: the length is told beside the sum
+    std::memcpy(&word, bytes, count);
+    sum = (sum ^ word) * kPrime;
+    return sum ^ (sum >> 29);
+}
+
 } // namespace
 
 void Checksum::Add(std::span<const std::uint8_t> bytes)
 {
-    constexpr std::uint64_t kPrime = 0x100000001B3;
-    while (!bytes.empty()) {
-        std::uint64_t word = bytes.size(); // a last piece that is short differs from one that ends in zeros
-        const std::size_t step = bytes.size() < sizeof(word) ? bytes.size() : sizeof(word);
-        std::memcpy(&word, bytes.data(), step);
-        value_ = (value_ ^ word) * kPrime;
-        value_ ^= value_ >> 29;
+    const auto begin = [&] {
+        const std::size_t step = std::min(bytes.size(), begun_.size() - begunLength_);
+        std::copy_n(bytes.begin(), step, begun_.begin() + static_cast<std::ptrdiff_t>(begunLength_));
+        begunLength_ += step;
         bytes = bytes.subspan(step);
+    };
+    if (begunLength_ > 0) {
+        begin();
     }
+    if (begunLength_ == begun_.size()) {
+        value_ = Mixed(value_, begun_.data(), begunLength_);
+        begunLength_ = 0;
+    }
+    for (; bytes.size() >= begun_.size(); bytes = bytes.subspan(begun_.size())) {
+        value_ = Mixed(value_, bytes.data(), begun_.size());
+    }
+    begin();
+}
+
+std::uint64_t Checksum::Value() const
+{
+    return begunLength_ == 0 ? value_ : Mixed(value_, begun_.data(), begunLength_);
 }
 
 std::string JournalText(const UnfinishedSave &save)

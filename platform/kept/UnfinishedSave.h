@@ -12,15 +12,16 @@
 
 namespace velluto {
 
-// A checksum that sees what a crash does to a file; no protection against anybody. All pieces but the last are of 8 bytes, or a
-// multiple of that.
+// A checksum that sees what a crash does to a file; no protection against anybody. In which pieces the bytes come is the same to it.
 class Checksum {
 public:
     void Add(std::span<const std::uint8_t> bytes);
-    [[nodiscard]] std::uint64_t Value() const { return value_; }
+    [[nodiscard]] std::uint64_t Value() const;
 
 private:
-    std::uint64_t value_ = 0xCBF29CE484222325;
+    std::uint64_t value_ = 0xCBF29CE484222325; // of whole words
+    std::array<std::uint8_t, sizeof(std::uint64_t)> begun_{};
+    std::size_t begunLength_ = 0; // bytes of a word that is not whole yet
 };
 
 struct UnfinishedSave {

@@ -215,7 +215,7 @@ RuntimeError PosixFiles::Delete(const std::string &path)
     return errno == ENOENT ? RuntimeError{FileError::kFileNotFound} : FromErrno(errno);
 }
 
-std::unique_ptr<WritingUnderWay> PosixFiles::BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes)
+std::unique_ptr<WritingUnderWay> PosixFiles::BeginReplacing(const std::string &path, const ByteRuns &bytes)
 {
     return kept_ ? kept_->BeginReplacing(path, bytes) : nullptr;
 }

@@ -16,7 +16,7 @@ public:
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError Delete(const std::string &path) override;
-    std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes) override;
+    std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string &path, const ByteRuns &bytes) override;
     std::unique_ptr<WritingUnderWay> BeginChanging(const std::string &path) override;
     std::string CurrentFolder() override;
 

@@ -239,7 +239,7 @@ RuntimeError WinFiles::Delete(const std::string &path)
     return TakeAway(file.get()) ? RuntimeError{} : FromSystem(::GetLastError());
 }
 
-std::unique_ptr<WritingUnderWay> WinFiles::BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes)
+std::unique_ptr<WritingUnderWay> WinFiles::BeginReplacing(const std::string &path, const ByteRuns &bytes)
 {
     return kept_ ? kept_->BeginReplacing(path, bytes) : nullptr;
 }

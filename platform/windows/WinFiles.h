@@ -16,7 +16,7 @@ public:
     RuntimeError Open(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError OpenToRead(const std::string &path, std::unique_ptr<RandomAccessFile> &file) override;
     RuntimeError Delete(const std::string &path) override;
-    std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string &path, std::span<const std::uint8_t> bytes) override;
+    std::unique_ptr<WritingUnderWay> BeginReplacing(const std::string &path, const ByteRuns &bytes) override;
     std::unique_ptr<WritingUnderWay> BeginChanging(const std::string &path) override;
     // The root of a drive keeps its separator: without it the drive's own current folder would be meant.
     std::string CurrentFolder() override;

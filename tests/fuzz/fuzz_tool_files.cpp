@@ -22,7 +22,7 @@ void Demand(bool condition)
     }
 }
 
-void CheckAndList(ImageView image)
+void CheckAndList(ImageBlock image)
 {
     for (const Kind kind : {Kind::None, Kind::Program, Kind::Style, Kind::Performance}) {
         const std::vector<Finding> found = CheckImage(image, kind);
@@ -94,7 +94,7 @@ fuzz::Bytes NearlyWhole(FuzzedDataProvider &bytes)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     if (size == 0 || data[0] < 0x80) {
-        CheckAndList(ImageView(data, size));
+        CheckAndList(ImageBlock(data, size));
         return 0;
     }
     FuzzedDataProvider bytes(data + 1, size - 1);

@@ -1,4 +1,5 @@
 // The container, byte by byte.
+#include "files/StyleRows.h"
 #include "unit/files/InstrumentFiles.h"
 
 namespace velluto::test {
@@ -188,7 +189,7 @@ TEST(Container, APieceBeyondTheEndGivesWhatThereIs)
 {
     const Bytes bytes{10, 11, 12, 13};
     const auto piece = [&bytes](std::int64_t position, std::int64_t length) {
-        const ImageView view = Piece(bytes, position, length);
+        const ImageBlock view = Piece(bytes, position, length);
         return Bytes(view.begin(), view.end());
     };
     EXPECT_EQ(piece(2, 2), (Bytes{11, 12}));
@@ -201,6 +202,48 @@ TEST(Container, APieceBeyondTheEndGivesWhatThereIs)
     EXPECT_EQ(piece(1, INT32_MAX), bytes);
 }
 
+// The same bytes, in pieces of random lengths that lie in blocks of their own.
+FileImage InPieces(const Bytes &file, std::mt19937 &random)
+{
+    FileImage image;
+    for (std::size_t offset = 0; offset < file.size();) {
+        const std::size_t length = std::min<std::size_t>(file.size() - offset, 1 + random() % 60);
+        image.Append(
+            ImageOf(Bytes(file.begin() + static_cast<std::ptrdiff_t>(offset), file.begin() + static_cast<std::ptrdiff_t>(offset + length))),
+            0, length);
+        offset += length;
+    }
+    return image;
+}
+
+TEST(Container, AnImageInPiecesReadsAsOneBlock)
+{
+    std::mt19937 random(3); // NOLINT: the same files in every run
+    for (int round = 0; round < 300; ++round) {
+        Bytes file = RandomFile(random);
+        if (round % 2 == 1) { // damaged, and cut off anywhere
+            file[random() % file.size()] ^= static_cast<std::uint8_t>(1 + random() % 255);
+            file.resize(random() % (file.size() + 1));
+        }
+        const FileImage image = InPieces(file, random);
+        const ImageView pieces = image.View();
+        const int n = CountItems(file);
+        ASSERT_EQ(CountItems(pieces), n);
+        ASSERT_EQ(HasInstrumentMarks(pieces), HasInstrumentMarks(file));
+        ASSERT_EQ(IsInstrumentFile(pieces), IsInstrumentFile(file));
+        ASSERT_EQ(ClassifyStyleLayout(pieces), ClassifyStyleLayout(file));
+        ItemTable whole{};
+        ItemTable table{};
+        IndexItems(file, whole);
+        IndexItems(pieces, table);
+        ASSERT_EQ(table, whole);
+        for (int entry = -3; entry < n + 2; ++entry) {
+            ASSERT_EQ(EntrySlot(pieces, entry), EntrySlot(file, entry));
+            ASSERT_EQ(EntryName(pieces, entry), EntryName(file, entry));
+        }
+    }
+}
+
 TEST(Container, EntriesGiveSlotAndRawName)
 {
     const Bytes file = InstrumentFile({{"Grand Piano", 5, {}}, {std::string("\xE9t\xE9  \0 x", 8), 127, {}}});
@@ -210,7 +253,7 @@ TEST(Container, EntriesGiveSlotAndRawName)
     EXPECT_EQ(EntryName(file, 1), std::string("\xE9t\xE9  \0 x\0\0\0\0\0\0\0\0", 16));
     EXPECT_EQ(EntrySlot(file, 900), -1);
     EXPECT_EQ(EntryName(file, 900), "");
-    EXPECT_EQ(EntryName(ImageView(file).first(36 + 7), 0), "Grand P");
+    EXPECT_EQ(EntryName(ImageBlock(file).first(36 + 7), 0), "Grand P");
 }
 
 TEST(Container, ItsBytesDecideWhetherItIsAnInstrumentFile)
@@ -248,7 +291,7 @@ TEST(Container, DamagedIndexesNeverLeadOutsideTheImage)
         ItemTable table{};
         IndexItems(file, table);
         for (std::size_t item = 0; item < 128; ++item) {
-            const ImageView body = Piece(file, table[item], table[item + 128]);
+            const ImageBlock body = Piece(file, table[item], table[item + 128]);
             ASSERT_LE(body.size(), file.size());
         }
         const int n = CountItems(file);

@@ -62,7 +62,8 @@ inline Bytes RandomFile(std::mt19937 &random)
 
 inline Bytes BytesOf(const FileImage &image)
 {
-    return {image.View().begin(), image.View().end()};
+    const std::string text = image.Text(0, image.size());
+    return {text.begin(), text.end()};
 }
 
 inline FileImage ImageOf(const Bytes &bytes)

@@ -17,6 +17,24 @@ TEST_F(SavingTest, SaveWritesTheImageExactlyAndClearsTheMark)
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(SavingTest, AnImageInPiecesIsWrittenWholeAndFromItsBeginningWhereItFails)
+{
+    frmPcgUN &window = OpenEdited("a.pcg", FileOfLength(300));
+    const FileImage first = ImageOf(FileOfLength(777));
+    const FileImage second = ImageOf(Bytes(5000, 0xEE));
+    window.Tag.image.Append(first, 100, 600);
+    window.Tag.image.Append(second, 0, 5000);
+    window.Tag.image.Append(first, 0, 50);
+    const std::string path = run.At("a.pcg");
+    Fail(FileFault::Operation::Write, path, FileError::kDiskNotReady, 2);
+    run.files.calls.clear();
+    EXPECT_EQ(SaveDocument(files, window.Tag), 0);
+    EXPECT_EQ(ReadBytes(path), BytesOf(window.Tag.image));
+    EXPECT_EQ(ReadBytes(path).size(), 300U + 600 + 5000 + 50);
+    const std::string write = "write " + path;
+    EXPECT_THAT(run.files.calls, ElementsAre("open " + path, "delete " + path, "open " + path, write, write, write, write, write, write));
+}
+
 TEST_F(SavingTest, ImagesAroundTheBlockLengthAreWrittenWhole)
 {
     frmPcgUN &window = OpenEdited("a.pcg", {});

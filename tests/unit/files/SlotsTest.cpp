@@ -148,7 +148,7 @@ TEST_F(SlotsTest, AWindowGoesAtItsUnloadAndTheNextUseMakesAFreshOne)
 TEST_F(SlotsTest, DocumentsShareOneImageWithoutACopy)
 {
     Open(Put("a.pcg", FileOfLength(200)));
-    EXPECT_EQ(Window(1).Tag.image.View().data(), files.LoadImage.View().data());
+    EXPECT_EQ(Window(1).Tag.image.Runs().front().data(), files.LoadImage.Runs().front().data());
 }
 
 TEST_F(SlotsTest, AnEventDuringALoadChangesNoRecord)

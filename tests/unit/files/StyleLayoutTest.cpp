@@ -49,7 +49,7 @@ TEST(StyleLayout, OnlyTheFirstSlotIsLookedFor)
 TEST(StyleLayout, AnImageThatEndsBeforeASlotHasNoRepeatThere)
 {
     const Bytes whole = InstrumentFile({{"One", 0, {1}}, {"One STS", 0, {1}}});
-    const ImageView view(whole);
+    const ImageBlock view(whole);
     EXPECT_EQ(ClassifyStyleLayout(view.first(36 + 24 + 21)), 1);
     EXPECT_EQ(ClassifyStyleLayout(view.first(36 + 24 + 20)), 0);
     EXPECT_EQ(ClassifyStyleLayout(view.first(36 + 20)), 0);

@@ -68,7 +68,7 @@ void WriteAndDie(const std::string &home, const std::vector<HalfWritten> &files)
     machine.KeepWhole(home);
     std::vector<std::unique_ptr<WritingUnderWay>> underWay;
     for (const HalfWritten &half : files) {
-        underWay.push_back(half.how == How::Replaced ? machine.BeginReplacing(half.path, kNew) : machine.BeginChanging(half.path));
+        underWay.push_back(half.how == How::Replaced ? machine.BeginReplacing(half.path, {kNew}) : machine.BeginChanging(half.path));
     }
     for (const HalfWritten &half : files) {
         if (half.how == How::Replaced) {

@@ -1,6 +1,8 @@
 // What every system keeps of the files that are being written.
 #include "unit/platform/HalfWritten.h"
 
+#include "platform/kept/UnfinishedSave.h"
+
 namespace velluto::test {
 namespace {
 
@@ -10,7 +12,7 @@ TEST_F(KeptFilesTest, AfterASaveNoNameIsLeft)
     MachineFiles files;
     files.KeepWhole(home_);
     {
-        const auto underWay = files.BeginReplacing(path_, kNew);
+        const auto underWay = files.BeginReplacing(path_, {kNew});
         SaveHalf(files, path_);
     }
     EXPECT_EQ(Names(), before);
@@ -19,11 +21,33 @@ TEST_F(KeptFilesTest, AfterASaveNoNameIsLeft)
     EXPECT_EQ(ReadBytes(path_).size(), kNew.size() / 2);
 }
 
+TEST_F(KeptFilesTest, AFileInRunsIsKnownAsTheSameFileInOne)
+{
+    MachineFiles files;
+    files.KeepWhole(home_);
+    const std::span<const std::uint8_t> whole(kNew);
+    const auto journal = [&](const ByteRuns &bytes) {
+        const auto underWay = files.BeginReplacing(path_, bytes);
+        UnfinishedSave told;
+        for (const auto &entry : std::filesystem::directory_iterator(PathOfUtf8(home_ + "/.velluto-saves"))) {
+            const Bytes text = ReadBytes(Utf8OfPath(entry.path()));
+            told = ParseJournalText(std::string(text.begin(), text.end())).value_or(told);
+        }
+        return told;
+    };
+    UnfinishedSave one = journal({whole});
+    const UnfinishedSave three = journal({whole.first(1), whole.subspan(1, 3), whole.subspan(4)});
+    one.kept = three.kept; // a name of its own each time
+    EXPECT_EQ(three, one);
+    EXPECT_EQ(three.length, kNew.size());
+    EXPECT_EQ(three.beginning, std::string(kNew.begin(), kNew.end()));
+}
+
 TEST_F(KeptFilesTest, WhileASaveIsUnderWayTheProgramsListsShowTheFileAlone)
 {
     MachineFiles files;
     files.KeepWhole(home_);
-    const auto underWay = files.BeginReplacing(path_, kNew);
+    const auto underWay = files.BeginReplacing(path_, {kNew});
     SaveHalf(files, path_);
     std::vector<ListedFile> listed;
     MachineFolders folders;
@@ -71,7 +95,7 @@ TEST_F(KeptFilesTest, ASaveThatAnotherCopyHasUnderWayIsLeftAlone)
     MachineFiles files;
     files.KeepWhole(home_);
     {
-        const auto underWay = files.BeginReplacing(path_, kNew);
+        const auto underWay = files.BeginReplacing(path_, {kNew});
         SaveHalf(files, path_);
         InAProcessThatDies(home_, {});
         EXPECT_EQ(ReadBytes(path_), Bytes(kNew.begin(), kNew.begin() + 3));
@@ -121,7 +145,7 @@ TEST_F(KeptFilesTest, WhereNothingCanBeToldASaveIsAsBefore)
     WriteBytes(folder_.At("home/.velluto-saves"), kOld);
     MachineFiles files;
     files.KeepWhole(home_);
-    EXPECT_EQ(files.BeginReplacing(path_, kNew), nullptr);
+    EXPECT_EQ(files.BeginReplacing(path_, {kNew}), nullptr);
     EXPECT_EQ(files.BeginChanging(path_), nullptr);
     EXPECT_FALSE(files.Delete(path_).Failed());
     EXPECT_EQ(Names(), (std::vector<std::string>{"disk", "home", "home/.velluto-saves"}));
@@ -131,7 +155,7 @@ TEST_F(KeptFilesTest, WhatIsDeletedForGoodIsNotKept)
 {
     MachineFiles files;
     files.KeepWhole(home_);
-    const auto underWay = files.BeginReplacing(path_, kNew);
+    const auto underWay = files.BeginReplacing(path_, {kNew});
     const std::string other = OnDisk("Other.pcg");
     WriteBytes(other, kOld);
     EXPECT_FALSE(files.Delete(other).Failed());

@@ -125,7 +125,7 @@ TEST_F(PosixFilesTest, ASaveIntoTheLastFreeBytesHasThoseOfTheOldFileToo)
     WriteBytes(path, Bytes(10 * 4096, 0xAA));
     files_.KeepWhole(folder_.Path());
     {
-        const auto underWay = files_.BeginReplacing(path, bytes);
+        const auto underWay = files_.BeginReplacing(path, {bytes});
         ASSERT_NE(underWay, nullptr);
         ASSERT_FALSE(files_.Delete(path).Failed());
         ASSERT_EQ(Open(path), 0);

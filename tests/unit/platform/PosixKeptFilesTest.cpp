@@ -99,7 +99,7 @@ TEST_F(PosixKeptFilesTest, WhatIsNoFileIsNeverKept)
     std::filesystem::create_symlink("loop", OnDisk("loop"));
     for (const std::string &path : {pipe, disk_, disk_ + "/", OnDisk("dangling"), OnDisk("loop"), OnDisk("no/file"),
                                     std::string("/dev/null"), std::string(), std::string("a\0b", 3)}) {
-        EXPECT_EQ(files.BeginReplacing(path, kNew), nullptr) << path;
+        EXPECT_EQ(files.BeginReplacing(path, {kNew}), nullptr) << path;
         EXPECT_EQ(files.BeginChanging(path), nullptr) << path;
     }
 }

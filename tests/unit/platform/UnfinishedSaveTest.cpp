@@ -5,7 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace velluto::test {
 namespace {
@@ -32,6 +36,38 @@ TEST(UnfinishedSave, ComesBackFromItsTextWhateverThePathHolds)
         save.beginning = std::string("\0\n\xFF", 3);
         EXPECT_EQ(ParseJournalText(JournalText(save)), save);
     }
+}
+
+TEST(UnfinishedSave, TheChecksumIsTheSameInWhateverPiecesTheBytesCome)
+{
+    std::mt19937 random(5); // NOLINT: the same pieces in every run
+    for (std::size_t length = 0; length < 70; ++length) {
+        std::vector<std::uint8_t> bytes(length);
+        std::ranges::generate(bytes, [&random] { return static_cast<std::uint8_t>(random()); });
+        Checksum whole;
+        whole.Add(bytes);
+        for (int round = 0; round < 20; ++round) {
+            Checksum pieces;
+            for (std::span<const std::uint8_t> left = bytes; !left.empty();) {
+                const std::size_t step = 1 + random() % left.size();
+                pieces.Add(left.first(step));
+                left = left.subspan(step);
+            }
+            ASSERT_EQ(pieces.Value(), whole.Value()) << length;
+        }
+    }
+}
+
+TEST(UnfinishedSave, TheChecksumIsThatOfTheVersionsBefore)
+{
+    const auto sum = [](const std::vector<std::uint8_t> &bytes) {
+        Checksum all;
+        all.Add(bytes);
+        return all.Value();
+    };
+    EXPECT_EQ(sum({}), 0xCBF29CE484222325U);
+    // What a journal of before tells has to be understood by every later version.
+    EXPECT_EQ(sum({'t', 'h', 'e', ' ', 'n', 'e', 'w', ' ', 'f', 'i', 'l', 'e'}), 0x76FA40F2286C9308U);
 }
 
 TEST(UnfinishedSave, ATextThatIsCutOrChangedAnywhereIsNone)

@@ -27,7 +27,7 @@ protected:
 
 TEST_F(WinKeptFilesTest, WhatIsKeptAndTheJournalAreHidden)
 {
-    const auto underWay = files_.BeginReplacing(path_, kNew);
+    const auto underWay = files_.BeginReplacing(path_, {kNew});
     SaveHalf(files_, path_);
     ASSERT_NE(Kept(), "");
     EXPECT_NE(Attributes(Kept()) & FILE_ATTRIBUTE_HIDDEN, 0U);
@@ -46,7 +46,7 @@ TEST_F(WinKeptFilesTest, AReadOnlyFileIsRefusedAsWithout)
 {
     ::SetFileAttributesW(SystemPath(path_)->c_str(), FILE_ATTRIBUTE_READONLY);
     {
-        const auto underWay = files_.BeginReplacing(path_, kNew);
+        const auto underWay = files_.BeginReplacing(path_, {kNew});
         EXPECT_EQ(files_.Delete(path_).number, 75);
     }
     EXPECT_EQ(ReadBytes(path_), kOld);
@@ -60,7 +60,7 @@ TEST_F(WinKeptFilesTest, AFileThatAnotherKeepsForItselfIsRefusedAsWithout)
         ::CreateFileW(SystemPath(path_)->c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     ASSERT_NE(other, INVALID_HANDLE_VALUE);
     {
-        const auto underWay = files_.BeginReplacing(path_, kNew);
+        const auto underWay = files_.BeginReplacing(path_, {kNew});
         EXPECT_EQ(files_.Delete(path_).number, 75);
     }
     ::CloseHandle(other);
@@ -70,7 +70,7 @@ TEST_F(WinKeptFilesTest, AFileThatAnotherKeepsForItselfIsRefusedAsWithout)
 
 TEST_F(WinKeptFilesTest, APathInAnotherCaseIsTheSameFile)
 {
-    const auto underWay = files_.BeginReplacing(path_, kNew);
+    const auto underWay = files_.BeginReplacing(path_, {kNew});
     EXPECT_EQ(files_.Delete(OnDisk("STAGE.PCG")).number, 0);
     ASSERT_NE(Kept(), "");
     EXPECT_EQ(ReadBytes(Kept()), kOld);
@@ -80,7 +80,7 @@ TEST_F(WinKeptFilesTest, WhatIsNoFileIsNeverKept)
 {
     for (const std::string &path : {disk_, disk_ + "\\", OnDisk("no/file"), OnDisk("NUL"), std::string("NUL"), std::string(),
                                     std::string("a\0b", 3), std::string("\xFF")}) {
-        EXPECT_EQ(files_.BeginReplacing(path, kNew), nullptr) << path;
+        EXPECT_EQ(files_.BeginReplacing(path, {kNew}), nullptr) << path;
         EXPECT_EQ(files_.BeginChanging(path), nullptr) << path;
     }
 }

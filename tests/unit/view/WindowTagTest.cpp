@@ -77,7 +77,7 @@ TEST(WindowTag, ACopyOfAStateSharesTheImage)
 {
     WindowTag tag;
     tag.prefix = TagPrefix();
-    tag.image = FileImage(1000);
+    tag.image = FileImage(std::vector<std::uint8_t>(1000));
     const WindowTag copy = tag;
-    EXPECT_EQ(copy.image.View().data(), tag.image.View().data());
+    EXPECT_EQ(copy.image.Runs().front().data(), tag.image.Runs().front().data());
 }
