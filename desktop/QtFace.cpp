@@ -29,10 +29,6 @@ QLocale LocaleOf(QLocale::Language language)
     return {language, language == QLocale::Italian ? QLocale::Italy : QLocale::UnitedKingdom};
 }
 
-} // namespace
-
-namespace {
-
 bool TakesChanges(const WindowTag &tag)
 {
     return tag.Kind() == ViewKind::ProgramFile || tag.Kind() == ViewKind::StyleFile || tag.Kind() == ViewKind::PerformanceFile;
@@ -79,17 +75,6 @@ void QtFace::Detach()
 {
     window_.reset();
     program_.reset();
-}
-
-void QtFace::Post(std::function<void()> call)
-{
-    QMetaObject::invokeMethod(
-        &posted_,
-        [this, run = std::move(call)] {
-            const EventGate::Pass pass(gate_);
-            run();
-        },
-        Qt::QueuedConnection);
 }
 
 // The language is known once the settings have been read.

@@ -5,10 +5,12 @@
 #include "desktop/EventGate.h"
 #include "desktop/ItalianTexts.h"
 #include "desktop/MainWindow.h"
+#include "desktop/PostedCalls.h"
 #include "view/Face.h"
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace velluto {
@@ -36,7 +38,7 @@ public:
     [[nodiscard]] EventGate &Gate() { return gate_; }
     // Runs the call later from the event loop, as an event of the program. Any thread may ask; calls keep their order, and
     // what is still waiting when the face goes is dropped.
-    void Post(std::function<void()> call);
+    void Post(std::function<void()> call) { posted_.Post(std::move(call)); }
 
     int MessageBox(const std::string &title, const std::string &text, int style) override;
     FileChoice ShowFileDialog(const FileDialog &dialog) override;
@@ -58,7 +60,7 @@ private:
     void TakeLanguage();
 
     EventGate gate_;
-    QObject posted_; // what Post has still to run dies with it
+    PostedCalls posted_{gate_};
     std::unique_ptr<DrawnProgram> program_;
     std::unique_ptr<MainWindow> window_;
     std::vector<FormDialog *> dialogs_; // the modal forms under way

@@ -24,8 +24,16 @@ protected:
     int Write(std::uint64_t offset, const Bytes &bytes) { return file_->Write(offset, bytes).number; }
 
     // A file system of the test's own at the folder, gone with the process. False where the machine lets nobody mount.
-    static bool MountTmpfs(const std::string &folder, unsigned long flags, const char *options)
+    ~PosixFilesTest() override
     {
+        if (!mounted_.empty()) {
+            file_.reset();
+            ::umount2(mounted_.c_str(), MNT_DETACH); // a folder that something is mounted on does not go
+        }
+    }
+    bool MountTmpfs(const std::string &folder, unsigned long flags, const char *options)
+    {
+        mounted_ = folder;
         if (::unshare(CLONE_NEWNS) != 0 && ::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
             return false;
         }
@@ -34,6 +42,7 @@ protected:
     }
 
     TempFolder folder_;
+    std::string mounted_;
     PosixFiles files_;
     std::unique_ptr<RandomAccessFile> file_;
 };
