@@ -2,7 +2,7 @@
 # Installs what is missing and runs every check and test of the project.
 #
 #     ./test.sh           what every change has to pass: format, rooms, names, scripts, and all tests
-#     ./test.sh --full    that, and clang-tidy, GCC, Windows, valgrind, all tests with sanitizers, threads, a short fuzzing. Where a Qt
+#     ./test.sh --full    that, and clang-tidy, a release, Windows, valgrind, all tests with sanitizers, threads, a short fuzzing. Where a Qt
 #                         for Windows is kept (packaging/windows/build.sh), what is built for Windows is tested under Wine as well
 #
 # The last line says "N passed, M failed"; each check counts as one. The exit code is 0 where nothing failed.
@@ -52,6 +52,11 @@ check_scripts() {
     shellcheck --external-sources "${scripts[@]}"
     mapfile -d '' -t scripts < <(git grep -lz -e '^#!/usr/bin/env python3' --or -e '^"""' -- '*.py' tools)
     pyflakes3 "${scripts[@]}"
+}
+
+# As it ships: by GCC, optimised, and hardened.
+check_release() {
+    build release velluto velluto-tool && tools/check-hardened build/release/velluto build/release/velluto-tool
 }
 
 # Compiled for Windows; and built, tested under Wine and looked at by clang-tidy where that was done before, as its Qt shows.
@@ -110,7 +115,7 @@ check coverage tools/check-coverage
 check scripts check_scripts
 tests dev
 if $full; then
-    check gcc build gcc velluto_desktop velluto_devices velluto_machine # the next one compiles the other rooms with GCC
+    check release check_release
     check windows check_windows
     check tidy tools/check-tidy build/dev
     check memory tools/check-memory build/dev

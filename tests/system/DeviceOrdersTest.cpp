@@ -301,7 +301,7 @@ TEST_F(DeviceOrders, HangNothingLeaveNoNoteAndKeepNoMemory)
     const std::int64_t grown = held.back() - held.front();
     EndMusic();
     EXPECT_TRUE(Eventually([this] { return SoundingAt(*instrument_).empty(); })) << testing::PrintToString(SoundingAt(*instrument_));
-    EXPECT_LT(grown, 1024);
+    EXPECT_LT(grown, 256);
     std::printf("%d orders, %s KiB, %zu messages at the instrument, %d heard\n", orders, testing::PrintToString(held).c_str(),
                 instrument_->Lines().size(), heard_.load());
 }
