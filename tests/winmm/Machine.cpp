@@ -50,6 +50,21 @@ void Deliver(Machine &machine, std::size_t number, DWORD message, DWORD time)
     }
 }
 
+// What has come to the end of the file of commands, by whole lines.
+void ObeyFile(Machine &machine)
+{
+    static const std::string path = Variable("STANDIN_WINMM");
+    if (path.empty()) {
+        return;
+    }
+    std::ifstream file(path, std::ios::binary);
+    file.seekg(machine.obeyed);
+    for (std::string line; std::getline(file, line) && !file.eof();) {
+        machine.obeyed = file.tellg();
+        Command(machine, line);
+    }
+}
+
 } // namespace
 
 void Note(Machine &machine, const std::string &line)
@@ -123,14 +138,8 @@ void Command(Machine &machine, const std::string &line)
 Machine &TheMachine()
 {
     static Machine machine;
-    static const bool told = [] {
-        std::ifstream script(Variable("STANDIN_WINMM"));
-        for (std::string line; std::getline(script, line);) {
-            Command(machine, line);
-        }
-        return true;
-    }();
-    (void)told;
+    const std::lock_guard guard(machine.lock);
+    ObeyFile(machine);
     return machine;
 }
 

@@ -2,7 +2,7 @@
 // the program under test, which takes it for the system's own where WINEDLLOVERRIDES=winmm=n says so.
 //
 // It is told what to be by StandinWinmm, or by a file of the same commands, one a line, that the variable STANDIN_WINMM names; the
-// log then goes on to the file of STANDIN_WINMM_LOG as well.
+// log then goes on to the file of STANDIN_WINMM_LOG as well. Lines that are put to the file's end later are obeyed at the next call.
 //
 //     out NAME, in NAME          one more device; names are UTF-8
 //     insert out N NAME          one more in the midst of them; that number and those above it move up
@@ -18,6 +18,7 @@
 #include "Winmm.h"
 
 #include <deque>
+#include <ios>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -55,6 +56,7 @@ struct Machine {
     std::vector<Open *> open;
     bool holdsExclusives = false;
     std::vector<MIDIHDR *> held;
+    std::streamoff obeyed = 0; // bytes of the file of commands
     std::string log;
     std::string answer;
 };
