@@ -4,8 +4,12 @@
 #
 #     bench/idle.sh [SECONDS]    of each look; 20
 set -euo pipefail
-root=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
+own_script=$(realpath "${BASH_SOURCE[0]}")
+root=$(realpath "$(dirname "$own_script")/..")
 cd "$root"
+# shellcheck source=tools/lib.sh
+. tools/lib.sh
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
 # shellcheck source=tests/system/gui-lib.sh
 . tests/system/gui-lib.sh
 seconds=${1-20}
@@ -53,7 +57,6 @@ less() {
     awk -v a="$1" -v b="$2" 'BEGIN { printf "%.1f", a - b }'
 }
 
-install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
 build release velluto
 build dev jack-keys
 set_stage idle "$root/build"

@@ -6,8 +6,12 @@
 #
 #     bench/keyboard-latency.sh [PRESSES]
 set -euo pipefail
-root=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
+own_script=$(realpath "${BASH_SOURCE[0]}")
+root=$(realpath "$(dirname "$own_script")/..")
 cd "$root"
+# shellcheck source=tools/lib.sh
+. tools/lib.sh
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}" vmpk python3-xlib
 # shellcheck source=tests/system/gui-lib.sh
 . tests/system/gui-lib.sh
 presses=${1-500}
@@ -21,7 +25,6 @@ vmpk_is_up() {
     xdotool search --name "Virtual MIDI Piano" >/dev/null
 }
 
-install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}" vmpk python3-xlib
 build release velluto
 build dev jack-instrument jack-keys
 set_stage keyboard-latency "$root/build"

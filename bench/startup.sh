@@ -5,8 +5,12 @@
 #
 #     bench/startup.sh [RUNS]
 set -euo pipefail
-root=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
+own_script=$(realpath "${BASH_SOURCE[0]}")
+root=$(realpath "$(dirname "$own_script")/..")
 cd "$root"
+# shellcheck source=tools/lib.sh
+. tools/lib.sh
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}" vmpk python3-xlib
 # shellcheck source=tests/system/gui-lib.sh
 . tests/system/gui-lib.sh
 runs=${1-11}
@@ -14,7 +18,6 @@ screen_width=1280
 screen_height=800
 failures=0
 
-install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}" vmpk python3-xlib
 build release velluto
 build bench bench_bare_frame
 build dev jack-instrument

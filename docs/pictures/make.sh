@@ -3,7 +3,8 @@
 # it is tied to, and the bytes that a click on a row has sent; player.png the player with a compilation and a marked section.
 # Needs what ./test.sh installs.
 set -euo pipefail
-here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
+own_script=$(realpath "${BASH_SOURCE[0]}")
+here=$(dirname "$own_script")
 root=$(realpath "$here/../..")
 cd "$root"
 # shellcheck source=tests/system/gui-lib.sh

@@ -5,7 +5,7 @@
 #     gui-full-disk.sh PROGRAM INSTRUMENT PICTURES
 set -euo pipefail
 if [ -z "${VELLUTO_OWN_MOUNTS-}" ]; then
-    export VELLUTO_OWN_MOUNTS=1
+    export VELLUTO_OWN_MOUNTS=1 lane_user=$UID
     rights=()
     [ "$(id -u)" -eq 0 ] || rights=(--map-root-user)
     if ! unshare --mount "${rights[@]}" true 2>/dev/null; then

@@ -27,13 +27,17 @@ wait_until() {
 }
 
 # JACK's clients meet their servers in /dev/shm, under the client's name alone: two that are called alike, on two servers, may get
-# each other's server. So each test has a /dev/shm of its own (as in JackServer.cpp), where the machine lets it.
+# each other's server. So each test has a /dev/shm of its own (as in JackServer.cpp), where the machine lets it: it is started once
+# more, and whoever is not root is root there for the kernel alone, and can install nothing. A caller that has left the folder in
+# which it was started has set own_script to its whole path.
 if [ -z "${own_shm-}" ]; then
+    lane_user=${lane_user-$UID} # who root is there
     apart=(unshare --mount --ipc)
     [ "$UID" -eq 0 ] || apart+=(--user --map-root-user)
     if "${apart[@]}" mount -t tmpfs tmpfs /dev/shm 2>/dev/null; then
         # shellcheck disable=SC2016 # those are the inner shell's
-        own_shm=true exec "${apart[@]}" bash -c 'mount -t tmpfs tmpfs /dev/shm && exec "$0" "$@"' "$0" "$@"
+        own_shm=true lane_user=$lane_user exec "${apart[@]}" bash -c 'mount -t tmpfs tmpfs /dev/shm && exec "$0" "$@"' \
+            "${own_script-$(realpath "$0")}" "$@"
     fi
     own_shm=false
 fi
@@ -44,7 +48,7 @@ take_lane() {
     local lanes=(1)
     ! $own_shm || lanes=(1 2 3 4)
     for lane in "${lanes[@]}"; do
-        exec {lane_lock}>"/tmp/velluto-test-$UID-$lane.lock"
+        exec {lane_lock}>"/tmp/velluto-test-$lane_user-$lane.lock"
         ! flock --nonblock "$lane_lock" || return 0
         exec {lane_lock}>&-
     done
