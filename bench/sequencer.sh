@@ -11,7 +11,7 @@ install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[
 build bench bench_sequencer_timing
 stage=$(mktemp -d)
 server=
-trap '[ -z "$server" ] || { kill "$server"; wait "$server" || true; }; rm -rf "$stage"' EXIT
+trap '[ -z "$server" ] || end_processes "$server"; rm -rf "$stage"' EXIT
 export JACK_DEFAULT_SERVER=velluto-bench JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
 status=0
 for period in 64 1024; do
@@ -21,8 +21,7 @@ for period in 64 1024; do
     server=$!
     jack_wait -w -t 5 >/dev/null
     build/bench/bench/bench_sequencer_timing "$stage/notes.mid" || status=1
-    kill "$server"
-    wait "$server" || true
+    end_processes "$server"
     server=
 done
 exit "$status"
