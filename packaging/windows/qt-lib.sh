@@ -24,10 +24,17 @@ qt_description() {
     find "$windows_cache" -maxdepth 2 -path "$windows_cache/source/qt6-base_*.dsc" | sort | tail -n 1
 }
 
-# qt_kept: sets qt_folder to the place of the Qt of the sources in the cache and of these options; false where it is not there.
+# What the compilers are told, without the words about it.
+qt_toolchain() {
+    sed 's/ *#.*//; /^$/d' "$1"
+}
+
+# qt_kept: sets qt_folder to the place of the Qt of the sources in the cache and of these options; false where it is not there, or was
+# made by another toolchain. One of before that was noted is taken as it is.
 qt_kept() {
     qt_folder=$windows_cache/$(basename "$(qt_description)" .dsc)-$(qt_recipe)
-    [ -d "$qt_folder" ]
+    [ -d "$qt_folder" ] &&
+        { [ ! -f "$qt_folder/toolchain.cmake" ] || [ "$(qt_toolchain "$qt_folder/toolchain.cmake")" = "$(qt_toolchain cmake/mingw.cmake)" ]; }
 }
 
 # qt_source: brings Debian's source package to the cache, and sets qt_dsc to its description. Its own lists and sources: those of the
@@ -98,24 +105,47 @@ qt_make() {
 
 # qt_build SOURCE
 qt_build() {
-    [ -f "$qt_folder.build/build.ninja" ] || qt_configure "$1" "$qt_folder.build" || return 1
-    qt_make "$1" "$qt_folder.build" "$qt_folder"
+    [ -f "$qt_folder.build/build.ninja" ] || qt_configure "$1" "$qt_folder.build"
+    rm -rf "$qt_folder.made"
+    qt_make "$1" "$qt_folder.build" "$qt_folder.made"
+    cp cmake/mingw.cmake "$qt_folder.made/toolchain.cmake"
+    rm -rf "$qt_folder" # which another toolchain has made
+    mv "$qt_folder.made" "$qt_folder"
 }
 
-# qt_for_windows: sets qt_folder to a Qt for Windows, which it makes where there is none of this version and these options.
-qt_for_windows() {
-    local name log
-    mkdir -p "$windows_cache"
-    qt_source
-    ! qt_kept || return 0
-    name=$(basename "$qt_dsc" .dsc)
-    log=$qt_folder.log
-    say "Building Qt for Windows (once; an hour or so on two cores). It is told in $log"
-    [ -d "$windows_cache/$name" ] || qt_unpack "$windows_cache/$name" >"$log" 2>&1
-    if ! qt_build "$windows_cache/$name" >>"$log" 2>&1; then
-        tail -n 40 "$log" >&2
-        complain "Qt could not be built; the whole story is in $log"
-        return 1
+# qt_step COMMAND...: ends at its first failure. An "if" or "||" in front of it would let a function go on behind one.
+qt_step() {
+    local status
+    set +e
+    (set -e && "$@") >>"$qt_folder.log" 2>&1
+    status=$?
+    set -e
+    if [ "$status" -ne 0 ]; then
+        tail -n 40 "$qt_folder.log" >&2
+        complain "Qt could not be built; the whole story is in $qt_folder.log"
+        exit 1
     fi
-    rm -rf "$qt_folder.build" "${windows_cache:?}/$name"
+}
+
+# qt_for_windows: sets qt_folder to a Qt for Windows, which it makes where there is none of this version and these options. Who shares the
+# cache waits meanwhile.
+qt_for_windows() {
+    local source lock
+    mkdir -p "$windows_cache"
+    ! qt_kept || return 0
+    exec {lock}>"$windows_cache/lock"
+    if ! flock --nonblock "$lock"; then
+        say "Waiting for the Qt that somebody else builds in $windows_cache"
+        flock "$lock"
+    fi
+    qt_source
+    if ! qt_kept; then
+        source=$windows_cache/$(basename "$qt_dsc" .dsc)
+        say "Building Qt for Windows (once; an hour or so on two cores). It is told in $qt_folder.log"
+        : >"$qt_folder.log"
+        [ -d "$source" ] || qt_step qt_unpack "$source"
+        qt_step qt_build "$source"
+        rm -rf "$qt_folder.build" "$source"
+    fi
+    exec {lock}>&-
 }
