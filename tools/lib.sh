@@ -43,6 +43,11 @@ complain() {
     printf '%s\n' "$*" >&2
 }
 
+# As CMakeLists.txt has it.
+project_version() {
+    sed -n 's/^project(velluto VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt
+}
+
 # The packages among "$@" that are not installed, one a line.
 missing_packages() {
     local installed

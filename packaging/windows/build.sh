@@ -14,7 +14,21 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 # shellcheck source=packaging/windows/setup-lib.sh
 . packaging/windows/setup-lib.sh
 
-version=$(sed -n 's/^project(velluto VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+product=false
+case "$*" in
+'') ;;
+--product) product=true ;;
+*)
+    complain "usage: packaging/windows/build.sh [--product]"
+    exit 2
+    ;;
+esac
+if ! grep -qsx 'VERSION_ID="12"' /etc/os-release; then
+    complain "This takes Debian 12: Qt's own tools, which run here, have to be of the version that is built for Windows"
+    exit 2
+fi
+
+version=$(project_version)
 out=$PWD/build/windows-desktop
 stage=$out/stage/Velluto-$version
 setup=$out/Velluto-$version-setup.exe
@@ -89,7 +103,7 @@ make_archive
 size_of "$stage" "$most_unpacked" "Unpacked"
 size_of "$archive" "$most_archive" "${archive#"$PWD/"}"
 size_of "$setup" "$most_setup" "${setup#"$PWD/"}"
-if [ "${1-}" != --product ]; then
+if ! $product; then
     build windows
     say "build/windows: velluto-driver.exe and the tests; packaging/windows/test.sh runs them"
 fi

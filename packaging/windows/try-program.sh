@@ -24,7 +24,7 @@ cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../.."
 . packaging/windows/sheet-lib.sh
 
 out=$PWD/build/windows-desktop
-version=$(sed -n 's/^project(velluto VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+version=$(project_version)
 archive=$out/Velluto-$version-windows.zip
 screen_width=1280
 screen_height=960
