@@ -93,10 +93,7 @@ size_of() {
 
 install_packages "${build_packages[@]}" "${windows_packages[@]}" "${windows_setup_packages[@]}"
 qt_for_windows
-export VELLUTO_QT=$qt_folder
-# Another Qt than last time: what was found of that one is not asked again.
-grep -qsx "VELLUTO_QT:[A-Z]*=$qt_folder" "$out/CMakeCache.txt" || rm -rf "$out"
-build windows-desktop velluto velluto-tool
+build_over_qt windows-desktop velluto velluto-tool
 stage_files
 make_setup "$stage" "$version" "$out/desktop/velluto.ico" "$setup"
 make_archive

@@ -149,3 +149,11 @@ qt_for_windows() {
     fi
     exec {lock}>&-
 }
+
+# build_over_qt PRESET TARGET...: over the Qt in qt_folder. Where that is another one than last time, what was found of that is not asked again.
+build_over_qt() {
+    local tools
+    tools=/usr/lib/$(dpkg-architecture -qDEB_BUILD_MULTIARCH)/cmake
+    grep -qsx "VELLUTO_QT:[A-Z]*=$qt_folder" "build/$1/CMakeCache.txt" || rm -rf "build/$1"
+    VELLUTO_QT=$qt_folder VELLUTO_QT_TOOLS=$tools build "$@"
+}
