@@ -20,8 +20,10 @@ write_file_list() {
 
 # make_setup FOLDER VERSION ICON SETUP: the files' times go into it; its own is SOURCE_DATE_EPOCH.
 make_setup() {
+    local numbers # those of the version, of which there are two or three, and 0 for the rest of four
+    numbers=$(sed -E 's/^([0-9]+\.[0-9]+\.[0-9]+).*/\1.0/' <<<"$2.0")
     write_file_list "$1" >"$4.nsh"
-    makensis -V2 -NOCD -INPUTCHARSET UTF8 "-DVERSION=$2" "-DFILES=$4.nsh" "-DICON=$3" "-DSIZE=$(du -sk --apparent-size "$1" | cut -f 1)" \
+    makensis -V2 -NOCD -INPUTCHARSET UTF8 "-DVERSION=$2" "-DNUMBERS=$numbers" "-DFILES=$4.nsh" "-DICON=$3" "-DSIZE=$(du -sk --apparent-size "$1" | cut -f 1)" \
         "-DOUT=$4" packaging/windows/velluto.nsi
     rm -f "$4.nsh"
     touch -d "@$SOURCE_DATE_EPOCH" "$4"

@@ -15,7 +15,7 @@ InstallDirRegKey HKCU "Software\Velluto" "Folder"
 !include WinVer.nsh
 !include "${FILES}" ; InstallFiles and DeleteFiles
 
-VIProductVersion "${VERSION}.0.0"
+VIProductVersion "${NUMBERS}"
 VIAddVersionKey /LANG=0 "ProductName" "Velluto"
 VIAddVersionKey /LANG=0 "FileDescription" "Velluto"
 VIAddVersionKey /LANG=0 "FileVersion" "${VERSION}"
