@@ -39,6 +39,8 @@ LangString TooOld ${LANG_ENGLISH} "Velluto needs Windows 10 or newer."
 LangString TooOld ${LANG_ITALIAN} "Velluto richiede Windows 10 o successivo."
 LangString Running ${LANG_ENGLISH} "Velluto is running. Close it, then try again."
 LangString Running ${LANG_ITALIAN} "Velluto è in esecuzione. Chiuderlo e riprovare."
+LangString NotOff ${LANG_ENGLISH} "The older version in $0 could not be taken off. Delete that folder, then try again."
+LangString NotOff ${LANG_ITALIAN} "Impossibile rimuovere la versione precedente in $0. Eliminare quella cartella e riprovare."
 LangString Programs ${LANG_ENGLISH} "KORG PA80 Programs"
 LangString Programs ${LANG_ITALIAN} "Program KORG PA80"
 LangString Styles ${LANG_ENGLISH} "KORG PA80 Styles"
@@ -50,10 +52,10 @@ LangString Performances ${LANG_ITALIAN} "Performance KORG PA80"
 !define CLASSES "Software\Classes"
 
 ; A program that runs cannot be written over.
-!macro WaitForEnd
-    ${DoWhile} ${FileExists} "$INSTDIR\velluto.exe"
+!macro WaitForEnd FOLDER
+    ${DoWhile} ${FileExists} "${FOLDER}\velluto.exe"
         ClearErrors
-        FileOpen $0 "$INSTDIR\velluto.exe" a
+        FileOpen $0 "${FOLDER}\velluto.exe" a
         ${IfNot} ${Errors}
             FileClose $0
             ${ExitDo}
@@ -63,6 +65,23 @@ LangString Performances ${LANG_ITALIAN} "Performance KORG PA80"
             Quit
         ${EndIf}
     ${Loop}
+!macroend
+
+; What an older version has left in a folder takes itself off, file by file.
+!macro TakeOff FOLDER
+    !insertmacro WaitForEnd "${FOLDER}"
+    ${If} ${FileExists} "${FOLDER}\uninstall.exe"
+        InitPluginsDir
+        CopyFiles /SILENT "${FOLDER}\uninstall.exe" "$PLUGINSDIR\older.exe"
+        StrCpy $0 -1 ; where it cannot even be started
+        ExecWait '"$PLUGINSDIR\older.exe" /S _?=${FOLDER}' $0
+        ${If} $0 <> 0
+            StrCpy $0 "${FOLDER}"
+            MessageBox MB_OK|MB_ICONSTOP "$(NotOff)" /SD IDOK
+            SetErrorLevel 4
+            Quit
+        ${EndIf}
+    ${EndIf}
 !macroend
 
 ; What Explorer opens with Velluto. Who has chosen another program for such files keeps it, and finds Velluto beside it.
@@ -101,13 +120,12 @@ Function .onInit
 FunctionEnd
 
 Section
-    !insertmacro WaitForEnd
-    ; What an older version has left takes itself off, file by file.
-    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
-        InitPluginsDir
-        CopyFiles /SILENT "$INSTDIR\uninstall.exe" "$PLUGINSDIR\older.exe"
-        ExecWait '"$PLUGINSDIR\older.exe" /S _?=$INSTDIR'
+    ; One in another folder would take types, link and keys along when it goes later.
+    ReadRegStr $1 HKCU "Software\Velluto" "Folder"
+    ${If} $1 != ""
+        !insertmacro TakeOff "$1"
     ${EndIf}
+    !insertmacro TakeOff "$INSTDIR"
     !insertmacro InstallFiles
     SetOutPath "$INSTDIR"
     WriteUninstaller "$INSTDIR\uninstall.exe"
@@ -131,7 +149,7 @@ SectionEnd
 
 ; The user's own files are elsewhere, and stay.
 Section Uninstall
-    !insertmacro WaitForEnd
+    !insertmacro WaitForEnd "$INSTDIR"
     !insertmacro DeleteFiles
     Delete "$INSTDIR\uninstall.exe"
     RMDir "$INSTDIR"
