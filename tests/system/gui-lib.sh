@@ -97,7 +97,8 @@ set_stage() {
     export XDG_RUNTIME_DIR=$stage/run XDG_CONFIG_HOME=$stage/config LC_ALL=C.UTF-8
     patience=$lane_patience wait_until "a MIDI server's name that nobody else tests with" take_lane
     export JACK_DEFAULT_SERVER=velluto-$lane JACK_NO_AUDIO_RESERVATION=1 JACK_NO_START_SERVER=1
-    start_display "$stage" "${screen_width}x$screen_height" "$((90 + lane))" -fbdir "$stage"
+    # Of the displays' numbers, which all users share, each has four.
+    start_display "$stage" "${screen_width}x$screen_height" "$((90 + 4 * (lane_user % 10000) + lane))" -fbdir "$stage"
     wait_until "the window manager" window_manager_is_up
     measure_screen
 }
