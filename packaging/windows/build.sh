@@ -62,7 +62,7 @@ stage_files() {
     done
     cp -r data "$stage/data"
     find "$stage/data" -name '.*' -delete
-    (cd "$stage/data" && find . -type f -printf '%P\0' | sort -z | xargs -0 sha256sum) >"$stage/data.sha256"
+    sum_data "$stage"
     mkdir -p "$stage/licences"
     install -m 644 LICENSE "$stage/licences/Velluto.txt"
     install -m 644 /usr/share/doc/gcc-mingw-w64-base/copyright "$stage/licences/GCC.txt"

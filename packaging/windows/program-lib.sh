@@ -35,12 +35,6 @@ is_open() {
     grep -qs '^midiOutOpen 0 .* = 0' "$stage/heard"
 }
 
-# Whether a window in the frame has the colour of an active title at the left edge, in the light theme.
-title_is_there() {
-    take "$stage/now.ppm"
-    look_at "$stage/now.ppm" -crop 1x500+1+0 +repage txt: | grep '#8E2446' >"$stage/title"
-}
-
 no_window() {
     ! xdotool search --name "^$1\$" >/dev/null 2>&1
 }

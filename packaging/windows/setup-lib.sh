@@ -1,6 +1,11 @@
 # shellcheck shell=bash
 # The setup for Windows, made of a folder with what it installs. Sourced after tools/lib.sh, never run.
 
+# sum_data FOLDER: what the program looks up there to tell which of its user's copies are as they shipped.
+sum_data() {
+    (cd "$1/data" && find . -type f -printf '%P\0' | sort -z | xargs -0 sha256sum) >"$1/data.sha256"
+}
+
 # write_file_list FOLDER: what NSIS copies and takes away again, by name.
 write_file_list() {
     local folder

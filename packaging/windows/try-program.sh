@@ -177,23 +177,8 @@ keyboard() {
     say "Keyboard: a click, letters, a slider, and the end of every note"
 }
 
-is_sounding() {
-    [ "$(still_sounding)" -gt 0 ]
-}
-
-is_silent() {
-    [ "$(still_sounding)" -eq 0 ]
-}
-
 player() {
-    song "$home/a.mid" 00C350 '00 C0 05 00 90 3C 64 60 90 3C 00 00 90 3E 64 60 90 3E 00'
-    song "$home/b.mid" 00C350 '00 C1 07 00 91 40 50 60 81 40 40'
-    local long=
-    for _ in {1..600}; do
-        long+='00 90 30 64 60 80 30 40 '
-    done
-    song "$home/long.mid" 0F4240 "$long"
-
+    three_songs "$home"
     start_again
     known=$(heard | wc -l)
     press alt+i
@@ -204,17 +189,11 @@ player() {
     changing folder_row 0
     transport 2
     expect "the first file" "C0 05" "90 3C 64" "90 3C 00" "90 3E 64" "90 3E 00"
-    changing new_compilation
-    changing xdotool type --delay 2 Evening
-    changing folder_row 0
-    changing folder_row 2 shift_click_here
-    changing add_selected
-    changing compilation_row 0
-    changing play_all
+    compile_evening
     transport 2
     wait_until "all files" heard_lines $((known + 9))
     import -window root "$pictures/$test_name-player.png" # which does not stand still
-    [ "$(heard | tail -n +$((known + 6)) | head -n 4 | tr '\n' ,)" = "C1 07,91 40 50,81 40 40,90 30 64," ] || fail "the files came as $(heard | tail -n +$known)"
+    [ "$(heard | tail -n +$((known + 1)) | head -n 9)" = "$song_a"$'\n'"$song_b"$'\n90 30 64' ] || fail "the files came as $(heard | tail -n +$known)"
     wait_until "a note" is_sounding
     transport 3
     wait_until "silence after a pause" is_silent

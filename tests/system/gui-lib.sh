@@ -168,9 +168,9 @@ still_sounding() {
         END { for (key in on) count++; print count + 0 }'
 }
 
-# start_program PROGRAM: in its own folder; its process is program_pid.
+# start_program PROGRAM [FILE...]: in its own folder; its process is program_pid.
 start_program() {
-    (cd "$stage/home" && exec "${our_own[@]}" "$1") >"$stage/program.log" 2>&1 &
+    (cd "$stage/home" && exec "${our_own[@]}" "$@") >"$stage/program.log" 2>&1 &
     program_pid=$!
     started_pids+=("$program_pid")
 }

@@ -37,9 +37,7 @@ take "$stage/empty.ppm"
 wait_until "the file's window" screen_differs "$stage/empty.ppm"
 settle
 leave_program
-(cd "$stage/home" && exec "${our_own[@]}" "$program" $'things/caf\xe9.pcg') >"$stage/program.log" 2>&1 &
-program_pid=$!
-started_pids+=("$program_pid")
+start_program "$program" $'things/caf\xe9.pcg'
 await_window "Velluto v 1.1 - Velluto"
 wait_until "the file's window" screen_differs "$stage/empty.ppm"
 leave_program

@@ -10,14 +10,6 @@ set -euo pipefail
 # shellcheck source=tests/system/player-lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/player-lib.sh"
 
-is_sounding() {
-    [ "$(still_sounding)" -gt 0 ]
-}
-
-is_silent() {
-    [ "$(still_sounding)" -eq 0 ]
-}
-
 expect_no_more() {
     [ "$(heard | wc -l)" -eq "$known" ] || fail "the instrument was sent more after $1: $(heard | tail -n 3)"
 }
@@ -58,18 +50,7 @@ expect_since() {
 }
 
 begin player "$@"
-
-# Two short files of 50 ms to the beat, and one of ten minutes whose notes of a second leave no gap.
-song "$stage/home/a.mid" 00C350 '00 C0 05 00 90 3C 64 60 90 3C 00 00 90 3E 64 60 90 3E 00'
-song "$stage/home/b.mid" 00C350 '00 C1 07 00 91 40 50 60 81 40 40'
-a=$'C0 05\n90 3C 64\n90 3C 00\n90 3E 64\n90 3E 00'
-b=$'C1 07\n91 40 50\n81 40 40'
-long=
-for ((second = 0; second < 600; second++)); do
-    long+='00 90 30 64 60 80 30 40 '
-done
-song "$stage/home/long.mid" 0F4240 "$long"
-
+three_songs "$stage/home"
 start_in_english "$program"
 changing press alt+i
 find_player
@@ -80,7 +61,7 @@ jack_connect 'Velluto:Velluto player' Instrument:midi_in
 wait_until "the patch" is_connected Instrument:midi_in
 transport 2
 wait_until "the first file" heard_lines 5
-expect_since 0 "$a"
+expect_since 0 "$song_a"
 
 play_row 2
 transport 3
@@ -95,18 +76,12 @@ wait_until "a note after going back" is_sounding
 transport 6
 await_silence "a stop"
 
-changing new_compilation
-changing xdotool type --delay 2 Evening
-changing folder_row 0
-changing folder_row 2 shift_click_here
-changing add_selected
-changing compilation_row 0
-changing play_all
+compile_evening
 expect_no_more "a stop"
 transport 2
 wait_until "all files" heard_lines $((known + 9))
 import -window root "$pictures/player.png"
-expect_since "$known" "$a"$'\n'"$b"$'\n90 30 64'
+expect_since "$known" "$song_a"$'\n'"$song_b"$'\n90 30 64'
 
 wait_until "a note before the window goes" is_sounding
 changing press ctrl+w
