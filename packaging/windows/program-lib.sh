@@ -60,28 +60,31 @@ same_bytes() {
     cmp -s "$1" "$2"
 }
 
-# linux NAME COMMAND...: what the driver writes after the same commands, in the folder linux of the stage. It begins with what ships.
+# linux FOLDER: what the driver writes there, in the stage, and in FOLDER.log says, after the commands that come in. It begins with what ships.
 linux() {
     local driver=$PWD/build/dev/velluto-driver
-    mkdir "$stage/linux"
-    seed data "$stage/linux"
-    (cd "$stage/linux" && "$driver" >"$stage/driver.log")
+    mkdir "$stage/$1"
+    seed data "$stage/$1"
+    (cd "$stage/$1" && "$driver" >"$stage/$1.log")
 }
 
-# The settings are 80 records of 500 bytes, and those of Linux but for paths.
+# The settings are 80 records of 500 bytes, and those of Linux but for paths, which begin their records, and for the heights of files'
+# windows: of these the driver, which has no screen, has its own measure of a line.
 compare_settings() {
     python3 - "$home/Velluto.ini" "$stage/linux/Velluto.ini" "$(windows_path "$home")" "$stage/linux" <<'END' || fail "the settings are others than on Linux"
 import sys
 windows, linux = (open(path, "rb").read() for path in sys.argv[1:3])
 if len(windows) != 40000:
     sys.exit(f"{len(windows)} bytes of settings")
-for start in range(0, 40000, 500):
-    one, other = (settings[start:start + 500] for settings in (windows, linux))
+home, linux_home = (path.encode() for path in sys.argv[3:5])
+for number in range(80):
+    one, other = (settings[number * 500:(number + 1) * 500] for settings in (windows, linux))
     if one == other:
         continue
-    # A path ends in blanks, as many as make up its field; what is behind them comes last.
-    at = one.find(sys.argv[3].encode())
-    if at < 0 or one[at:].split(b" ")[0].replace(sys.argv[3].encode(), sys.argv[4].encode()).replace(b"\\", b"/") != other[at:].split(b" ")[0]:
-        sys.exit(f"record {start // 500}:\n{one}\n{other}")
+    size = 500 if number in (77, 79) else 234  # bytes of the field, of which blanks make up the rest; those two are the player's
+    path, other_path = one[:size].rstrip(b" "), other[:size].rstrip(b" ")
+    rest, other_rest = (record[size:240] + record[242:248] + record[250:] if size == 234 else b"" for record in (one, other))
+    if not path.startswith(home) or linux_home + path[len(home):].replace(b"\\", b"/") != other_path or rest != other_rest:
+        sys.exit(f"record {number + 1}:\n{one}\n{other}")
 END
 }

@@ -30,7 +30,7 @@ screen_width=1280
 screen_height=960
 
 first_minutes() {
-    linux <<'END'
+    linux linux <<'END'
 device out "Instrument"
 start en
 choose open samples/Full-64.pcg 1
