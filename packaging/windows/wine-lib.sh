@@ -92,8 +92,11 @@ frame_is_back() {
 leave_wine() {
     local status=$?
     set +e
-    [ "$status" -eq 0 ] || import -window root "$pictures/failed-$test_name.png"
-    unset DISPLAY # that was the last picture
+    if [ "$status" -ne 0 ]; then
+        tell_failure
+        tail -n 20 "$wine_log" >&2
+    fi
+    unset DISPLAY # all is told
     wineserver --kill 2>/dev/null
     (exit "$status")
     leave_stage

@@ -67,15 +67,18 @@ add_named_cookie() {
     cat "$stage/named" >>"$XAUTHORITY"
 }
 
-# Where the test ends, however it does: a picture of the screen if it failed, nothing left running, nothing left behind.
+# A picture of the screen, and the last words of all that ran.
+tell_failure() {
+    import -window root "$pictures/failed-$test_name.png" && complain "The screen is in $pictures/failed-$test_name.png"
+    [ ! -s "$stage/program.log" ] || cat "$stage/program.log" >&2
+    tail -n 5 "$stage/heard" "$stage/instrument.log" "$stage/jackd.log" >&2 2>/dev/null || true
+}
+
+# Where the test ends, however it does: nothing left running, nothing left behind.
 leave_stage() {
     local status=$?
     trap - EXIT INT TERM HUP
-    if [ "$status" -ne 0 ] && [ -n "${DISPLAY-}" ]; then
-        import -window root "$pictures/failed-$test_name.png" && complain "The screen is in $pictures/failed-$test_name.png"
-        [ ! -s "$stage/program.log" ] || cat "$stage/program.log" >&2
-        tail -n 5 "$stage/heard" "$stage/instrument.log" "$stage/jackd.log" >&2 2>/dev/null || true
-    fi
+    [ "$status" -eq 0 ] || [ -z "${DISPLAY-}" ] || tell_failure
     # Asked to end, a program whose test has failed might stand before a question for ever.
     [ -z "${program_pid-}" ] || kill -KILL "$program_pid" 2>/dev/null || true
     end_processes "${started_pids[@]}"
