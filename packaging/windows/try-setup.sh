@@ -208,7 +208,6 @@ own=$user_files/AppData/Roaming/Velluto
 documents="$user_files/Files of mine"
 link="$user_files/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Velluto.lnk"
 
-export WINEDLLOVERRIDES="$WINEDLLOVERRIDES;winemenubuilder.exe=" # this machine's own menus are none of its business
 make_keys
 user_side >"$stage/before"
 older_version

@@ -28,7 +28,8 @@ set_wine() {
     mkdir -p "$2"
     set_stage "$1" "$(realpath "$2")"
     trap leave_wine EXIT
-    export WINEPREFIX=$stage/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winmm=n,b"
+    # No question about what a new one has no need of, none of this machine's own menus, and the winmm.dll that lies beside a program.
+    export WINEPREFIX=$stage/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=;winmm=n,b"
     wine_log=$stage/wine.log
     wineboot --init >"$wine_log" 2>&1
     windows_10 >"$stage/windows-10.reg"
