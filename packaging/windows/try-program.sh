@@ -7,17 +7,17 @@
 #     packaging/windows/try-program.sh [PICTURES]    PICTURES: a folder for pictures of the screen, else build/windows-desktop/pictures;
 #                                                    on-windows-light.png and on-windows-dark.png are also kept in docs/pictures
 #
-# It takes the archive that is there, and makes one where there is none. The driver and the winmm.dll are built where they are not up to date.
+# It installs what is missing, and builds what is not up to date: the program, and for the comparison the driver and the winmm.dll.
 set -euo pipefail
-cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../.."
-# shellcheck source=tests/system/gui-lib.sh
-. tests/system/gui-lib.sh
+own_script=$(realpath "${BASH_SOURCE[0]}")
+[ $# -eq 0 ] || set -- "$(realpath -m "$1")"
+cd "$(dirname "$own_script")/../.."
+# shellcheck source=packaging/windows/trial-lib.sh
+. packaging/windows/trial-lib.sh
 # shellcheck source=tests/system/keyboard-lib.sh
 . tests/system/keyboard-lib.sh
 # shellcheck source=tests/system/player-lib.sh
 . tests/system/player-lib.sh
-# shellcheck source=packaging/windows/wine-lib.sh
-. packaging/windows/wine-lib.sh
 # shellcheck source=packaging/windows/program-lib.sh
 . packaging/windows/program-lib.sh
 # shellcheck source=packaging/windows/sheet-lib.sh
@@ -293,10 +293,9 @@ every_window() {
     say "Every window, in both themes and both languages"
 }
 
-install_packages "${build_packages[@]}" "${test_packages[@]}" "${windows_packages[@]}"
 build dev velluto-driver
 build windows standin_winmm
-[ -f "$archive" ] || packaging/windows/build.sh --product
+packaging/windows/build.sh --product
 set_wine program "${1-$out/pictures}"
 set_program "$archive"
 first_minutes

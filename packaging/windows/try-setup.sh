@@ -1,20 +1,22 @@
 #!/usr/bin/env bash
 # Tries the setup that build.sh has made, under Wine: an older version is installed without a word, started from the start menu and used;
-# the new one is installed over it page by page, opens files by their type, and is taken off again. Then all of it once more where Windows
-# speaks Italian. What is the user's stays throughout, and in the end nothing else does.
+# the new one is installed over it page by page, opens files by their type, and is taken off again; then into another folder. Then once
+# more where Windows speaks Italian. What is the user's stays throughout, and in the end nothing else does.
 #
 #     packaging/windows/try-setup.sh [PICTURES]    PICTURES: a folder for pictures of the screen, else build/windows-desktop/pictures
+#
+# It installs what is missing, and builds what is not up to date.
 set -euo pipefail
-cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../.."
-# shellcheck source=tests/system/gui-lib.sh
-. tests/system/gui-lib.sh
+own_script=$(realpath "${BASH_SOURCE[0]}")
+[ $# -eq 0 ] || set -- "$(realpath -m "$1")"
+cd "$(dirname "$own_script")/../.."
+# shellcheck source=packaging/windows/trial-lib.sh
+. packaging/windows/trial-lib.sh
 # shellcheck source=packaging/windows/setup-lib.sh
 . packaging/windows/setup-lib.sh
-# shellcheck source=packaging/windows/wine-lib.sh
-. packaging/windows/wine-lib.sh
 
 out=$PWD/build/windows-desktop
-version=$(sed -n 's/^project(velluto VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+version=$(project_version)
 setup=$out/Velluto-$version-setup.exe
 uninstall_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Velluto'
 classes='HKCU\Software\Classes'
@@ -25,7 +27,7 @@ make_older() {
     rm -f "$stage/older/portable.txt"
     echo "The older guide" >"$stage/older/data/Velluto-UserGuide.txt"
     echo "Nobody's" >"$stage/older/old.dll"
-    (cd "$stage/older/data" && find . -type f -printf '%P\0' | sort -z | xargs -0 sha256sum) >"$stage/older/data.sha256"
+    sum_data "$stage/older"
     SOURCE_DATE_EPOCH=0 make_setup "$stage/older" 0.9 "$out/desktop/velluto.ico" "$stage/older.exe"
 }
 
@@ -85,7 +87,7 @@ is_installed() {
     [ "$(value "$classes\\Velluto.Program")" = "$2" ] || fail "a Program file is called: $(value "$classes\\Velluto.Program")"
     local end opens
     opens=$(value "$classes\\Velluto.Program\\shell\\open\\command")
-    [ "$opens" = "\"C:\\users\\$(id -un)\\AppData\\Local\\Programs\\Velluto\\velluto.exe\" \"%1\"" ] || fail "a Program file opens by $opens"
+    [ "$opens" = "\"$(drive_path "$installed")\\velluto.exe\" \"%1\"" ] || fail "a Program file opens by $opens"
     for end in pcg=Program sty=Style prf=Performance; do
         [ "$(value "$classes\\.${end%=*}")" = "Velluto.${end#*=}" ] || fail ".${end%=*} is not Velluto's"
     done
@@ -98,10 +100,15 @@ know_types() {
     must regedit /S "$(windows_path "$stage/all-users.reg")"
 }
 
-# As a double click in the Explorer or the start menu does, by a path below C:.
-start() {
+# drive_path PATH: as a program there names what lies on its own drive.
+drive_path() {
     local path=${1#"$WINEPREFIX/drive_c/"}
-    must start "C:\\${path//\//\\}"
+    printf '%s' "C:\\${path//\//\\}"
+}
+
+# As a double click in the Explorer or the start menu does.
+start() {
+    must start "$(drive_path "$1")"
 }
 
 is_running() {
@@ -202,6 +209,29 @@ pages() {
     [ ! -e "$installed/old.dll" ] || fail "a file of the older version stays"
 }
 
+# An update into a folder of the user's own choice: the older version goes from where it was, or nothing is changed at all.
+other_folder() {
+    local usual=$installed other=$user_files/Synths/Velluto status=0 # no blanks, round which Wine puts marks that NSIS does not know here
+    must "$stage/older.exe" /S
+    mv "$installed/uninstall.exe" "$stage/uninstall.exe"
+    echo "no program" >"$installed/uninstall.exe"
+    in_wine "$setup" /S "/D=$(drive_path "$other")" || status=$?
+    [ "$status" -eq 4 ] || fail "the setup went on beside an older version that cannot be taken off: $status"
+    is_installed 0.9 "KORG PA80 Programs"
+    mv "$stage/uninstall.exe" "$installed"
+    must "$setup" /S "/D=$(drive_path "$other")"
+    [ ! -e "$usual" ] || fail "the older version stays in its folder"
+    installed=$other
+    is_installed "$version" "KORG PA80 Programs"
+    must "$setup" /S # it knows where
+    is_installed "$version" "KORG PA80 Programs"
+    [ ! -e "$usual" ] || fail "an update without a word has gone to the usual folder"
+    take_off
+    rmdir "${other%/*}"
+    installed=$usual
+}
+
+packaging/windows/build.sh --product
 set_wine setup "${1-$out/pictures}"
 installed=$user_files/AppData/Local/Programs/Velluto
 own=$user_files/AppData/Roaming/Velluto
@@ -216,6 +246,7 @@ is_installed "$version" "KORG PA80 Programs"
 files_by_type
 update_meanwhile
 take_off
+other_folder
 speak_italian
 must "$stage/older.exe" /S
 is_installed 0.9 "Program KORG PA80"

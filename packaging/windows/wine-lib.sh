@@ -24,7 +24,6 @@ windows_10() {
 wine_log=
 # set_wine NAME PICTURES: a stage as the system tests have it, and on it a Windows 10 that nobody has used yet.
 set_wine() {
-    install_packages "${windows_packages[@]}" "${windows_setup_packages[@]}" "${test_packages[@]}" "${windows_trial_packages[@]}"
     mkdir -p "$2"
     set_stage "$1" "$(realpath "$2")"
     trap leave_wine EXIT
@@ -90,6 +89,7 @@ frame_is_back() {
     return 1
 }
 
+# A failure is told before all windows go with Wine.
 leave_wine() {
     local status=$?
     set +e
