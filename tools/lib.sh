@@ -22,8 +22,8 @@ windows_packages=(g++-mingw-w64-x86-64-posix googletest nlohmann-json3-dev clang
 # What makes the desktop program for Windows besides, and what installs it there.
 windows_setup_packages=(dpkg-dev qt6-base-dev nsis zip python3)
 
-# What tries it out besides: a font like the one that Windows draws its own words in.
-windows_trial_packages=(fonts-open-sans unzip)
+# What tries it out besides: a font like the one that Windows draws its own words in, and a look at its clipboard.
+windows_trial_packages=(fonts-open-sans unzip xclip)
 
 # What the checks of a full run take besides.
 full_test_packages=(clang-tidy libclang-rt-dev valgrind g++-mingw-w64-x86-64-posix)

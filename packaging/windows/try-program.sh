@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Tries the desktop program that build.sh has made, unpacked and under Wine, as a new user would: choose the language, open a file by the
 # dialog, tie it to bank User 1, choose the instrument, click a row of the bank, cut, save, leave; then files at the start, from a
-# second start, the keyboard, the player, printing, the end of the session, and every window in both themes and languages. The
-# instrument is a winmm.dll on paper (tests/winmm). What it hears, and the files and settings that are left, are what Linux has, but for paths.
+# second start, the keyboard, devices with faults, the player, printing, the end of the session, and every window in both themes and
+# languages. The instrument is a winmm.dll on paper (tests/winmm). What it hears, what is said of its faults, and the files and settings
+# that are left, are what Linux has, but for paths.
 #
 #     packaging/windows/try-program.sh [PICTURES]    PICTURES: a folder for pictures of the screen, else build/windows-desktop/pictures;
 #                                                    on-windows-light.png and on-windows-dark.png are also kept in docs/pictures
@@ -20,6 +21,8 @@ cd "$(dirname "$own_script")/../.."
 . tests/system/player-lib.sh
 # shellcheck source=packaging/windows/program-lib.sh
 . packaging/windows/program-lib.sh
+# shellcheck source=packaging/windows/devices-lib.sh
+. packaging/windows/devices-lib.sh
 # shellcheck source=packaging/windows/sheet-lib.sh
 . packaging/windows/sheet-lib.sh
 
@@ -301,6 +304,7 @@ set_program "$archive"
 first_minutes
 files_handed_over
 keyboard
+devices_with_faults
 player
 printing
 printing_on_paper
