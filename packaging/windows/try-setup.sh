@@ -132,8 +132,9 @@ own_files() {
     (cd "$own" && find . -type f | sort | xargs -d '\n' sha256sum)
 }
 
+# The registry goes last.
 program_is_off() {
-    [ ! -e "$installed" ]
+    [ ! -e "$installed" ] && ! registry 'HKCU\Software\Velluto'
 }
 
 # The user's files stay as they are.
