@@ -58,11 +58,15 @@ qt_source() {
     qt_dsc=$(qt_description)
 }
 
-# qt_unpack FOLDER: the sources as Debian builds them, but for the one platform plug-in that no switch leaves out.
+# qt_unpack FOLDER: the sources as Debian builds them, but for the one platform plug-in that no switch leaves out. All have one time: what is
+# packed into a library tells it.
 qt_unpack() {
+    local time
     rm -rf "$1" "$1.new"
     dpkg-source --no-check --no-copy -x "$qt_dsc" "$1.new"
     sed -i 's/^    add_subdirectory(minimal)$//' "$1.new/src/plugins/platforms/CMakeLists.txt"
+    time=$(dpkg-parsechangelog --file "$1.new/debian/changelog" --show-field Timestamp)
+    find "$1.new" -exec touch -h -d "@$time" {} +
     mv "$1.new" "$1"
 }
 
