@@ -3,6 +3,7 @@
 #include "platform/rtmidi/ProductName.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velluto {
 
@@ -43,6 +44,13 @@ void PassOverNumbered(std::vector<ListedPort> &devices, std::vector<ListedPort> 
     }
 }
 
+std::vector<bool> Taken(const std::vector<ListedPort> &devices)
+{
+    std::vector<bool> taken;
+    std::ranges::transform(devices, std::back_inserter(taken), [](const ListedPort &device) { return device.system != nullptr; });
+    return taken;
+}
+
 // Gives known ports their numbers, as far as these are free.
 template <typename Same>
 void PlaceKnown(std::vector<ListedPort> &devices, std::vector<ListedPort> &ports, std::span<const KnownDevice> known, Same same)
@@ -54,28 +62,6 @@ void PlaceKnown(std::vector<ListedPort> &devices, std::vector<ListedPort> &ports
             ports.erase(port);
         }
     }
-}
-
-// For a port that nobody knows. None where the number of the chosen device is all that is left of those that are kept: what lies
-// beyond would be seen by nobody.
-int FreeNumber(const std::vector<ListedPort> &devices, std::span<const KnownDevice> known)
-{
-    int ofAbsent = -1;
-    bool ofChosen = false;
-    for (int number = 0; number < kNumbersKept; ++number) {
-        if (!IsFree(devices, number)) {
-            continue;
-        }
-        const auto absent = std::ranges::find(known, number, &KnownDevice::number);
-        if (absent == known.end()) {
-            return number;
-        }
-        ofChosen = ofChosen || absent->chosen;
-        if (!absent->chosen && ofAbsent < 0) {
-            ofAbsent = number;
-        }
-    }
-    return ofAbsent >= 0 || ofChosen ? ofAbsent : static_cast<int>(devices.size());
 }
 
 } // namespace
@@ -120,27 +106,18 @@ void NumberPorts(std::vector<ListedPort> &devices, std::vector<ListedPort> ports
     PlaceKnown(devices, ports, known, [](std::string_view a, std::string_view b) { return LastingName(a) == LastingName(b); });
     std::stable_partition(ports.begin(), ports.end(), [](const ListedPort &port) { return port.name.find(kThrough) == std::string::npos; });
     for (ListedPort &port : ports) {
-        const int number = FreeNumber(devices, known);
+        const int number = FreeNumber(Taken(devices), known);
         if (number >= 0) {
             Place(devices, number, std::move(port));
         }
     }
 }
 
-std::vector<KnownDevice> NumbersToKeep(const std::vector<ListedPort> &devices, std::span<const KnownDevice> known, int chosen)
+std::vector<std::string> NamesOf(const std::vector<ListedPort> &devices)
 {
-    std::vector<KnownDevice> kept;
-    for (int number = 0; number < kNumbersKept; ++number) {
-        const auto before = std::ranges::find(known, number, &KnownDevice::number);
-        const bool wasChosen = before != known.end() && before->chosen;
-        const bool isChosen = chosen >= 0 ? number == chosen : wasChosen;
-        if (!IsFree(devices, number)) {
-            kept.push_back({number, isChosen, devices[static_cast<std::size_t>(number)].name});
-        } else if (before != known.end()) {
-            kept.push_back({number, isChosen, before->name});
-        }
-    }
-    return kept;
+    std::vector<std::string> names;
+    std::ranges::transform(devices, std::back_inserter(names), &ListedPort::name);
+    return names;
 }
 
 } // namespace velluto

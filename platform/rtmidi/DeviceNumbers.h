@@ -1,7 +1,7 @@
 // Which number each port of the machine's MIDI systems has as a device. Used by MachineMidi.
 #pragma once
 
-#include "platform/rtmidi/KnownDevices.h"
+#include "platform/music/KnownDevices.h"
 #include "platform/rtmidi/MidiPorts.h"
 
 #include <span>
@@ -19,7 +19,7 @@ void LeaveOutBridged(std::vector<ListedPort> &ports);
 // one never. The machine's through ports come after all others. A place without a system is a number that nobody has.
 void NumberPorts(std::vector<ListedPort> &devices, std::vector<ListedPort> ports, std::span<const KnownDevice> known);
 
-// What is to be kept of it. The mark goes to that number; where it is none, it stays where it was.
-std::vector<KnownDevice> NumbersToKeep(const std::vector<ListedPort> &devices, std::span<const KnownDevice> known, int chosen);
+// Their names by number, "" where nobody has one.
+std::vector<std::string> NamesOf(const std::vector<ListedPort> &devices);
 
 } // namespace velluto

@@ -65,7 +65,7 @@ MachineMidi::~MachineMidi()
     while (!openOuts_.empty()) {
         midiOutClose(openOuts_.back().handle);
     }
-    const KnownDevices known{NumbersToKeep(outs_, known_.outs, chosenOut_), NumbersToKeep(ins_, known_.ins, -1)};
+    const KnownDevices known{NumbersToKeep(NamesOf(outs_), known_.outs, chosenOut_), NumbersToKeep(NamesOf(ins_), known_.ins, -1)};
     if (known != known_) {
         keep(known);
     }

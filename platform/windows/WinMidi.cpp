@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <mmsystem.h>
+// which the next one needs
+#include <mmddk.h>
 #include <mutex>
 #include <utility>
 
@@ -48,17 +50,47 @@ UINT_PTR SystemNumber(int number)
     return static_cast<UINT_PTR>(static_cast<INT_PTR>(number)); // -1 is the mapper
 }
 
+// The interface of a device's driver, as a message to it tells. Drivers need not.
+template <class Handle, MMRESULT(WINAPI *ask)(Handle, UINT, DWORD_PTR, DWORD_PTR)>
+std::string PlaceOf(int systemNumber)
+{
+    constexpr ULONG kLongest = 4096;                                          // bytes
+    const auto device = reinterpret_cast<Handle>(SystemNumber(systemNumber)); // NOLINT(performance-no-int-to-ptr): the system takes either
+    ULONG size = 0;
+    if (ask(device, DRV_QUERYDEVICEINTERFACESIZE, reinterpret_cast<DWORD_PTR>(&size), 0) != MMSYSERR_NOERROR || size > kLongest) {
+        return {};
+    }
+    std::wstring place(size / sizeof(wchar_t) + 1, L'\0');
+    if (ask(device, DRV_QUERYDEVICEINTERFACE, reinterpret_cast<DWORD_PTR>(place.data()), size) != MMSYSERR_NOERROR) {
+        return {};
+    }
+    return Utf8Of(place.c_str());
+}
+
 // What the system says of one of its devices.
-template <class Caps, MMRESULT(WINAPI *query)(UINT_PTR, Caps *, UINT)>
-int NameOf(int systemNumber, std::string &name)
+template <class Caps, MMRESULT(WINAPI *query)(UINT_PTR, Caps *, UINT), std::string (*placeOf)(int)>
+int Look(int systemNumber, WinDevice &device)
 {
     Caps about{};
     const MMRESULT result = query(SystemNumber(systemNumber), &about, sizeof(about));
     if (result == MMSYSERR_NOERROR) {
-        name = Utf8Of(about.szPname);
+        device = {Utf8Of(about.szPname), systemNumber >= 0 ? placeOf(systemNumber) : ""};
     }
     return static_cast<int>(result);
 }
+
+int CountOuts()
+{
+    return static_cast<int>(::midiOutGetNumDevs());
+}
+
+int CountIns()
+{
+    return static_cast<int>(::midiInGetNumDevs());
+}
+
+constexpr WinList kOuts{&CountOuts, &Look<MIDIOUTCAPSW, &::midiOutGetDevCapsW, &PlaceOf<HMIDIOUT, &::midiOutMessage>>};
+constexpr WinList kIns{&CountIns, &Look<MIDIINCAPSW, &::midiInGetDevCapsW, &PlaceOf<HMIDIIN, &::midiInMessage>>};
 
 // As many letters of the name as the field has room for.
 int Caps(WinNumbers &numbers, int number, MidiDeviceCaps &caps)
@@ -79,11 +111,7 @@ int Caps(WinNumbers &numbers, int number, MidiDeviceCaps &caps)
 
 } // namespace
 
-WinMidi::WinMidi()
-    : outNumbers_({[] { return static_cast<int>(::midiOutGetNumDevs()); }, &NameOf<MIDIOUTCAPSW, &::midiOutGetDevCapsW>}),
-      inNumbers_({[] { return static_cast<int>(::midiInGetNumDevs()); }, &NameOf<MIDIINCAPSW, &::midiInGetDevCapsW>})
-{
-}
+WinMidi::WinMidi(KnownDevices known) : known_(std::move(known)), outNumbers_(kOuts, known_.outs), inNumbers_(kIns, known_.ins) {}
 
 WinMidi::~WinMidi()
 {
@@ -102,6 +130,10 @@ WinMidi::~WinMidi()
     }
     if (songs_) {
         songs_->Close();
+    }
+    const KnownDevices known{outNumbers_.ToKeep(chosenOut_), inNumbers_.ToKeep(-1)};
+    if (known != known_) {
+        keep(known);
     }
 }
 
@@ -124,7 +156,7 @@ int WinMidi::midiOutGetNumDevs()
 
 std::optional<MidiDeviceCounts> WinMidi::CountAgain()
 {
-    return MidiDeviceCounts{outNumbers_.CountAgain(), inNumbers_.CountAgain()};
+    return MidiDeviceCounts{outNumbers_.Count(), inNumbers_.Count()};
 }
 
 int WinMidi::midiOutGetDevCapsA(int number, MidiDeviceCaps &caps)
@@ -158,6 +190,7 @@ int WinMidi::Close(WinOutput &output)
 
 int WinMidi::midiOutOpen(MidiHandle &handle, int number)
 {
+    chosenOut_ = number;
     const bool songsStandAside = songs_ != nullptr;
     if (songsStandAside) {
         Close(*songs_);

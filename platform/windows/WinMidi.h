@@ -1,10 +1,11 @@
-// The MIDI devices of Windows behind the program's port: its own numbers, names and result codes. Made by MakeMachineMusic. To what the
+// The MIDI devices of Windows behind the program's port, with its own names and result codes. Made by MakeMachineMusic. To what the
 // system's calls do it adds that no note rings on: what sounds ends when an output is closed, or Thru is; and that a device keeps its
-// number for the whole run.
+// number, which is the system's where nothing is known of it, for the whole run and has it again in the next.
 #pragma once
 
 #include "platform/MidiDevices.h"
 
+#include "platform/music/KnownDevices.h"
 #include "platform/music/NoteTracker.h"
 #include "platform/windows/WinNumbers.h"
 #include "platform/windows/WinOutput.h"
@@ -17,7 +18,7 @@ namespace velluto {
 
 class WinMidi : public MidiDevices {
 public:
-    WinMidi();
+    explicit WinMidi(KnownDevices known = {});
     // Closes what is open.
     ~WinMidi() override;
     WinMidi(const WinMidi &) = delete;
@@ -43,6 +44,8 @@ public:
     // the program opens one. Null where that cannot be had.
     std::shared_ptr<WinOutput> ForSongs();
     [[nodiscard]] bool IsForSongsAlone(const std::shared_ptr<WinOutput> &output) const { return output && output == songs_; }
+    // Called at the end with what is known of devices, where that has changed in this run.
+    std::function<void(const KnownDevices &known)> keep = [](const KnownDevices &) {};
     // Called after ForSongs has come to give something else.
     std::function<void()> outputChanged = [] {};
 
@@ -56,6 +59,8 @@ private:
     int Close(WinOutput &output);
     void EndThru(Input &input, bool staysLinked);
 
+    const KnownDevices known_;
+    int chosenOut_ = -1; // in this run
     WinNumbers outNumbers_;
     WinNumbers inNumbers_;
     // The system's handles are wider than the program's, and one that was closed may not be shown to the system again.

@@ -12,10 +12,13 @@ std::shared_ptr<MidiSystems> LookForMidiSystems()
     return nullptr;
 }
 
-MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string & /*devicesPath*/,
+MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath,
                               const std::shared_ptr<MidiSystems> & /*systems*/)
 {
-    auto midi = std::make_unique<WinMidi>();
+    auto midi = std::make_unique<WinMidi>(devicesPath.empty() ? KnownDevices() : ReadKnownDevices(files, devicesPath));
+    if (!devicesPath.empty()) {
+        midi->keep = [devicesPath](const KnownDevices &known) { WriteKnownDevices(devicesPath, known); };
+    }
     auto sequencer = std::make_shared<MachineSequencer>(files, std::make_unique<WinOutputs>(*midi), std::move(post));
     midi->outputChanged = [player = std::weak_ptr(sequencer)] {
         if (const auto there = player.lock()) {

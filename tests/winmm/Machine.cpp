@@ -28,7 +28,7 @@ std::wstring Wide(const std::string &utf8)
 
 void Insert(Devices &devices, std::size_t at, const std::string &name)
 {
-    devices.insert(devices.begin() + static_cast<std::ptrdiff_t>(at), std::make_shared<Device>(Device{Wide(name)}));
+    devices.insert(devices.begin() + static_cast<std::ptrdiff_t>(at), std::make_shared<Device>(Device{.name = Wide(name), .place = {}}));
 }
 
 void Remove(Devices &devices, std::size_t at)
@@ -40,8 +40,9 @@ void Remove(Devices &devices, std::size_t at)
 // The input's own thread, as a driver has one.
 void Deliver(Machine &machine, std::size_t number, DWORD message, DWORD time)
 {
+    const std::shared_ptr<Device> &device = machine.ins.at(number);
     for (Open *open : std::vector<Open *>(machine.open)) {
-        if (!open->output && open->number == number && open->started) {
+        if (open->device == device && open->started) {
             std::thread([=] { open->proc(reinterpret_cast<HMIDIIN>(open), MIM_DATA, open->instance, message, time); }).join();
             if (open->thru != nullptr) {
                 Note(machine, "thru " + std::to_string(open->thru->number) + " " + Hexadecimal(message));
@@ -108,6 +109,12 @@ void Command(Machine &machine, const std::string &line)
             std::getline(words >> std::ws, name);
             Insert(devices, number, name);
         }
+    } else if (verb == "place") {
+        std::size_t number = 0;
+        std::string place;
+        words >> what >> number;
+        std::getline(words >> std::ws, place);
+        (what == "out" ? machine.outs : machine.ins).at(number)->place = Wide(place);
     } else if (verb == "reset") {
         machine.outs.clear();
         machine.ins.clear();

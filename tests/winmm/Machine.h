@@ -7,6 +7,7 @@
 //     out NAME, in NAME          one more device; names are UTF-8
 //     insert out N NAME          one more in the midst of them; that number and those above it move up
 //     remove out N, remove in N  the device goes as by pull, and the numbers above it move down
+//     place out N TEXT, place in N TEXT  the driver tells by which interface the device is reached; without this it does not
 //     reset                      no devices, no faults, an empty log
 //     fail CALL CODE             from now on the call gives this code and does nothing; with CODE 0 it works again
 //     pull out N, pull in N      the device has gone: what is open on it answers 68 but to its close
@@ -31,6 +32,7 @@ inline constexpr MMRESULT kGone = MIDIERR_NODEVICE;
 
 struct Device {
     std::wstring name;
+    std::wstring place; // empty where its driver tells none
     bool pulled = false;
     bool inUse = false;
 };

@@ -6,6 +6,7 @@
 #include "unit/support/MidiLink.h"
 
 #include <gmock/gmock.h>
+#include <mmsystem.h>
 
 namespace velluto::test {
 namespace {
@@ -132,6 +133,24 @@ TEST_F(WinDevicesTest, OneThatHasMovedIsFoundWithoutACount)
     EXPECT_EQ(midi.midiInOpen(in, 0, {}), MidiCode::kNoDevice);
 }
 
+TEST_F(WinDevicesTest, AnInputThatHasMovedIsStillHeard)
+{
+    Survey();
+    int heard = 0;
+    const auto count = [](MidiHandle, std::uint32_t message, void *instance, std::uint32_t, std::uint32_t) {
+        *static_cast<int *>(instance) += message == MIM_DATA ? 1 : 0;
+    };
+    MidiHandle in = 0;
+    ASSERT_EQ(midi.midiInOpen(in, 0, {count, &heard}), 0);
+    ASSERT_EQ(midi.midiInStart(in), 0);
+    Paper("insert in 0 First");
+    Paper("receive 0 643C90 5");
+    EXPECT_EQ(heard, 0);
+    Paper("receive 1 643C90 5");
+    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(midi.midiInClose(in), 0);
+}
+
 TEST_F(WinDevicesTest, OfTwoWithOneNameEachHasItsNumber)
 {
     Paper("out Keys");
@@ -143,6 +162,22 @@ TEST_F(WinDevicesTest, OfTwoWithOneNameEachHasItsNumber)
     EXPECT_EQ(Opened(3), "0: midiOutOpen 3 0 = 0");
 }
 
+TEST_F(WinDevicesTest, OfTwoWithOneNameTheOneThatStaysKeepsItsNumber)
+{
+    Paper("out Keys");
+    Paper("place out 1 \\\\?\\usb#1");
+    Paper("place out 2 \\\\?\\usb#2");
+    Survey();
+    Paper("remove out 1");
+    EXPECT_EQ(Opened(1), "68");
+    EXPECT_EQ(Opened(2), "0: midiOutOpen 1 0 = 0");
+    EXPECT_THAT(Counted(), ElementsAre("Synth", "", "Keys"));
+    Paper("insert out 0 Keys"); // the first one, in another socket
+    Paper("place out 0 \\\\?\\usb#3");
+    EXPECT_THAT(Counted(), ElementsAre("Synth", "Keys", "Keys"));
+    EXPECT_EQ(Opened(1), "0: midiOutOpen 0 0 = 0");
+}
+
 TEST_F(WinDevicesTest, OneThatSaidNothingOfItselfKeepsTheSystemsNumber)
 {
     Paper("pull out 0");
@@ -152,6 +187,16 @@ TEST_F(WinDevicesTest, OneThatSaidNothingOfItselfKeepsTheSystemsNumber)
     Paper("plug out 0");
     EXPECT_THAT(Counted(), ElementsAre("Synth", "Keys"));
     EXPECT_EQ(Opened(0), "0: midiOutOpen 0 0 = 0");
+}
+
+TEST_F(WinDevicesTest, OneThatSaidNothingOfItselfIsNoneThatHasMovedToItsPlace)
+{
+    Paper("pull out 0");
+    Survey();
+    Paper("remove out 0");
+    EXPECT_EQ(Opened(0), "68");
+    EXPECT_EQ(Opened(1), "0: midiOutOpen 0 0 = 0");
+    EXPECT_THAT(Counted(), ElementsAre("", "Keys"));
 }
 
 TEST_F(WinDevicesTest, SongsGoToTheFirstThatIsThere)

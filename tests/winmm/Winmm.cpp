@@ -61,6 +61,29 @@ MMRESULT CloseDevice(Machine &machine, void *handle)
     return MMSYSERR_NOERROR;
 }
 
+// Of a number alone, and of none that is open. It changes nothing, and is no line of the log.
+MMRESULT Tell(const Devices &devices, const void *number, UINT message, DWORD_PTR first, DWORD_PTR second)
+{
+    const auto at = reinterpret_cast<std::size_t>(number);
+    if (at >= devices.size()) {
+        return MMSYSERR_BADDEVICEID;
+    }
+    const std::wstring &place = devices[at]->place;
+    const std::size_t size = (place.size() + 1) * sizeof(wchar_t);
+    if (place.empty() || devices[at]->pulled) {
+        return MMSYSERR_NOTSUPPORTED;
+    }
+    if (message == DRV_QUERYDEVICEINTERFACESIZE) {
+        *reinterpret_cast<ULONG *>(first) = static_cast<ULONG>(size);
+        return MMSYSERR_NOERROR;
+    }
+    if (message != DRV_QUERYDEVICEINTERFACE || second < size) {
+        return MMSYSERR_INVALPARAM;
+    }
+    std::memcpy(reinterpret_cast<void *>(first), place.c_str(), size);
+    return MMSYSERR_NOERROR;
+}
+
 } // namespace
 
 extern "C" {
@@ -92,6 +115,16 @@ __declspec(dllexport) MMRESULT WINAPI midiOutGetDevCapsW(UINT_PTR number, LPMIDI
 __declspec(dllexport) MMRESULT WINAPI midiInGetDevCapsW(UINT_PTR number, LPMIDIINCAPSW caps, UINT size)
 {
     return FillCaps("midiInGetDevCaps", &Machine::ins, number, caps, size);
+}
+
+__declspec(dllexport) MMRESULT WINAPI midiOutMessage(HMIDIOUT number, UINT message, DWORD_PTR first, DWORD_PTR second)
+{
+    return Tell(TheMachine().outs, number, message, first, second);
+}
+
+__declspec(dllexport) MMRESULT WINAPI midiInMessage(HMIDIIN number, UINT message, DWORD_PTR first, DWORD_PTR second)
+{
+    return Tell(TheMachine().ins, number, message, first, second);
 }
 
 __declspec(dllexport) MMRESULT WINAPI

@@ -11,6 +11,8 @@
 #include <windows.h>
 // which the next one needs
 #include <mmsystem.h>
+// and this one
+#include <mmddk.h>
 
 // Obeys one command (see Machine.h) and answers with the log so far; good until the next one.
 extern "C" __declspec(dllexport) const char *StandinWinmm(const char *command);

@@ -81,6 +81,14 @@ TEST_F(DeviceNumbers, WhereNumbersRunOutTheChosenOnesIsKeptAboveAll)
     EXPECT_THAT(Numbered({"1", "2", "3", "4", "5", "6", "7"}), ElementsAre("1", "", "2", "3", "4", "5", "6"));
 }
 
+TEST_F(DeviceNumbers, AListOfWindowsLeavesTheChosenNumberToNobody)
+{
+    known = {{0, false, "Microsoft GS Wavetable Synth"}, {1, true, "PA80"}};
+    EXPECT_THAT(Numbered({"Velluto Synthesizer", "PA80:PA80 MIDI 1 24:0"}),
+                ElementsAre("", "", "Velluto Synthesizer", "PA80:PA80 MIDI 1 24:0"));
+    EXPECT_EQ(NumbersToKeep(NamesOf(devices), known, -1).at(1), known.at(1));
+}
+
 TEST_F(DeviceNumbers, APortThatComesBackUnderOtherNumbersOfAlsaIsTheSameDevice)
 {
     EXPECT_THAT(Numbered({"a", "PA80:MIDI 24:0"}), ElementsAre("a", "PA80:MIDI 24:0"));
@@ -117,16 +125,16 @@ TEST_F(DeviceNumbers, TheNumbersOfAllDevicesAreKeptAndThoseOfTheAbsent)
     known = {{1, true, "b"}, {2, false, "c 24:0"}};
     Numbered({"a", "c 28:0"});
     const std::vector<KnownDevice> kept = {{0, false, "a"}, {1, true, "b"}, {2, false, "c 28:0"}};
-    EXPECT_EQ(NumbersToKeep(devices, known, -1), kept);
-    EXPECT_TRUE(NumbersToKeep(devices, known, 2).back().chosen);
-    EXPECT_FALSE(NumbersToKeep(devices, known, 2).at(1).chosen);
+    EXPECT_EQ(NumbersToKeep(NamesOf(devices), known, -1), kept);
+    EXPECT_TRUE(NumbersToKeep(NamesOf(devices), known, 2).back().chosen);
+    EXPECT_FALSE(NumbersToKeep(NamesOf(devices), known, 2).at(1).chosen);
     EXPECT_THAT(NumbersToKeep({}, {}, -1), IsEmpty());
 }
 
 TEST_F(DeviceNumbers, SevenAreKept)
 {
     Numbered({"0", "1", "2", "3", "4", "5", "6", "7"});
-    EXPECT_EQ(NumbersToKeep(devices, known, 7).size(), 7U);
+    EXPECT_EQ(NumbersToKeep(NamesOf(devices), known, 7).size(), 7U);
 }
 
 TEST_F(DeviceNumbers, WhatIsKnownOfDevicesNumbersThemAndIsKeptAtTheEnd)

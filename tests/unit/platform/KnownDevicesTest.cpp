@@ -1,5 +1,5 @@
 // The file that keeps the numbers of devices: what it says, and what is made of one that others have written.
-#include "platform/rtmidi/KnownDevices.h"
+#include "platform/music/KnownDevices.h"
 
 #include "platform/machine/MachineFiles.h"
 #include "unit/support/TestProgram.h"

@@ -1,4 +1,4 @@
-#include "platform/rtmidi/KnownDevices.h"
+#include "platform/music/KnownDevices.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -46,6 +46,43 @@ void Append(std::string &text, std::string_view kind, const std::vector<KnownDev
 }
 
 } // namespace
+
+int FreeNumber(const std::vector<bool> &taken, std::span<const KnownDevice> known)
+{
+    int ofAbsent = -1;
+    bool ofChosen = false;
+    for (int number = 0; number < kNumbersKept; ++number) {
+        if (static_cast<std::size_t>(number) < taken.size() && taken[static_cast<std::size_t>(number)]) {
+            continue;
+        }
+        const auto absent = std::ranges::find(known, number, &KnownDevice::number);
+        if (absent == known.end()) {
+            return number;
+        }
+        ofChosen = ofChosen || absent->chosen;
+        if (!absent->chosen && ofAbsent < 0) {
+            ofAbsent = number;
+        }
+    }
+    return ofAbsent >= 0 || ofChosen ? ofAbsent : static_cast<int>(taken.size());
+}
+
+std::vector<KnownDevice> NumbersToKeep(std::span<const std::string> names, std::span<const KnownDevice> known, int chosen)
+{
+    std::vector<KnownDevice> kept;
+    for (int number = 0; number < kNumbersKept; ++number) {
+        const auto at = static_cast<std::size_t>(number);
+        const auto before = std::ranges::find(known, number, &KnownDevice::number);
+        const bool wasChosen = before != known.end() && before->chosen;
+        const bool isChosen = chosen >= 0 ? number == chosen : wasChosen;
+        if (at < names.size() && !names[at].empty()) {
+            kept.push_back({number, isChosen, names[at]});
+        } else if (before != known.end()) {
+            kept.push_back({number, isChosen, before->name});
+        }
+    }
+    return kept;
+}
 
 KnownDevices ParseKnownDevices(std::string_view text)
 {
