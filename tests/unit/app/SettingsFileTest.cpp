@@ -1,4 +1,5 @@
 // The settings file: what a run reads from it and writes at its end.
+#include "app/Paths.h"
 #include "unit/app/SettingsFileRun.h"
 
 using namespace velluto;
@@ -270,4 +271,38 @@ TEST_F(SettingsFileTest, WhatARunLeavesTheNextRunReads)
     EXPECT_EQ(read.KeyboardRecord[15], 0);
     EXPECT_EQ(read.PlacementTable[8].MinWidth, 4321);
     EXPECT_EQ(read.RecentTable[1].Path.Trimmed(), "/a.pcg");
+}
+
+// As a run on Windows leaves it for one on Linux, and the other way round.
+TEST_F(SettingsFileTest, PathsOfTheOtherSystemStayAsTheyAreThroughARunThatKnowsNoneOfThem)
+{
+    const bool isWindows = kPathSeparator == '\\';
+    const std::string drive = isWindows ? "/home/anna/Musica/Citt\xC3\xA0/" : "C:\\Musica\\Citt\xC3\xA0\\";
+    const std::string share = isWindows ? "/media/PA80 disk/" : "\\\\server\\PA80 disk\\";
+    const std::array<std::string, 3> tied{drive + "one.pcg", share + "two.sty", drive + "three.prf"};
+    Start();
+    settings.PcgDocTable[9].Path.Set(tied[0]);
+    settings.StyDocTable[12].Path.Set(tied[1]);
+    settings.PrfDocTable[28].Path.Set(tied[2]);
+    settings.RecentTable[1].Path.Set(tied[0]);
+    settings.RecentTable[1].Kind = 9;
+    settings.RecentTable[16].Path.Set(share + "last.sty");
+    settings.LastDir = share + "sets";
+    settings.PlayerDir = drive + "midi";
+    settings.PlayerName = "evening";
+    settings.PlayerFile = "song.mid";
+    IniFile left = ExitAndRead();
+    EXPECT_EQ(left.Text(12, 1, 234), Padded(tied[0], 234));
+    EXPECT_EQ(left.Text(25, 1, 234), Padded(tied[1], 234));
+    EXPECT_EQ(left.Text(61, 1, 234), Padded(tied[2], 234));
+
+    TestProgram here(run.folder);
+    ASSERT_TRUE(here.Start());
+    EXPECT_TRUE(here.program.app.frame.mnuPcgUser[9].enabled);
+    EXPECT_TRUE(here.Choose(here.program.app.frame.mnuPcgUser[9])); // of which there is no file
+    EXPECT_TRUE(here.Exit());
+    IniFile after = IniFile::Of(here);
+    for (std::size_t record = 2; record <= kRecords; ++record) {
+        EXPECT_EQ(after.Record(record), left.Record(record)) << record;
+    }
 }
