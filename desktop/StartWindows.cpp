@@ -65,14 +65,12 @@ bool SystemSpeaksItalian()
     return QLocale::system().uiLanguages().value(0).startsWith(QLatin1String("it"));
 }
 
-// Windows' own colours are the same, whatever was chosen, and a row that is marked in an idle list is as good as white in them.
 std::string_view ThemeOfSystem()
 {
-    if (WantsHighContrast()) {
-        return {};
-    }
-    return WantsDarkPrograms() ? "dark" : "light";
+    return ThemeFor(WantsHighContrast(), WantsDarkPrograms());
 }
+
+void SetLocale() {} // Qt leaves it alone
 
 std::future<void> ReadFontsAhead()
 {

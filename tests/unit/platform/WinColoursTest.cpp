@@ -44,12 +44,12 @@ TEST_F(WinColoursTest, ProgramsAreDarkWhereTheUserSaysSoAndNotWhereWindowsDoesNo
     EXPECT_FALSE(WantsDarkPrograms());
 }
 
-TEST_F(WinColoursTest, HighContrastIsWhatTheSystemSays)
+TEST(WinTheme, IsTheUsersButForColoursOfHighContrastWhichStay)
 {
-    HIGHCONTRASTW told{};
-    told.cbSize = sizeof(told);
-    ASSERT_NE(::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof(told), &told, 0), 0);
-    EXPECT_EQ(WantsHighContrast(), (told.dwFlags & HCF_HIGHCONTRASTON) != 0);
+    EXPECT_EQ(ThemeFor(false, false), "light");
+    EXPECT_EQ(ThemeFor(false, true), "dark");
+    EXPECT_EQ(ThemeFor(true, false), "");
+    EXPECT_EQ(ThemeFor(true, true), "");
 }
 
 } // namespace
