@@ -3,16 +3,21 @@
 #include "platform/rtmidi/ProductName.h"
 
 #include <sys/mman.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <thread>
 
 // Stands in for the system's where libraries ask for it. As a client opens, JACK's has all of the server's memory locked, some 100 MB,
 // which the system does page by page: 9 ms in which no other thread can map anything, and the start stands still. The server itself keeps
-// those pages from being swapped out. Here each is locked as it is first touched; those that have been, at once.
+// those pages from being swapped out, where it may. Here each is locked as it is first touched; those that have been, at once. A system
+// that does not know how locks them all.
 extern "C" int mlock(const void *addr, std::size_t len) noexcept
 {
-    return ::mlock2(addr, len, MLOCK_ONFAULT);
+    const int result = ::mlock2(addr, len, MLOCK_ONFAULT);
+    return result == 0 || (errno != ENOSYS && errno != EINVAL) ? result : static_cast<int>(::syscall(SYS_mlock, addr, len));
 }
 
 namespace velluto {
