@@ -28,6 +28,9 @@ void GoToUserFolder(std::vector<std::string> &words);
 [[nodiscard]] bool SystemSpeaksItalian();
 // The theme that the system's user has chosen, "light" or "dark"; empty where the palette that Qt brings says it all.
 [[nodiscard]] std::string_view ThemeOfSystem();
+// Makes the C library's locale the user's, before the first thread: where Qt does so in its application, it would change how numbers are
+// read under threads that read some.
+void SetLocale();
 // Begins to read what the machine has of fonts on another thread, where that is no work of Qt's alone. Qt would read it once more where it
 // asks for a font before the end.
 [[nodiscard]] std::future<void> ReadFontsAhead();

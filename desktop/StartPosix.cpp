@@ -7,6 +7,7 @@
 #include <malloc.h>
 #endif
 
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -58,8 +59,13 @@ std::string_view ThemeOfSystem()
     return {};
 }
 
+void SetLocale()
+{
+    std::setlocale(LC_ALL, "");
+}
+
 // Fontconfig comes with the Qt that reads the fonts by it; its configuration alone takes half as long as all that Qt itself does before its
-// first window. Without a word of Qt's: the thread that speaks the first of those is the program's first for it.
+// first window. Nothing of Qt's may be called here: Qt takes the first thread that uses it for the main thread.
 std::future<void> ReadFontsAhead()
 {
     return std::async([] {

@@ -19,6 +19,7 @@
 #include <future>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace velluto {
@@ -82,7 +83,7 @@ bool IsHandedOver(const std::vector<std::string> &words, const std::string &addr
 }
 
 // words: what the toolkit has left of the command line.
-int Run(HandOverInbox &handedOver, const std::shared_ptr<MidiSystems> &systems, const std::vector<std::string> &words)
+int Run(HandOverInbox &handedOver, std::shared_ptr<MidiSystems> systems, const std::vector<std::string> &words)
 {
     MachineFiles files;
     files.KeepWhole(files.CurrentFolder());
@@ -90,7 +91,7 @@ int Run(HandOverInbox &handedOver, const std::shared_ptr<MidiSystems> &systems, 
     QtFace face;
     const MachineMusic music = MakeMachineMusic(
         files, [&face](std::function<void()> call) { face.Post(std::move(call)); }, files.CurrentFolder() + "/Velluto-devices.txt",
-        systems);
+        std::move(systems));
     QtPrinter printer(face);
     MachineFolders folders;
     QtTicks ticks(face.Gate());
@@ -143,13 +144,14 @@ int main(int argc, char **argv)
     velluto::HandOverInbox handedOver(address);
     // Without this, looking for JACK would start a server of its own.
     qputenv("JACK_NO_START_SERVER", "1");
+    velluto::SetLocale(); // while there is no other thread yet
     // Both go on while Qt connects to the display.
-    const std::shared_ptr<velluto::MidiSystems> systems = velluto::LookForMidiSystems();
+    std::shared_ptr<velluto::MidiSystems> systems = velluto::LookForMidiSystems();
     const std::future<void> fonts = velluto::ReadFontsAhead();
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("velluto"));
     QGuiApplication::setDesktopFileName(QStringLiteral("velluto"));
     velluto::SetUpLook();
     velluto::GetReadyToDraw(fonts);
-    return velluto::Run(handedOver, systems, velluto::WordsLeft(words, argc, argv));
+    return velluto::Run(handedOver, std::move(systems), velluto::WordsLeft(words, argc, argv));
 }

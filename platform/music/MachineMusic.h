@@ -21,9 +21,9 @@ struct MachineMusic {
 struct MidiSystems;
 std::shared_ptr<MidiSystems> LookForMidiSystems();
 
-// Quick: devices and ports are opened when they are asked for. The systems are the devices' from then on.
+// Quick: devices and ports are opened when they are asked for. The systems are the devices' from then on, and nobody else's.
 // The path is that of the file which keeps the numbers of the devices for the next run; without one they are not kept.
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath = {},
-                              const std::shared_ptr<MidiSystems> &systems = LookForMidiSystems());
+                              std::shared_ptr<MidiSystems> systems = LookForMidiSystems());
 
 } // namespace velluto

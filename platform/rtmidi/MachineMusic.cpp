@@ -10,11 +10,12 @@
 #endif
 
 #include <algorithm>
+#include <utility>
 
 namespace velluto {
 
 struct MidiSystems {
-    std::vector<std::unique_ptr<SystemPorts>> all; // as far as RtMidi was built for them
+    std::vector<std::unique_ptr<SystemPorts>> all; // JACK's is ours and always there on Linux; others as far as RtMidi was built for them
 };
 
 std::shared_ptr<MidiSystems> LookForMidiSystems()
@@ -39,12 +40,13 @@ std::shared_ptr<MidiSystems> LookForMidiSystems()
 }
 
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath,
-                              const std::shared_ptr<MidiSystems> &systems)
+                              std::shared_ptr<MidiSystems> systems)
 {
+    const std::shared_ptr<MidiSystems> given = std::move(systems);
     std::vector<std::unique_ptr<MidiPorts>> devices;
     std::vector<SystemPorts *> sources;
     devices.push_back(std::make_unique<SynthesizerPorts>(FindSoundFont()));
-    for (std::unique_ptr<SystemPorts> &system : systems->all) {
+    for (std::unique_ptr<SystemPorts> &system : std::exchange(given->all, {})) {
         sources.push_back(system.get());
         devices.push_back(std::move(system));
     }

@@ -13,7 +13,7 @@ std::shared_ptr<MidiSystems> LookForMidiSystems()
 }
 
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath,
-                              const std::shared_ptr<MidiSystems> & /*systems*/)
+                              std::shared_ptr<MidiSystems> /*systems*/)
 {
     auto midi = std::make_unique<WinMidi>(devicesPath.empty() ? KnownDevices() : ReadKnownDevices(files, devicesPath));
     if (!devicesPath.empty()) {

@@ -4,9 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
@@ -353,23 +350,15 @@ TEST_F(DevicesTest, AServerThatStandsStillNeverHoldsTheSender)
     EXPECT_TRUE(Eventually([&]() { return midi_->midiOutShortMsg(out, ShortMessage(0x0005C0)) == 0; }));
 }
 
-// As JACK's library has all of a server's memory locked when a client opens.
-TEST(LockedMemory, IsTakenPageByPageAsItIsTouched)
+TEST_F(DevicesTest, WhoComesSecondToTheSystemsFindsNone)
 {
-    constexpr std::size_t kPages = 8;
-    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-    void *const memory = ::mmap(nullptr, kPages * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    ASSERT_NE(memory, MAP_FAILED);
-    const auto taken = [&] {
-        std::array<unsigned char, kPages> pages{};
-        EXPECT_EQ(::mincore(memory, kPages * page, pages.data()), 0);
-        return std::ranges::count_if(pages, [](unsigned char flags) { return (flags & 1U) != 0; });
-    };
-    ASSERT_EQ(::mlock(memory, kPages * page), 0);
-    EXPECT_EQ(taken(), 0);
-    *static_cast<char *>(memory) = 1;
-    EXPECT_EQ(taken(), 1);
-    ::munmap(memory, kPages * page);
+    server_.Start();
+    StartInstrument();
+    const auto systems = LookForMidiSystems();
+    const MachineMusic first = MakeMachineMusic(files_, {}, {}, systems);
+    const MachineMusic second = MakeMachineMusic(files_, {}, {}, systems);
+    EXPECT_GT(first.midi->midiOutGetNumDevs(), 0);
+    EXPECT_EQ(second.midi->midiOutGetNumDevs(), 0);
 }
 
 } // namespace
