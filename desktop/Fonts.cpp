@@ -32,13 +32,18 @@ int CellWidth(const QFont &font)
 
 int RowBaseline(const QFont &font)
 {
-    constexpr int kTails = 2; // what letters that reach below the line need, to be told from others
     const QFontMetrics metrics(font);
-    const int drawn = metrics.ascent() + metrics.descent();
+    return BaselineIn(RowHeight(font), metrics.ascent(), metrics.descent());
+}
+
+int BaselineIn(int height, int ascent, int descent)
+{
+    constexpr int kTails = 2; // what letters that reach below the line need, to be told from others
+    const int drawn = ascent + descent;
     // What a row lacks is taken below, where only the tails of a few letters reach. Fonts that begin high above their letters, for
     // scripts with marks there, lack more, and that is taken above.
-    const int baseline = metrics.ascent() + std::max(0, (RowHeight(font) - drawn + 1) / 2) + (RowHeight(font) < drawn ? 1 : 0);
-    return std::min(baseline, RowHeight(font) - kTails);
+    const int baseline = ascent + std::max(0, (height - drawn + 1) / 2) + (height < drawn ? 1 : 0);
+    return std::min(baseline, height - kTails);
 }
 
 } // namespace velluto

@@ -15,5 +15,7 @@ namespace velluto {
 [[nodiscard]] int CellWidth(const QFont &font);
 // From the top of a row to the line that letters stand on.
 [[nodiscard]] int RowBaseline(const QFont &font);
+// The same of a row of that height, in a font that reaches so far above and below its line.
+[[nodiscard]] int BaselineIn(int height, int ascent, int descent);
 
 } // namespace velluto

@@ -191,6 +191,14 @@ TEST_F(ListTest, RowsKeepRoomForTailsWhateverTheFont)
     }
 }
 
+TEST(RowBaseline, LeavesRoomForTailsInAFontThatBeginsHighAboveItsLetters)
+{
+    EXPECT_EQ(BaselineIn(16, 12, 4), 12) << "what just fits";
+    EXPECT_EQ(BaselineIn(16, 11, 2), 13) << "what is over is shared, the odd pixel above";
+    EXPECT_EQ(BaselineIn(16, 12, 5), 13) << "what lacks is taken below";
+    EXPECT_EQ(BaselineIn(16, 23, 12), 14) << "as Noto Nastaliq Urdu, of 15 pixels";
+}
+
 TEST_F(ListTest, FontAndCellAreThoseThatWindowsAreMeasuredBy)
 {
     const Size a = face.MeasureA(Font{"courier new", 11, 400});
