@@ -295,6 +295,9 @@ TEST_F(SettingsFileTest, PathsOfTheOtherSystemStayAsTheyAreThroughARunThatKnowsN
     EXPECT_EQ(left.Text(12, 1, 234), Padded(tied[0], 234));
     EXPECT_EQ(left.Text(25, 1, 234), Padded(tied[1], 234));
     EXPECT_EQ(left.Text(61, 1, 234), Padded(tied[2], 234));
+    EXPECT_EQ(left.Text(62, 1, 234), Padded(tied[0], 234));
+    EXPECT_EQ(left.Record(3), Padded(share + "sets", kRecordLength));
+    EXPECT_EQ(left.Record(78), Padded(drive + "midi", kRecordLength));
 
     TestProgram here(run.folder);
     ASSERT_TRUE(here.Start());
