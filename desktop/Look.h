@@ -23,8 +23,8 @@ public:
     QIcon standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const override;
 };
 
-// Sets style and icon of the application. The colours are the system's, unless the environment variable VELLUTO_THEME
-// says "dark" or "light".
+// Sets style and icon of the application, and our own dark or light colours where the environment variable VELLUTO_THEME or else
+// ThemeOfSystem names one; light ones where Qt has none of the system's. Elsewhere the colours are the system's.
 void SetUpLook();
 
 // Lets Qt do at once what it does before its first window: find the desktop's bus, take up the machine's fonts. That takes it

@@ -93,7 +93,7 @@ bool Binds(int socket, const sockaddr_un &name)
 
 std::string HandOverAddress()
 {
-    const char *const folder = std::getenv("XDG_RUNTIME_DIR"); // NOLINT(concurrency-mt-unsafe): nothing writes the environment
+    const char *const folder = std::getenv("XDG_RUNTIME_DIR"); // NOLINT(concurrency-mt-unsafe): there is no other thread yet
     struct stat about {};
     struct stat here {};
     if (folder == nullptr || *folder != '/' || ::stat(folder, &about) != 0 || ::stat(".", &here) != 0) {

@@ -112,7 +112,7 @@ RuntimeError PosixFolders::FileLength(const std::string &path, std::uint64_t &le
 std::vector<std::string> PosixFolders::Drives()
 {
     std::vector<std::string> drives{"/"};
-    const char *home = std::getenv("HOME"); // NOLINT(concurrency-mt-unsafe): nothing of the program writes the environment
+    const char *home = std::getenv("HOME"); // NOLINT(concurrency-mt-unsafe): this thread alone writes the environment
     if (home != nullptr && home[0] == '/' && home[1] != '\0' && IsFolder(home)) {
         drives.emplace_back(home);
     }
