@@ -13,7 +13,7 @@ std::shared_ptr<MidiSystems> LookForMidiSystems()
 }
 
 MachineMusic MakeMachineMusic(FileStore &files, MachineSequencer::Post post, const std::string &devicesPath,
-                              std::shared_ptr<MidiSystems> /*systems*/)
+                              std::shared_ptr<MidiSystems> /*systems*/) // NOLINT(performance-unnecessary-value-param): others keep them
 {
     auto midi = std::make_unique<WinMidi>(devicesPath.empty() ? KnownDevices() : ReadKnownDevices(files, devicesPath));
     if (!devicesPath.empty()) {

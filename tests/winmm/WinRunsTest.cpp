@@ -12,7 +12,6 @@ namespace velluto::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 class WinRunsTest : public testing::Test {
 protected:
