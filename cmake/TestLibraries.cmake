@@ -26,6 +26,6 @@ endmacro()
 # hour, and packaging/windows/test.sh lets a program run all its tests at once.
 function(velluto_discover_tests target prefix)
     if(NOT CMAKE_CROSSCOMPILING)
-        gtest_discover_tests(${target} TEST_PREFIX "${prefix}" DISCOVERY_TIMEOUT 60)
+        gtest_discover_tests(${target} TEST_PREFIX "${prefix}" DISCOVERY_TIMEOUT 60 ${ARGN})
     endif()
 endfunction()

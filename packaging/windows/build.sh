@@ -40,26 +40,11 @@ if [ -z "${SOURCE_DATE_EPOCH-}" ]; then
 fi
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8
 
-# put FROM... TO: copies that anyone may read, and nobody need run.
-put() {
-    mkdir -p "${*: -1}"
-    install -m 644 -t "${*: -1}" "${@:1:$#-1}"
-}
-
 # What the setup installs: the program, what it loads, what ships, and whose it all is.
 stage_files() {
-    local library gcc
     rm -rf "$out/stage"
     put "$out/velluto.exe" "$out/velluto-tool.exe" "$stage"
-    put "$qt_folder"/bin/Qt6{Core,Gui,Widgets,PrintSupport}.dll "$stage"
-    put "$qt_folder/plugins/platforms/qwindows.dll" "$stage/platforms"
-    printf '[Paths]\r\nPlugins=.\r\n' >"$stage/qt.conf" # and from nowhere else
-    for library in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
-        gcc=$(x86_64-w64-mingw32-g++-posix -print-file-name="$library")
-        [ -f "$gcc" ] || gcc=/usr/x86_64-w64-mingw32/lib/$library
-        put "$gcc" "$stage"
-        x86_64-w64-mingw32-strip --strip-all --preserve-dates "$stage/$library"
-    done
+    put_libraries "$stage"
     cp -r data "$stage/data"
     find "$stage/data" -name '.*' -delete
     sum_data "$stage"
@@ -102,5 +87,6 @@ size_of "$archive" "$most_archive" "${archive#"$PWD/"}"
 size_of "$setup" "$most_setup" "${setup#"$PWD/"}"
 if ! $product; then
     build windows
-    say "build/windows: velluto-driver.exe and the tests; packaging/windows/test.sh runs them"
+    build_over_qt windows-desktop-tests desktop_tests
+    say "build/windows: velluto-driver.exe and the tests; build/windows-desktop-tests: those of the desktop; packaging/windows/test.sh runs them"
 fi

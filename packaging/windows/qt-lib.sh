@@ -21,7 +21,7 @@ qt_recipe() {
 
 # The description of the sources in the cache; nothing where there are none yet.
 qt_description() {
-    find "$windows_cache" -maxdepth 2 -path "$windows_cache/source/qt6-base_*.dsc" | sort | tail -n 1
+    find "$windows_cache" -maxdepth 2 -path "$windows_cache/source/qt6-base_*.dsc" 2>/dev/null | sort | tail -n 1
 }
 
 # What the compilers are told, without the words about it.
@@ -160,4 +160,30 @@ build_over_qt() {
     tools=/usr/lib/$(dpkg-architecture -qDEB_BUILD_MULTIARCH)/cmake
     grep -qsx "VELLUTO_QT:[A-Z]*=$qt_folder" "build/$1/CMakeCache.txt" || rm -rf "build/$1"
     VELLUTO_QT=$qt_folder VELLUTO_QT_TOOLS=$tools build "$@"
+}
+
+# build_over_qt PRESET TARGET...: over the Qt in qt_folder. Where that is another one than last time, what was found of that is not asked again.
+build_over_qt() {
+    grep -qsx "VELLUTO_QT:[A-Z]*=$qt_folder" "build/$1/CMakeCache.txt" || rm -rf "build/$1"
+    VELLUTO_QT=$qt_folder build "$@"
+}
+
+# put FROM... TO: copies that anyone may read, and nobody need run.
+put() {
+    mkdir -p "${*: -1}"
+    install -m 644 -t "${*: -1}" "${@:1:$#-1}"
+}
+
+# put_libraries FOLDER: what a desktop program there loads: Qt, and the language's libraries.
+put_libraries() {
+    local folder=$1 library gcc
+    put "$qt_folder"/bin/Qt6{Core,Gui,Widgets,PrintSupport}.dll "$folder"
+    put "$qt_folder/plugins/platforms/qwindows.dll" "$folder/platforms"
+    printf '[Paths]\r\nPlugins=.\r\n' >"$folder/qt.conf" # and from nowhere else
+    for library in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
+        gcc=$(x86_64-w64-mingw32-g++-posix -print-file-name="$library")
+        [ -f "$gcc" ] || gcc=/usr/x86_64-w64-mingw32/lib/$library
+        put "$gcc" "$folder"
+        x86_64-w64-mingw32-strip --strip-all --preserve-dates "$folder/$library"
+    done
 }

@@ -1,12 +1,17 @@
 #!/usr/bin/env bash
 # Builds what there is for Windows and runs its tests as Windows programs, under Wine: the unit tests of every room, the scenarios,
-# and what the fuzzers have kept. Installs what is missing. What cannot run there, and why, stands in docs/OTHER-SYSTEMS.md.
+# what the fuzzers have kept, and, where build.sh has made a Qt for Windows, the tests of the desktop, on a display of their own.
+# Installs what is missing. What cannot run there, and why, stands in docs/OTHER-SYSTEMS.md.
 #
 #     packaging/windows/test.sh [NAME...]    names: those of the programs to run, as unit_files; all where none is given
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 # shellcheck source=tools/lib.sh
 . tools/lib.sh
+# shellcheck source=packaging/windows/qt-lib.sh
+. packaging/windows/qt-lib.sh
+# shellcheck source=packaging/windows/wine-lib.sh
+. packaging/windows/wine-lib.sh
 
 wanted=" $* "
 programs=$PWD/build/windows/tests
@@ -35,10 +40,10 @@ run() {
     "${as_user[@]}" timeout 600 wine "$@" >"$log" 2>&1 </dev/null
 }
 
-# unit_tests NAME PROGRAM: it runs all of its tests at once, since to start a program takes longer than most of them.
+# unit_tests NAME PROGRAM [OPTION...]: it runs all of its tests at once, since to start a program takes longer than most of them.
 unit_tests() {
     local name=$1 log=build/windows/$1.log good bad
-    run "$log" "$2" --gtest_brief=1 || true
+    run "$log" "$2" --gtest_brief=1 "${@:3}" || true
     good=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\.\r\{0,1\}$/\1/p' "$log")
     bad=$(grep -c '^\[  FAILED  \] .* ms)' "$log" || true)
     if [ -z "$good" ]; then # it ended in the middle
@@ -89,6 +94,38 @@ tool() {
     fi
 }
 
+# Wine begins anew on a display as large as the larger screen that these tests have on Linux, with fonts like those of Windows.
+set_desktop() {
+    local place=$WINEPREFIX/display
+    "${as_user[@]}" wineserver -k || true
+    mkdir "$place"
+    four_faces >"$place/fonts.conf"
+    windows_10 >"$place/windows-10.reg"
+    start_display "$place" 2560x1920
+    chown --reference="$WINEPREFIX" "$place" "$XAUTHORITY"
+    # shellcheck disable=SC2016 # those are the script's
+    printf '#!/bin/bash\n"${@:2}" >"$1.new" && mv "$1.new" "$1"\n' >"$place/ask.sh"
+    chmod 755 "$place/ask.sh"
+    export FONTCONFIG_FILE=$place/fonts.conf VELLUTO_POPPLER
+    VELLUTO_POPPLER=$(windows_path "$place/ask.sh")
+    "${as_user[@]}" wine regedit /S "$(windows_path "$place/windows-10.reg")" >>build/windows/wineboot.log 2>&1
+}
+
+desktop_tests() {
+    local folder=build/windows-desktop-tests/tests/desktop
+    if ! qt_kept; then
+        say "desktop_tests: left out; packaging/windows/build.sh has made no Qt for Windows"
+        [ "$wanted" = "  " ] || failed=$((failed + 1))
+        return 0
+    fi
+    install_packages "${windows_setup_packages[@]}" "${windows_trial_packages[@]}" "${test_packages[@]}"
+    build_over_qt windows-desktop-tests desktop_tests
+    put_libraries "$folder"
+    put "$qt_folder/bin/Qt6Test.dll" "$folder"
+    set_desktop
+    unit_tests desktop_tests "$folder/desktop_tests.exe" --gtest_brief=0 # a test that hangs is named in the log
+}
+
 # What the fuzzers have kept, and the samples.
 corpus() {
     local name=$1 log=build/windows/$1.log folder=build/windows/corpus/$1
@@ -105,9 +142,10 @@ corpus() {
     fi
 }
 
+trap '"${as_user[@]}" wineserver -k 2>/dev/null || true; end_processes "${started_pids[@]}"; rm -rf "$WINEPREFIX"' EXIT # the server is this prefix's own
 install_packages "${build_packages[@]}" "${windows_packages[@]}"
-build windows
-trap '"${as_user[@]}" wineserver -k || true; rm -rf "$WINEPREFIX"' EXIT # the server is this prefix's own
+mkdir -p build/windows
+[ "$wanted" = " desktop_tests " ] || build windows
 "${as_user[@]}" wineboot --init >build/windows/wineboot.log 2>&1 || { cat build/windows/wineboot.log >&2 && exit 1; }
 # As on Windows a dot at the front of a name hides nothing.
 "${as_user[@]}" wine reg add 'HKCU\Software\Wine' /v ShowDotFiles /d Y /f >>build/windows/wineboot.log 2>&1
@@ -129,5 +167,8 @@ for program in "$programs"/fuzz/fuzz_*.exe; do
         corpus "$name"
     fi
 done
+if asked_for desktop_tests; then
+    desktop_tests
+fi
 say "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

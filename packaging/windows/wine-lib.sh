@@ -21,6 +21,14 @@ windows_10() {
     done
 }
 
+# Fontconfig's settings for Wine, which takes the lightest face of a family for its regular one: no faces but the four of each family of
+# Windows'.
+four_faces() {
+    printf '<?xml version="1.0"?>\n<!DOCTYPE fontconfig SYSTEM "urn:fontconfig:fonts.dtd">\n<fontconfig><dir>/usr/share/fonts</dir><selectfont>'
+    printf '<rejectfont><glob>*/OpenSans-%s*</glob></rejectfont>' Light Cond Semibold Extra
+    printf '</selectfont></fontconfig>\n'
+}
+
 wine_log=
 # set_wine NAME PICTURES: a stage as the system tests have it, and on it a Windows 10 that nobody has used yet.
 set_wine() {

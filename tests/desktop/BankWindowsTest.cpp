@@ -194,7 +194,7 @@ TEST_F(BankWindowsTest, AnOverviewOfStylesShowsAllItsRowsOnAScreenOf1280Pixels)
 TEST_F(BankWindowsTest, AnOverviewThatIsMaximisedInASmallFrameScrollsAndCutsNoRow)
 {
     frmStyUserAll &window = StyleOverview();
-    app.frame.place = Place{0, 0, 9000, 4500};
+    app.frame.place = Place{0, 0, 9000, 3750};
     app.children.Maximise(window);
     Settle();
     const ListView &list = List(window, "List1(1)");

@@ -8,6 +8,15 @@ namespace velluto::test {
 
 namespace {
 
+// What is left of two names. In one of Windows' there is more that cannot be.
+#ifdef _WIN32
+constexpr auto kPasted = "Liscio  n. 12 \u00e8 l\u00ec";
+constexpr auto kTyped = "Sera 12 il meglio ";
+#else
+constexpr auto kPasted = "Liscio  n. 12: \u00e8 l\u00ec";
+constexpr auto kTyped = "Sera 12: \"il *meglio*?\" <\\>|";
+#endif
+
 class CompilationNameTest : public PlayerDesk {
 protected:
     QLineEdit &Field() { return Of<QLineEdit>(Form().Text2); }
@@ -33,7 +42,7 @@ TEST_F(CompilationNameTest, TakesNoSlashAndNoControlCharacter)
     EXPECT_EQ(Field().text(), FromUtf8(Form().Text2.text.Get()));
     Field().selectAll();
     Paste(QString::fromUtf8("L/iscio \u0001 n.\u0085 1/2: \u00e8 l\u00ec"));
-    EXPECT_EQ(Form().Text2.text.Get(), "Liscio  n. 12: \u00e8 l\u00ec");
+    EXPECT_EQ(Form().Text2.text.Get(), kPasted);
 }
 
 TEST_F(CompilationNameTest, KeepsTheCaretBehindWhatWasPasted)
@@ -63,8 +72,9 @@ TEST_F(CompilationNameTest, IsSavedUnderWhateverCouldBeTyped)
     Begin();
     QTest::keyClicks(&Field(), QStringLiteral("Sera 1/2: \"il *meglio*?\" <\\>|"));
     Click(Form().CommAddAll);
+    EXPECT_EQ(Form().Text2.text.Get(), kTyped);
     app.children.Unload(Form());
-    EXPECT_TRUE(std::filesystem::exists(folder->At("c-Sera 12: \"il *meglio*?\" <\\>|.cmp")));
+    EXPECT_TRUE(std::filesystem::exists(PathOfUtf8(folder->At(std::string("c-") + kTyped + ".cmp"))));
 }
 
 } // namespace

@@ -5,11 +5,17 @@ namespace velluto::test {
 
 namespace {
 
-constexpr quint32 kZ = 52; // as X11 and Wayland count the keys of an English keyboard
-constexpr quint32 kX = 53;
-constexpr quint32 kComma = 59;
-constexpr quint32 kQ = 24;
-constexpr quint32 kEscape = 9;
+// As Windows counts the keys of an English keyboard; X11 and Wayland begin at 8.
+#ifdef _WIN32
+constexpr quint32 kFirst = 0;
+#else
+constexpr quint32 kFirst = 8;
+#endif
+constexpr quint32 kZ = kFirst + 44;
+constexpr quint32 kX = kFirst + 45;
+constexpr quint32 kComma = kFirst + 51;
+constexpr quint32 kQ = kFirst + 16;
+constexpr quint32 kEscape = kFirst + 1;
 
 class LetterKeysTest : public KeyboardDesk {
 protected:

@@ -1,17 +1,22 @@
 // The printer without a printer: a PDF file where the user wants it, looked at with poppler's tools.
 #include "desktop/QtPrinter.h"
+#include "desktop/QtText.h"
 #include "standin/StandinFace.h"
 #include "unit/support/ListWindows.h"
 #include "unit/support/TestProgram.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTest>
 
+#include <gtest/gtest.h>
+
+#ifndef _WIN32
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
-
-#include <gtest/gtest.h>
+#endif
 
 namespace velluto::test {
 
@@ -50,19 +55,45 @@ protected:
         }
         return printer.EndDoc().number;
     }
-    // What poppler's tool says; nothing where it fails.
-    static QString Told(const char *tool, const QStringList &words)
+    // What poppler's tool says of a file in the folder; nothing where it fails.
+    [[nodiscard]] QString Told(const char *tool, const QStringList &words) const
     {
+#ifdef _WIN32
+        // Under Wine it is a program of Linux's, of which one of Windows' hears neither words nor end: VELLUTO_POPPLER names a script that
+        // leaves the words in a file once all are there.
+        const QString answer = FromUtf8(folder.At("answer"));
+        EXPECT_TRUE(QProcess::startDetached(qEnvironmentVariable("VELLUTO_POPPLER"),
+                                            QStringList{QStringLiteral("answer"), QString::fromLatin1(tool)} + words,
+                                            FromUtf8(folder.Path())));
+        EXPECT_TRUE(QTest::qWaitFor([&answer] { return QFile::exists(answer); })) << tool;
+        QFile file(answer);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << tool;
+        const QString said = QString::fromUtf8(file.readAll());
+        EXPECT_TRUE(file.remove());
+        return said;
+#else
         QProcess process;
+        process.setWorkingDirectory(FromUtf8(folder.Path()));
         process.start(QString::fromLatin1(tool), words);
         EXPECT_TRUE(process.waitForFinished()) << tool;
         EXPECT_EQ(process.exitCode(), 0) << tool;
         return QString::fromUtf8(process.readAllStandardOutput());
+#endif
+    }
+    // The words of a file with their places, in points.
+    [[nodiscard]] QString BoxesIn(const QString &name) const
+    {
+        return Told("pdftotext", {QStringLiteral("-bbox"), name, QStringLiteral("-")});
+    }
+    // The upper edge of the first word.
+    static double TopIn(const QString &boxes)
+    {
+        return QRegularExpression(QStringLiteral("<word .*yMin=\"([0-9.]+)\"")).match(boxes).captured(1).toDouble();
     }
     // The lines of a file on a grid of the font's cells, as far as they go.
-    static std::vector<std::string> LinesOf(const std::string &path)
+    [[nodiscard]] std::vector<std::string> LinesOf(const QString &name) const
     {
-        const QString text = Told("pdftotext", {"-fixed", "6.6", QString::fromStdString(path), "-"});
+        const QString text = Told("pdftotext", {"-fixed", "6.6", name, "-"});
         std::vector<std::string> lines;
         for (const QString &line : text.split(QLatin1Char('\n'))) {
             lines.push_back(line.toStdString());
@@ -97,25 +128,36 @@ TEST_F(PrinterTest, ALineOf84CharactersFitsOnThePaperAndReadsBack)
     Choose(folder.At("wide.pdf"));
     EXPECT_EQ(Document({line, "second"}), 0);
     // The left edge is three cells and a bit from the paper's.
-    EXPECT_EQ(LinesOf(folder.At("wide.pdf")), (std::vector<std::string>{"   " + line, "   second"}));
+    EXPECT_EQ(LinesOf(QStringLiteral("wide.pdf")), (std::vector<std::string>{"   " + line, "   second"}));
 }
 
 TEST_F(PrinterTest, TextStandsWhereItWasPut)
 {
     Choose(folder.At("place.pdf"));
     EXPECT_EQ(Document({"corner"}), 0);
-    const QString boxes = Told("pdftotext", {QStringLiteral("-bbox"), QString::fromStdString(folder.At("place.pdf")), QStringLiteral("-")});
+    const QString boxes = BoxesIn(QStringLiteral("place.pdf"));
     // 453 and 1134 twentieths of a point.
     EXPECT_TRUE(boxes.contains(QStringLiteral("<word xMin=\"22.65"))) << boxes.toStdString();
+#ifndef _WIN32 // where Qt tells of the font that its letters are less high than they are
     EXPECT_TRUE(boxes.contains(QStringLiteral("yMin=\"56.7")) || boxes.contains(QStringLiteral("yMin=\"56.69"))) << boxes.toStdString();
+#endif
     EXPECT_TRUE(boxes.contains(QStringLiteral(">corner<"))) << boxes.toStdString();
+
+    Choose(folder.At("top.pdf"));
+    printer.CurrentX(0);
+    printer.CurrentY(0);
+    ASSERT_FALSE(printer.Print("corner").Failed());
+    ASSERT_FALSE(printer.EndDoc().Failed());
+    const QString atTop = BoxesIn(QStringLiteral("top.pdf"));
+    EXPECT_TRUE(atTop.contains(QStringLiteral("<word xMin=\"0.0"))) << atTop.toStdString();
+    EXPECT_NEAR(TopIn(boxes) - TopIn(atTop), kTop / 20.0, 0.1);
 }
 
 TEST_F(PrinterTest, TheFontIsFixedBoldAndInTheFile)
 {
     Choose(folder.At("font.pdf"));
     EXPECT_EQ(Document({"iiii", "WWWW"}), 0);
-    const QString fonts = Told("pdffonts", {QString::fromStdString(folder.At("font.pdf"))});
+    const QString fonts = Told("pdffonts", {QStringLiteral("font.pdf")});
     EXPECT_TRUE(fonts.contains(QStringLiteral("Bold"))) << fonts.toStdString();
     EXPECT_TRUE(fonts.contains(QStringLiteral("Mono")) || fonts.contains(QStringLiteral("Courier"))) << fonts.toStdString();
     EXPECT_TRUE(fonts.contains(QStringLiteral("yes"))) << fonts.toStdString();
@@ -140,12 +182,12 @@ TEST_F(PrinterTest, ZerosAreBlanksAndOtherLettersStayInTheirCells)
 {
     Choose(folder.At("cells.pdf"));
     EXPECT_EQ(Document({std::string("a\0\0b|", 5), "Perch\u00E9 \u20AC \u201Cq\u201D|", "\u65E5\u672C|"}), 0);
-    const std::vector<std::string> lines = LinesOf(folder.At("cells.pdf"));
+    const std::vector<std::string> lines = LinesOf(QStringLiteral("cells.pdf"));
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[0], "   a  b|");
     EXPECT_EQ(lines[1], "   Perch\u00E9 \u20AC \u201Cq\u201D|");
     // Whatever font the two letters come from: the bar stands behind two cells.
-    const QString boxes = Told("pdftotext", {QStringLiteral("-bbox"), QString::fromStdString(folder.At("cells.pdf")), QStringLiteral("-")});
+    const QString boxes = BoxesIn(QStringLiteral("cells.pdf"));
     EXPECT_TRUE(boxes.contains(QStringLiteral("xMin=\"35.8")) || boxes.contains(QStringLiteral("xMax=\"42."))) << boxes.toStdString();
 }
 
@@ -164,7 +206,7 @@ TEST_F(PrinterTest, TheUserIsAskedOnceADocumentWithTheFilesName)
     EXPECT_EQ(dialog.proposed, "Bank.01.pdf");
     EXPECT_EQ(dialog.filter, "PDF (*.pdf)|*.pdf|");
     EXPECT_EQ(dialog.extension, "pdf");
-    const QString info = Told("pdfinfo", {QString::fromStdString(folder.At("a.pdf"))});
+    const QString info = Told("pdfinfo", {QStringLiteral("a.pdf")});
     EXPECT_TRUE(info.contains(QStringLiteral("Bank.01"))) << info.toStdString();
     EXPECT_TRUE(info.contains(QRegularExpression(QStringLiteral("Pages:\\s+1\n")))) << info.toStdString();
 }
@@ -186,9 +228,10 @@ TEST_F(PrinterTest, AFileThatCannotBeWrittenIsAnErrorAndTheNextDocumentIsFresh)
     EXPECT_EQ(Document({"lost"}), PrinterError::kPrinter);
     Choose(folder.At("b.pdf"));
     EXPECT_EQ(Document({"kept"}), 0);
-    EXPECT_EQ(LinesOf(folder.At("b.pdf")), std::vector<std::string>{"   kept"});
+    EXPECT_EQ(LinesOf(QStringLiteral("b.pdf")), std::vector<std::string>{"   kept"});
 }
 
+#ifndef _WIN32 // whose folders hold no pipes, and which sets no limit to a file
 TEST_F(PrinterTest, WhatIsNoFileIsNeverReplaced)
 {
     const std::string pipe = folder.At("pipe.pdf");
@@ -234,6 +277,7 @@ TEST_F(PrinterTest, AFullDiskLeavesTheOlderFileAsItWas)
     EXPECT_EQ(ReadBytes(folder.At("a.pdf")), older);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
+#endif
 
 TEST_F(PrinterTest, AnOlderFileIsReplacedWhole)
 {
@@ -241,7 +285,7 @@ TEST_F(PrinterTest, AnOlderFileIsReplacedWhole)
     Choose(folder.At("a.pdf"));
     EXPECT_EQ(Document({"new"}), 0);
     EXPECT_LT(std::filesystem::file_size(folder.At("a.pdf")), 100000U);
-    EXPECT_EQ(LinesOf(folder.At("a.pdf")), std::vector<std::string>{"   new"});
+    EXPECT_EQ(LinesOf(QStringLiteral("a.pdf")), std::vector<std::string>{"   new"});
 }
 
 TEST_F(PrinterTest, ADocumentWithoutLinesAsksNothing)
