@@ -162,12 +162,6 @@ build_over_qt() {
     VELLUTO_QT=$qt_folder VELLUTO_QT_TOOLS=$tools build "$@"
 }
 
-# build_over_qt PRESET TARGET...: over the Qt in qt_folder. Where that is another one than last time, what was found of that is not asked again.
-build_over_qt() {
-    grep -qsx "VELLUTO_QT:[A-Z]*=$qt_folder" "build/$1/CMakeCache.txt" || rm -rf "build/$1"
-    VELLUTO_QT=$qt_folder build "$@"
-}
-
 # put FROM... TO: copies that anyone may read, and nobody need run.
 put() {
     mkdir -p "${*: -1}"

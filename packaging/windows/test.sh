@@ -18,19 +18,34 @@ programs=$PWD/build/windows/tests
 WINEPREFIX=$(mktemp -d)
 export WINEPREFIX WINEDEBUG=-all
 # No question about what a new prefix has no need of; and a winmm.dll that lies beside a program is the one that it gets.
-export WINEDLLOVERRIDES="mscoree,mshtml=;winmm=n,b"
+export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=;winmm=n,b"
 unset DISPLAY
 # Not as root, who may write to what is read-only.
 as_user=()
 if [ "$(id -u)" -eq 0 ]; then
     as_user=(setpriv --reuid=65534 --regid=65534 --clear-groups env HOME="$WINEPREFIX")
     chown 65534:65534 "$WINEPREFIX"
+    if ! "${as_user[@]}" test -r data/samples/Full-64.pcg; then
+        rmdir "$WINEPREFIX"
+        complain "Run as root the tests are those of the user nobody, who may not read $PWD: put the project where he may"
+        exit 1
+    fi
 fi
 passed=0
 failed=0
+skipped=0
 
+# asked_for NAME: what was run is no longer among the names that are left.
+left=$wanted
 asked_for() {
+    left=${left// $1 / }
     [ "$wanted" = "  " ] || [[ $wanted == *" $1 "* ]]
+}
+
+# The programs of the build whose paths below tests/ match: not those that earlier builds have left.
+built() {
+    [ ! -f build/windows/build.ninja ] ||
+        ninja -C build/windows -t targets all | sed -n "s|^tests/\($1\)\.exe:.*|$programs/\1.exe|p" | sort
 }
 
 # run LOG COMMAND...: what it says goes to the log. False where it fails or takes longer than ten minutes.
@@ -42,18 +57,20 @@ run() {
 
 # unit_tests NAME PROGRAM [OPTION...]: it runs all of its tests at once, since to start a program takes longer than most of them.
 unit_tests() {
-    local name=$1 log=build/windows/$1.log good bad
-    run "$log" "$2" --gtest_brief=1 "${@:3}" || true
+    local name=$1 log=build/windows/$1.log good bad out ended_well=true
+    run "$log" "$2" --gtest_brief=1 "${@:3}" || ended_well=false
     good=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\.\r\{0,1\}$/\1/p' "$log")
     bad=$(grep -c '^\[  FAILED  \] .* ms)' "$log" || true)
-    if [ -z "$good" ]; then # it ended in the middle
-        good=0
+    out=$(sed -n 's/^\[  SKIPPED \] \([0-9]*\) tests\{0,1\}[.,].*$/\1/p' "$log")
+    if [ -z "$good" ] || { [ "$bad" -eq 0 ] && ! $ended_well; }; then # it ended in the middle, or badly
+        good=${good:-0}
         bad=$((bad + 1))
     fi
     [ "$bad" -eq 0 ] || tail -n 200 "$log"
     passed=$((passed + good))
     failed=$((failed + bad))
-    say "$name: $good passed, $bad failed"
+    skipped=$((skipped + ${out:-0}))
+    say "$name: $good passed, $bad failed${out:+, $out skipped}"
 }
 
 scenarios() {
@@ -149,7 +166,7 @@ mkdir -p build/windows
 "${as_user[@]}" wineboot --init >build/windows/wineboot.log 2>&1 || { cat build/windows/wineboot.log >&2 && exit 1; }
 # As on Windows a dot at the front of a name hides nothing.
 "${as_user[@]}" wine reg add 'HKCU\Software\Wine' /v ShowDotFiles /d Y /f >>build/windows/wineboot.log 2>&1
-for program in "$programs"/unit_*.exe "$programs"/winmm/unit_*.exe; do
+for program in $(built '\(winmm/\)\{0,1\}unit_[a-z_]*'); do
     name=$(basename "$program" .exe)
     if asked_for "$name"; then
         unit_tests "$name" "$program"
@@ -161,7 +178,7 @@ fi
 if asked_for tool; then
     tool
 fi
-for program in "$programs"/fuzz/fuzz_*.exe; do
+for program in $(built 'fuzz/fuzz_[a-z_]*'); do
     name=$(basename "$program" .exe)
     if asked_for "$name"; then
         corpus "$name"
@@ -170,5 +187,10 @@ done
 if asked_for desktop_tests; then
     desktop_tests
 fi
+if [ -n "${left// /}" ]; then
+    complain "there is no such program:$left"
+    failed=$((failed + 1))
+fi
+[ "$skipped" -eq 0 ] || say "$skipped skipped"
 say "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]
