@@ -49,7 +49,7 @@ RuntimeError ReadImage(RandomAccessFile &file, FileImage &image)
     try {
         SharedBytes bytes;
         const RuntimeError error = ReadWhole(file, {kLongestImage, kOutOfMemory}, bytes);
-        image = error.Failed() ? image : FileImage(std::move(bytes));
+        image = error.Failed() ? image : FileImage(bytes);
         return error;
     } catch (const std::bad_alloc &) {
         return kOutOfMemory;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 #include <set>
-#include <utility>
 
 namespace velluto {
 
@@ -96,7 +95,7 @@ FileImage FileImage::Thrifty() const
     for (const Piece &piece : pieces_) {
         to = std::ranges::copy(piece.Bytes(), to).out;
     }
-    return FileImage(std::move(own));
+    return FileImage(own);
 }
 
 std::string ImageView::Text(std::size_t offset, std::size_t length) const

@@ -18,7 +18,7 @@ class ImageView;
 class FileImage {
 public:
     FileImage() = default;
-    explicit FileImage(SharedBytes block) { Quote(block, 0, block.size()); }
+    explicit FileImage(const SharedBytes &block) { Quote(block, 0, block.size()); }
     explicit FileImage(std::span<const std::uint8_t> bytes) : FileImage(SharedBytes(bytes)) {}
 
     [[nodiscard]] std::size_t size() const { return pieces_.empty() ? 0 : pieces_.back().end; }

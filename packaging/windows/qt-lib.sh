@@ -58,19 +58,16 @@ qt_source() {
     qt_dsc=$(qt_description)
 }
 
-# qt_unpack FOLDER: the sources as Debian builds them, but for the one platform plug-in that no switch leaves out. All have one time: what is
-# packed into a library tells it.
+# qt_unpack FOLDER: the sources as Debian builds them, but for the one platform plug-in that no switch leaves out.
 qt_unpack() {
-    local time
     rm -rf "$1" "$1.new"
     dpkg-source --no-check --no-copy -x "$qt_dsc" "$1.new"
     sed -i 's/^    add_subdirectory(minimal)$//' "$1.new/src/plugins/platforms/CMakeLists.txt"
-    time=$(dpkg-parsechangelog --file "$1.new/debian/changelog" --show-field Timestamp)
-    find "$1.new" -exec touch -h -d "@$time" {} +
     mv "$1.new" "$1"
 }
 
-# qt_configure SOURCE BUILD. No path and no time of this build is in what comes of it.
+# qt_configure SOURCE BUILD. No path and no time of this build is in what comes of it: what CMake packs into a library has its time, what Qt's
+# own script packs has none.
 qt_configure() {
     local features=() flags="-ffile-prefix-map=$1=qtbase -ffile-prefix-map=$2=qtbase-build" name
     for name in "${qt_off[@]}"; do
@@ -83,6 +80,7 @@ qt_configure() {
         -DCMAKE_INSTALL_PREFIX=/qt -DCMAKE_MESSAGE_LOG_LEVEL=STATUS -DBUILD_SHARED_LIBS=ON \
         -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -qDEB_BUILD_MULTIARCH)/cmake" \
         -DQT_QMAKE_TARGET_MKSPEC=win32-g++ -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no "${features[@]}" \
+        -DQT_AVOID_CMAKE_ARCHIVING_API=ON \
         -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_EXE_LINKER_FLAGS= \
         -DCMAKE_SHARED_LINKER_FLAGS="-Wl,--no-insert-timestamp" -DCMAKE_MODULE_LINKER_FLAGS="-Wl,--no-insert-timestamp"
 }

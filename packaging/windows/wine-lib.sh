@@ -38,6 +38,8 @@ set_wine() {
     # No question about what a new one has no need of, none of this machine's own menus, and the winmm.dll that lies beside a program.
     export WINEPREFIX=$stage/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=;winmm=n,b"
     wine_log=$stage/wine.log
+    four_faces >"$stage/fonts.conf"
+    export FONTCONFIG_FILE=$stage/fonts.conf
     wineboot --init >"$wine_log" 2>&1
     windows_10 >"$stage/windows-10.reg"
     wine regedit /S "$(windows_path "$stage/windows-10.reg")" >>"$wine_log" 2>&1
