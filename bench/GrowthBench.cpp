@@ -259,13 +259,14 @@ BENCHMARK(FindInFolders)->Apply(Times);
 BENCHMARK(ImportSounds)->Apply(Times);
 
 // A quarter more than linear for memory that no longer fits the caches; another tenth where names are sorted.
+constexpr double kConstant = 1.5; // no body is copied
 constexpr double kLinear = 4 * 1.25;
 constexpr double kSorted = kLinear * 1.1;
 
 const std::vector<Limit> kLimits = {
     {"Opening and listing Styles of 15 MiB beside 3.75 MiB", "OpenStyles/16", "OpenStyles/4", kLinear},
-    {"Paste of fourteen Styles that makes 15 MiB beside 3.75 MiB", "PasteStyles/16", "PasteStyles/4", kLinear},
-    {"Cut of one Style from 15 MiB beside 3.75 MiB", "CutStyle/16", "CutStyle/4", kLinear},
+    {"Paste of fourteen Styles that makes 15 MiB beside 3.75 MiB", "PasteStyles/16", "PasteStyles/4", kConstant},
+    {"Cut of one Style from 15 MiB beside 3.75 MiB", "CutStyle/16", "CutStyle/4", kConstant},
     {"Reading a song of 1,000,000 events beside 250,000", "ReadSong/16", "ReadSong/4", kLinear},
     {"Opening a compilation of 10,000 files beside 2,500", "OpenCompilation/16", "OpenCompilation/4", kLinear},
     {"Opening a folder of 100,000 files beside 25,000", "OpenSongFolder/16", "OpenSongFolder/4", kSorted},
