@@ -3,6 +3,7 @@
 
 #include "platform/kept/Disk.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
