@@ -258,7 +258,8 @@ BENCHMARK(ListFolders)->Apply(Times);
 BENCHMARK(FindInFolders)->Apply(Times);
 BENCHMARK(ImportSounds)->Apply(Times);
 
-// A quarter more than linear for memory that no longer fits the caches; another tenth where names are sorted.
+// A quarter more than linear for memory that no longer fits the caches; another tenth where names are sorted, or looked up by the system,
+// whose own table of them outgrows the caches as well.
 constexpr double kConstant = 1.5; // no body is copied
 constexpr double kLinear = 4 * 1.25;
 constexpr double kSorted = kLinear * 1.1;
@@ -268,7 +269,7 @@ const std::vector<Limit> kLimits = {
     {"Paste of fourteen Styles that makes 15 MiB beside 3.75 MiB", "PasteStyles/16", "PasteStyles/4", kConstant},
     {"Cut of one Style from 15 MiB beside 3.75 MiB", "CutStyle/16", "CutStyle/4", kConstant},
     {"Reading a song of 1,000,000 events beside 250,000", "ReadSong/16", "ReadSong/4", kLinear},
-    {"Opening a compilation of 10,000 files beside 2,500", "OpenCompilation/16", "OpenCompilation/4", kLinear},
+    {"Opening a compilation of 10,000 files beside 2,500", "OpenCompilation/16", "OpenCompilation/4", kSorted},
     {"Opening a folder of 100,000 files beside 25,000", "OpenSongFolder/16", "OpenSongFolder/4", kSorted},
     {"velluto-tool list of 8,000 files beside 2,000", "ListFolders/16", "ListFolders/4", kSorted},
     {"velluto-tool find in 8,000 files beside 2,000", "FindInFolders/16", "FindInFolders/4", kSorted},

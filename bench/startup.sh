@@ -13,7 +13,7 @@ cd "$root"
 install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}" vmpk python3-xlib
 # shellcheck source=tests/system/gui-lib.sh
 . tests/system/gui-lib.sh
-runs=${1-11}
+runs=${1-31}
 screen_width=1280
 screen_height=800
 failures=0
@@ -44,7 +44,10 @@ start() {
 start_ours() { start "Velluto v 1.1 - Velluto" "$root/build/release/velluto"; }
 start_theirs() { start "Virtual MIDI Piano" vmpk; }
 start_bare() { start "Bare frame" "$root/build/bench/bench/bench_bare_frame"; }
-middle() { sort -n "$1" | sed -n "$((runs / 2 + 1))p"; }
+# What else the machine does only makes a start longer: of each program the mean of its faster half counts, and the memory of its middle one.
+usual() {
+    sort -n "$1" | awk -v half="$(((runs + 1) / 2))" 'NR <= half { sum += $1 } NR == half { printf "%.1f %d\n", sum / half, $2 }'
+}
 
 # beside WHAT FILE MOST-TIME MOST-MEMORY: ours beside another's, as times of it.
 beside() {
@@ -52,7 +55,7 @@ beside() {
         printf "%-62s %6.2f times %4.2f times%s\n", "Start to first painted frame beside " what " (" a " and " $1 " ms)", a / $1, t, a / $1 <= t ? "" : "  OVER"
         printf "%-62s %6.2f times %4.2f times%s\n", "Own resident memory beside " what " (" int(c / 1024) " and " int($2 / 1024) " MiB)", c / $2, m, c / $2 <= m ? "" : "  OVER"
         exit a / $1 <= t && c / $2 <= m ? 0 : 1
-    }' < <(middle "$2") || failures=1
+    }' < <(usual "$2") || failures=1
 }
 
 # In turn, so that all meet the same machine; the first starts only warm it.
@@ -64,7 +67,7 @@ for ((run = 0; run < runs; run++)); do
     start_theirs >>"$stage/theirs"
     start_bare >>"$stage/bare"
 done
-read -r ours_ms ours_kib < <(middle "$stage/ours")
+read -r ours_ms ours_kib < <(usual "$stage/ours")
 beside vmpk "$stage/theirs" 0.50 1.00
 beside "a bare frame" "$stage/bare" 1.15 1.15
 exit "$failures"
