@@ -26,6 +26,11 @@ namespace velluto {
 
 namespace {
 
+std::string DevicesPath(MachineFiles &files)
+{
+    return files.CurrentFolder() + "/Velluto-devices.txt";
+}
+
 void OpenFile(Velluto &program, const std::string &path)
 {
     const Argument what = KindOf(path);
@@ -90,8 +95,7 @@ int Run(HandOverInbox &handedOver, std::shared_ptr<MidiSystems> systems, const s
     QtClock clock;
     QtFace face;
     const MachineMusic music = MakeMachineMusic(
-        files, [&face](std::function<void()> call) { face.Post(std::move(call)); }, files.CurrentFolder() + "/Velluto-devices.txt",
-        std::move(systems));
+        files, [&face](std::function<void()> call) { face.Post(std::move(call)); }, DevicesPath(files), std::move(systems));
     QtPrinter printer(face);
     MachineFolders folders;
     QtTicks ticks(face.Gate());
@@ -146,7 +150,9 @@ int main(int argc, char **argv)
     qputenv("JACK_NO_START_SERVER", "1");
     velluto::SetLocale(); // while there is no other thread yet
     // Both go on while Qt connects to the display.
-    std::shared_ptr<velluto::MidiSystems> systems = velluto::LookForMidiSystems();
+    velluto::MachineFiles files;
+    std::shared_ptr<velluto::MidiSystems> systems =
+        velluto::LookForMidiSystems(velluto::ReadKnownDevices(files, velluto::DevicesPath(files)));
     const std::future<void> fonts = velluto::ReadFontsAhead();
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("velluto"));

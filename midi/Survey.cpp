@@ -52,6 +52,7 @@ void SurveyMidiDevices(MidiState &midi, const std::function<void()> &loadFrame)
     midi.MidiOutOpen = false;
     midi.SendArmed = true;
 
+    app.ports.midi.Expect(app.settings.MidiOutDev, app.settings.MidiInDev);
     midi.MidiOutCount = std::min(app.ports.midi.midiOutGetNumDevs(), kMaxMidiDevices);
     if (midi.MidiOutCount <= 0) {
         app.messages.ShowMessage(MessageNo::OutputDeviceMissing, kProgramTitle, {});

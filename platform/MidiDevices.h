@@ -48,6 +48,9 @@ class MidiDevices {
 public:
     virtual ~MidiDevices() = default;
 
+    // Which numbers will be opened at the start, before the first count. That may then be of the devices of the last run alone, where these
+    // are all there and one of them has the number; CountAgain has all.
+    virtual void Expect(int /*out*/, int /*in*/) {}
     virtual int midiOutGetNumDevs() = 0;
     virtual int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) = 0;
     virtual int midiOutOpen(MidiHandle &handle, int number) = 0;

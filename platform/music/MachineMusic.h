@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/MidiDevices.h"
+#include "platform/music/KnownDevices.h"
 #include "platform/music/MachineSequencer.h"
 
 #include <memory>
@@ -17,9 +18,9 @@ struct MachineMusic {
 };
 
 // The machine's MIDI systems. Where a look for one takes its time, it begins here on another thread, and the first count of the devices
-// waits for it.
+// waits for it. Where a system has all devices that are known of it, the look ends there.
 struct MidiSystems;
-std::shared_ptr<MidiSystems> LookForMidiSystems();
+std::shared_ptr<MidiSystems> LookForMidiSystems(const KnownDevices &known = {});
 
 // Quick: devices and ports are opened when they are asked for. The systems are the devices' from then on, and nobody else's.
 // The path is that of the file which keeps the numbers of the devices for the next run; without one they are not kept.

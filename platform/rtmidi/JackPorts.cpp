@@ -22,6 +22,8 @@ constexpr std::int64_t kMicroseconds = 1000000; // of a second
 // How late a message may be handed over and still come at its time. Added to one period, since the one that is running when
 // it is due has taken its messages already.
 constexpr std::int64_t kGraceParts = 500; // of a second: 2 ms
+// Microseconds. By so much a clock that is in order may have a period begin after the call for it: it is smoothed.
+constexpr std::int64_t kSmoothing = 100;
 constexpr auto kLongestDrain = 1000ms;
 constexpr auto kDrainLook = 500us;
 
@@ -39,7 +41,7 @@ jack_ringbuffer_t *MakeRing(std::size_t bytes)
 std::int64_t JackPeriod::Place(std::int64_t due) const
 {
     const std::int64_t length = kMicroseconds * frames / rate;
-    const std::int64_t begin = std::clamp(told, now - length, now);
+    const std::int64_t begin = told > now && told <= now + kSmoothing ? told : std::clamp(told, now - length, now);
     return (due - begin) * rate / kMicroseconds + frames + rate / kGraceParts;
 }
 

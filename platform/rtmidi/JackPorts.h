@@ -11,7 +11,8 @@
 namespace velluto {
 
 // A period that runs, in microseconds of JACK's clock. Where the server could not keep one, its own word for when it began is off by up
-// to half a second for a while, ahead or behind: it is taken as no later than now and no earlier than one period ago.
+// to half a second for a while, ahead or behind: it is taken as no later than now and no earlier than one period ago. One that is ahead by
+// less than a listener can tell is right: it is smoothed.
 struct JackPeriod {
     std::int64_t told = 0; // when it began, as the server has it
     std::int64_t now = 0;

@@ -42,6 +42,12 @@ std::vector<std::string> Take(const char **list)
     return names;
 }
 
+// As JACK has it, where an input is what others send to.
+unsigned long DirectionOf(PortKind kind)
+{
+    return kind == PortKind::Output ? JackPortIsInput : JackPortIsOutput;
+}
+
 // A connection made by its own end.
 template <typename Port, typename End>
 int Open(std::unique_ptr<Port> port, const std::string &other, std::unique_ptr<End> &end)
@@ -198,10 +204,20 @@ std::vector<std::string> JackSystem::Names(PortKind kind)
     if (client_ == nullptr || !alive_) {
         return {};
     }
-    const unsigned long direction = kind == PortKind::Output ? JackPortIsInput : JackPortIsOutput;
-    std::vector<std::string> names = Take(jack_get_ports(client_, nullptr, JACK_DEFAULT_MIDI_TYPE, direction));
+    std::vector<std::string> names = Take(jack_get_ports(client_, nullptr, JACK_DEFAULT_MIDI_TYPE, DirectionOf(kind)));
     std::erase_if(names, IsOwnPort);
     return names;
+}
+
+// A list goes through all the places that a server has for ports, and each of the first one's is a page that has to be mapped: 6 ms. A
+// name is found at its place, one of the first. By that name JACK finds a port also where it is an alias, which no list has.
+bool JackSystem::Has(PortKind kind, const std::string &name)
+{
+    const std::lock_guard lock(mutex_);
+    const jack_port_t *const port = client_ != nullptr && alive_ ? jack_port_by_name(client_, name.c_str()) : nullptr;
+    const auto is = [](const char *text, std::string_view wanted) { return text != nullptr && text == wanted; };
+    return port != nullptr && is(jack_port_name(port), name) && is(jack_port_type(port), JACK_DEFAULT_MIDI_TYPE) &&
+           (static_cast<unsigned long>(jack_port_flags(port)) & DirectionOf(kind)) != 0 && !IsOwnPort(name);
 }
 
 int JackSystem::OpenOutput(const std::string &name, std::unique_ptr<SystemOutput> &end)

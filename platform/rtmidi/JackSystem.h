@@ -21,6 +21,7 @@ public:
     bool Connect() override;
     bool Activate() override;
     std::vector<std::string> Names(PortKind kind) override;
+    bool Has(PortKind kind, const std::string &name) override;
     [[nodiscard]] bool TellsChanges() const override { return true; }
     int OpenOutput(const std::string &name, std::unique_ptr<SystemOutput> &end) override;
     int OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<SystemInput> &end) override;

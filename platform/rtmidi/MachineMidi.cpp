@@ -88,6 +88,16 @@ void MachineMidi::TellOutput() const
     outputChanged(openOuts_.empty() ? ListedPort() : outs_[static_cast<std::size_t>(openOuts_.back().number)]);
 }
 
+void MachineMidi::Expect(int out, int in)
+{
+    const auto isLost = [](std::span<const KnownDevice> known, int number) {
+        return number >= 0 && number < kNumbersKept && std::ranges::find(known, number, &KnownDevice::number) == known.end();
+    };
+    if (isLost(known_.outs, out) || isLost(known_.ins, in)) {
+        std::ranges::for_each(all_, &MidiPorts::ListAll);
+    }
+}
+
 int MachineMidi::midiOutGetNumDevs()
 {
     return CountOuts(all_);
@@ -102,6 +112,7 @@ std::optional<MidiDeviceCounts> MachineMidi::CountAgain()
 {
     std::vector<MidiPorts *> atHand = all_;
     std::erase_if(atHand, [](MidiPorts *system) { return !system->AtHand(); });
+    std::ranges::for_each(atHand, &MidiPorts::ListAll);
     return MidiDeviceCounts{CountOuts(atHand), CountIns(atHand)};
 }
 

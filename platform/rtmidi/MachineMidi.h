@@ -24,6 +24,7 @@ public:
 
     // Counting lists the ports. A device keeps its number for the whole run: a later count gives new ports numbers that are
     // free, and one that has gone cannot be opened (68).
+    void Expect(int out, int in) override;
     int midiOutGetNumDevs() override; // waits for systems that are being looked for
     int midiOutGetDevCapsA(int number, MidiDeviceCaps &caps) override;
     int midiOutOpen(MidiHandle &handle, int number) override;

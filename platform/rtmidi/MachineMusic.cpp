@@ -14,11 +14,32 @@
 
 namespace velluto {
 
+namespace {
+
+#ifdef __linux__
+// Those with a name as JACK gives it. ALSA's ends in numbers that are new each time.
+PortNames KnownToJack(const KnownDevices &known)
+{
+    const auto names = [](const std::vector<KnownDevice> &devices) {
+        std::vector<std::string> ofJack;
+        for (const KnownDevice &device : devices) {
+            if (device.name.find(':') != std::string::npos && LastingName(device.name) == device.name) {
+                ofJack.push_back(device.name);
+            }
+        }
+        return ofJack;
+    };
+    return {names(known.outs), names(known.ins)};
+}
+#endif
+
+} // namespace
+
 struct MidiSystems {
     std::vector<std::unique_ptr<SystemPorts>> all; // JACK's is ours and always there on Linux; others as far as RtMidi was built for them
 };
 
-std::shared_ptr<MidiSystems> LookForMidiSystems()
+std::shared_ptr<MidiSystems> LookForMidiSystems([[maybe_unused]] const KnownDevices &known)
 {
     std::vector<RtMidi::Api> compiled;
     RtMidi::getCompiledApi(compiled);
@@ -30,7 +51,10 @@ std::shared_ptr<MidiSystems> LookForMidiSystems()
     }
     systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<JackSystem>()));
     // A JACK server answers in its own time, some periods of it, in which the program has other things to do: it is the first to be asked.
-    std::for_each(systems->all.rbegin(), systems->all.rend(), [](const auto &system) { system->LookAhead(); });
+    systems->all.back()->LookAhead(KnownToJack(known));
+    if (systems->all.size() > 1) {
+        systems->all.front()->LookAhead();
+    }
 #else
     if (has(RtMidi::MACOSX_CORE)) {
         systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<ListedSystem>(RtMidi::MACOSX_CORE)));

@@ -48,6 +48,8 @@ public:
     virtual ~MidiPorts() = default;
     // Whether its ports can be listed at once. A system that is not there is looked for first, for a moment.
     virtual bool AtHand() { return true; }
+    // The next lists are whole, even where the ports that a look ahead was told of are all there.
+    virtual void ListAll() {}
     // What is there now, the program's own ports left out.
     virtual std::vector<std::string> Outputs() = 0;
     virtual std::vector<std::string> Inputs() = 0;

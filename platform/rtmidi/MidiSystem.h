@@ -43,6 +43,8 @@ public:
     virtual bool Activate() = 0;
     // The ports there are now, without the program's own. Any thread.
     virtual std::vector<std::string> Names(PortKind kind) = 0;
+    // Whether one of them has that name; false also where only a list could tell. Any thread.
+    virtual bool Has(PortKind /*kind*/, const std::string & /*name*/) { return false; }
     // True where the system calls `changed`; otherwise whoever wants to know has to look. May end, with a last call. Any thread.
     [[nodiscard]] virtual bool TellsChanges() const = 0;
 

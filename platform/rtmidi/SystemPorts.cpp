@@ -2,18 +2,32 @@
 
 #include "platform/MidiDevices.h"
 
+#include <algorithm>
+#include <exception>
+#include <utility>
+
 namespace velluto {
 
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kWait = 3000ms; // JACK takes a second to leave a dead server
-constexpr auto kMoment = 20ms; // nobody sees a menu come up later by that
+constexpr auto kWait = SystemPorts::kPatience; // JACK takes a second to leave a dead server
+constexpr auto kMoment = 20ms;                 // nobody sees a menu come up later by that
+
+bool AreAllThere(MidiSystem &system, const PortNames &known)
+{
+    const auto isThere = [&](PortKind kind) { return [&system, kind](const std::string &name) { return system.Has(kind, name); }; };
+    return !known.outputs.empty() && !known.inputs.empty() && std::ranges::all_of(known.outputs, isThere(PortKind::Output)) &&
+           std::ranges::all_of(known.inputs, isThere(PortKind::Input));
+}
 
 } // namespace
 
-SystemPorts::SystemPorts(std::unique_ptr<MidiSystem> system) : system_(std::move(system)), watch_(*system_) {}
+SystemPorts::SystemPorts(std::unique_ptr<MidiSystem> system, std::chrono::milliseconds patience)
+    : system_(std::move(system)), patience_(patience), watch_(*system_)
+{
+}
 
 SystemPorts::~SystemPorts()
 {
@@ -28,12 +42,17 @@ SystemPorts::~SystemPorts()
     retirement_.Wait(kWait);
 }
 
-void SystemPorts::LookAhead()
+void SystemPorts::LookAhead(PortNames known)
 {
-    const auto look = std::make_shared<std::packaged_task<void()>>([&system = *system_]() {
-        if (system.Connect()) {
-            static_cast<void>(system.Names(PortKind::Output)); // the first list of a server's ports takes longer than any later one
+    const auto look = std::make_shared<std::packaged_task<PortNames()>>([&system = *system_, known = std::move(known)]() -> PortNames {
+        if (!system.Connect()) {
+            return {};
         }
+        if (AreAllThere(system, known)) {
+            return known;
+        }
+        static_cast<void>(system.Names(PortKind::Output)); // the first list of a server's ports takes longer than any later one
+        return {};
     });
     lookedAhead_ = look->get_future();
     // Like an ending it may take for ever on a server that hangs, and must not hold the program's end.
@@ -49,13 +68,33 @@ bool SystemPorts::AtHand()
         }
         LookAhead();
     }
-    if (lookedAhead_.valid()) {
-        if (lookedAhead_.wait_for(kMoment) != std::future_status::ready) {
-            return false;
-        }
-        lookedAhead_ = {};
+    return EndLook(kMoment) && system_->Alive();
+}
+
+bool SystemPorts::EndLook(std::chrono::milliseconds limit)
+{
+    if (!lookedAhead_.valid()) {
+        return true;
     }
-    return system_->Alive();
+    if (lookedAhead_.wait_for(limit) != std::future_status::ready) {
+        return false;
+    }
+    isLate_ = false;
+    try {
+        first_ = lookedAhead_.get();
+    } catch (const std::exception &) {
+        first_ = {}; // a look that failed has found nothing
+    }
+    if (listsAll_) {
+        first_ = {};
+    }
+    return true;
+}
+
+void SystemPorts::ListAll()
+{
+    listsAll_ = true;
+    first_ = {};
 }
 
 int SystemPorts::OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port)
@@ -75,18 +114,23 @@ std::unique_ptr<SourcePort> SystemPorts::OpenSource()
 
 std::vector<std::string> SystemPorts::List(PortKind kind)
 {
-    return EnsureAlive() ? system_->Names(kind) : std::vector<std::string>();
+    if (!EnsureAlive()) {
+        return {};
+    }
+    std::vector<std::string> first = std::exchange(kind == PortKind::Output ? first_.outputs : first_.inputs, {});
+    return first.empty() ? system_->Names(kind) : first;
 }
 
 bool SystemPorts::EnsureAlive()
 {
-    if (lookedAhead_.valid()) {
-        lookedAhead_.wait();
-        lookedAhead_ = {};
+    if (!EndLook(isLate_ ? kMoment : patience_)) {
+        isLate_ = true; // the look goes on, and AtHand has what it finds
+        return false;
     }
     if (system_->Alive()) {
         return true;
     }
+    first_ = {};
     watch_.Look(); // everything on a dead system is let go
     return retirement_.Wait(kWait) && system_->Connect();
 }

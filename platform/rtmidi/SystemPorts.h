@@ -8,18 +8,29 @@
 
 namespace velluto {
 
+// Ports of a system by name.
+struct PortNames {
+    std::vector<std::string> outputs;
+    std::vector<std::string> inputs;
+};
+
 class SystemPorts : public MidiPorts {
 public:
-    explicit SystemPorts(std::unique_ptr<MidiSystem> system);
+    static constexpr std::chrono::milliseconds kPatience{3000}; // with a system that does not answer
+
+    explicit SystemPorts(std::unique_ptr<MidiSystem> system, std::chrono::milliseconds patience = kPatience);
     ~SystemPorts() override;
     SystemPorts(const SystemPorts &) = delete;
     SystemPorts &operator=(const SystemPorts &) = delete;
 
-    // Begins to look for the system on another thread. Whoever asks for its ports first waits for the end of that look.
-    void LookAhead();
+    // Begins to look for the system on another thread. Whoever asks for its ports first waits for the end of that look, but for no
+    // longer than the patience lasts: the system has no ports then. Where all the ports that are known from before are there, outputs and
+    // inputs, they are the first lists, and no other is made.
+    void LookAhead(PortNames known = {});
 
     // The look goes on on its thread where the moment was too short for it; so there is never more than one.
     bool AtHand() override;
+    void ListAll() override;
     std::vector<std::string> Outputs() override { return List(PortKind::Output); }
     std::vector<std::string> Inputs() override { return List(PortKind::Input); }
     int OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port) override;
@@ -30,14 +41,20 @@ public:
 
 private:
     std::vector<std::string> List(PortKind kind);
+    // Takes over what the look ahead has found. False where it has not ended within the limit.
+    bool EndLook(std::chrono::milliseconds limit);
     // Finds a system that is not there, or that died, once more.
     bool EnsureAlive();
     bool EnsureActive(); // the same, for who opens something
     ConnectionHost Host() { return {*system_, retirement_, watch_}; }
 
     std::unique_ptr<MidiSystem> system_;
+    std::chrono::milliseconds patience_;
+    bool isLate_ = false;   // somebody has lost patience with the look ahead
+    bool listsAll_ = false; // whatever a look ahead finds
     Retirement retirement_;
-    std::future<void> lookedAhead_; // valid until somebody has waited for it
+    std::future<PortNames> lookedAhead_; // valid until somebody has waited for it
+    PortNames first_;                    // the lists that are there before any was made, until they were asked for
     PortWatch watch_;
 };
 

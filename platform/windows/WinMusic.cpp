@@ -7,7 +7,7 @@ namespace velluto {
 
 struct MidiSystems {}; // there is one, which is there at once
 
-std::shared_ptr<MidiSystems> LookForMidiSystems()
+std::shared_ptr<MidiSystems> LookForMidiSystems(const KnownDevices & /*known*/)
 {
     return nullptr;
 }

@@ -9,7 +9,7 @@ endif()
 add_executable(jack-keys JackKeys.cpp)
 target_link_libraries(jack-keys PRIVATE velluto_warnings PkgConfig::JACK)
 
-add_executable(system_devices DeviceOrdersTest.cpp DevicesTest.cpp JackServer.cpp LockedMemoryTest.cpp)
+add_executable(system_devices DeviceOrdersTest.cpp DeviceStartTest.cpp DevicesTest.cpp JackServer.cpp LockedMemoryTest.cpp)
 target_include_directories(system_devices PRIVATE ${PROJECT_SOURCE_DIR}/tests)
 target_link_libraries(system_devices PRIVATE velluto_devices velluto_standin velluto_machine velluto_warnings GTest::gtest_main GTest::gmock)
 target_compile_definitions(system_devices PRIVATE JACKD="${JACKD}" JACK_WAIT="${JACK_WAIT}"

@@ -22,6 +22,26 @@ TEST(Survey, NoOutputInputsPresentOneBoxAndNoCountOfInputs)
     EXPECT_FALSE(link.midi.NoMidiIn);
 }
 
+TEST(Survey, TheSavedNumbersAreSaidBeforeTheFirstCount)
+{
+    struct Watched : StandinMidi {
+        std::vector<int> said;
+        void Expect(int out, int in) override { said = {out, in}; }
+        int midiOutGetNumDevs() override
+        {
+            EXPECT_EQ(said, (std::vector{3, 5}));
+            return StandinMidi::midiOutGetNumDevs();
+        }
+    } watched;
+    MidiLink link;
+    Modulo1 app{Ports{link.files, watched, link.clock, link.printer, link.sequencer, link.folders, link.ticks}, link.face};
+    MidiState midi{app};
+    app.settings.MidiOutDev = 3;
+    app.settings.MidiInDev = 5;
+    SurveyMidiDevices(midi, [] {});
+    EXPECT_FALSE(watched.said.empty());
+}
+
 TEST(Survey, TheFrameIsLoadedBeforeItsEntriesAreDisabled)
 {
     MidiLink link;

@@ -210,6 +210,26 @@ TEST_F(DevicesThatCome, ANewOneGetsTheNextFreeNumberAndAKnownOneItsOwn)
     EXPECT_THAT(second->received["newer"], ElementsAre(Bytes{0xC0, 4}));
 }
 
+TEST_F(DevicesThatCome, ALaterCountIsOfAll)
+{
+    EXPECT_EQ(first->wholeLists, 0);
+    midi->CountAgain();
+    EXPECT_EQ(first->wholeLists, 1);
+    EXPECT_EQ(second->wholeLists, 1);
+}
+
+TEST_F(DevicesThatCome, TheFirstCountIsOfAllWhereADeviceIsExpectedThatNobodyKnows)
+{
+    constexpr int kNone = 99;
+    midi->Expect(kNone, kNone);
+    midi->Expect(3, kNone);
+    EXPECT_EQ(first->wholeLists + second->wholeLists, 0);
+    midi->Expect(2, kNone);
+    EXPECT_EQ(first->wholeLists + second->wholeLists, 2);
+    midi->Expect(3, 0);
+    EXPECT_EQ(first->wholeLists + second->wholeLists, 4);
+}
+
 TEST_F(DevicesThatCome, OneThatGoesLeavesItsNumberToNobodyElseAndReturnsToIt)
 {
     first->outputs = {"b"};

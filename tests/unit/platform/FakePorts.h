@@ -16,6 +16,7 @@ public:
     std::vector<std::string> outputs;
     std::vector<std::string> inputs;
     bool isAtHand = true;
+    int wholeLists = 0;                                             // times that these were asked for
     std::map<std::string, std::vector<Bytes>> received;             // by output
     std::map<std::string, std::vector<OutputPort::TimePoint>> dues; // by output, of those that have one
     std::map<std::string, int> openCode;                            // by port
@@ -62,6 +63,7 @@ public:
     };
 
     bool AtHand() override { return isAtHand; }
+    void ListAll() override { ++wholeLists; }
     std::vector<std::string> Outputs() override { return outputs; }
     std::vector<std::string> Inputs() override { return inputs; }
     int OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port) override

@@ -27,6 +27,14 @@ TEST(JackPeriodTest, AClockThatIsAheadIsTakenForNow)
     EXPECT_EQ(kAhead.Place(kNow - 1'000), kDelay - 48);
 }
 
+TEST(JackPeriodTest, AClockThatIsAheadByAMomentIsRight)
+{
+    constexpr JackPeriod kSmoothed{kNow + 100, kNow, kFrames, kRate};
+    EXPECT_EQ(kSmoothed.Place(kNow + 100), kDelay);
+    constexpr JackPeriod kAhead{kNow + 101, kNow, kFrames, kRate};
+    EXPECT_EQ(kAhead.Place(kNow), kDelay);
+}
+
 TEST(JackPeriodTest, AClockThatIsBehindIsTakenForOnePeriodAgo)
 {
     constexpr JackPeriod kBehind{980'000, kNow, kFrames, kRate};

@@ -20,6 +20,8 @@ struct Paper {
     std::atomic<int> connects = 0;
     int activations = 0;
     bool activates = true;
+    std::atomic<int> lists = 0;
+    std::vector<std::string> outputs = {"synth"};
     std::latch *heldUntil = nullptr; // Connect waits for it
 };
 
@@ -47,7 +49,15 @@ public:
         ++paper_.activations;
         return paper_.activates;
     }
-    std::vector<std::string> Names(PortKind kind) override { return {kind == PortKind::Output ? "synth" : "keys"}; }
+    std::vector<std::string> Names(PortKind kind) override
+    {
+        ++paper_.lists;
+        return kind == PortKind::Output ? paper_.outputs : std::vector<std::string>{"keys"};
+    }
+    bool Has(PortKind kind, const std::string &name) override
+    {
+        return kind == PortKind::Output ? std::ranges::count(paper_.outputs, name) > 0 : name == "keys";
+    }
     [[nodiscard]] bool TellsChanges() const override { return false; }
     int OpenOutput(const std::string & /*name*/, std::unique_ptr<SystemOutput> & /*end*/) override { return MidiCode::kError; }
     int OpenInput(const std::string & /*name*/, std::shared_ptr<MessageSink> /*sink*/, std::unique_ptr<SystemInput> & /*end*/) override
@@ -97,6 +107,65 @@ TEST(SystemPorts, ALookAheadThatFoundNothingIsNotTheLastWord)
     ports.LookAhead();
     EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
     EXPECT_EQ(paper.connects, 2);
+}
+
+TEST(SystemPorts, ASystemThatDoesNotAnswerHasNoPortsUntilItDoes)
+{
+    std::latch answered(1);
+    Paper paper{.answers = {true}, .heldUntil = &answered};
+    SystemPorts ports(std::make_unique<PaperSystem>(paper), std::chrono::milliseconds(1));
+    ports.LookAhead();
+    EXPECT_THAT(ports.Outputs(), IsEmpty());
+    EXPECT_THAT(ports.Inputs(), IsEmpty());
+    EXPECT_EQ(ports.OpenSource(), nullptr);
+    answered.count_down();
+    AwaitAtHand(ports);
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
+    EXPECT_EQ(paper.connects, 1);
+}
+
+TEST(SystemPorts, KnownPortsThatAreAllThereAreTheFirstListsAndNoOtherIsMade)
+{
+    Paper paper{.answers = {true}, .outputs = {"synth", "new"}};
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
+    ports.LookAhead({{"synth"}, {"keys"}});
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth"));
+    EXPECT_THAT(ports.Inputs(), ElementsAre("keys"));
+    EXPECT_EQ(paper.lists, 0);
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth", "new")) << "the next list is whole";
+}
+
+TEST(SystemPorts, WhereAKnownPortIsMissingOrOneKindIsUnknownTheFirstListsAreWhole)
+{
+    const std::vector<PortNames> notEnough = {{{"synth", "gone"}, {"keys"}}, {{"synth"}, {"gone"}}, {{"synth"}, {}}, {{}, {"keys"}}, {}};
+    for (const PortNames &known : notEnough) {
+        Paper paper{.answers = {true}, .outputs = {"synth", "new"}};
+        SystemPorts ports(std::make_unique<PaperSystem>(paper));
+        ports.LookAhead(known);
+        EXPECT_THAT(ports.Outputs(), ElementsAre("synth", "new"));
+        EXPECT_THAT(ports.Inputs(), ElementsAre("keys"));
+    }
+}
+
+TEST(SystemPorts, WhoAsksForAllGetsWholeListsInPlaceOfKnownPorts)
+{
+    Paper paper{.answers = {true}, .outputs = {"synth", "new"}};
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
+    ports.LookAhead({{"synth"}, {"keys"}});
+    AwaitAtHand(ports);
+    ports.ListAll();
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth", "new"));
+}
+
+TEST(SystemPorts, WhoAsksForAllBeforeTheLookHasEndedGetsThemToo)
+{
+    std::latch answered(1);
+    Paper paper{.answers = {true}, .outputs = {"synth", "new"}, .heldUntil = &answered};
+    SystemPorts ports(std::make_unique<PaperSystem>(paper));
+    ports.LookAhead({{"synth"}, {"keys"}});
+    ports.ListAll();
+    answered.count_down();
+    EXPECT_THAT(ports.Outputs(), ElementsAre("synth", "new"));
 }
 
 TEST(SystemPorts, WithoutTheSystemThereAreNoPorts)
