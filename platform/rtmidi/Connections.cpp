@@ -136,12 +136,12 @@ private:
     std::unique_ptr<SourcePort> source_; // empty once the system has ended
 };
 
-// The code of an opening that may throw.
-template <typename Open>
-int Guarded(Open open)
+// The code of a step that may throw.
+template <typename Step>
+int Guarded(Step step)
 {
     try {
-        return open();
+        return step();
     } catch (const std::bad_alloc &) {
         return MidiCode::kNoMemory;
     } catch (const std::exception &) {
@@ -149,42 +149,64 @@ int Guarded(Open open)
     }
 }
 
+// The same for a step that sets an end.
+template <typename End, typename Step>
+Opened<End> OpenedBy(Step step)
+{
+    Opened<End> opened;
+    opened.code = Guarded([&]() { return step(opened.end); });
+    return opened;
+}
+
 } // namespace
 
-int ConnectOutput(const ConnectionHost &host, const std::string &name, std::unique_ptr<OutputPort> &port)
+Opened<SystemOutput> OpenOutputEnd(MidiSystem &system, const std::string &name)
 {
-    return Guarded([&]() {
-        std::unique_ptr<SystemOutput> end;
-        const int code = host.system.OpenOutput(name, end);
-        if (code == MidiCode::kSuccess) {
-            port = std::make_unique<WatchedOutput>(host, name, std::move(end));
-        }
-        return code;
-    });
+    return OpenedBy<SystemOutput>([&](auto &end) { return system.OpenOutput(name, end); });
 }
 
-int ConnectInput(const ConnectionHost &host, const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<InputPort> &port)
+Opened<SystemInput> OpenInputEnd(MidiSystem &system, const std::string &name, std::shared_ptr<MessageSink> sink)
 {
-    return Guarded([&]() {
-        std::unique_ptr<SystemInput> end;
-        const int code = host.system.OpenInput(name, sink, end);
-        if (code == MidiCode::kSuccess) {
-            port = std::make_unique<WatchedInput>(host, name, std::move(sink), std::move(end));
-        }
-        return code;
-    });
+    return OpenedBy<SystemInput>([&](auto &end) { return system.OpenInput(name, std::move(sink), end); });
 }
 
-std::unique_ptr<SourcePort> ConnectSource(const ConnectionHost &host)
+Opened<SourcePort> OpenSourceEnd(MidiSystem &system)
 {
-    std::unique_ptr<SourcePort> source;
-    Guarded([&]() {
-        source = host.system.MakeSource();
-        if (source && host.system.TellsChanges()) { // one that has to be looked at does not end
-            source = std::make_unique<WatchedSource>(host, std::move(source));
-        }
+    return OpenedBy<SourcePort>([&](auto &end) {
+        end = system.MakeSource();
         return MidiCode::kSuccess;
     });
+}
+
+int ConnectOutput(const ConnectionHost &host, const std::string &name, Opened<SystemOutput> opened, std::unique_ptr<OutputPort> &port)
+{
+    return opened.code != MidiCode::kSuccess ? opened.code : Guarded([&]() {
+        port = std::make_unique<WatchedOutput>(host, name, std::move(opened.end));
+        return MidiCode::kSuccess;
+    });
+}
+
+int ConnectInput(const ConnectionHost &host, const std::string &name, std::shared_ptr<MessageSink> sink, Opened<SystemInput> opened,
+                 std::unique_ptr<InputPort> &port)
+{
+    return opened.code != MidiCode::kSuccess ? opened.code : Guarded([&]() {
+        port = std::make_unique<WatchedInput>(host, name, std::move(sink), std::move(opened.end));
+        return MidiCode::kSuccess;
+    });
+}
+
+std::unique_ptr<SourcePort> ConnectSource(const ConnectionHost &host, Opened<SourcePort> opened)
+{
+    std::unique_ptr<SourcePort> source = std::move(opened.end);
+    if (source && host.system.TellsChanges()) { // one that has to be looked at does not end
+        const int code = Guarded([&]() {
+            source = std::make_unique<WatchedSource>(host, std::move(source));
+            return MidiCode::kSuccess;
+        });
+        if (code != MidiCode::kSuccess) {
+            return nullptr;
+        }
+    }
     return source;
 }
 

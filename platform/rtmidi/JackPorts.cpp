@@ -140,8 +140,23 @@ JackInput::JackInput(JackHost &host, std::shared_ptr<MessageSink> sink)
 {
 }
 
+int JackInput::Join(const std::string &from)
+{
+    const int code = host_.Join(from, registration_.Name());
+    if (code == MidiCode::kSuccess) {
+        source_ = jack_port_by_name(host_.Client(), from.c_str());
+    }
+    return code;
+}
+
+// Where the source has gone in this period, its place may be another input's already, even of this program: JACK's library would go round
+// between the two without an end. Known is the one that the program joined it to, not what others may have.
 void JackInput::Process(jack_port_t *port, jack_nframes_t frames)
 {
+    const jack_port_t *const source = source_;
+    if (source == nullptr || (static_cast<unsigned>(jack_port_flags(source)) & JackPortIsOutput) == 0) {
+        return;
+    }
     void *const buffer = jack_port_get_buffer(port, frames);
     const std::uint32_t count = jack_midi_get_event_count(buffer);
     for (std::uint32_t i = 0; i < count; ++i) {

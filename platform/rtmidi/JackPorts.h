@@ -8,6 +8,8 @@
 #include <jack/jack.h>
 #include <jack/ringbuffer.h>
 
+#include <atomic>
+
 namespace velluto {
 
 // A period that runs, in microseconds of JACK's clock. Where the server could not keep one, its own word for when it began is off by up
@@ -42,7 +44,8 @@ public:
     virtual jack_port_t *Add(JackPort &port, const char *label, JackPortFlags direction) = 0;
     // The thread does not call it any more once this returns.
     virtual void Remove(JackPort &port, jack_port_t *handle) = 0;
-    // Connects them in the order in which music goes. A MidiCode; on success the graph that runs has the connection.
+    // Connects them in the order in which music goes. A MidiCode; on success the graph that runs has the connection, or the server
+    // takes its time.
     virtual int Join(const std::string &from, const std::string &to) = 0;
     // Waits, briefly, until the receivers have what was sent before.
     virtual void LetPass() = 0;
@@ -106,12 +109,13 @@ public:
     JackInput(JackHost &host, std::shared_ptr<MessageSink> sink);
 
     // From that port; a MidiCode.
-    int Join(const std::string &from) { return host_.Join(from, registration_.Name()); }
+    int Join(const std::string &from);
     void Process(jack_port_t *port, jack_nframes_t frames) override;
 
 private:
     JackHost &host_;
     std::shared_ptr<MessageSink> sink_;
+    std::atomic<jack_port_t *> source_ = nullptr; // that it was joined to, once the graph that runs has the connection
     JackRegistration registration_;
 };
 

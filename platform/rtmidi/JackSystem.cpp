@@ -2,6 +2,7 @@
 
 #include "platform/rtmidi/ProductName.h"
 
+#include <pthread.h>
 #include <sys/mman.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <thread>
+#include <utility>
 
 // Stands in for the system's where libraries ask for it. As a client opens, JACK's has all of the server's memory locked, some 100 MB,
 // which the system does page by page: 9 ms in which no other thread can map anything, and the start stands still. The server itself keeps
@@ -31,6 +33,16 @@ constexpr std::chrono::milliseconds kLongestDelay(1000); // of a server that wor
 constexpr std::chrono::microseconds kLookEvery(500);
 
 void Quiet(const char * /*text*/) {}
+
+// JACK ends its threads wherever they are, and a lock that they hold stays taken: until after `call` it waits.
+template <typename Call>
+void Whole(const Call &call)
+{
+    int before = 0;
+    ::pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &before);
+    call();
+    ::pthread_setcancelstate(before, nullptr);
+}
 
 std::vector<std::string> Take(const char **list)
 {
@@ -74,28 +86,36 @@ JackSystem::~JackSystem()
 
 void JackSystem::CloseClient()
 {
-    if (client_ != nullptr) {
-        jack_client_close(client_);
-        client_ = nullptr;
+    jack_client_t *closing = nullptr;
+    {
+        const std::lock_guard lock(mutex_);
+        closing = std::exchange(client_, nullptr);
+        active_ = false;
+        alive_ = false;
     }
-    active_ = false;
-    alive_ = false;
+    if (closing != nullptr) {
+        jack_client_close(closing);
+    }
 }
 
 // JACK's library crashes when a client of a dead server is closed after one of a new server has been opened: hence the
 // rule that nothing of the old one may be open.
 bool JackSystem::Connect()
 {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(requests_);
     if (alive_) {
         return true;
     }
     CloseClient();
-    client_ = jack_client_open(kMidiClientName, JackNoStartServer, nullptr);
-    if (client_ == nullptr) {
+    jack_client_t *const opened = jack_client_open(kMidiClientName, JackNoStartServer, nullptr);
+    if (opened == nullptr) {
         return false;
     }
-    alive_ = true;
+    {
+        const std::lock_guard opening(mutex_);
+        client_ = opened;
+        alive_ = true;
+    }
     SetCallbacks();
     return alive_;
 }
@@ -106,33 +126,38 @@ void JackSystem::SetCallbacks()
         client_,
         [](void *self) {
             static_cast<JackSystem *>(self)->alive_ = false;
-            static_cast<JackSystem *>(self)->changed();
+            static_cast<JackSystem *>(self)->TellChange();
         },
         this);
     // A port whose client leaves is told of while it is still listed, and gone without another word when the graph changes.
     jack_set_port_registration_callback(
-        client_, [](jack_port_id_t, int, void *self) { static_cast<JackSystem *>(self)->changed(); }, this);
+        client_, [](jack_port_id_t, int, void *self) { static_cast<JackSystem *>(self)->TellChange(); }, this);
     jack_set_client_registration_callback(
-        client_, [](const char *, int, void *self) { static_cast<JackSystem *>(self)->changed(); }, this);
+        client_, [](const char *, int, void *self) { static_cast<JackSystem *>(self)->TellChange(); }, this);
     jack_set_graph_order_callback(
         client_,
         [](void *self) {
-            static_cast<JackSystem *>(self)->changed();
+            static_cast<JackSystem *>(self)->TellChange();
             return 0;
         },
         this);
     jack_set_process_callback(
         client_,
         [](jack_nframes_t frames, void *self) {
-            static_cast<JackSystem *>(self)->Process(frames);
+            Whole([&]() { static_cast<JackSystem *>(self)->Process(frames); });
             return 0;
         },
         this);
 }
 
+void JackSystem::TellChange()
+{
+    Whole(changed);
+}
+
 bool JackSystem::Activate()
 {
-    const std::scoped_lock lock(requests_, mutex_);
+    const std::lock_guard lock(requests_);
     if (alive_ && !active_) {
         active_ = jack_activate(client_) == 0;
         if (!active_) {
@@ -144,14 +169,8 @@ bool JackSystem::Activate()
 
 void JackSystem::Process(jack_nframes_t frames)
 {
-    // A thread that is ended in the midst of it leaves it as well.
-    struct Cycle {
-        explicit Cycle(std::atomic<bool> &at) : runs(at) { runs = true; }
-        ~Cycle() { runs = false; }
-        std::atomic<bool> &runs;
-    };
     cycles_.fetch_add(1, std::memory_order_relaxed);
-    const Cycle cycle(inCycle_);
+    inCycle_ = true;
     for (Slots *slots : {&inputs_, &outputs_}) {
         for (Slot &slot : *slots) {
             if (JackPort *const port = slot.port.load()) {
@@ -159,6 +178,7 @@ void JackSystem::Process(jack_nframes_t frames)
             }
         }
     }
+    inCycle_ = false;
 }
 
 jack_port_t *JackSystem::Add(JackPort &port, const char *label, JackPortFlags direction)
@@ -181,8 +201,21 @@ jack_port_t *JackSystem::Add(JackPort &port, const char *label, JackPortFlags di
     return handle;
 }
 
+// The place of a port that has gone goes to the next one that comes, while the period that runs still has its connections. Where that is
+// an input, JACK's library goes round from it to the old receiver and back, until the receiver's stack ends. So a port goes when no period
+// has a connection to it, as far as the server gets on.
 void JackSystem::Remove(JackPort &port, jack_port_t *handle)
 {
+    {
+        const std::lock_guard lock(requests_);
+        if (alive_) {
+            jack_port_disconnect(client_, handle);
+        }
+    }
+    const auto end = EndOfWait();
+    while (alive_ && jack_port_connected(handle) != 0 && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kLookEvery);
+    }
     const std::lock_guard lock(requests_);
     for (Slots *slots : {&inputs_, &outputs_}) {
         for (Slot &slot : *slots) {

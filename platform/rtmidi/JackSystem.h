@@ -45,11 +45,12 @@ private:
 
     void Process(jack_nframes_t frames);
     void SetCallbacks();
-    void CloseClient();
+    void TellChange();  // by JACK's threads
+    void CloseClient(); // by who has requests_
     // The end of a wait for some periods, with some time on top for a server that is late.
     [[nodiscard]] std::chrono::steady_clock::time_point EndOfWait() const;
 
-    std::mutex mutex_;                // guards the client: ports are listed by the interface thread and by the one that watches
+    std::mutex mutex_;                // guards the client, never for long: the interface thread and the one that watches list its ports
     std::mutex requests_;             // one at a time goes to the server, which may keep it waiting. Taken before mutex_.
     jack_client_t *client_ = nullptr; // stays the same while there are ports
     bool active_ = false;             // the server calls it in each of its periods, which costs the machine something

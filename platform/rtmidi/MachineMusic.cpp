@@ -57,7 +57,9 @@ std::shared_ptr<MidiSystems> LookForMidiSystems([[maybe_unused]] const KnownDevi
     }
 #else
     if (has(RtMidi::MACOSX_CORE)) {
-        systems->all.push_back(std::make_unique<SystemPorts>(std::make_unique<ListedSystem>(RtMidi::MACOSX_CORE)));
+        auto system = std::make_unique<ListedSystem>(RtMidi::MACOSX_CORE);
+        system->Connect(); // its changes are told by way of the thread that asked first, which has to stay
+        systems->all.push_back(std::make_unique<SystemPorts>(std::move(system)));
     }
 #endif
     return systems;

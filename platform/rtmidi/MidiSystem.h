@@ -30,13 +30,14 @@ public:
     virtual ~SystemInput() = default;
 };
 
+// Where a thread is not named, one at a time, and any.
 class MidiSystem {
 public:
     virtual ~MidiSystem() = default;
     // Whether the system that Connect found is still the one running. Any thread.
     [[nodiscard]] virtual bool Alive() const = 0;
-    // Finds the system; false where it is not there. Quick and silent in both cases. To be called only when nothing is
-    // open on an earlier one that died.
+    // Finds the system; false where it is not there. Silent in both cases, and quick but for one that hangs. To be called only when nothing
+    // is open on an earlier one that died.
     virtual bool Connect() = 0;
     // Makes ready for connections to its ports, of which it tells the changes from now on; listing them needs none of this.
     // False where the system has gone.

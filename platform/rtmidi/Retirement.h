@@ -1,5 +1,5 @@
 // Ends things that may take their time to end (a connection to a server that died takes a second) on threads of their
-// own, so that the interface thread never waits for them. The first look for a MIDI system, too, goes there.
+// own, so that the interface thread never waits for them. What a MIDI system is asked goes there too, since it may not answer.
 #pragma once
 
 #include <chrono>

@@ -12,8 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kWait = SystemPorts::kPatience; // JACK takes a second to leave a dead server
-constexpr auto kMoment = 20ms;                 // nobody sees a menu come up later by that
+constexpr auto kMoment = 20ms; // nobody sees a menu come up later by that
 
 bool AreAllThere(MidiSystem &system, const PortNames &known)
 {
@@ -34,12 +33,12 @@ SystemPorts::~SystemPorts()
     watch_.End();
     // A server that neither runs nor dies can hold the closing of a client for ever: the program ends without it. The
     // connections end first, the system that they belong to after them.
-    if (!retirement_.Wait(kWait)) {
+    if (!retirement_.Wait(kPatience)) {
         static_cast<void>(system_.release());
         return;
     }
     retirement_.End(std::move(system_));
-    retirement_.Wait(kWait);
+    retirement_.Wait(kPatience);
 }
 
 void SystemPorts::LookAhead(PortNames known)
@@ -97,19 +96,39 @@ void SystemPorts::ListAll()
     first_ = {};
 }
 
+template <typename End, typename Open>
+Opened<End> SystemPorts::Ask(Open open)
+{
+    if (!EnsureAlive() || (owesAnswer_ && !retirement_.Wait(kMoment))) {
+        return {};
+    }
+    auto request = std::make_shared<std::packaged_task<Opened<End>()>>(
+        [&system = *system_, open = std::move(open)]() { return system.Activate() ? open(system) : Opened<End>(); });
+    std::future<Opened<End>> answer = request->get_future();
+    retirement_.Retire([request = std::move(request)]() { (*request)(); });
+    owesAnswer_ = answer.wait_for(patience_) != std::future_status::ready;
+    if (!owesAnswer_) {
+        return answer.get();
+    }
+    // What it opens late must not end here, where it could keep the interface waiting.
+    retirement_.Retire([late = std::make_shared<std::future<Opened<End>>>(std::move(answer))]() { late->wait(); });
+    return {};
+}
+
 int SystemPorts::OpenOutput(const std::string &name, std::unique_ptr<OutputPort> &port)
 {
-    return EnsureActive() ? ConnectOutput(Host(), name, port) : MidiCode::kNoDevice;
+    return ConnectOutput(Host(), name, Ask<SystemOutput>([name](MidiSystem &system) { return OpenOutputEnd(system, name); }), port);
 }
 
 int SystemPorts::OpenInput(const std::string &name, std::shared_ptr<MessageSink> sink, std::unique_ptr<InputPort> &port)
 {
-    return EnsureActive() ? ConnectInput(Host(), name, std::move(sink), port) : MidiCode::kNoDevice;
+    auto opened = Ask<SystemInput>([name, sink](MidiSystem &system) { return OpenInputEnd(system, name, sink); });
+    return ConnectInput(Host(), name, std::move(sink), std::move(opened), port);
 }
 
 std::unique_ptr<SourcePort> SystemPorts::OpenSource()
 {
-    return EnsureActive() ? ConnectSource(Host()) : nullptr;
+    return ConnectSource(Host(), Ask<SourcePort>([](MidiSystem &system) { return OpenSourceEnd(system); }));
 }
 
 std::vector<std::string> SystemPorts::List(PortKind kind)
@@ -123,8 +142,12 @@ std::vector<std::string> SystemPorts::List(PortKind kind)
 
 bool SystemPorts::EnsureAlive()
 {
-    if (!EndLook(isLate_ ? kMoment : patience_)) {
-        isLate_ = true; // the look goes on, and AtHand has what it finds
+    const auto answers = [this]() {
+        const bool ended = EndLook(isLate_ ? kMoment : patience_);
+        isLate_ = isLate_ || !ended; // the look goes on, and AtHand has what it finds
+        return ended;
+    };
+    if (!answers()) {
         return false;
     }
     if (system_->Alive()) {
@@ -132,12 +155,12 @@ bool SystemPorts::EnsureAlive()
     }
     first_ = {};
     watch_.Look(); // everything on a dead system is let go
-    return retirement_.Wait(kWait) && system_->Connect();
-}
-
-bool SystemPorts::EnsureActive()
-{
-    return EnsureAlive() && system_->Activate();
+    if (!retirement_.Wait(isLate_ ? kMoment : patience_)) {
+        isLate_ = true;
+        return false;
+    }
+    LookAhead();
+    return answers() && system_->Alive();
 }
 
 } // namespace velluto

@@ -1,5 +1,5 @@
-// The ports of one MIDI system. A connection whose port has gone refuses what is sent on it, and
-// nothing of the interface thread ever waits for a dead system.
+// The ports of one MIDI system. A connection whose port has gone refuses what is sent on it. The interface thread never waits for a dead
+// system, and for one that does not answer only as long as its patience lasts: what is asked of a system is asked on other threads.
 #pragma once
 
 #include "platform/rtmidi/Connections.h"
@@ -16,7 +16,8 @@ struct PortNames {
 
 class SystemPorts : public MidiPorts {
 public:
-    static constexpr std::chrono::milliseconds kPatience{3000}; // with a system that does not answer
+    // With a system that does not answer; JACK takes a second to leave a dead server.
+    static constexpr std::chrono::milliseconds kPatience{3000};
 
     explicit SystemPorts(std::unique_ptr<MidiSystem> system, std::chrono::milliseconds patience = kPatience);
     ~SystemPorts() override;
@@ -45,13 +46,17 @@ private:
     bool EndLook(std::chrono::milliseconds limit);
     // Finds a system that is not there, or that died, once more.
     bool EnsureAlive();
-    bool EnsureActive(); // the same, for who opens something
+    // What `open` gives, on another thread, of a system that is ready for it. A system that takes too long over it has no device, and is
+    // asked to open nothing else until it has answered; what it opens then is closed.
+    template <typename End, typename Open>
+    Opened<End> Ask(Open open);
     ConnectionHost Host() { return {*system_, retirement_, watch_}; }
 
     std::unique_ptr<MidiSystem> system_;
     std::chrono::milliseconds patience_;
-    bool isLate_ = false;   // somebody has lost patience with the look ahead
-    bool listsAll_ = false; // whatever a look ahead finds
+    bool isLate_ = false;     // somebody has lost patience with the look ahead
+    bool owesAnswer_ = false; // the same with what was asked last
+    bool listsAll_ = false;   // whatever a look ahead finds
     Retirement retirement_;
     std::future<PortNames> lookedAhead_; // valid until somebody has waited for it
     PortNames first_;                    // the lists that are there before any was made, until they were asked for

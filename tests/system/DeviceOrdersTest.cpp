@@ -297,6 +297,7 @@ TEST_F(DeviceOrders, HangNothingLeaveNoNoteAndKeepNoMemory)
         RunSteps(orders / kParts);
         guest_.reset();
         held.push_back(HeldKib());
+        ASSERT_TRUE(instrument_->Runs() && keys_->Runs()) << "what the program was connected to has ended";
     }
     const std::int64_t grown = held.back() - held.front();
     EndMusic();

@@ -228,5 +228,23 @@ TEST_F(DevicesTest, AServerThatStandsStillNeverHoldsTheSender)
     EXPECT_TRUE(Eventually([&]() { return midi_->midiOutShortMsg(out, ShortMessage(0x0005C0)) == 0; }));
 }
 
+TEST_F(DevicesTest, AServerThatStandsStillHoldsWhoOpensForAMomentAndOpensWhenItGoesOn)
+{
+    StartAll();
+    const int out = NumberOf(Outs(), "pa80:midi_in");
+    const int in = NumberOf(Ins(), "keys:midi_out");
+    server_.Stop();
+    MidiHandle handle = 0;
+    EXPECT_EQ(midi_->midiOutOpen(handle, out), 68);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(midi_->midiInOpen(handle, in, {}), 68);
+    EXPECT_EQ(midi_->midiOutOpen(handle, out), 68);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2)) << "it has been waited for once";
+    server_.Continue();
+    EXPECT_TRUE(Eventually([&] { return midi_->midiOutOpen(handle, out) == 0; }));
+    EXPECT_EQ(midi_->midiOutShortMsg(handle, ShortMessage(0x0004C0)), 0);
+    EXPECT_TRUE(Arrives({"C0 04"}));
+}
+
 } // namespace
 } // namespace velluto::test

@@ -17,9 +17,9 @@ class DevicesTest : public testing::Test {
 protected:
     DevicesTest() { ::setenv("VELLUTO_SOUNDFONT", "", 1); } // without the synthesizer every device is a port
 
-    void StartAll()
+    void StartAll(int frames = 256)
     {
-        server_.Start();
+        server_.Start(frames);
         StartInstrument();
         keys_ = std::make_unique<Process>(std::vector<std::string>{JACK_KEYS, "keys"});
         ASSERT_TRUE(keys_->WaitUntilReady());

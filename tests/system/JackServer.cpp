@@ -211,9 +211,10 @@ JackServer::~JackServer()
     ::close(lock_);
 }
 
-void JackServer::Start()
+void JackServer::Start(int frames)
 {
-    const std::vector<std::string> words{JACKD, "-n", name_, "--no-realtime", "-S", "-t", "500", "-d", "dummy", "-r", "48000", "-p", "256"};
+    const std::vector<std::string> words{JACKD, "-n",    name_, "--no-realtime",       "-S", "-t", "500", "-d", "dummy",
+                                         "-r",  "48000", "-p",  std::to_string(frames)};
     const std::string look = std::string(JACK_WAIT) + " -c 2>/dev/null | grep -q '^running'";
     const auto running = [&]() { return std::system(look.c_str()) == 0; }; // NOLINT: before any thread
     // The name of a server that was killed is free again only when the system has buried that one.

@@ -54,7 +54,7 @@ public:
     ~JackServer(); // ends it in an orderly way
     JackServer(const JackServer &) = delete;
     JackServer &operator=(const JackServer &) = delete;
-    void Start(); // and waits until clients are taken
+    void Start(int frames = 256); // in a period, of 48000 a second; waits until clients are taken
     void End(int signal);
     void Stop() const { process_->Stop(); }
     void Continue() const { process_->Signal(SIGCONT); }

@@ -18,16 +18,26 @@ using testing::IsEmpty;
 struct Paper {
     std::vector<bool> answers; // of Connect, in turn; the last one from then on
     std::atomic<int> connects = 0;
-    int activations = 0;
+    std::atomic<int> activations = 0;
     bool activates = true;
     std::atomic<int> lists = 0;
     std::vector<std::string> outputs = {"synth"};
-    std::latch *heldUntil = nullptr; // Connect waits for it
+    std::latch *heldUntil = nullptr;   // Connect waits for it
+    std::latch *activeUntil = nullptr; // Activate waits for it
+    std::atomic<int> sources = 0;      // that were made
+    std::atomic<int> sourcesEnded = 0;
 };
 
 class PaperSource : public SourcePort {
 public:
+    explicit PaperSource(Paper &paper) : paper_(paper) { ++paper_.sources; }
+    ~PaperSource() override { ++paper_.sourcesEnded; }
+    PaperSource(const PaperSource &) = delete;
+    PaperSource &operator=(const PaperSource &) = delete;
     void Send(std::span<const std::uint8_t> /*message*/, TimePoint /*due*/) override {}
+
+private:
+    Paper &paper_;
 };
 
 class PaperSystem : public MidiSystem {
@@ -47,6 +57,9 @@ public:
     bool Activate() override
     {
         ++paper_.activations;
+        if (paper_.activeUntil != nullptr) {
+            paper_.activeUntil->wait();
+        }
         return paper_.activates;
     }
     std::vector<std::string> Names(PortKind kind) override
@@ -64,7 +77,7 @@ public:
     {
         return MidiCode::kError;
     }
-    std::unique_ptr<SourcePort> MakeSource() override { return std::make_unique<PaperSource>(); }
+    std::unique_ptr<SourcePort> MakeSource() override { return std::make_unique<PaperSource>(paper_); }
 
 private:
     Paper &paper_;
@@ -245,6 +258,24 @@ TEST(SystemPorts, NothingIsOpenedOnASystemThatCannotBeActivated)
     std::unique_ptr<InputPort> input;
     EXPECT_EQ(ports.OpenInput("keys", nullptr, input), MidiCode::kNoDevice);
     EXPECT_EQ(input, nullptr);
+}
+
+TEST(SystemPorts, ASystemThatDoesNotAnswerOpensNothingUntilItDoesAndWhatItOpensLateIsClosed)
+{
+    std::latch answered(1);
+    Paper paper{.answers = {true}, .activeUntil = &answered};
+    SystemPorts ports(std::make_unique<PaperSystem>(paper), std::chrono::milliseconds(1));
+    AwaitAtHand(ports);
+    EXPECT_EQ(ports.OpenSource(), nullptr);
+    std::unique_ptr<OutputPort> port;
+    EXPECT_EQ(ports.OpenOutput("synth", port), MidiCode::kNoDevice);
+    EXPECT_LE(paper.activations, 1) << "it is asked nothing while it owes an answer";
+    answered.count_down();
+    std::unique_ptr<SourcePort> source;
+    while (!source) {
+        source = ports.OpenSource();
+    }
+    EXPECT_EQ(paper.sourcesEnded, paper.sources - 1);
 }
 
 } // namespace
