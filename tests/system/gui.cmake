@@ -3,7 +3,7 @@ pkg_check_modules(JACK REQUIRED IMPORTED_TARGET jack)
 add_executable(jack-instrument JackInstrument.cpp)
 target_link_libraries(jack-instrument PRIVATE velluto_warnings PkgConfig::JACK)
 
-foreach(name first-click style-banks ended-early full-disk no-files server-gone keyboard player)
+foreach(name first-click style-banks ended-early full-disk no-files server-gone server-hangs keyboard player)
     string(REPLACE - _ test ${name})
     add_test(NAME system.gui_${test}
              COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/gui-${name}.sh $<TARGET_FILE:velluto> $<TARGET_FILE:jack-instrument>
