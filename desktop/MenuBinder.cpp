@@ -1,6 +1,7 @@
 #include "desktop/MenuBinder.h"
 
 #include "app/ViewKind.h"
+#include "desktop/MenuFocus.h"
 #include "desktop/QtText.h"
 #include "desktop/Tips.h"
 
@@ -42,6 +43,7 @@ MenuBinder::MenuBinder(frmMain &frame, ChildWindows &children, EventGate &gate, 
     Bind(frame.mnuTaglia, QKeySequence(static_cast<int>(Qt::CTRL) | Qt::Key_X));
     Bind(frame.mnuExit, QKeySequence(static_cast<int>(Qt::CTRL) | Qt::Key_Q));
     BindGuide(frame.mnuGuida);
+    new MenuFocus(*window.menuBar());
 }
 
 MenuBinder::~MenuBinder()

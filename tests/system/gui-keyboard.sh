@@ -48,6 +48,22 @@ away
 xdotool mouseup 1
 expect "a release outside the window" "80 30 40"
 
+# leave_menu_for_next KEY...: out of one menu by Escape, which leaves the bar active, and into the next by its letter.
+leave_menu_for_next() {
+    changing press alt+f
+    changing press Escape
+    changing press alt+p
+    press "$@"
+    settle
+}
+for keys in "Up Return" "Escape Escape"; do # the status bar goes; out again
+    # shellcheck disable=SC2086 # they are several
+    leave_menu_for_next $keys
+    changing press Home
+    xdotool key space
+    expect "a key after $keys in a menu" "90 24 40" "80 24 40"
+done
+
 changing press Tab Tab Tab space # Click Key off
 for white in 0 1 2 3 4 5 6 7 8 9; do
     over_white "$white"
