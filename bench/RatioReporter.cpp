@@ -1,6 +1,7 @@
 #include "RatioReporter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <numeric>
 

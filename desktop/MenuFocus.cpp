@@ -7,23 +7,22 @@ namespace velluto {
 
 MenuFocus::MenuFocus(QMenuBar &bar) : QObject(&bar), bar_(bar)
 {
-    QObject::connect(qApp, &QApplication::focusChanged, this, [this](QWidget *old, const QWidget *now) {
-        if (now != &bar_) {
-            return;
+    QObject::connect(qApp, &QApplication::focusChanged, this, [this](const QWidget * /*old*/, QWidget *now) {
+        if (now == &bar_) {
+            LookSoon();
+        } else if (now != nullptr && now->window() == bar_.window()) {
+            before_ = now;
         }
-        if (old != nullptr && old->window() == bar_.window()) {
-            before_ = old;
-        }
-        LookSoon();
     });
     QObject::connect(&bar_, &QMenuBar::triggered, this, &MenuFocus::LookSoon);
     bar_.installEventFilter(this);
 }
 
+// Whoever leaves the bar does so by a key, or sees it painted anew.
 bool MenuFocus::eventFilter(QObject * /*watched*/, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress) {
-        LookSoon(); // a second Escape has left the bar
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease || event->type() == QEvent::Paint) {
+        LookSoon();
     }
     return false;
 }
@@ -36,7 +35,7 @@ void MenuFocus::LookSoon()
 
 void MenuFocus::Look()
 {
-    if (before_ && bar_.hasFocus() && bar_.activeAction() == nullptr) {
+    if (bar_.hasFocus() && bar_.activeAction() == nullptr && before_ && before_->isVisible() && before_->isEnabled()) {
         before_->setFocus(Qt::MenuBarFocusReason);
     }
 }

@@ -1,6 +1,5 @@
-// Gives the keyboard back to the window that had it before the menu bar. Qt does so itself, but for one way: where a menu has been left
-// with Escape, which leaves the bar active, and another is opened by its letter, Qt takes the bar for what had the keyboard. Keys would
-// play no more then.
+// Gives the keyboard back to what had it before the menu bar. Qt does so itself, but where a menu has been left with Escape, which leaves
+// the bar active, and another is opened by its letter: then Qt takes the bar for what had the keyboard, and keys would play no more.
 #pragma once
 
 #include <QMenuBar>
@@ -18,7 +17,7 @@ private:
     void LookSoon();
 
     QMenuBar &bar_;
-    QPointer<QWidget> before_; // what had the keyboard
+    QPointer<QWidget> before_; // what had the keyboard last, but for the bar
 };
 
 } // namespace velluto

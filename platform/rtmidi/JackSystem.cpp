@@ -206,16 +206,13 @@ jack_port_t *JackSystem::Add(JackPort &port, const char *label, JackPortFlags di
 // has a connection to it, as far as the server gets on.
 void JackSystem::Remove(JackPort &port, jack_port_t *handle)
 {
-    {
-        const std::lock_guard lock(requests_);
+    const auto end = EndOfWait();
+    do {
+        const std::lock_guard disconnecting(requests_); // again where somebody connects it meanwhile
         if (alive_) {
             jack_port_disconnect(client_, handle);
         }
-    }
-    const auto end = EndOfWait();
-    while (alive_ && jack_port_connected(handle) != 0 && std::chrono::steady_clock::now() < end) {
-        std::this_thread::sleep_for(kLookEvery);
-    }
+    } while (alive_ && jack_port_connected(handle) > 0 && std::chrono::steady_clock::now() < end);
     const std::lock_guard lock(requests_);
     for (Slots *slots : {&inputs_, &outputs_}) {
         for (Slot &slot : *slots) {

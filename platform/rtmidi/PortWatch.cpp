@@ -35,6 +35,9 @@ void PortWatch::End()
 
 void PortWatch::Add(WatchedPort &port)
 {
+    if (!thread_.joinable()) {
+        thread_ = std::thread([this]() { Run(); });
+    }
     {
         const std::lock_guard lock(portsMutex_);
         ports_.push_back(&port);
@@ -43,9 +46,6 @@ void PortWatch::Add(WatchedPort &port)
         const std::lock_guard lock(signal_->mutex);
         signal_->watching = true;
         signal_->changed = true; // the port may have gone while it was being opened
-    }
-    if (!thread_.joinable()) {
-        thread_ = std::thread([this]() { Run(); });
     }
     signal_->rouse.notify_all();
 }

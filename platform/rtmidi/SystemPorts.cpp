@@ -159,6 +159,7 @@ bool SystemPorts::EnsureAlive()
         isLate_ = true;
         return false;
     }
+    isLate_ = false;
     LookAhead();
     return answers() && system_->Alive();
 }

@@ -1,5 +1,5 @@
 // The ports of one MIDI system. A connection whose port has gone refuses what is sent on it. The interface thread never waits for a dead
-// system, and for one that does not answer only as long as its patience lasts: what is asked of a system is asked on other threads.
+// system, and for an answer only as long as its patience lasts: what is asked of a system is asked on other threads.
 #pragma once
 
 #include "platform/rtmidi/Connections.h"
@@ -54,7 +54,7 @@ private:
 
     std::unique_ptr<MidiSystem> system_;
     std::chrono::milliseconds patience_;
-    bool isLate_ = false;     // somebody has lost patience with the look ahead
+    bool isLate_ = false;     // somebody has lost patience with the look ahead, or with what a dead system leaves
     bool owesAnswer_ = false; // the same with what was asked last
     bool listsAll_ = false;   // whatever a look ahead finds
     Retirement retirement_;

@@ -56,7 +56,7 @@ leave_menu_for_next() {
     press "$@"
     settle
 }
-for keys in "Up Return" "Escape Escape"; do # the status bar goes; out again
+for keys in "Up Return" "Escape Escape" "Escape Alt_L"; do # the status bar goes; out again, in two ways
     # shellcheck disable=SC2086 # they are several
     leave_menu_for_next $keys
     changing press Home
