@@ -27,8 +27,9 @@ void RatioReporter::ReportRuns(const std::vector<Run> &runs)
         if (run.run_type == Run::RT_Iteration) {
             const double unit = benchmark::GetTimeUnitMultiplier(run.time_unit);
             const std::string &argument = run.run_name.args;
-            taken_[run.run_name.function_name + (argument.empty() ? "" : "/" + argument)].push_back(run.GetAdjustedRealTime() / unit *
-                                                                                                    kMicrosecondsInSecond);
+            // One that failed took no time, and would be the fastest of all.
+            const double time = run.error_occurred ? HUGE_VAL : run.GetAdjustedRealTime() / unit * kMicrosecondsInSecond;
+            taken_[run.run_name.function_name + (argument.empty() ? "" : "/" + argument)].push_back(time);
         }
     }
     if (!shown.empty()) {

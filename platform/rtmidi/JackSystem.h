@@ -46,7 +46,7 @@ private:
     void Process(jack_nframes_t frames);
     void SetCallbacks();
     void TellChange();  // by JACK's threads
-    void CloseClient(); // by who has requests_
+    void CloseClient(); // by who has requests_, or is the last
     // The end of a wait for some periods, with some time on top for a server that is late.
     [[nodiscard]] std::chrono::steady_clock::time_point EndOfWait() const;
 

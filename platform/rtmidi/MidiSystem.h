@@ -30,7 +30,7 @@ public:
     virtual ~SystemInput() = default;
 };
 
-// Where a thread is not named, one at a time, and any.
+// What does not say "any thread" is called by one thread at a time, not always by the same.
 class MidiSystem {
 public:
     virtual ~MidiSystem() = default;

@@ -162,6 +162,11 @@ heard_lines() {
     [ "$(heard | wc -l)" -ge "$1" ]
 }
 
+# last_is MESSAGE: the last that was heard.
+last_is() {
+    [ "$(heard | tail -n 1)" = "$1" ]
+}
+
 # How many notes were begun and not ended, over all that was heard.
 still_sounding() {
     heard | awk '
@@ -366,13 +371,25 @@ press_user() {
     done
 }
 
-# Chooses the last MIDI output, which is the instrument.
-choose_last_output() {
+# Clicks the last MIDI output in the menu: one that is on goes off.
+click_last_output() {
     changing press alt+p
     changing press Down
     changing press Right
     changing press Up # from the first round to the last
     press Return
+}
+
+# Chooses the last MIDI output, which is the instrument.
+choose_last_output() {
+    click_last_output
     wait_until "the way to $1" is_connected "$1"
     settle
+}
+
+# The keyboard's window, with the keys on the first one of its piano.
+open_piano() {
+    changing press alt+v
+    changing press k
+    changing press Home
 }

@@ -7,10 +7,6 @@ set -euo pipefail
 # shellcheck source=tests/system/gui-lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 
-last_is() {
-    [ "$(heard | tail -n 1)" = "$1" ]
-}
-
 # Plays on until the program has noticed: a server that is killed tells nobody.
 has_told() {
     settle
@@ -22,9 +18,7 @@ has_told() {
 begin server-gone "$@"
 start_in_english "$program"
 choose_last_output Instrument:midi_in
-changing press alt+v
-changing press k
-changing press Home # the first key of the piano
+open_piano
 xdotool keydown space
 wait_until "the note" last_is "90 24 40"
 
@@ -39,11 +33,7 @@ changing press Return
 end_processes "$instrument_pid"
 start_jack
 start_instrument "$2" Instrument
-changing press alt+p # off, with one more box, and on again
-changing press Down
-changing press Right
-changing press Up
-press Return
+click_last_output # off, with one more box, and on again
 await_window "Velluto v 1.1"
 changing press Return
 choose_last_output Instrument:midi_in

@@ -7,19 +7,6 @@ set -euo pipefail
 # shellcheck source=tests/system/gui-lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/gui-lib.sh"
 
-last_is() {
-    [ "$(heard | tail -n 1)" = "$1" ]
-}
-
-# The last round of the menu of outputs.
-click_last_output() {
-    changing press alt+p
-    changing press Down
-    changing press Right
-    changing press Up
-    press Return
-}
-
 look_into_menu() {
     changing press alt+f
     changing press Escape
@@ -37,9 +24,7 @@ await_window "Velluto v 1.1 - Velluto"
 look_into_menu # it answers while the server does not
 kill -CONT "$server_pid"
 choose_last_output Instrument:midi_in
-changing press alt+v
-changing press k
-changing press Home # the first key of the piano
+open_piano
 xdotool keydown space
 wait_until "the note" last_is "90 24 40"
 xdotool keyup space
