@@ -34,8 +34,9 @@ bool IsSocket(const std::string &path)
     return ::mincore(end - page, page, &present) == 0 && (present & 1U) != 0;
 }
 
-// Asks for the memory of a large buffer in one go. The system else gives page after page as they are first written, which takes
-// most of the time of a read. Where it cannot, it still does that. To ask for what is there would take as long as a read.
+// Asks for the memory of a large buffer in one go, and in large pages where the system has some. It else gives page after page as they are
+// first written, which takes most of the time of a read. Where it cannot, it still does that. To ask for what is there would take as long
+// as a read.
 void MakePresent([[maybe_unused]] std::span<std::uint8_t> buffer)
 {
 #ifdef MADV_POPULATE_WRITE
@@ -48,6 +49,7 @@ void MakePresent([[maybe_unused]] std::span<std::uint8_t> buffer)
     }
     room = room / kPage * kPage;
     if (!IsPresent(static_cast<std::byte *>(begin) + room, kPage)) {
+        ::madvise(begin, room, MADV_HUGEPAGE);
         ::madvise(begin, room, MADV_POPULATE_WRITE);
     }
 #endif
