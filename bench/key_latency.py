@@ -115,8 +115,9 @@ def main():
     for number in range(WARM + presses):
         fake(X.MotionNotify, x=x + number % 2 * STRIDE, y=y)
         time.sleep(random.uniform(0.005, 0.025))  # in step with nobody's period
+        xtest.fake_input(screen, X.ButtonPress, 1)
         pressed = time.monotonic()
-        fake(X.ButtonPress, 1)
+        screen.flush()
         ours.add(pressed, await_status(source, NOTE_ON), presses, number >= WARM)
         fake(X.ButtonRelease, 1)
         await_status(source, NOTE_OFF)
