@@ -1,6 +1,7 @@
 // How cost grows with what an owner has: each command over one, four and sixteen times as much. The table tells sixteen beside four, where
 // what is linear is 4.
 #include "EditStage.h"
+#include "Memory.h"
 #include "RatioReporter.h"
 #include "edit/Cut.h"
 #include "edit/Paste.h"
@@ -13,8 +14,6 @@
 #include "player/PlayerWindow.h"
 #include "tool/Commands.h"
 #include "tool/TablesCommands.h"
-
-#include <malloc.h>
 
 #include <filesystem>
 #include <fstream>
@@ -281,7 +280,6 @@ const std::vector<Limit> kLimits = {
 
 int main(int argc, char **argv)
 {
-    // Memory comes fresh from the system for each large block, whatever came before.
-    ::mallopt(M_MMAP_THRESHOLD, 1 << 17);
+    velluto::bench::TakeFreshMemory();
     return velluto::bench::RunBenchmarks(argc, argv, velluto::bench::kLimits) ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 // A large Program file: reading and listing it beside a plain read of it, and the way from a click on a row to the last of
 // its three messages at the device.
+#include "Memory.h"
 #include "PlainRead.h"
 #include "Stage.h"
 #include "files/Banks.h"
@@ -60,6 +61,21 @@ void ReadInstrument(benchmark::State &state)
     }
 }
 
+// The same with memory that was used before, as where a file is opened once more.
+void PlainReadAgain(benchmark::State &state)
+{
+    KeepMemory();
+    PlainRead(state);
+    TakeFreshMemory();
+}
+
+void ReadInstrumentAgain(benchmark::State &state)
+{
+    KeepMemory();
+    ReadInstrument(state);
+    TakeFreshMemory();
+}
+
 void ListRows(benchmark::State &state)
 {
     const FileImage image = TheStage().Bank().Tag.image;
@@ -107,6 +123,8 @@ void ClickMonitorOpen(benchmark::State &state)
 
 BENCHMARK(PlainRead)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadInstrument)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlainReadAgain)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadInstrumentAgain)->Unit(benchmark::kMillisecond);
 BENCHMARK(ListRows)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ClickMonitorClosed)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ClickMonitorOpen)->Unit(benchmark::kMicrosecond);

@@ -1,11 +1,10 @@
 // What a user waits for who opens a MIDI file of 1 MB: from the command until the length is known, beside a plain read of
 // the file.
+#include "Memory.h"
 #include "PlainRead.h"
 #include "RatioReporter.h"
 #include "platform/machine/MachineFiles.h"
 #include "platform/music/MachineSequencer.h"
-
-#include <malloc.h>
 
 #include <fstream>
 #include <random>
@@ -97,8 +96,7 @@ const std::vector<Limit> kLimits = {
 
 int main(int argc, char **argv)
 {
-    // Memory comes fresh from the system for each file, as it does for a program that opens one now and then.
-    ::mallopt(M_MMAP_THRESHOLD, 1 << 17);
+    velluto::bench::TakeFreshMemory();
     velluto::bench::WriteLargeFile();
     return velluto::bench::RunBenchmarks(argc, argv, velluto::bench::kLimits) ? 0 : 1;
 }

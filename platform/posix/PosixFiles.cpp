@@ -41,6 +41,7 @@ void MakePresent([[maybe_unused]] std::span<std::uint8_t> buffer)
 {
 #ifdef MADV_POPULATE_WRITE
     constexpr std::size_t kLarge = std::size_t{1} << 18; // smaller ones have been used before, most often
+    constexpr std::size_t kHuge = std::size_t{1} << 22;  // has a page of 2 MiB in it, wherever it begins
     static const auto kPage = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
     void *begin = buffer.data();
     std::size_t room = buffer.size();
@@ -49,7 +50,9 @@ void MakePresent([[maybe_unused]] std::span<std::uint8_t> buffer)
     }
     room = room / kPage * kPage;
     if (!IsPresent(static_cast<std::byte *>(begin) + room, kPage)) {
-        ::madvise(begin, room, MADV_HUGEPAGE);
+        if (room >= kHuge) {
+            ::madvise(begin, room, MADV_HUGEPAGE);
+        }
         ::madvise(begin, room, MADV_POPULATE_WRITE);
     }
 #endif

@@ -1,28 +1,11 @@
 #include "platform/sequencer/TrackReader.h"
+#include "platform/sequencer/HighBits.h"
 
 #include <bit>
-#include <cstring>
 
 namespace velluto {
 
 namespace {
-
-constexpr std::ptrdiff_t kBlock = 64; // bytes
-
-// The highest bit of each byte of a block, that of the first in bit 0. For processors whose first byte of a word is its lowest.
-std::uint64_t HighBits(const std::uint8_t *block)
-{
-    constexpr int kWord = 8;
-    constexpr std::uint64_t kHigh = 0x8080808080808080U;
-    constexpr std::uint64_t kGather = 0x0002040810204081U; // brings bit 7 of byte i to bit 56 + i
-    std::uint64_t bits = 0;
-    for (int i = 0; i < kBlock; i += kWord) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, block + i, sizeof(word));
-        bits |= (word & kHigh) * kGather >> 56 << i;
-    }
-    return bits;
-}
 
 // A place in a block, between two messages.
 struct Place {
