@@ -247,10 +247,12 @@ void Times(benchmark::internal::Benchmark *bench)
     bench->Unit(benchmark::kMillisecond)->Arg(1)->Arg(4)->Arg(16);
 }
 
+// Those that read one large file come first, each time into fresh memory; from the others on it is kept. A list of names is a large block
+// for the allocator at sixteen times the work and none at four.
 BENCHMARK(OpenStyles)->Apply(Times);
-BENCHMARK(PasteStyles)->Apply(Times);
-BENCHMARK(CutStyle)->Apply(Times);
 BENCHMARK(ReadSong)->Apply(Times);
+BENCHMARK(PasteStyles)->Apply(Times)->Setup([](const benchmark::State &) { KeepMemory(); });
+BENCHMARK(CutStyle)->Apply(Times);
 BENCHMARK(OpenCompilation)->Apply(Times);
 BENCHMARK(OpenSongFolder)->Apply(Times);
 BENCHMARK(ListFolders)->Apply(Times);

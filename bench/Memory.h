@@ -15,7 +15,8 @@ inline void TakeFreshMemory()
     ::malloc_trim(0);
 }
 
-// What was used before, from now on.
+// What was used before, from now on, in a process that did not ask for fresh memory after this. On 64 bits: elsewhere blocks of this size
+// are never kept.
 inline void KeepMemory()
 {
     ::mallopt(M_MMAP_THRESHOLD, 1 << 25); // the most that there is

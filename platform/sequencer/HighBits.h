@@ -9,7 +9,7 @@ namespace velluto {
 
 inline constexpr std::ptrdiff_t kBlock = 64; // bytes
 
-// That of each byte of a block, of the first in bit 0. For processors whose first byte of a word is its lowest.
+// The highest bit of each byte of a block; that of the first byte is bit 0. For processors whose first byte of a word is its lowest.
 inline std::uint64_t HighBitsByWords(const std::uint8_t *block)
 {
     constexpr int kWord = 8;
