@@ -1,4 +1,4 @@
-# A smaller program starts sooner and takes less memory: fewer of its pages are touched. -O3 makes it a fifth longer, and no command is
+# A smaller program starts sooner and takes less memory: fewer of its pages are touched. -O3 makes its code a fifth longer, and no command is
 # faster for it. What nobody calls is left out.
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND LINUX)
     if(CMAKE_CXX_FLAGS_RELEASE STREQUAL "-O3 -DNDEBUG") # nobody has asked for others
