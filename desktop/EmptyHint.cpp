@@ -8,7 +8,7 @@ namespace velluto {
 
 namespace {
 
-constexpr int kMargin = 24; // logical pixels
+constexpr int kHintMargin = 24; // logical pixels
 // How strong the letters are: as faint as they can be and still be read, on a light ground and on a dark one.
 constexpr float kOnLight = 0.9F;
 constexpr float kOnDark = 0.6F;
@@ -51,7 +51,7 @@ void EmptyHint::paintEvent(QPaintEvent * /*event*/)
     ink.setAlphaF(onDark ? kOnDark : kOnLight);
     QPainter painter(this);
     painter.setPen(ink);
-    painter.drawText(rect().adjusted(kMargin, 0, -kMargin, 0), static_cast<int>(Qt::AlignCenter) | Qt::TextWordWrap,
+    painter.drawText(rect().adjusted(kHintMargin, 0, -kHintMargin, 0), static_cast<int>(Qt::AlignCenter) | Qt::TextWordWrap,
                      QCoreApplication::translate("EmptyHint", "Open a file: Ctrl+A, or drop it here   ·   Sounds: View   ·   Guide: F1"));
 }
 

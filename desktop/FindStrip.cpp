@@ -17,7 +17,7 @@ namespace velluto {
 namespace {
 
 // Logical pixels.
-constexpr int kMargin = 4;
+constexpr int kStripMargin = 4;
 constexpr int kWordsWidth = 160;
 constexpr int kCountWidth = 56;
 constexpr int kLinesAbove = 3; // so many lines of a text stand above what is found
@@ -134,7 +134,7 @@ FindStrip::FindStrip(QWidget &surface, EventGate &gate)
     count_->setFixedWidth(kCountWidth);
     count_->setAlignment(Qt::AlignCenter);
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setContentsMargins(kStripMargin, kStripMargin, kStripMargin, kStripMargin);
     layout->addWidget(words_);
     layout->addWidget(count_);
     words_->installEventFilter(this);
@@ -270,9 +270,9 @@ void FindStrip::PlaceItself()
 {
     adjustSize();
     QRect place(QPoint(), size());
-    place.moveBottomRight(surface_.rect().bottomRight() - QPoint(kMargin, kMargin));
+    place.moveBottomRight(surface_.rect().bottomRight() - QPoint(kStripMargin, kStripMargin));
     if (place.intersects(CurrentRect())) {
-        place.moveTop(kMargin);
+        place.moveTop(kStripMargin);
     }
     setGeometry(place);
 }

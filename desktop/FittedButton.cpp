@@ -15,7 +15,7 @@ namespace {
 constexpr int kClear = 3; // on either side of the words, the edge included
 constexpr int kTieInset = 5;
 constexpr int kTieHeight = 2;
-constexpr int kSmallest = 9; // smaller writing is for nobody
+constexpr int kSmallestWriting = 9; // smaller writing is for nobody
 
 QFont WithPixels(QFont font, int pixels)
 {
@@ -29,7 +29,7 @@ int FittedButton::FittingPixels() const
 {
     const QString words = text().remove(QLatin1Char('&'));
     int pixels = QFontInfo(font()).pixelSize();
-    while (pixels > kSmallest && QFontMetrics(WithPixels(font(), pixels)).horizontalAdvance(words) > width() - 2 * kClear) {
+    while (pixels > kSmallestWriting && QFontMetrics(WithPixels(font(), pixels)).horizontalAdvance(words) > width() - 2 * kClear) {
         --pixels;
     }
     return pixels;

@@ -10,7 +10,6 @@ namespace velluto {
 
 namespace {
 
-constexpr int kReleaseDoubt = 2;     // milliseconds: the press that belongs to a release is on its way already
 constexpr int kFirstOfLowerRow = 24; // piano keys
 constexpr int kFirstOfUpperRow = 36;
 

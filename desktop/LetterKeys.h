@@ -18,6 +18,9 @@ namespace velluto {
 // the like. The lower row begins at the third C, the upper one an octave above.
 [[nodiscard]] std::optional<int> PianoKeyOf(const QKeyEvent &event);
 
+// Milliseconds that a release is taken for one of a key that repeats: the press that belongs to it is on its way already.
+inline constexpr int kReleaseDoubt = 2;
+
 class LetterKeys : public QObject {
 public:
     // press and release are called with the number of a piano key, and with the key that is still held, -1 for none.

@@ -12,7 +12,7 @@ namespace velluto {
 
 namespace {
 
-constexpr int kMargin = 6; // logical pixels
+constexpr int kWordsMargin = 6; // logical pixels
 
 // The bytes of the last line that has any.
 std::vector<std::uint8_t> LastBytes(const QString &shown)
@@ -41,7 +41,7 @@ void AddMonitorWords(const Form &form, QWidget &surface)
     label->setTextFormat(Qt::PlainText);
     const auto follow = [label, edit, &surface] {
         const int top = edit->geometry().bottom() + 1;
-        label->setGeometry(kMargin, top, std::max(surface.width() - 2 * kMargin, 0), std::max(surface.height() - top, 0));
+        label->setGeometry(kWordsMargin, top, std::max(surface.width() - 2 * kWordsMargin, 0), std::max(surface.height() - top, 0));
     };
     const auto look = [follow](const QEvent &event) {
         if (event.type() == QEvent::Resize) {

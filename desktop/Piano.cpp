@@ -15,8 +15,6 @@ namespace velluto {
 
 namespace {
 
-constexpr int kReleaseDoubt = 2; // milliseconds: the press that belongs to a release is on its way already
-
 bool IsPressingKey(int key)
 {
     return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;

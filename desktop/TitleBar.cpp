@@ -61,7 +61,7 @@ void DrawRestore(QPainter &painter, const QPointF &c)
                                     c + QPointF(kGlyph, kGlyph - 2), c + QPointF(kGlyph - 1, kGlyph - 2)}));
 }
 
-using Glyph = void (*)(QPainter &, const QPointF &);
+using DrawGlyph = void (*)(QPainter &, const QPointF &);
 
 struct ButtonState {
     bool pointedAt = false;
@@ -74,7 +74,7 @@ ButtonState StateOf(const QStyleOptionComplex &option, QStyle::SubControl button
     return {here && option.state.testFlag(QStyle::State_MouseOver), here && option.state.testFlag(QStyle::State_Sunken)};
 }
 
-void DrawButton(QPainter &painter, const QRect &place, const ButtonState &state, const QColor &ink, Glyph glyph)
+void DrawButton(QPainter &painter, const QRect &place, const ButtonState &state, const QColor &ink, DrawGlyph glyph)
 {
     if (state.pointedAt || state.pressed) {
         QColor lit = ink;
@@ -99,7 +99,7 @@ void DrawButtons(QPainter &painter, const QStyleOptionTitleBar &bar, const QStyl
     const bool maximised = (bar.titleBarState & Qt::WindowMaximized) != 0;
     struct Drawn {
         QStyle::SubControl button;
-        Glyph glyph;
+        DrawGlyph glyph;
         bool wanted;
     };
     const std::array<Drawn, 4> buttons = {{
@@ -122,7 +122,7 @@ void DrawMenuBarButtons(QPainter &painter, const QStyleOptionComplex &option, co
 {
     struct Drawn {
         QStyle::SubControl button;
-        Glyph glyph;
+        DrawGlyph glyph;
     };
     const std::array<Drawn, 3> buttons = {
         {{QStyle::SC_MdiMinButton, DrawMinimise}, {QStyle::SC_MdiNormalButton, DrawRestore}, {QStyle::SC_MdiCloseButton, DrawClose}}};

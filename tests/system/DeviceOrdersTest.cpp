@@ -21,7 +21,6 @@
 namespace velluto::test {
 namespace {
 
-constexpr std::uint32_t kNoteOn = 0x643C90;
 constexpr std::uint32_t kNoteOff = 0x403C80;
 
 int FromEnvironment(const char *name, int otherwise)

@@ -9,8 +9,6 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-constexpr std::uint32_t kNoteOn = 0x643C90;
-
 TEST_F(DevicesTest, WithoutAServerThereAreNoDevicesAndNoWords)
 {
     testing::internal::CaptureStderr();

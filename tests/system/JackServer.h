@@ -12,6 +12,8 @@
 
 namespace velluto::test {
 
+inline constexpr std::uint32_t kNoteOn = 0x643C90; // packed: note 60 on channel 1, struck at 100
+
 // Waits for the condition. False where it has not come true after the limit.
 bool Eventually(const std::function<bool()> &condition, std::chrono::milliseconds limit = std::chrono::seconds(20));
 

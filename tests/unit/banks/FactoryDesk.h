@@ -14,6 +14,11 @@ namespace velluto::test {
 
 using Sent = std::vector<std::uint32_t>;
 
+inline std::string Blanks(std::size_t count)
+{
+    return std::string(count, ' ');
+}
+
 // The three messages of an address on a 0-based channel.
 inline Sent Messages(std::uint32_t ch, std::uint32_t msb, std::uint32_t lsb, std::uint32_t program)
 {

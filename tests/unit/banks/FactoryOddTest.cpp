@@ -6,11 +6,6 @@
 namespace velluto::test {
 namespace {
 
-std::string Blanks(std::size_t count)
-{
-    return std::string(count, ' ');
-}
-
 class OddTablesTest : public FactoryDesk {};
 
 TEST_F(OddTablesTest, MissingTablesAreMadeAsEmptyFilesAndItemsSendZeros)

@@ -7,11 +7,6 @@ namespace {
 const Place kBankNatural{0, 0, 101 * 135 + 8 * 15, 32 * 240 + 30 * 15};
 const Place kStyleNatural{0, 0, 88 * 135 + 8 * 15, 38 * 240 + 30 * 15};
 
-std::string Blanks(std::size_t count)
-{
-    return std::string(count, ' ');
-}
-
 std::string Zeros(std::size_t count)
 {
     return std::string(count, '\0');

@@ -6,9 +6,6 @@ namespace {
 
 using CopyTest = EditTest;
 
-const std::vector<Lettered> kThreePrograms{{"Piano", 0, "AAA"}, {"Organ", 1, "bb"}, {"Choir", 2, "CCCC"}};
-const std::vector<Lettered> kTwoPairs{{"Bossa", 0, "AAA"}, {"Bossa STS", 0, "aa"}, {"Beguine", 1, "BBBB"}, {"Beguine STS", 1, "b"}};
-
 // --- The run
 
 TEST_F(CopyTest, TheClipboardHoldsTheWholeFileAndTheCoordinatesOfTheRun)

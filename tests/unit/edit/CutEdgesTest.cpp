@@ -7,11 +7,6 @@ namespace {
 
 using CutEdgesTest = EditTest;
 
-const std::vector<Lettered> kThreePrograms{{"Piano", 0, "AAA"}, {"Organ", 1, "bb"}, {"Choir", 2, "CCCC"}};
-const std::vector<Lettered> kThreePerformances{{"Ballad", 0, "AAA"}, {"Disco", 1, "bb"}, {"Latin", 2, "CCCC"}};
-const std::string kSixteenBlanks(16, ' ');
-const std::string kNoItems = Legible(Written({}, "", {}));
-
 // --- The Delete key, and nothing selected
 
 TEST_F(CutEdgesTest, TheDeleteKeyCuts)

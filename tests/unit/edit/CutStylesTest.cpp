@@ -11,8 +11,6 @@ const std::vector<Lettered> kInterleaved{{"Bossa", 0, "AAA"},     {"Bossa STS", 
                                          {"Beguine STS", 1, "b"}, {"Polka", 2, "C"},      {"Polka STS", 2, "ccccc"}};
 const std::vector<Lettered> kGrouped{{"Bossa", 0, "AAA"},    {"Beguine", 1, "BBBB"},  {"Polka", 2, "C"},
                                      {"Bossa STS", 0, "aa"}, {"Beguine STS", 1, "b"}, {"Polka STS", 2, "ccccc"}};
-const std::vector<Lettered> kTwoPairs{{"Bossa", 0, "AAA"}, {"Bossa STS", 0, "aa"}, {"Beguine", 1, "BBBB"}, {"Beguine STS", 1, "b"}};
-const std::string kNoItems = Legible(Written({}, "", {}));
 
 // --- Styles only
 

@@ -70,6 +70,24 @@ inline std::string Legible(const Bytes &bytes)
     return text;
 }
 
+inline const std::vector<Lettered> kThreePrograms{{"Piano", 0, "AAA"}, {"Organ", 1, "bb"}, {"Choir", 2, "CCCC"}};
+inline const std::vector<Lettered> kThreePerformances{{"Ballad", 0, "AAA"}, {"Disco", 1, "bb"}, {"Latin", 2, "CCCC"}};
+inline const std::vector<Lettered> kTwoPairs{{"Bossa", 0, "AAA"}, {"Bossa STS", 0, "aa"}, {"Beguine", 1, "BBBB"}, {"Beguine STS", 1, "b"}};
+inline const std::vector<Lettered> kSambaInterleaved{
+    {"Samba", 0, "SSSS"}, {"Samba STS", 0, "ss"}, {"Tango", 1, "TTTTT"}, {"Tango STS", 1, "t"}};
+inline const std::vector<Lettered> kSambaGrouped{
+    {"Samba", 0, "SSSS"}, {"Tango", 1, "TTTTT"}, {"Samba STS", 0, "ss"}, {"Tango STS", 1, "t"}};
+inline const std::vector<Lettered> kSambaTangoRumba{{"Samba", 0, "SSSS"}, {"Tango", 1, "TTTTT"}, {"Rumba", 2, "RR"}};
+inline const std::vector<Lettered> kBossaDanceLambada{{"Bossa", 0, "AAA"},    {"Dance", 2, "DD"},    {"Lambada", 4, "L"},
+                                                      {"Bossa STS", 0, "aa"}, {"Dance STS", 2, "d"}, {"Lambada STS", 4, "llll"}};
+inline const std::string kSixteenBlanks(16, ' ');
+
+// The file of no items as an edit frames it: its outer length is that of the whole, 52.
+inline const std::string kNoItems =
+    Legible({0x01, 0x00, 0x01, 0x14, 0x00, 0x00, 0x00, 0x34, 0x02, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x0C, 0x0B, 0x00, 0x00, 0x00,
+             0x00, 0x00, 0x00, 'K',  'O',  'R',  'F',  0x00, 0x05, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x00, 0xFE, 0x00, 0x00, 0x18,
+             0x00, 0x00, 0x00, 0x10, 'K',  'B',  'E',  'G',  0x00, 0x00, 0x00, 0x1C, 'K',  'E',  'N',  'D',  0x00, 0x00, 0x00, 0x01});
+
 // The rows as a list draws them: up to a zero byte, and without the blanks at their ends.
 inline Texts Drawn(const ListBox &list)
 {

@@ -6,11 +6,9 @@ namespace {
 
 using PasteBeforeTest = EditTest;
 
-const std::vector<Lettered> kSource{{"Piano", 0, "AAA"}, {"Organ", 1, "bb"}, {"Choir", 2, "CCCC"}};
-
 TEST_F(PasteBeforeTest, BeforeAnItemOfTheSameLengthTheBodiesFitTheirEntries)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FFF"}, {"Oboe", 5, "oo"}});
     Paste(window, {2});
     EXPECT_EQ(Image(window), Legible(Written({{"Flute", 0}, {"Organ", 2}, {"Oboe", 5}}, "FFFbboo", {108, 111, 113})));
@@ -20,7 +18,7 @@ TEST_F(PasteBeforeTest, BeforeAnItemOfTheSameLengthTheBodiesFitTheirEntries)
 
 TEST_F(PasteBeforeTest, DirectlyBeforeAnItem)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FFF"}, {"Oboe", 2, "oo"}});
     Paste(window, {1});
     EXPECT_EQ(Image(window), Legible(Written({{"Flute", 0}, {"Organ", 1}, {"Oboe", 2}}, "FFFbboo", {108, 111, 113})));
@@ -29,7 +27,7 @@ TEST_F(PasteBeforeTest, DirectlyBeforeAnItem)
 
 TEST_F(PasteBeforeTest, AnItemWithABlankNameLeavesItsRowFreeAndStaysBeforeWhatComesThere)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FFF"}, {std::string(16, ' '), 3, "n"}, {"Oboe", 5, "oo"}});
     ASSERT_EQ(Row(window, 3), " 004 ");
     Paste(window, {3});
@@ -39,7 +37,7 @@ TEST_F(PasteBeforeTest, AnItemWithABlankNameLeavesItsRowFreeAndStaysBeforeWhatCo
 
 TEST_F(PasteBeforeTest, BeforeAShorterItemTheCopyRunsOnIntoTheIndex)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 5, "o"}});
     Paste(window, {2});
     // Place 2 has the length of the one that comes in, and so two bytes are taken from Oboe on.
@@ -49,7 +47,7 @@ TEST_F(PasteBeforeTest, BeforeAShorterItemTheCopyRunsOnIntoTheIndex)
 
 TEST_F(PasteBeforeTest, BeforeALongerItemItsEndIsLost)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 5, "ooooo"}});
     Paste(window, {2});
     EXPECT_EQ(Image(window), Legible(Written({{"Flute", 0}, {"Organ", 2}, {"Oboe", 5}}, "FFbboo", {108, 110, 112})));
@@ -57,7 +55,7 @@ TEST_F(PasteBeforeTest, BeforeALongerItemItsEndIsLost)
 
 TEST_F(PasteBeforeTest, BeforeTwoItemsOnlyTheFirstOfThemIsMoved)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 5, "ooo"}, {"Tuba", 6, "t"}});
     Paste(window, {2});
     // Place 4 is Oboe's old one, behind Tuba's, which kept its own.
@@ -69,7 +67,7 @@ TEST_F(PasteBeforeTest, BeforeTwoItemsOnlyTheFirstOfThemIsMoved)
 
 TEST_F(PasteBeforeTest, TwoItemsBeforeTwoAreShiftedInOrder)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 5, "ooo"}, {"Tuba", 6, "t"}});
     Paste(window, {2});
     // Lengths 2, 3, 2, 3, 1; behind the block the bytes from Oboe on are as many as places 2 and 3 say now, one too many.
@@ -80,7 +78,7 @@ TEST_F(PasteBeforeTest, TwoItemsBeforeTwoAreShiftedInOrder)
 
 TEST_F(PasteBeforeTest, TwoItemsBeforeOneTheSecondShiftReadsWhatTheFirstWrote)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 5, "o"}});
     Paste(window, {2});
     // Places 3 and 4 both become Oboe's; then 2 and 3 those that come in, and 4 keeps the length 1. Place 3 was meant for
@@ -92,7 +90,7 @@ TEST_F(PasteBeforeTest, TwoItemsBeforeOneTheSecondShiftReadsWhatTheFirstWrote)
 
 TEST_F(PasteBeforeTest, BeforeAllItemsTheBodiesAreTakenFromWhereTheNewDirectoryWouldEnd)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {{"Oboe", 5, "oo"}});
     Paste(window, {2});
     // Position 85 of the old image lies in the mark at its end; and to the new position 85 the move comes once more.
@@ -134,7 +132,7 @@ TEST_F(PasteBeforeTest, TheLengthThatComesInIsLookedUpByRowAndNotByItem)
 TEST_F(PasteBeforeTest, BeforeItemsTheGapLimitsTheEntriesButNotTheBlock)
 {
     // Rows 10 and 11 are free, row 12 is not.
-    Copy(Pcg("a.pcg", kSource), {0, 1, 2});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1, 2});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 12, "ooooo"}});
     Paste(window, {10});
     // Places 3 and 4 become Oboe's, 2 and 3 the new ones': lengths 2, 3, 2, 5. Behind the block of nine bytes come three of

@@ -6,17 +6,11 @@ namespace {
 
 using PasteFilledStylesTest = EditTest;
 
-const std::vector<Lettered> kInterleaved{{"Samba", 0, "SSSS"}, {"Samba STS", 0, "ss"}, {"Tango", 1, "TTTTT"}, {"Tango STS", 1, "t"}};
-const std::vector<Lettered> kGrouped{{"Samba", 0, "SSSS"}, {"Tango", 1, "TTTTT"}, {"Samba STS", 0, "ss"}, {"Tango STS", 1, "t"}};
-const std::vector<Lettered> kStylesOnly{{"Samba", 0, "SSSS"}, {"Tango", 1, "TTTTT"}, {"Rumba", 2, "RR"}};
-const std::vector<Lettered> kBossaDanceLambada{{"Bossa", 0, "AAA"},    {"Dance", 2, "DD"},    {"Lambada", 4, "L"},
-                                               {"Bossa STS", 0, "aa"}, {"Dance STS", 2, "d"}, {"Lambada STS", 4, "llll"}};
-
 // --- A grouped target
 
 TEST_F(PasteFilledStylesTest, IntoTheMiddleOfAGroupedTarget)
 {
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window = Style("b.sty", kBossaDanceLambada);
     Paste(window, {1});
     EXPECT_EQ(Image(window), Legible(Written({{"Bossa", 0},
@@ -34,7 +28,7 @@ TEST_F(PasteFilledStylesTest, IntoTheMiddleOfAGroupedTarget)
 
 TEST_F(PasteFilledStylesTest, BeforeAllOfAGroupedTarget)
 {
-    Copy(Style("a.sty", kInterleaved), {1});
+    Copy(Style("a.sty", kSambaInterleaved), {1});
     frmStyUN &window = Style("b.sty", {{"Bossa", 1, "AAA"}, {"Dance", 2, "DD"}, {"Bossa STS", 1, "aa"}, {"Dance STS", 2, "d"}});
     Paste(window, {0});
     EXPECT_EQ(Image(window),
@@ -45,7 +39,7 @@ TEST_F(PasteFilledStylesTest, BeforeAllOfAGroupedTarget)
 
 TEST_F(PasteFilledStylesTest, BehindAllOfAGroupedTarget)
 {
-    Copy(Style("a.sty", kGrouped), {0});
+    Copy(Style("a.sty", kSambaGrouped), {0});
     frmStyUN &window = Style("b.sty", {{"Bossa", 0, "AAA"}, {"Dance", 2, "DD"}, {"Bossa STS", 0, "aa"}, {"Dance STS", 2, "d"}});
     Paste(window, {5});
     EXPECT_EQ(Image(window),
@@ -56,7 +50,7 @@ TEST_F(PasteFilledStylesTest, BehindAllOfAGroupedTarget)
 
 TEST_F(PasteFilledStylesTest, TwoStylesIntoAGroupedTargetInTwoPasses)
 {
-    Copy(Style("a.sty", kInterleaved), {0, 1});
+    Copy(Style("a.sty", kSambaInterleaved), {0, 1});
     frmStyUN &window = Style("b.sty", {{"Bossa", 3, "AAA"}, {"Dance", 4, "DD"}, {"Bossa STS", 3, "aa"}, {"Dance STS", 4, "d"}});
     Paste(window, {0});
     EXPECT_EQ(Image(window), Legible(Written({{"Samba", 0},
@@ -76,7 +70,7 @@ TEST_F(PasteFilledStylesTest, TwoStylesIntoAGroupedTargetInTwoPasses)
 TEST_F(PasteFilledStylesTest, BeforeTheLastOfAGroupedTargetTheLastStsFallsOut)
 {
     // Samba comes in before the second of two; the second's STS is not carried over, though a sixth item is counted.
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window = Style("b.sty", {{"Bossa", 0, "AAA"}, {"Dance", 2, "DD"}, {"Bossa STS", 0, "aa"}, {"Dance STS", 2, "d"}});
     Paste(window, {1});
     EXPECT_EQ(Image(window), Legible(Written({{"Bossa", 0}, {"Samba", 1}, {"Dance", 2}, {"Bossa STS", 0}, {"Samba STS", 1}},
@@ -85,7 +79,7 @@ TEST_F(PasteFilledStylesTest, BeforeTheLastOfAGroupedTargetTheLastStsFallsOut)
 
 TEST_F(PasteFilledStylesTest, AnOddGroupedTargetLosesItsLastEntry)
 {
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window =
         Style("b.sty", {{"Bossa", 0, "AAA"}, {"Dance", 1, "DD"}, {"Polka", 2, "P"}, {"Bossa STS", 0, "aa"}, {"Dance STS", 1, "d"}});
     Paste(window, {5});
@@ -96,7 +90,7 @@ TEST_F(PasteFilledStylesTest, AnOddGroupedTargetLosesItsLastEntry)
 
 TEST_F(PasteFilledStylesTest, BeforeAllOfAnOddGroupedTargetTheLastEntryIsLostToo)
 {
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window =
         Style("b.sty", {{"Bossa", 1, "AAA"}, {"Dance", 2, "DD"}, {"Polka", 3, "P"}, {"Bossa STS", 1, "aa"}, {"Dance STS", 2, "d"}});
     Paste(window, {0});
@@ -107,7 +101,7 @@ TEST_F(PasteFilledStylesTest, BeforeAllOfAnOddGroupedTargetTheLastEntryIsLostToo
 
 TEST_F(PasteFilledStylesTest, OfStylesWithoutStsIntoAGroupedTargetTheEntryHalfwayOnStandsInForTheSts)
 {
-    Copy(Style("a.sty", kStylesOnly), {0});
+    Copy(Style("a.sty", kSambaTangoRumba), {0});
     frmStyUN &window = Style("b.sty", {{"Bossa", 0, "AAA"}, {"Dance", 2, "DD"}, {"Bossa STS", 0, "aa"}, {"Dance STS", 2, "d"}});
     Paste(window, {5});
     EXPECT_EQ(Image(window), Legible(Written({{"Bossa", 0}, {"Dance", 2}, {"Samba", 5}, {"Bossa STS", 0}, {"Dance STS", 2}, {"Tango", 5}},
@@ -140,7 +134,7 @@ TEST_F(PasteFilledStylesTest, WithNoFreeRowSelectedAGroupedTargetGetsWhatTheLast
     // There is no pass, so nothing is built: the image is the one that the edit before has left.
     Copy(Pcg("a.pcg", {{"Piano", 0, "A"}}), {0});
     Paste(NewPcg64(), {3});
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window = Style("b.sty", kBossaDanceLambada);
     const Texts rows = window.List1.Rows();
     Paste(window, {0});
@@ -153,7 +147,7 @@ TEST_F(PasteFilledStylesTest, WithNoFreeRowSelectedAGroupedTargetGetsWhatTheLast
 
 TEST_F(PasteFilledStylesTest, OfAPairIntoStylesOnlyLosesTheSts)
 {
-    Copy(Style("a.sty", kInterleaved), {0, 1});
+    Copy(Style("a.sty", kSambaInterleaved), {0, 1});
     frmStyUN &window = Style("b.sty", {{"Bossa", 0, "AAA"}, {"Dance", 9, "DD"}});
     const int button = window.CommSTS.enabled ? 1 : 0;
     Paste(window, {5});
@@ -169,7 +163,7 @@ TEST_F(PasteFilledStylesTest, OfAPairIntoStylesOnlyLosesTheSts)
 
 TEST_F(PasteFilledStylesTest, OfStylesOnlyIntoStylesOnlyGoesToTheEndWhateverTheSlot)
 {
-    Copy(Style("a.sty", kStylesOnly), {1, 2});
+    Copy(Style("a.sty", kSambaTangoRumba), {1, 2});
     frmStyUN &window = Style("b.sty", {{"Bossa", 8, "AAA"}, {"Dance", 9, "DD"}});
     Paste(window, {0});
     EXPECT_EQ(Image(window),
@@ -179,7 +173,7 @@ TEST_F(PasteFilledStylesTest, OfStylesOnlyIntoStylesOnlyGoesToTheEndWhateverTheS
 
 TEST_F(PasteFilledStylesTest, OfPairsIntoPairs)
 {
-    Copy(Style("a.sty", kInterleaved), {0, 1});
+    Copy(Style("a.sty", kSambaInterleaved), {0, 1});
     frmStyUN &window = Style("b.sty", {{"Bossa", 8, "AAA"}, {"Bossa STS", 8, "aa"}});
     Paste(window, {0});
     EXPECT_EQ(Image(window),
@@ -192,7 +186,7 @@ TEST_F(PasteFilledStylesTest, OfPairsIntoPairs)
 
 TEST_F(PasteFilledStylesTest, OfGroupedStylesIntoPairs)
 {
-    Copy(Style("a.sty", kGrouped), {1});
+    Copy(Style("a.sty", kSambaGrouped), {1});
     frmStyUN &window = Style("b.sty", {{"Bossa", 8, "AAA"}, {"Bossa STS", 8, "aa"}});
     Paste(window, {10});
     EXPECT_EQ(Image(window),
@@ -202,7 +196,7 @@ TEST_F(PasteFilledStylesTest, OfGroupedStylesIntoPairs)
 
 TEST_F(PasteFilledStylesTest, OfStylesOnlyIntoPairsTheEntryHalfwayOnStandsInForTheSts)
 {
-    Copy(Style("a.sty", kStylesOnly), {0});
+    Copy(Style("a.sty", kSambaTangoRumba), {0});
     frmStyUN &window = Style("b.sty", {{"Bossa", 8, "AAA"}, {"Bossa STS", 8, "aa"}});
     Paste(window, {0});
     EXPECT_EQ(Image(window),
@@ -222,7 +216,7 @@ TEST_F(PasteFilledStylesTest, ThePartnerOfTheLastOfStylesOnlyIsReadPastTheDirect
 
 TEST_F(PasteFilledStylesTest, IntoAFileOfOneItemAppends)
 {
-    Copy(Style("a.sty", kStylesOnly), {0});
+    Copy(Style("a.sty", kSambaTangoRumba), {0});
     frmStyUN &window = Style("b.sty", {{"Bossa", 8, "AAA"}});
     Paste(window, {3});
     EXPECT_EQ(Image(window), Legible(Written({{"Bossa", 8}, {"Samba", 3}}, "AAASSSS", {84, 87})));
@@ -230,7 +224,7 @@ TEST_F(PasteFilledStylesTest, IntoAFileOfOneItemAppends)
 
 TEST_F(PasteFilledStylesTest, WithNoFreeRowSelectedAnAppendedTargetIsBuiltAnewAsItWas)
 {
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window = Style("b.sty", {{"Bossa", 8, "AAA"}, {"Bossa STS", 8, "aa"}});
     const std::string before = Image(window);
     Paste(window, {});
@@ -240,7 +234,7 @@ TEST_F(PasteFilledStylesTest, WithNoFreeRowSelectedAnAppendedTargetIsBuiltAnewAs
 
 TEST_F(PasteFilledStylesTest, TheSavedTableHoldsTheTargetsAndTheOtherTheSources)
 {
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window = Style("b.sty", {{"Bossa", 8, "AAA"}, {"Bossa STS", 8, "aa"}});
     Paste(window, {0});
     EXPECT_EQ(files.SavedItemIndex[0], 85);

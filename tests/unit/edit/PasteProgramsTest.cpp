@@ -6,8 +6,6 @@ namespace {
 
 using PasteProgramsTest = EditTest;
 
-const std::vector<Lettered> kSource{{"Piano", 0, "AAA"}, {"Organ", 1, "bb"}, {"Choir", 2, "CCCC"}};
-
 // --- The rows
 
 TEST_F(PasteProgramsTest, TheRowsTakeTheNamesWithBlanksForZeros)
@@ -41,7 +39,7 @@ TEST_F(PasteProgramsTest, RowsOfPerformancesHaveOneDigit)
 
 TEST_F(PasteProgramsTest, TheSelectionAndTheCaptionStay)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1});
     frmPcgUN &window = NewPcg64();
     const std::string title = window.caption;
     std::string prefix = window.Tag.prefix;
@@ -57,7 +55,7 @@ TEST_F(PasteProgramsTest, TheSelectionAndTheCaptionStay)
 
 TEST_F(PasteProgramsTest, ARowShorterThanAnEmptyOneIsNoneToBeginIn)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1});
     frmPcgUN &window = NewPcg64();
     window.List1.SetRow(3, " 00");
     Paste(window, {3, 5});
@@ -71,7 +69,7 @@ TEST_F(PasteProgramsTest, ARowShorterThanAnEmptyOneIsNoneToBeginIn)
 
 TEST_F(PasteProgramsTest, IntoANewFileBuildsItsFirstImage)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1, 2});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1, 2});
     frmPcgUN &window = NewPcg64();
     ASSERT_TRUE(window.Tag.image.empty());
     Paste(window, {9});
@@ -96,7 +94,7 @@ TEST_F(PasteProgramsTest, IntoANewFileTheLengthsAreThoseOfTheItemsAndNotOfTheRow
 
 TEST_F(PasteProgramsTest, TheNewStateAndImageAreLeftInTheBuildTexts)
 {
-    Copy(Pcg("a.pcg", kSource), {0});
+    Copy(Pcg("a.pcg", kThreePrograms), {0});
     frmPcgUN &window = NewPcg64();
     Paste(window, {9});
     EXPECT_EQ(files.BuildPrefix, window.Tag.prefix);
@@ -106,7 +104,7 @@ TEST_F(PasteProgramsTest, TheNewStateAndImageAreLeftInTheBuildTexts)
 
 TEST_F(PasteProgramsTest, TheNewFileOf128PlacesTakesItemsInItsLastRow)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = NewPcg128();
     Paste(window, {127});
     EXPECT_EQ(Image(window), Legible(Written({{"Organ", 127}}, "bb", {60})));
@@ -116,7 +114,7 @@ TEST_F(PasteProgramsTest, TheNewFileOf128PlacesTakesItemsInItsLastRow)
 
 TEST_F(PasteProgramsTest, IntoANewFileTheWholeBlockIsCopiedThoughOneEntryFits)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1, 2});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1, 2});
     frmPcgUN &window = NewPcg64();
     Paste(window, {63});
     EXPECT_EQ(Image(window), Legible(Written({{"Piano", 63}}, "AAAbbCCCC", {60})));
@@ -126,7 +124,7 @@ TEST_F(PasteProgramsTest, IntoANewFileTheWholeBlockIsCopiedThoughOneEntryFits)
 
 TEST_F(PasteProgramsTest, WithNoRowSelectedANewFileGetsTheBlockAndNoEntry)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1});
     frmPcgUN &window = NewPcg64();
     const Texts rows = window.List1.Rows();
     Paste(window, {});
@@ -137,7 +135,7 @@ TEST_F(PasteProgramsTest, WithNoRowSelectedANewFileGetsTheBlockAndNoEntry)
 
 TEST_F(PasteProgramsTest, IntoAFileOfNoItems)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {});
     Paste(window, {0});
     EXPECT_EQ(Image(window), Legible(Written({{"Organ", 0}}, "bb", {60})));
@@ -146,7 +144,7 @@ TEST_F(PasteProgramsTest, IntoAFileOfNoItems)
 
 TEST_F(PasteProgramsTest, ItemsThatTheListDoesNotShowAreLost)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = Pcg("b.pcg", {{"Nowhere", 200, "NN"}});
     ASSERT_EQ(window.List1.ListCount(), 128);
     Paste(window, {5});
@@ -170,7 +168,7 @@ TEST_F(PasteProgramsTest, OfRow5IntoRow0OnlyTheSlotByteOfTheEntryChanges)
 
 TEST_F(PasteProgramsTest, BehindAllItemsTheNewOnesAreAppended)
 {
-    Copy(Pcg("a.pcg", kSource), {1, 2});
+    Copy(Pcg("a.pcg", kThreePrograms), {1, 2});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 1, "o"}});
     Paste(window, {4});
     EXPECT_EQ(Image(window), Legible(Written({{"Flute", 0}, {"Oboe", 1}, {"Organ", 4}, {"Choir", 5}}, "FFobbCCCC", {132, 134, 135, 137})));
@@ -194,7 +192,7 @@ TEST_F(PasteProgramsTest, BehindAllItemsTheLengthsAreThoseOfTheItemsAndNotOfTheR
 
 TEST_F(PasteProgramsTest, DirectlyBehindTheLastItem)
 {
-    Copy(Pcg("a.pcg", kSource), {0});
+    Copy(Pcg("a.pcg", kThreePrograms), {0});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 1, "o"}});
     Paste(window, {2});
     EXPECT_EQ(Image(window), Legible(Written({{"Flute", 0}, {"Oboe", 1}, {"Piano", 2}}, "FFoAAA", {108, 110, 111})));
@@ -211,7 +209,7 @@ TEST_F(PasteProgramsTest, DirectlyBehindTheLastItemTheLengthsAreThoseOfTheItemsT
 
 TEST_F(PasteProgramsTest, AppendedTheWholeBlockIsCopiedThoughTwoEntriesFit)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1, 2});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1, 2});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}});
     Paste(window, {62});
     EXPECT_EQ(Image(window), Legible(Written({{"Flute", 0}, {"Piano", 62}, {"Organ", 63}}, "FFAAAbbCCCC", {108, 110, 113})));
@@ -220,7 +218,7 @@ TEST_F(PasteProgramsTest, AppendedTheWholeBlockIsCopiedThoughTwoEntriesFit)
 
 TEST_F(PasteProgramsTest, WithNoFreeRowSelectedTheBlockIsAppendedWithoutAnItem)
 {
-    Copy(Pcg("a.pcg", kSource), {0, 1, 2});
+    Copy(Pcg("a.pcg", kThreePrograms), {0, 1, 2});
     frmPcgUN &window = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 1, "o"}});
     const Texts rows = window.List1.Rows();
     Paste(window, {0});
@@ -260,7 +258,7 @@ TEST_F(PasteProgramsTest, AFilledTargetKeepsItsOwnHead)
     file[16] = 0x7A;
     file[22] = 0x7B;
     const auto bytes = [](const Form &window) { return Bytes{window.Tag.image.View()[16], window.Tag.image.View()[22]}; };
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &appended = OpenPcg("b.pcg", file);
     Paste(appended, {6});
     EXPECT_EQ(bytes(appended), (Bytes{0x7A, 0x7B}));
@@ -275,7 +273,7 @@ TEST_F(PasteProgramsTest, AFilledTargetKeepsItsOwnHead)
 
 TEST_F(PasteProgramsTest, WhatWasCutComesBackFromTheFileAsItWas)
 {
-    frmPcgUN &window = Pcg("a.pcg", kSource);
+    frmPcgUN &window = Pcg("a.pcg", kThreePrograms);
     Cut(window, {0});
     Paste(window, {9});
     EXPECT_EQ(Image(window), Legible(Written({{"Organ", 1}, {"Choir", 2}, {"Piano", 9}}, "bbCCCCAAA", {108, 110, 114})));
@@ -286,7 +284,7 @@ TEST_F(PasteProgramsTest, WhatWasCutComesBackFromTheFileAsItWas)
 
 TEST_F(PasteProgramsTest, TheSameRunMayBePastedAgain)
 {
-    Copy(Pcg("a.pcg", kSource), {1});
+    Copy(Pcg("a.pcg", kThreePrograms), {1});
     frmPcgUN &window = NewPcg64();
     Paste(window, {0});
     Paste(window, {1});
@@ -294,12 +292,12 @@ TEST_F(PasteProgramsTest, TheSameRunMayBePastedAgain)
     EXPECT_EQ(clipboard.ClipValid, 1);
     EXPECT_EQ(clipboard.ClipFirstRow, 2);
     EXPECT_EQ(clipboard.ClipCount, 1);
-    EXPECT_EQ(Legible(BytesOf(clipboard.ClipImage)), Legible(FileOf(kSource)));
+    EXPECT_EQ(Legible(BytesOf(clipboard.ClipImage)), Legible(FileOf(kThreePrograms)));
 }
 
 TEST_F(PasteProgramsTest, TheSourcesOwnChangesAfterTheCopyAreNotPasted)
 {
-    frmPcgUN &source = Pcg("a.pcg", kSource);
+    frmPcgUN &source = Pcg("a.pcg", kThreePrograms);
     Copy(source, {1});
     source.Tag.image = ImageOf(FileOf({{"Other", 1, "other"}}));
     frmPcgUN &window = NewPcg64();
@@ -310,7 +308,7 @@ TEST_F(PasteProgramsTest, TheSourcesOwnChangesAfterTheCopyAreNotPasted)
 TEST_F(PasteProgramsTest, TheItemsOfTheSourceAreCountedByItsLastByte)
 {
     // The last byte says one item: the search for the third row's ends there, and goes on with the second item.
-    Bytes file = FileOf(kSource);
+    Bytes file = FileOf(kThreePrograms);
     file.back() = 2;
     clipboard.ClipValid = 1;
     clipboard.ClipImage = ImageOf(file);
@@ -323,7 +321,7 @@ TEST_F(PasteProgramsTest, TheItemsOfTheSourceAreCountedByItsLastByte)
 
 TEST_F(PasteProgramsTest, TheTypeOfTheSourceDecidesNothing)
 {
-    Copy(Pcg("a.pcg", kSource), {1, 2});
+    Copy(Pcg("a.pcg", kThreePrograms), {1, 2});
     frmPrfUN &performances = NewPrf();
     Paste(performances, {6});
     EXPECT_EQ(Image(performances), Legible(Written({{"Organ", 6}, {"Choir", 7}}, "bbCCCC", {84, 86})));
@@ -338,7 +336,7 @@ TEST_F(PasteProgramsTest, TheTypeOfTheSourceDecidesNothing)
 
 TEST_F(PasteProgramsTest, ABlockThatLiesOutsideTheClipboardsFileStopsThePaste)
 {
-    Bytes file = FileOf(kSource); // the index begins at 117
+    Bytes file = FileOf(kThreePrograms); // the index begins at 117
     file[117 + 16 + 1] = 0x01;
     Copy(OpenPcg("a.pcg", file), {0});
     frmPcgUN &empty = NewPcg64();
@@ -356,7 +354,7 @@ TEST_F(PasteProgramsTest, ABlockThatLiesOutsideTheClipboardsFileStopsThePaste)
 
 TEST_F(PasteProgramsTest, OfACopyOfNothingThereIsNoBlock)
 {
-    Copy(Pcg("a.pcg", kSource), {});
+    Copy(Pcg("a.pcg", kThreePrograms), {});
     frmPcgUN &window = NewPcg64();
     const Everything before = All(window);
     Paste(window, {3});
@@ -367,7 +365,7 @@ TEST_F(PasteProgramsTest, AClipboardOfAnyBytesHarmsNothing)
 {
     frmPcgUN &empty = NewPcg64();
     frmPcgUN &items = Pcg("b.pcg", {{"Flute", 0, "FF"}, {"Oboe", 5, "o"}});
-    const Bytes whole = FileOf(kSource);
+    const Bytes whole = FileOf(kThreePrograms);
     for (const std::size_t length : {0U, 1U, 5U, 8U, 35U, 36U, 59U, 60U, 107U, 116U, 140U}) {
         clipboard.ClipValid = 1;
         clipboard.ClipImage = ImageOf(Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)));
@@ -383,7 +381,7 @@ TEST_F(PasteProgramsTest, AClipboardOfAnyBytesHarmsNothing)
 
 TEST_F(PasteProgramsTest, WithoutAWindowNothingHappens)
 {
-    Copy(Pcg("a.pcg", kSource), {0});
+    Copy(Pcg("a.pcg", kThreePrograms), {0});
     app.children.UnloadAll();
     mnuIncolla_Click(files);
     EXPECT_TRUE(files.BuildImage.empty());

@@ -6,17 +6,11 @@ namespace {
 
 using PasteStylesTest = EditTest;
 
-const std::vector<Lettered> kInterleaved{{"Samba", 0, "SSSS"}, {"Samba STS", 0, "ss"}, {"Tango", 1, "TTTTT"}, {"Tango STS", 1, "t"}};
-const std::vector<Lettered> kGrouped{{"Samba", 0, "SSSS"}, {"Tango", 1, "TTTTT"}, {"Samba STS", 0, "ss"}, {"Tango STS", 1, "t"}};
-const std::vector<Lettered> kStylesOnly{{"Samba", 0, "SSSS"}, {"Tango", 1, "TTTTT"}, {"Rumba", 2, "RR"}};
-const std::vector<Lettered> kBossaDanceLambada{{"Bossa", 0, "AAA"},    {"Dance", 2, "DD"},    {"Lambada", 4, "L"},
-                                               {"Bossa STS", 0, "aa"}, {"Dance STS", 2, "d"}, {"Lambada STS", 4, "llll"}};
-
 // --- Where it goes: the rows
 
 TEST_F(PasteStylesTest, TheRowsShowNameAndSize)
 {
-    Copy(Style("a.sty", kInterleaved), {0, 1});
+    Copy(Style("a.sty", kSambaInterleaved), {0, 1});
     frmStyUN &window = NewSty();
     Paste(window, {4});
     EXPECT_EQ(Row(window, 4), " 05 Samba                4");
@@ -52,7 +46,7 @@ TEST_F(PasteStylesTest, AZeroInsideTheNameIsABlankToo)
 
 TEST_F(PasteStylesTest, TheSelectionAndTheCaptionStay)
 {
-    Copy(Style("a.sty", kInterleaved), {0, 1});
+    Copy(Style("a.sty", kSambaInterleaved), {0, 1});
     frmStyUN &window = NewSty();
     const std::string title = window.caption;
     Paste(window, {4, 9});
@@ -65,7 +59,7 @@ TEST_F(PasteStylesTest, TheSelectionAndTheCaptionStay)
 
 TEST_F(PasteStylesTest, ARunLongerThanTheGapIsCutShortByTheEndOfTheList)
 {
-    Copy(Style("a.sty", kInterleaved), {0, 1});
+    Copy(Style("a.sty", kSambaInterleaved), {0, 1});
     frmStyUN &window = NewSty();
     Paste(window, {15});
     EXPECT_EQ(Image(window), Legible(Written({{"Samba", 15}, {"Samba STS", 15}}, "SSSSss", {84, 88})));
@@ -75,7 +69,7 @@ TEST_F(PasteStylesTest, ARunLongerThanTheGapIsCutShortByTheEndOfTheList)
 
 TEST_F(PasteStylesTest, ARunLongerThanTheGapIsCutShortByAnOccupiedRow)
 {
-    frmStyUN &source = Style("a.sty", kInterleaved);
+    frmStyUN &source = Style("a.sty", kSambaInterleaved);
     Copy(source, {0, 1});
     frmStyUN &window = Style("b.sty", {{"Bossa", 4, "AAA"}, {"Bossa STS", 4, "aa"}});
     Paste(window, {3});
@@ -87,7 +81,7 @@ TEST_F(PasteStylesTest, ARunLongerThanTheGapIsCutShortByAnOccupiedRow)
 
 TEST_F(PasteStylesTest, ASelectedRowThatIsOccupiedIsPassedBy)
 {
-    Copy(Style("a.sty", kInterleaved), {1});
+    Copy(Style("a.sty", kSambaInterleaved), {1});
     frmStyUN &window = Style("b.sty", {{"Bossa", 0, "AAA"}, {"Bossa STS", 0, "aa"}});
     Paste(window, {0, 2});
     EXPECT_EQ(Image(window),
@@ -98,7 +92,7 @@ TEST_F(PasteStylesTest, ASelectedRowThatIsOccupiedIsPassedBy)
 
 TEST_F(PasteStylesTest, OfPairsIntoANewFileGivesPairs)
 {
-    Copy(Style("a.sty", kInterleaved), {0, 1});
+    Copy(Style("a.sty", kSambaInterleaved), {0, 1});
     frmStyUN &window = NewSty();
     Paste(window, {4});
     EXPECT_EQ(Image(window),
@@ -112,7 +106,7 @@ TEST_F(PasteStylesTest, OfPairsIntoANewFileGivesPairs)
 
 TEST_F(PasteStylesTest, OfGroupedStylesIntoANewFileGivesPairsToo)
 {
-    Copy(Style("a.sty", kGrouped), {0, 1});
+    Copy(Style("a.sty", kSambaGrouped), {0, 1});
     frmStyUN &window = NewSty();
     Paste(window, {0});
     EXPECT_EQ(Image(window),
@@ -123,7 +117,7 @@ TEST_F(PasteStylesTest, OfGroupedStylesIntoANewFileGivesPairsToo)
 
 TEST_F(PasteStylesTest, OfTheSecondGroupedStyleAloneTakesItsOwnSts)
 {
-    Copy(Style("a.sty", kGrouped), {1});
+    Copy(Style("a.sty", kSambaGrouped), {1});
     frmStyUN &window = NewSty();
     Paste(window, {9});
     EXPECT_EQ(Image(window), Legible(Written({{"Tango", 9}, {"Tango STS", 9}}, "TTTTTt", {84, 89})));
@@ -132,7 +126,7 @@ TEST_F(PasteStylesTest, OfTheSecondGroupedStyleAloneTakesItsOwnSts)
 
 TEST_F(PasteStylesTest, OfOneStyleWithoutStsIntoANewFileDisablesTheStsButton)
 {
-    Copy(Style("a.sty", kStylesOnly), {1});
+    Copy(Style("a.sty", kSambaTangoRumba), {1});
     frmStyUN &window = NewSty();
     Paste(window, {2});
     EXPECT_EQ(Image(window), Legible(Written({{"Tango", 2}}, "TTTTT", {60})));
@@ -144,7 +138,7 @@ TEST_F(PasteStylesTest, OfOneStyleWithoutStsIntoANewFileDisablesTheStsButton)
 
 TEST_F(PasteStylesTest, OfStylesWithoutStsThePlacesBetweenKeepTheLengthsThatTheyHeld)
 {
-    Copy(Style("a.sty", kStylesOnly), {0, 1, 2});
+    Copy(Style("a.sty", kSambaTangoRumba), {0, 1, 2});
     frmStyUN &window = NewSty();
     Paste(window, {0});
     // Lengths 4, nothing yet, 5: the third begins where the second does.
@@ -160,7 +154,7 @@ TEST_F(PasteStylesTest, OfStylesWithoutStsTheLengthsBetweenAreThoseOfTheEditBefo
 {
     Cut(Pcg("a.pcg", {{"Piano", 0, "A"}, {"Organ", 1, "bb"}, {"Choir", 2, "seven.."}}), {0});
     ASSERT_EQ(files.BuildItemIndex[129], 7);
-    Copy(Style("a.sty", kStylesOnly), {0, 1, 2});
+    Copy(Style("a.sty", kSambaTangoRumba), {0, 1, 2});
     frmStyUN &window = NewSty();
     Paste(window, {0});
     EXPECT_EQ(Image(window), Legible(Written({{"Samba", 0}, {"Tango", 1}, {"Rumba", 2}}, "SSSSTTTTTRR", {108, 112, 119})));
@@ -168,7 +162,7 @@ TEST_F(PasteStylesTest, OfStylesWithoutStsTheLengthsBetweenAreThoseOfTheEditBefo
 
 TEST_F(PasteStylesTest, IntoAFileThatACutEmptiedSettlesTheStsAnew)
 {
-    frmStyUN &source = Style("a.sty", kStylesOnly);
+    frmStyUN &source = Style("a.sty", kSambaTangoRumba);
     frmStyUN &window = Style("b.sty", {{"Bossa", 0, "AAA"}, {"Bossa STS", 0, "aa"}});
     Cut(window, {0});
     Copy(source, {0});
@@ -177,7 +171,7 @@ TEST_F(PasteStylesTest, IntoAFileThatACutEmptiedSettlesTheStsAnew)
     EXPECT_EQ(window.Tag.At(TagPosition::PasteFixed), 1);
     EXPECT_FALSE(window.CommSTS.enabled);
     Cut(window, {0});
-    Copy(Style("c.sty", kInterleaved), {0});
+    Copy(Style("c.sty", kSambaInterleaved), {0});
     Paste(window, {0});
     EXPECT_EQ(window.Tag.At(TagPosition::HasSts), 1);
     EXPECT_TRUE(window.CommSTS.enabled) << "on again";
@@ -186,7 +180,7 @@ TEST_F(PasteStylesTest, IntoAFileThatACutEmptiedSettlesTheStsAnew)
 
 TEST_F(PasteStylesTest, IntoANewFileWithNoFreeRowSelectedFramesItAndSettlesTheSts)
 {
-    Copy(Style("a.sty", kStylesOnly), {0});
+    Copy(Style("a.sty", kSambaTangoRumba), {0});
     frmStyUN &window = NewSty();
     const Texts rows = window.List1.Rows();
     Paste(window, {});
@@ -200,7 +194,7 @@ TEST_F(PasteStylesTest, IntoANewFileWithNoFreeRowSelectedFramesItAndSettlesTheSt
 
 TEST_F(PasteStylesTest, OnlyTheSlotByteOfAnEntryChanges)
 {
-    Bytes file = FileOf(kInterleaved);
+    Bytes file = FileOf(kSambaInterleaved);
     file[36 + 16] = 0xA1;
     file[36 + 19] = 0xA2;
     file[36 + 21] = 0xA3;
@@ -217,7 +211,7 @@ TEST_F(PasteStylesTest, OnlyTheSlotByteOfAnEntryChanges)
 
 TEST_F(PasteStylesTest, TheSameRunMayBePastedAgain)
 {
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window = NewSty();
     Paste(window, {0});
     Paste(window, {1});
@@ -231,7 +225,7 @@ TEST_F(PasteStylesTest, TheSameRunMayBePastedAgain)
 
 TEST_F(PasteStylesTest, WhatWasCutComesBackInAnotherPlace)
 {
-    frmStyUN &window = Style("a.sty", kGrouped);
+    frmStyUN &window = Style("a.sty", kSambaGrouped);
     Cut(window, {0});
     Paste(window, {7});
     EXPECT_EQ(Image(window),
@@ -255,7 +249,7 @@ TEST_F(PasteStylesTest, AnItemOfAnotherTypeGoesByTheTargetsSteps)
 
 TEST_F(PasteStylesTest, ABodyThatLiesOutsideTheClipboardsFileStopsThePaste)
 {
-    Bytes file = FileOf(kInterleaved); // the index begins at 144
+    Bytes file = FileOf(kSambaInterleaved); // the index begins at 144
     file[144 + 16 + 1] = 0x01;
     Copy(OpenStyle("a.sty", file), {0});
     frmStyUN &empty = NewSty();
@@ -292,7 +286,7 @@ TEST_F(PasteStylesTest, ATargetOfMoreItemsThanTheSavedTableHoldsStaysAsItIs)
     for (int i = 0; i < 33; ++i) {
         items.push_back({"Style " + std::to_string(i), i % 8, std::string(1, static_cast<char>('a' + i % 26))});
     }
-    Copy(Style("a.sty", kInterleaved), {0});
+    Copy(Style("a.sty", kSambaInterleaved), {0});
     frmStyUN &window = OpenStyle("b.sty", FileOf(items));
     const Everything before = All(window);
     Paste(window, {12});

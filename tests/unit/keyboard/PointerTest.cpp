@@ -268,7 +268,7 @@ TEST_F(ChordMode, TheLowestNoteLandsOnThePressedKey)
 {
     link.Freeze({60, 64, 67});
     link.Down(26); // note 62
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(62), NoteOn(66), NoteOn(69)}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(), NoteOn(62), NoteOn(66), NoteOn(69)}));
     EXPECT_EQ(link.Held(), (Ints{62, 66, 69}));
     EXPECT_EQ(link.Dots(), (Ints{26, 30, 33}));
     EXPECT_EQ(link.Form().notes.CurrentNote, 69);
@@ -281,19 +281,19 @@ TEST_F(ChordMode, WhatFallsAbove108IsLeftOutForThatPressOnly)
     link.Form().HScroll1.value = 3; // key 0 is note 48
     link.Taken();
     link.Down(52); // note 100
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(100), NoteOn(104), NoteOn(107)}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(), NoteOn(100), NoteOn(104), NoteOn(107)}));
     link.Down(60); // note 108
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(108)}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(), NoteOn(108)}));
     EXPECT_EQ(link.Chord(), (Ints{60, 64, 67}));
     link.Down(12); // note 60
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(60), NoteOn(64), NoteOn(67)}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(), NoteOn(60), NoteOn(64), NoteOn(67)}));
 }
 
 TEST_F(ChordMode, NotesOffScreenSoundWithoutADot)
 {
     link.Freeze({60, 64});
     link.Down(60); // note 96, and 100 off screen
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(96), NoteOn(100)}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(), NoteOn(96), NoteOn(100)}));
     EXPECT_EQ(link.Dots(), (Ints{60}));
     EXPECT_EQ(link.Held(), (Ints{96, 100}));
 }
@@ -302,7 +302,7 @@ TEST_F(ChordMode, ReleaseIsSilent)
 {
     link.Freeze({60, 64});
     link.Click(0);
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff(), NoteOn(36), NoteOn(40)}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff(), NoteOn(36), NoteOn(40)}));
     EXPECT_EQ(link.Dots(), (Ints{0, 4}));
 }
 
@@ -318,7 +318,7 @@ TEST_F(ChordMode, AllNotesOffEndsItAndKeepsTheOldChordUnused)
 {
     link.Freeze({60, 64});
     link.Push(link.Form().CommAllNoteOff);
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_FALSE(link.Form().notes.ChordArmed);
     EXPECT_TRUE(link.Form().CommHoldChord.enabled);
     EXPECT_EQ(link.Held(), Ints{});

@@ -120,9 +120,9 @@ TEST(Recorder, HearsNotesAndTheirEnds)
     EXPECT_EQ(recorder.sounding[0], (std::set<int>{64}));
     recorder.Hear(NoteOn(64, 0));
     EXPECT_TRUE(recorder.sounding[0].empty());
-    recorder.Hear(AllNotesOff(0));
+    recorder.Hear(test::AllNotesOff(0));
     EXPECT_EQ(recorder.sounding[3], (std::set<int>{67}));
-    recorder.Hear(AllNotesOff(3));
+    recorder.Hear(test::AllNotesOff(3));
     EXPECT_TRUE(recorder.sounding[3].empty());
 }
 

@@ -95,7 +95,7 @@ TEST_F(Opening, InLatchModeTheHoldBoxSilencesFirst)
     mnuTastiera_Click(link.keyboard);
     const Sent sent = link.Taken();
     ASSERT_GE(sent.size(), 2U);
-    EXPECT_EQ(sent[0], AllNotesOff());
+    EXPECT_EQ(sent[0], test::AllNotesOff());
     EXPECT_EQ(sent[1], Controller(7, 1));
     EXPECT_TRUE(link.Form().CommHoldChord.enabled);
     EXPECT_TRUE(link.Form().CheckHoldNote.value);
@@ -114,7 +114,7 @@ TEST_F(Opening, WithTheHoldBoxOnInGlideModeSilencesFirstAndDisablesTheBox)
     mnuTastiera_Click(link.keyboard);
     const Sent sent = link.Taken();
     ASSERT_GE(sent.size(), 2U);
-    EXPECT_EQ(sent[0], AllNotesOff());
+    EXPECT_EQ(sent[0], test::AllNotesOff());
     EXPECT_EQ(sent[1], Controller(7, 1));
     EXPECT_TRUE(link.Form().CheckHoldNote.value);
     EXPECT_FALSE(link.Form().CheckHoldNote.enabled);
@@ -206,7 +206,7 @@ TEST(Closing, SilencesANotePlayedByPress)
     link.Down(24);
     link.Taken();
     link.Close();
-    EXPECT_EQ(link.Taken(), (Sent{AllNotesOff()}));
+    EXPECT_EQ(link.Taken(), (Sent{test::AllNotesOff()}));
     EXPECT_EQ(link.keyboard.window, nullptr);
 }
 

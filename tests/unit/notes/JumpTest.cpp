@@ -7,41 +7,41 @@ namespace velluto::test {
 namespace {
 
 // "One" at 0, "Two" at 5, an empty line at 10, "One" at 12, "text" at 17, an empty line at 23, "Two" at 25, "end" at 30.
-constexpr std::u32string_view kText = U"One\r\nTwo\r\n\r\nOne\r\ntext\r\n\r\nTwo\r\nend\r\n";
+constexpr std::u32string_view kGuide = U"One\r\nTwo\r\n\r\nOne\r\ntext\r\n\r\nTwo\r\nend\r\n";
 
 TEST(GuideJump, ALineOfTheContentsLeadsToTheHeadingOfTheSameWords)
 {
-    EXPECT_EQ(JumpTarget(kText, 1), 12);
-    EXPECT_EQ(JumpTarget(kText, 6), 25);
+    EXPECT_EQ(JumpTarget(kGuide, 1), 12);
+    EXPECT_EQ(JumpTarget(kGuide, 6), 25);
 }
 
 TEST(GuideJump, FromItsStartItsEndAndItsLineEnd)
 {
-    EXPECT_EQ(JumpTarget(kText, 5), 25);
-    EXPECT_EQ(JumpTarget(kText, 8), 25); // before the carriage return
-    EXPECT_EQ(JumpTarget(kText, 9), 25); // between it and the line feed
+    EXPECT_EQ(JumpTarget(kGuide, 5), 25);
+    EXPECT_EQ(JumpTarget(kGuide, 8), 25); // before the carriage return
+    EXPECT_EQ(JumpTarget(kGuide, 9), 25); // between it and the line feed
 }
 
 TEST(GuideJump, FromTheVeryFirstPositionOfTheText)
 {
-    EXPECT_EQ(JumpTarget(kText, 0), 12);
+    EXPECT_EQ(JumpTarget(kGuide, 0), 12);
 }
 
 TEST(GuideJump, ALineThatOccursOnceLeadsToTheTop)
 {
-    EXPECT_EQ(JumpTarget(kText, 18), 0);
+    EXPECT_EQ(JumpTarget(kGuide, 18), 0);
 }
 
 TEST(GuideJump, TheLastHeadingOfItsKindLeadsToTheTop)
 {
-    EXPECT_EQ(JumpTarget(kText, 13), 0);
-    EXPECT_EQ(JumpTarget(kText, 26), 0);
+    EXPECT_EQ(JumpTarget(kGuide, 13), 0);
+    EXPECT_EQ(JumpTarget(kGuide, 26), 0);
 }
 
 TEST(GuideJump, AnEmptyLineLeadsToTheNextLineEnd)
 {
     // The search is for a bare carriage return, and the next one is that of the line below.
-    EXPECT_EQ(JumpTarget(kText, 10), 15);
+    EXPECT_EQ(JumpTarget(kGuide, 10), 15);
 }
 
 TEST(GuideJump, FromOneEmptyLineToTheNextBelow)
@@ -90,9 +90,9 @@ TEST(GuideJump, ALastLineWithoutALineEndLeadsToTheTop)
 
 TEST(GuideJump, CaretsBeyondTheTextAndAnEmptyTextLeadToTheTop)
 {
-    EXPECT_EQ(JumpTarget(kText, static_cast<int>(kText.size())), 0);
-    EXPECT_EQ(JumpTarget(kText, 5000), 0);
-    EXPECT_EQ(JumpTarget(kText, -1), 12); // taken as the beginning
+    EXPECT_EQ(JumpTarget(kGuide, static_cast<int>(kGuide.size())), 0);
+    EXPECT_EQ(JumpTarget(kGuide, 5000), 0);
+    EXPECT_EQ(JumpTarget(kGuide, -1), 12); // taken as the beginning
     EXPECT_EQ(JumpTarget(U"", 0), 0);
     EXPECT_EQ(JumpTarget(U"   ", 1), 0);
 }

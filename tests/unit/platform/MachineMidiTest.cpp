@@ -10,10 +10,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Heard {
+struct HeardMessage {
     std::uint32_t message;
     std::uint32_t parameter1;
-    bool operator==(const Heard &) const = default;
+    bool operator==(const HeardMessage &) const = default;
 };
 
 class MachineMidiTest : public testing::Test {
@@ -58,7 +58,7 @@ protected:
     FakePorts *synth_ = nullptr;
     FakePorts *system_ = nullptr;
     std::unique_ptr<MachineMidi> midi_;
-    std::vector<Heard> heard_;
+    std::vector<HeardMessage> heard_;
 };
 
 TEST_F(MachineMidiTest, DevicesAreNumberedInTheOrderOfTheSystems)
@@ -246,7 +246,8 @@ TEST_F(MachineMidiTest, TheCallbackHearsOpenDataAndClose)
     Play("Keyboard", {0x90, 0x3C, 0x64});
     Play("Keyboard", {0xC1, 0x05});
     midi_->midiInClose(in);
-    EXPECT_THAT(heard_, ElementsAre(Heard{0x3C1, 0}, Heard{0x3C3, 0x643C90}, Heard{0x3C3, 0x05C1}, Heard{0x3C2, 0}));
+    EXPECT_THAT(heard_,
+                ElementsAre(HeardMessage{0x3C1, 0}, HeardMessage{0x3C3, 0x643C90}, HeardMessage{0x3C3, 0x05C1}, HeardMessage{0x3C2, 0}));
 }
 
 TEST_F(MachineMidiTest, NothingIsDeliveredBeforeStartAndAfterStop)
@@ -256,7 +257,7 @@ TEST_F(MachineMidiTest, NothingIsDeliveredBeforeStartAndAfterStop)
     midi_->midiInStart(in);
     midi_->midiInStop(in);
     Play("Keyboard", {0x90, 0x3C, 0x64});
-    EXPECT_THAT(heard_, ElementsAre(Heard{0x3C1, 0}));
+    EXPECT_THAT(heard_, ElementsAre(HeardMessage{0x3C1, 0}));
 }
 
 TEST_F(MachineMidiTest, TheCallbackHearsNoSystemExclusiveAndNoTiming)
@@ -268,7 +269,7 @@ TEST_F(MachineMidiTest, TheCallbackHearsNoSystemExclusiveAndNoTiming)
         Play("Keyboard", message);
     }
     Play("Keyboard", {0xFA});
-    EXPECT_THAT(heard_, ElementsAre(Heard{0x3C1, 0}, Heard{0x3C3, 0xFA}));
+    EXPECT_THAT(heard_, ElementsAre(HeardMessage{0x3C1, 0}, HeardMessage{0x3C3, 0xFA}));
 }
 
 TEST_F(MachineMidiTest, ThruHandsEverythingToItsOwnConnection)

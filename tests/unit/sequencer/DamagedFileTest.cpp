@@ -43,8 +43,8 @@ Messages PlayedTrack(const Bytes &events)
     return Played(File(0, 96, {events}));
 }
 
-const At kFirst = {0, {0x90, 60, 100}};
-const At kSecond = {96, {0x91, 64, 90}};
+const At kFirstNote = {0, {0x90, 60, 100}};
+const At kSecondNote = {96, {0x91, 64, 90}};
 
 TEST(DamagedFile, DataAbove127CountAs127)
 {
@@ -68,19 +68,19 @@ TEST(DamagedFile, DataAbove127CountAs127AmongManyMessages)
 TEST(DamagedFile, WhatStandsBehindTheEndOfATrackIsPassedOver)
 {
     const Bytes bytes = File(1, 96, {Joined({kNote, kEnd, {0, 0x90, 1, 1}, kEnd}), Joined({kNoteLater, kEnd})});
-    EXPECT_THAT(Played(bytes), ElementsAre(kFirst, kSecond));
+    EXPECT_THAT(Played(bytes), ElementsAre(kFirstNote, kSecondNote));
     EXPECT_EQ(Read(bytes).song.endTick, 96);
 }
 
 TEST(DamagedFile, AnEndThatIsNotEmptyIsAnEnd)
 {
-    EXPECT_THAT(PlayedTrack(Joined({kNote, {0, 0xFF, 0x2F, 2, 0, 0}, kNoteLater, kEnd})), ElementsAre(kFirst));
+    EXPECT_THAT(PlayedTrack(Joined({kNote, {0, 0xFF, 0x2F, 2, 0, 0}, kNoteLater, kEnd})), ElementsAre(kFirstNote));
 }
 
 TEST(DamagedFile, ATrackWithoutEndPlaysToItsLastEvent)
 {
     const Bytes bytes = File(1, 96, {Joined({kNote, kNoteLater}), Joined({kNote, kEnd})});
-    EXPECT_THAT(Played(bytes), ElementsAre(kFirst, kFirst, kSecond));
+    EXPECT_THAT(Played(bytes), ElementsAre(kFirstNote, kFirstNote, kSecondNote));
     EXPECT_EQ(Read(bytes).song.endTick, 96);
     EXPECT_EQ(Read(bytes).song.length, 4);
 }
@@ -108,7 +108,7 @@ class BrokenTrack : public testing::TestWithParam<Bytes> {};
 TEST_P(BrokenTrack, PlaysUpToItsLastWholeEvent)
 {
     const Bytes broken = Joined({kNote, GetParam(), kNote, kNote, kEnd});
-    EXPECT_THAT(Played(File(1, 96, {broken, Joined({kNoteLater, kEnd})})), ElementsAre(kFirst, kSecond));
+    EXPECT_THAT(Played(File(1, 96, {broken, Joined({kNoteLater, kEnd})})), ElementsAre(kFirstNote, kSecondNote));
 }
 
 INSTANTIATE_TEST_SUITE_P(DamagedFile, BrokenTrack,
@@ -120,34 +120,35 @@ INSTANTIATE_TEST_SUITE_P(DamagedFile, BrokenTrack,
 TEST(DamagedFile, DataBeforeAnyStatusArePassedOverTwoByTwo)
 {
     EXPECT_THAT(PlayedTrack(Joined({{96, 60, 100, 0x81, 0, 1, 1}, kNote, kEnd})), ElementsAre(At{96 + 128, {0x90, 60, 100}}));
-    EXPECT_THAT(Played(File(1, 96, {Joined({kNote, kEnd}), Joined({{0, 62, 0}, kNoteLater, kEnd})})), ElementsAre(kFirst, kSecond));
+    EXPECT_THAT(Played(File(1, 96, {Joined({kNote, kEnd}), Joined({{0, 62, 0}, kNoteLater, kEnd})})), ElementsAre(kFirstNote, kSecondNote));
 }
 
 TEST(DamagedFile, ATempoThatIsNoneIsPassedOver)
 {
     const Bytes tempos = {0, 0xFF, 0x51, 2, 7, 1, 0, 0xFF, 0x51, 3, 0, 0, 0, 0, 0xFF, 0x51, 0};
     const Bytes bytes = File(0, 96, {Joined({tempos, kNote, kNoteLater, kEnd})});
-    EXPECT_THAT(Played(bytes), ElementsAre(kFirst, kSecond));
-    EXPECT_EQ(Read(bytes).song.duration, velluto::kSecond / 2);
+    EXPECT_THAT(Played(bytes), ElementsAre(kFirstNote, kSecondNote));
+    EXPECT_EQ(Read(bytes).song.duration, kSecond / 2);
 }
 
 TEST(DamagedFile, AMetaEventOfATypeAbove127IsPassedOver)
 {
-    EXPECT_THAT(PlayedTrack(Joined({{0, 0xFF, 0x80, 1, 0}, kNote, kEnd})), ElementsAre(kFirst));
+    EXPECT_THAT(PlayedTrack(Joined({{0, 0xFF, 0x80, 1, 0}, kNote, kEnd})), ElementsAre(kFirstNote));
 }
 
 TEST(DamagedFile, FewerAndMoreTracksThanDeclaredAllPlay)
 {
     const Bytes tracks = Joined({Chunk("MTrk", Joined({kNote, kEnd})), Chunk("MTrk", Joined({kNoteLater, kEnd}))});
     for (const std::size_t declared : {0U, 1U, 2U, 3U, 65535U}) {
-        EXPECT_THAT(Played(Joined({Header(1, declared, 96), tracks})), ElementsAre(kFirst, kSecond)) << declared;
+        EXPECT_THAT(Played(Joined({Header(1, declared, 96), tracks})), ElementsAre(kFirstNote, kSecondNote)) << declared;
     }
 }
 
 TEST(DamagedFile, Format0WithSeveralTracksAndUnknownFormatsPlayAsFormat1)
 {
     for (const std::size_t format : {0U, 3U, 65535U}) {
-        EXPECT_THAT(Played(File(format, 96, {Joined({kNoteLater, kEnd}), Joined({kNote, kEnd})})), ElementsAre(kFirst, kSecond)) << format;
+        EXPECT_THAT(Played(File(format, 96, {Joined({kNoteLater, kEnd}), Joined({kNote, kEnd})})), ElementsAre(kFirstNote, kSecondNote))
+            << format;
     }
 }
 
@@ -163,17 +164,17 @@ TEST(DamagedFile, ADivisionThatCountsNothingIs96TicksABeat)
 {
     for (const std::size_t division : {0x0000U, 0xE700U}) {
         const Bytes bytes = File(0, division, {Joined({kNote, kNoteLater, kEnd})});
-        EXPECT_THAT(Played(bytes), ElementsAre(kFirst, kSecond));
+        EXPECT_THAT(Played(bytes), ElementsAre(kFirstNote, kSecondNote));
         EXPECT_EQ(Read(bytes).song.length, 4);
-        EXPECT_EQ(Read(bytes).song.duration, velluto::kSecond / 2);
+        EXPECT_EQ(Read(bytes).song.duration, kSecond / 2);
     }
 }
 
 TEST(DamagedFile, FramesMayBeAsManyASecondAsTheyLike)
 {
     const auto lasts = [](std::size_t division) { return Read(File(0, division, {Joined({kNote, kNoteLater, kEnd})})).song.duration; };
-    EXPECT_EQ(lasts(0xD001), velluto::kSecond * 2); // 48 frames
-    EXPECT_EQ(lasts(0x8003), velluto::kSecond / 4); // 128 frames of three ticks
+    EXPECT_EQ(lasts(0xD001), kSecond * 2); // 48 frames
+    EXPECT_EQ(lasts(0x8003), kSecond / 4); // 128 frames of three ticks
 }
 
 TEST(DamagedFile, AHeaderCutShortIsFilledUp)
@@ -182,7 +183,7 @@ TEST(DamagedFile, AHeaderCutShortIsFilledUp)
     for (std::ptrdiff_t length = 0; length < 6; ++length) {
         const Bytes whole = {0, 1, 0, 2, 0, 96};
         const Bytes cut(whole.begin(), whole.begin() + length);
-        EXPECT_THAT(Played(Joined({Chunk("MThd", cut), tracks})), ElementsAre(kFirst, kSecond)) << length;
+        EXPECT_THAT(Played(Joined({Chunk("MThd", cut), tracks})), ElementsAre(kFirstNote, kSecondNote)) << length;
     }
 }
 
@@ -191,8 +192,8 @@ TEST(DamagedFile, AHeaderOfAnUntrueLengthIsReadAsOneOfSixBytes)
     const Bytes track = Chunk("MTrk", Joined({kNote, kNoteLater, kEnd}));
     for (const Bytes &length : {Bytes{0, 0, 0, 0}, {0, 0, 0, 5}, {0, 0, 0, 7}, {0, 0, 0, 20}, {6, 0, 0, 0}, {0xFF, 0xFF, 0xFF, 0xFF}}) {
         const Bytes bytes = Joined({{'M', 'T', 'h', 'd'}, length, {0, 0, 0, 1, 0, 48}, track});
-        EXPECT_THAT(Played(bytes), ElementsAre(kFirst, kSecond));
-        EXPECT_EQ(Read(bytes).song.duration, velluto::kSecond);
+        EXPECT_THAT(Played(bytes), ElementsAre(kFirstNote, kSecondNote));
+        EXPECT_EQ(Read(bytes).song.duration, kSecond);
     }
 }
 
@@ -200,7 +201,7 @@ TEST(DamagedFile, ALongerHeaderOtherChunksAndAFurtherHeaderArePassedOver)
 {
     const Bytes bytes = Joined({Chunk("MThd", {0, 1, 0, 2, 0, 96, 7, 7, 7}), Chunk("XFIH", {1, 2, 3}), Chunk("MTrk", Joined({kNote, kEnd})),
                                 Header(0, 1, 5), Chunk("\x01zzz", {1}), Chunk("MTrk", Joined({kNoteLater, kEnd}))});
-    EXPECT_THAT(Played(bytes), ElementsAre(kFirst, kSecond));
+    EXPECT_THAT(Played(bytes), ElementsAre(kFirstNote, kSecondNote));
 }
 
 TEST(DamagedFile, TracksAreFoundBehindUntrueLengths)
@@ -209,7 +210,7 @@ TEST(DamagedFile, TracksAreFoundBehindUntrueLengths)
     const Bytes second = Chunk("MTrk", Joined({kNoteLater, kEnd}));
     const auto with = [&](const Bytes &length) { return Joined({Header(1, 2, 96), {'M', 'T', 'r', 'k'}, length, first, second}); };
     for (const Bytes &length : {Bytes{0, 0, 0, 0}, {0, 0, 0, 2}, {0, 0, 0, 7}, {0, 0, 0, 9}, {0, 0, 0, 18}, {8, 0, 0, 0}}) {
-        EXPECT_THAT(Played(with(length)), ElementsAre(kFirst, kSecond)) << int{length[3]};
+        EXPECT_THAT(Played(with(length)), ElementsAre(kFirstNote, kSecondNote)) << int{length[3]};
     }
 }
 
@@ -217,15 +218,15 @@ TEST(DamagedFile, AByteBetweenTracksIsPassedOver)
 {
     const Bytes bytes =
         Joined({Header(1, 2, 96), Chunk("MTrk", {0, 0xC0, 5, 0, 0xFF, 0x2F, 0}), {0}, Chunk("MTrk", Joined({kNote, kEnd})), {0}});
-    EXPECT_THAT(Played(bytes), ElementsAre(At{0, {0xC0, 5}}, kFirst));
+    EXPECT_THAT(Played(bytes), ElementsAre(At{0, {0xC0, 5}}, kFirstNote));
 }
 
 TEST(DamagedFile, AFileIsFoundBehindForeignBytes)
 {
     const Bytes file = File(0, 96, {Joined({kNote, kEnd})});
-    EXPECT_THAT(Played(Joined({{'M', 'T', 'h'}, file})), ElementsAre(kFirst));
-    EXPECT_THAT(Played(Joined({Bytes(128), file, Bytes(77, 0xFF)})), ElementsAre(kFirst));
-    EXPECT_THAT(Played(Joined({Bytes(8192, 'M'), file})), ElementsAre(kFirst));
+    EXPECT_THAT(Played(Joined({{'M', 'T', 'h'}, file})), ElementsAre(kFirstNote));
+    EXPECT_THAT(Played(Joined({Bytes(128), file, Bytes(77, 0xFF)})), ElementsAre(kFirstNote));
+    EXPECT_THAT(Played(Joined({Bytes(8192, 'M'), file})), ElementsAre(kFirstNote));
     EXPECT_EQ(WordsOf(Read(Joined({Bytes(8193, 'M'), file}))), "This is not a MIDI file.");
 }
 
@@ -243,12 +244,12 @@ TEST(DamagedFile, AFileIsFoundInARiffWrapper)
 {
     const Bytes file = File(0, 96, {Joined({kNote, kEnd})});
     const auto wrapped = [](const Bytes &content) { return RiffChunk("RIFF", Joined({{'R', 'M', 'I', 'D'}, content})); };
-    EXPECT_THAT(Played(wrapped(RiffChunk("data", file))), ElementsAre(kFirst));
-    EXPECT_THAT(Played(wrapped(Joined({RiffChunk("LIST", Bytes(20001, 'x')), RiffChunk("data", file)}))), ElementsAre(kFirst));
+    EXPECT_THAT(Played(wrapped(RiffChunk("data", file))), ElementsAre(kFirstNote));
+    EXPECT_THAT(Played(wrapped(Joined({RiffChunk("LIST", Bytes(20001, 'x')), RiffChunk("data", file)}))), ElementsAre(kFirstNote));
     EXPECT_THAT(Played(wrapped(Joined({RiffChunk("data", Joined({Header(0, 1, 96), Chunk("MTrk", kNote)})), RiffChunk("LIST", {1, 2})}))),
-                ElementsAre(kFirst));
+                ElementsAre(kFirstNote));
     EXPECT_THAT(Played(Joined({{'R', 'I', 'F', 'F', 0, 0, 0, 0, 'R', 'M', 'I', 'D', 'd', 'a', 't', 'a', 0, 0, 0, 0}, file})),
-                ElementsAre(kFirst));
+                ElementsAre(kFirstNote));
     EXPECT_EQ(WordsOf(Read(wrapped(RiffChunk("LIST", {1, 2, 3})))), "This is not a MIDI file.");
 }
 
@@ -268,18 +269,18 @@ TEST(FormatTwo, SequencesPlayOneAfterAnotherEachInItsTempo)
     const Bytes usual = Joined({kNote, EndAfter(96)});
     const Bytes fast = Joined({{0, 0xFF, 0x51, 3, 0x03, 0xD0, 0x90}, kNote, EndAfter(96)});
     const Bytes bytes = File(2, 96, {slow, usual, fast});
-    EXPECT_THAT(Played(bytes), ElementsAre(kFirst, At{96, {0x90, 60, 100}}, At{192, {0x90, 60, 100}}));
+    EXPECT_THAT(Played(bytes), ElementsAre(kFirstNote, At{96, {0x90, 60, 100}}, At{192, {0x90, 60, 100}}));
     const Song song = Read(bytes).song;
-    EXPECT_EQ(TimeOf(song, 96), velluto::kSecond);
-    EXPECT_EQ(TimeOf(song, 192), velluto::kSecond * 3 / 2);
-    EXPECT_EQ(song.duration, velluto::kSecond * 7 / 4);
+    EXPECT_EQ(TimeOf(song, 96), kSecond);
+    EXPECT_EQ(TimeOf(song, 192), kSecond * 3 / 2);
+    EXPECT_EQ(song.duration, kSecond * 7 / 4);
     EXPECT_EQ(song.length, 12);
 }
 
 TEST(FormatTwo, AChangeOfTempoAtTheVeryEndOfASequenceIsNotTheNextOnes)
 {
     const Bytes first = Joined({kNote, {96, 0xFF, 0x51, 3, 0x0F, 0x42, 0x40}, kEnd});
-    EXPECT_EQ(Read(File(2, 96, {first, Joined({kNote, EndAfter(96)})})).song.duration, velluto::kSecond);
+    EXPECT_EQ(Read(File(2, 96, {first, Joined({kNote, EndAfter(96)})})).song.duration, kSecond);
 }
 
 TEST(FormatTwo, ManySequencesCountTogetherToTheLimits)

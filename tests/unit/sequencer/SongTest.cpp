@@ -17,7 +17,7 @@ Song Taken(const Bytes &bytes)
 }
 
 // Tick and bytes of every message, in the order in which they come.
-std::vector<std::pair<std::int64_t, Bytes>> Messages(const Song &song)
+std::vector<std::pair<std::int64_t, Bytes>> MessagesOf(const Song &song)
 {
     std::vector<std::pair<std::int64_t, Bytes>> messages;
     for (SongCursor cursor(song); !cursor.AtEnd();) {
@@ -95,32 +95,33 @@ TEST(SongCursor, MessagesComeInTheOrderOfTimeAndWithinATickTrackByTrack)
 {
     const Bytes first = {0, 0x90, 60, 100, 96, 60, 0, 0, 0xFF, 0x2F, 0};
     const Bytes second = {0, 0xC1, 5, 48, 0x91, 64, 90, 48, 64, 0, 0, 0xFF, 0x2F, 0};
-    EXPECT_THAT(Messages(Taken(File(1, 96, {first, second}))), ElementsAre(At{0, {0x90, 60, 100}}, At{0, {0xC1, 5}}, At{48, {0x91, 64, 90}},
-                                                                           At{96, {0x90, 60, 0}}, At{96, {0x91, 64, 0}}));
+    EXPECT_THAT(
+        MessagesOf(Taken(File(1, 96, {first, second}))),
+        ElementsAre(At{0, {0x90, 60, 100}}, At{0, {0xC1, 5}}, At{48, {0x91, 64, 90}}, At{96, {0x90, 60, 0}}, At{96, {0x91, 64, 0}}));
 }
 
 TEST(SongCursor, MessagesOfOneTickAndTrackKeepTheirOrder)
 {
     const Bytes track = {0, 0xB0, 0, 121, 0, 32, 3, 0, 0xC0, 5, 0, 0xE0, 0, 64, 0, 0xD0, 7, 0, 0xA0, 60, 1, 0, 0xFF, 0x2F, 0};
-    EXPECT_THAT(Messages(Taken(File(0, 96, {track}))), ElementsAre(At{0, {0xB0, 0, 121}}, At{0, {0xB0, 32, 3}}, At{0, {0xC0, 5}},
-                                                                   At{0, {0xE0, 0, 64}}, At{0, {0xD0, 7}}, At{0, {0xA0, 60, 1}}));
+    EXPECT_THAT(MessagesOf(Taken(File(0, 96, {track}))), ElementsAre(At{0, {0xB0, 0, 121}}, At{0, {0xB0, 32, 3}}, At{0, {0xC0, 5}},
+                                                                     At{0, {0xE0, 0, 64}}, At{0, {0xD0, 7}}, At{0, {0xA0, 60, 1}}));
 }
 
 TEST(SongCursor, AnExclusiveMessageIsOneMessage)
 {
-    EXPECT_THAT(Messages(Taken(File(0, 96, {{5, 0xF0, 5, 0x7E, 0x7F, 0x09, 0x01, 0xF7, 0, 0xFF, 0x2F, 0}}))),
+    EXPECT_THAT(MessagesOf(Taken(File(0, 96, {{5, 0xF0, 5, 0x7E, 0x7F, 0x09, 0x01, 0xF7, 0, 0xFF, 0x2F, 0}}))),
                 ElementsAre(At{5, {0xF0, 0x7E, 0x7F, 0x09, 0x01, 0xF7}}));
 }
 
 TEST(SongCursor, AnExclusiveMessageInPartsComesWithItsLastPart)
 {
     const Bytes track = {0, 0xF0, 2, 0x42, 0x01, 10, 0xF7, 1, 0x02, 10, 0xF7, 2, 0x03, 0xF7, 0, 0xFF, 0x2F, 0};
-    EXPECT_THAT(Messages(Taken(File(0, 96, {track}))), ElementsAre(At{20, {0xF0, 0x42, 0x01, 0x02, 0x03, 0xF7}}));
+    EXPECT_THAT(MessagesOf(Taken(File(0, 96, {track}))), ElementsAre(At{20, {0xF0, 0x42, 0x01, 0x02, 0x03, 0xF7}}));
 }
 
 TEST(SongCursor, AWholeExclusiveMessageMayComeAsBytesAsTheyAre)
 {
-    EXPECT_THAT(Messages(Taken(File(0, 96, {{0, 0xF7, 3, 0xF0, 0x42, 0xF7, 0, 0xFF, 0x2F, 0}}))), ElementsAre(At{0, {0xF0, 0x42, 0xF7}}));
+    EXPECT_THAT(MessagesOf(Taken(File(0, 96, {{0, 0xF7, 3, 0xF0, 0x42, 0xF7, 0, 0xFF, 0x2F, 0}}))), ElementsAre(At{0, {0xF0, 0x42, 0xF7}}));
 }
 
 TEST(SongCursor, ExclusiveMessagesThatAreNotWellFormedAreLeftOut)
@@ -130,7 +131,7 @@ TEST(SongCursor, ExclusiveMessagesThatAreNotWellFormedAreLeftOut)
                          0, 0x90, 60, 100,  0,    0xF7, 1, 0xF7, // an end of nothing
                          0, 0xF7, 1,  0xFA,                      // a message that no file should send
                          0, 0xF0, 0,  0,    0xFF, 0x2F, 0};
-    EXPECT_THAT(Messages(Taken(File(0, 96, {track}))), ElementsAre(At{0, {0x90, 60, 100}}));
+    EXPECT_THAT(MessagesOf(Taken(File(0, 96, {track}))), ElementsAre(At{0, {0x90, 60, 100}}));
 }
 
 TEST(SongCursor, ASongWithoutMessagesIsAtItsEnd)

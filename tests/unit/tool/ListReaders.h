@@ -1,13 +1,23 @@
-// What the readers of lists say, for the tests of both.
+// What the readers of lists say, and the files that the tests give them.
 #pragma once
 
 #include "tool/SoundList.h"
 #include "tool/SourceFault.h"
+#include "unit/support/TestProgram.h"
+
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 namespace velluto::tool {
+
+inline std::string File(const std::string &path)
+{
+    const test::Bytes bytes = test::ReadBytes(path);
+    EXPECT_FALSE(bytes.empty()) << path;
+    return {bytes.begin(), bytes.end()};
+}
 
 // "121/0/5 Name", with a mark behind it for a kit, a Style, or any bank.
 inline std::vector<std::string> Told(const std::vector<ListedSound> &sounds)

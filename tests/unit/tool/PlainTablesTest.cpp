@@ -10,13 +10,6 @@
 namespace velluto::tool {
 namespace {
 
-std::string File(const std::string &path)
-{
-    const test::Bytes bytes = test::ReadBytes(path);
-    EXPECT_FALSE(bytes.empty()) << path;
-    return {bytes.begin(), bytes.end()};
-}
-
 // The lines that say something, without remarks.
 std::vector<std::string> Said(const std::string &text)
 {

@@ -2,17 +2,12 @@
 #include "tool/SoundImport.h"
 
 #include "unit/support/TestProgram.h"
+#include "unit/tool/ListReaders.h"
 
 #include <gtest/gtest.h>
 
 namespace velluto::tool {
 namespace {
-
-std::string File(const std::string &path)
-{
-    const test::Bytes bytes = test::ReadBytes(path);
-    return {bytes.begin(), bytes.end()};
-}
 
 ListedSound Sound(int msb, int lsb, int program, const std::string &name)
 {
