@@ -20,6 +20,7 @@
 #include <iostream>
 #include <map>
 #include <sstream>
+#include <unistd.h>
 
 namespace velluto::bench {
 namespace {
@@ -105,6 +106,7 @@ struct PlayerStage {
         for (std::int64_t i = 0; i < files; ++i) {
             std::ofstream(run.At("songs") + "/Song " + std::to_string(i * 7919 % files) + ".mid") << "MThd";
         }
+        ::sync(); // else the system would write them while the first of them are read
     }
     [[nodiscard]] frmMIDIPlayer &Form() { return *run.program.player.window; }
 
@@ -192,6 +194,7 @@ struct ToolStage {
         for (const char *name : {"Velluto-pcg.txt", "Velluto-sty.txt"}) {
             fs::copy(fs::path(VELLUTO_SAMPLES).parent_path() / name, folder.At("user"));
         }
+        ::sync();
     }
     test::TempFolder folder;
 };

@@ -17,7 +17,7 @@ class SharedBytes {
 public:
     SharedBytes() = default;
     // Room for size bytes, not cleared. The maker fills it through Writable() before anybody else holds it.
-    explicit SharedBytes(std::size_t size) : data_(std::make_shared_for_overwrite<std::uint8_t[]>(size)), size_(size) {}
+    explicit SharedBytes(std::size_t size);
     explicit SharedBytes(std::span<const std::uint8_t> bytes);
 
     [[nodiscard]] std::size_t size() const { return size_; }

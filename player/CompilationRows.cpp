@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace velluto {
 
@@ -69,7 +70,7 @@ void RebuildCompilationList(frmMIDIPlayer &form)
 {
     std::vector<std::string> rows = form.ListMidiCorr.Rows();
     const RowReading reading = ReadRows(form, rows.size(), rows);
-    form.ListMidiCorr.RewriteRows(rows);
+    form.ListMidiCorr.RewriteRows(std::move(rows));
     TellReading(form, reading);
 }
 
@@ -108,7 +109,7 @@ void AddFilesToCompilation(frmMIDIPlayer &form, int first, int last)
             keys = KeysOf(rows);
         }
     }
-    form.ListMidiCorr.RewriteRows(rows);
+    form.ListMidiCorr.RewriteRows(std::move(rows));
     TellReading(form, reading);
 }
 

@@ -1,6 +1,7 @@
 #include "view/Control.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velluto {
 
@@ -142,11 +143,11 @@ void ListBox::SetRow(int row, std::string text)
     }
 }
 
-void ListBox::RewriteRows(const std::vector<std::string> &rows)
+void ListBox::RewriteRows(std::vector<std::string> rows)
 {
-    const std::size_t known = std::min(rows.size(), rows_.size());
-    std::copy_n(rows.begin(), known, rows_.begin());
-    rows_.insert(rows_.end(), rows.begin() + static_cast<std::ptrdiff_t>(known), rows.end());
+    const auto beyond = rows.begin() + static_cast<std::ptrdiff_t>(std::min(rows.size(), rows_.size()));
+    std::move(rows.begin(), beyond, rows_.begin());
+    std::move(beyond, rows.end(), std::back_inserter(rows_));
     selected_.resize(rows_.size(), false);
     Changed(Aspect::Rows);
 }

@@ -171,7 +171,7 @@ public:
     void RemoveItem(int at);
     void SetRow(int row, std::string text);
     // Writes the rows from the first on and appends what is beyond the last one. Selection and current row stay by number.
-    void RewriteRows(const std::vector<std::string> &rows);
+    void RewriteRows(std::vector<std::string> rows);
     void Clear();
     void Select(int row, bool selected); // raises nothing
     void ClearSelection();

@@ -61,6 +61,15 @@ public:
         }
         return *this;
     }
+    // The same from a view of a value, which is copied into the room that this one has.
+    template <class View>
+    void Copy(const View &value)
+    {
+        if (!(value_ == value)) {
+            value_ = value;
+            owner_.Changed(aspect_);
+        }
+    }
 
     [[nodiscard]] const T &Get() const { return value_; }
     // NOLINTNEXTLINE(google-explicit-constructor): a property reads like the plain field that it stands for.

@@ -34,29 +34,66 @@ bool IsSocket(const std::string &path)
     return ::mincore(end - page, page, &present) == 0 && (present & 1U) != 0;
 }
 
-// Asks for the memory of a large buffer in one go, and in large pages where the system has some. It else gives page after page as they are
-// first written, which takes most of the time of a read. Where it cannot, it still does that. To ask for what is there would take as long
-// as a read.
-void MakePresent([[maybe_unused]] std::span<std::uint8_t> buffer)
+constexpr std::size_t kPiece = std::size_t{1} << 18; // bytes; smaller buffers have been used before, most often
+
+// The whole pages of a buffer.
+std::span<std::byte> PagesIn(std::span<std::uint8_t> buffer, std::size_t page)
 {
-#ifdef MADV_POPULATE_WRITE
-    constexpr std::size_t kLarge = std::size_t{1} << 18; // smaller ones have been used before, most often
-    constexpr std::size_t kHuge = std::size_t{1} << 22;  // has a page of 2 MiB in it, wherever it begins
-    static const auto kPage = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
     void *begin = buffer.data();
     std::size_t room = buffer.size();
-    if (room < kLarge || std::align(kPage, kPage, begin, room) == nullptr) {
-        return;
+    if (std::align(page, page, begin, room) == nullptr) {
+        return {};
     }
-    room = room / kPage * kPage;
-    if (!IsPresent(static_cast<std::byte *>(begin) + room, kPage)) {
-        if (room >= kHuge) {
-            ::madvise(begin, room, MADV_HUGEPAGE);
-        }
-        ::madvise(begin, room, MADV_POPULATE_WRITE);
-    }
-#endif
+    return {static_cast<std::byte *>(begin), room / page * page};
 }
+
+// Memory that a read is to fill. The system gives new memory page after page as they are first written, which takes most of the time of a
+// read: of a large buffer whose memory is new it comes in large pages where the system has some, and piece by piece in one go, each while
+// the processor still has it at hand. Where the system cannot, it comes page after page. To ask for what is there would take as long as a
+// read.
+class ReadBuffer {
+public:
+    explicit ReadBuffer(std::span<std::uint8_t> buffer) : rest_(buffer)
+    {
+#ifdef MADV_POPULATE_WRITE
+        constexpr std::size_t kLargePage = std::size_t{1} << 21;
+        const std::span<std::byte> pages = PagesIn(buffer, kPage);
+        isNew_ = pages.size() >= kPiece && !IsPresent(pages.data() + pages.size(), kPage);
+        if (isNew_ && pages.size() >= kLargePage) {
+            ::madvise(pages.data(), pages.size(), MADV_HUGEPAGE);
+        }
+#endif
+    }
+
+    [[nodiscard]] bool Full() const
+    {
+        return rest_.empty();
+    }
+    // What to fill next.
+    std::span<std::uint8_t> Piece()
+    {
+#ifdef MADV_POPULATE_WRITE
+        if (isNew_) {
+            const std::size_t behind = reinterpret_cast<std::uintptr_t>(rest_.data()) % kPiece; // NOLINT: where it lies in a large page
+            const std::span<std::uint8_t> piece = rest_.first(std::min(rest_.size(), kPiece - behind));
+            if (const std::span<std::byte> pages = PagesIn(piece, kPage); !pages.empty()) {
+                ::madvise(pages.data(), pages.size(), MADV_POPULATE_WRITE);
+            }
+            return piece;
+        }
+#endif
+        return rest_;
+    }
+    void Pass(std::size_t filled)
+    {
+        rest_ = rest_.subspan(filled);
+    }
+
+private:
+    inline static const auto kPage = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    std::span<std::uint8_t> rest_;
+    bool isNew_ = false;
+};
 
 bool IsFull(int code)
 {
@@ -84,9 +121,9 @@ public:
     RuntimeError Read(std::uint64_t offset, std::span<std::uint8_t> buffer, std::size_t &got) override
     {
         got = 0;
-        MakePresent(buffer);
-        while (got < buffer.size()) {
-            const ssize_t n = ::pread(descriptor_, buffer.data() + got, buffer.size() - got, static_cast<off_t>(offset + got));
+        for (ReadBuffer target(buffer); !target.Full();) {
+            const std::span<std::uint8_t> piece = target.Piece();
+            const ssize_t n = ::pread(descriptor_, piece.data(), piece.size(), static_cast<off_t>(offset + got));
             if (n < 0 && errno == EINTR) {
                 continue;
             }
@@ -97,6 +134,7 @@ public:
                 break;
             }
             got += static_cast<std::size_t>(n);
+            target.Pass(static_cast<std::size_t>(n));
         }
         return {};
     }

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
+#include <span>
+
 namespace velluto::test {
 namespace {
 
@@ -53,6 +57,34 @@ TEST_F(MachineFilesTest, AReadAcrossTheEndGivesWhatThereIs)
     EXPECT_EQ(got, 2U);
     EXPECT_EQ(file_->Read(10, buffer, got).number, 0);
     EXPECT_EQ(got, 0U);
+}
+
+// Large reads go into memory piece by piece, wherever it begins, and whether it is new or not.
+TEST_F(MachineFilesTest, ALargeFileIsReadWholeIntoAnyMemory)
+{
+    Bytes bytes(5'000'003);
+    std::uint32_t random = 1;
+    for (std::uint8_t &byte : bytes) {
+        random = random * 1664525 + 1013904223;
+        byte = static_cast<std::uint8_t>(random >> 24U);
+    }
+    WriteBytes(folder_.At("a"), bytes);
+    ASSERT_EQ(Open(folder_.At("a")), 0);
+    Bytes used(bytes.size() + 100);
+    for (const std::size_t room : {bytes.size() + 100, bytes.size(), std::size_t{3'000'001}, std::size_t{300'000}, std::size_t{262'143}}) {
+        for (const std::size_t offset : {std::size_t{0}, std::size_t{4'000'001}}) {
+            for (const std::size_t begin : {std::size_t{0}, std::size_t{1}, std::size_t{4095}}) {
+                const auto fresh = std::make_unique_for_overwrite<std::uint8_t[]>(begin + room);
+                for (const std::span<std::uint8_t> buffer : {std::span(fresh.get() + begin, room), std::span(used).first(room)}) {
+                    std::size_t got = 0;
+                    ASSERT_EQ(file_->Read(offset, buffer, got).number, 0);
+                    ASSERT_EQ(got, std::min(room, bytes.size() - offset));
+                    ASSERT_TRUE(std::ranges::equal(buffer.first(got), std::span(bytes).subspan(offset, got)))
+                        << room << ' ' << offset << ' ' << begin;
+                }
+            }
+        }
+    }
 }
 
 TEST_F(MachineFilesTest, OpeningKeepsTheBytesOfAFile)

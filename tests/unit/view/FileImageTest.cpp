@@ -33,6 +33,19 @@ TEST(FileImage, AnEmptyOneHasNoBytesAndNoRuns)
     }
 }
 
+TEST(FileImage, ALargeBlockBeginsWhereALargePageOfMemoryCan)
+{
+    constexpr std::size_t kLargePage = std::size_t{1} << 21;
+    for (const std::size_t size : {kLargePage, kLargePage + 1, 3 * kLargePage}) {
+        SharedBytes block(size);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block.View().data()) % kLargePage, 0U);
+        block.Writable().back() = 7;
+        const FileImage image(block);
+        block = {};
+        EXPECT_EQ(image[size - 1], 7) << "shared, and not gone with its maker";
+    }
+}
+
 TEST(FileImage, PiecesReadAsOneImage)
 {
     const FileImage one = ImageOfText("abcdef");

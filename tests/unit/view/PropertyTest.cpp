@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 using namespace velluto;
@@ -37,6 +38,16 @@ TEST(Property, AWriteOfTheSameValueTellsNobody)
     owner.caption = std::string("before");
     owner.value = 0;
     EXPECT_TRUE(owner.told.empty());
+}
+
+TEST(Property, ACopyOfAViewIsToldWhereTheValueChanges)
+{
+    Owner owner;
+    owner.caption.Copy(std::string_view("before"));
+    EXPECT_TRUE(owner.told.empty());
+    owner.caption.Copy(std::string_view("after"));
+    EXPECT_EQ(owner.told, std::vector<Aspect>{Aspect::Caption});
+    EXPECT_EQ(owner.captionWhenTold, "after");
 }
 
 TEST(Property, AssigningOnePropertyToAnotherCopiesTheValueOnly)
