@@ -10,7 +10,7 @@ struct MidiState;
 
 // Appends the bytes as one line and an empty line; no bytes clear the monitor.
 void MonitorReport(MidiState &midi, std::span<const std::uint8_t> bytes);
-// The bytes of a message, or of the three of a click, as one line in place of what was there.
+// The bytes of a message, or of the three of a click, nine at most, as one line in place of what was there.
 void MonitorShow(MidiState &midi, std::span<const std::uint8_t> bytes);
 
 } // namespace velluto

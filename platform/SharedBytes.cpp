@@ -1,21 +1,23 @@
 #include "platform/SharedBytes.h"
 
 #include <algorithm>
-#include <new>
+#include <memory>
 
 namespace velluto {
 
 namespace {
 
-// A large block begins where a large page of memory can, so that it always has as many of them as it is long.
+// A large block is a part of a longer one, of which the rest is never touched: to ask the allocator for the place itself leaves holes that
+// no other block of this size fits into.
 std::shared_ptr<std::uint8_t[]> RoomFor(std::size_t size)
 {
-    constexpr auto kLargePage = std::size_t{1} << 21;
     if (size < kLargePage) {
         return std::make_shared_for_overwrite<std::uint8_t[]>(size);
     }
-    const auto release = [](std::uint8_t *block) { ::operator delete[](block, std::align_val_t{kLargePage}); };
-    return {static_cast<std::uint8_t *>(::operator new[](size, std::align_val_t{kLargePage})), release};
+    std::size_t room = size + kLargePage;
+    const auto whole = std::make_shared_for_overwrite<std::uint8_t[]>(room);
+    void *begin = whole.get();
+    return {whole, static_cast<std::uint8_t *>(std::align(kLargePage, size, begin, room))};
 }
 
 } // namespace

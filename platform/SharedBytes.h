@@ -13,6 +13,9 @@ namespace velluto {
 // The bytes of one file, in runs that follow one another. Holds none of them.
 using ByteRuns = std::vector<std::span<const std::uint8_t>>;
 
+// Bytes of a large page of memory. A block that is no shorter begins where one can, so that it has as many of them as it is long.
+inline constexpr std::size_t kLargePage = std::size_t{1} << 21;
+
 class SharedBytes {
 public:
     SharedBytes() = default;

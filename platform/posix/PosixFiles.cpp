@@ -1,11 +1,14 @@
 #include "platform/posix/PosixFiles.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
+#include <span>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -27,24 +30,29 @@ bool IsSocket(const std::string &path)
     return ::stat(path.c_str(), &about) == 0 && S_ISSOCK(about.st_mode);
 }
 
-// Whether the last page below end is in memory. Memory that was used before is whole, most often, and what is new is empty from its end.
-[[maybe_unused]] bool IsPresent(std::byte *end, std::size_t page)
+#ifdef MADV_POPULATE_WRITE
+std::size_t PageLength()
 {
-    unsigned char present = 0;
-    return ::mincore(end - page, page, &present) == 0 && (present & 1U) != 0;
+    static const auto length = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    return length;
 }
 
-constexpr std::size_t kPiece = std::size_t{1} << 18; // bytes; smaller buffers have been used before, most often
-
 // The whole pages of a buffer.
-std::span<std::byte> PagesIn(std::span<std::uint8_t> buffer, std::size_t page)
+std::span<std::byte> PagesIn(std::span<std::uint8_t> buffer)
 {
     void *begin = buffer.data();
     std::size_t room = buffer.size();
-    if (std::align(page, page, begin, room) == nullptr) {
+    if (std::align(PageLength(), PageLength(), begin, room) == nullptr) {
         return {};
     }
-    return {static_cast<std::byte *>(begin), room / page * page};
+    return {static_cast<std::byte *>(begin), room / PageLength() * PageLength()};
+}
+
+// Whether the last of these pages is in memory. Memory that was used before is whole, most often, and what is new is empty from its end.
+bool ArePresent(std::span<std::byte> pages)
+{
+    unsigned char present = 0;
+    return ::mincore(pages.data() + pages.size() - PageLength(), PageLength(), &present) == 0 && (present & 1U) != 0;
 }
 
 // Memory that a read is to fill. The system gives new memory page after page as they are first written, which takes most of the time of a
@@ -55,45 +63,47 @@ class ReadBuffer {
 public:
     explicit ReadBuffer(std::span<std::uint8_t> buffer) : rest_(buffer)
     {
-#ifdef MADV_POPULATE_WRITE
-        constexpr std::size_t kLargePage = std::size_t{1} << 21;
-        const std::span<std::byte> pages = PagesIn(buffer, kPage);
-        isNew_ = pages.size() >= kPiece && !IsPresent(pages.data() + pages.size(), kPage);
-        if (isNew_ && pages.size() >= kLargePage) {
+        const std::span<std::byte> pages = PagesIn(buffer);
+        isNew_ = pages.size() >= kPiece && !ArePresent(pages);
+        if (isNew_ && buffer.size() >= kLargePage) {
             ::madvise(pages.data(), pages.size(), MADV_HUGEPAGE);
         }
-#endif
     }
 
-    [[nodiscard]] bool Full() const
-    {
-        return rest_.empty();
-    }
+    [[nodiscard]] bool Full() const { return rest_.empty(); }
     // What to fill next.
     std::span<std::uint8_t> Piece()
     {
-#ifdef MADV_POPULATE_WRITE
-        if (isNew_) {
-            const std::size_t behind = reinterpret_cast<std::uintptr_t>(rest_.data()) % kPiece; // NOLINT: where it lies in a large page
-            const std::span<std::uint8_t> piece = rest_.first(std::min(rest_.size(), kPiece - behind));
-            if (const std::span<std::byte> pages = PagesIn(piece, kPage); !pages.empty()) {
-                ::madvise(pages.data(), pages.size(), MADV_POPULATE_WRITE);
-            }
-            return piece;
+        if (!isNew_) {
+            return rest_;
         }
-#endif
-        return rest_;
+        const std::size_t begun = reinterpret_cast<std::uintptr_t>(rest_.data()) % kPiece; // so that it lies in one large page
+        const std::span<std::uint8_t> piece = rest_.first(std::min(rest_.size(), kPiece - begun));
+        if (const std::span<std::byte> pages = PagesIn(piece); !pages.empty()) {
+            ::madvise(pages.data(), pages.size(), MADV_POPULATE_WRITE);
+        }
+        return piece;
     }
-    void Pass(std::size_t filled)
-    {
-        rest_ = rest_.subspan(filled);
-    }
+    void Pass(std::size_t filled) { rest_ = rest_.subspan(filled); }
 
 private:
-    inline static const auto kPage = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    static constexpr std::size_t kPiece = std::size_t{1} << 18; // bytes; buffers that are smaller have been used before, most often
+
     std::span<std::uint8_t> rest_;
     bool isNew_ = false;
 };
+#else
+class ReadBuffer {
+public:
+    explicit ReadBuffer(std::span<std::uint8_t> buffer) : rest_(buffer) {}
+    [[nodiscard]] bool Full() const { return rest_.empty(); }
+    [[nodiscard]] std::span<std::uint8_t> Piece() const { return rest_; }
+    void Pass(std::size_t filled) { rest_ = rest_.subspan(filled); }
+
+private:
+    std::span<std::uint8_t> rest_;
+};
+#endif
 
 bool IsFull(int code)
 {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace velluto::test {
 namespace {
@@ -71,11 +72,12 @@ TEST_F(MachineFilesTest, ALargeFileIsReadWholeIntoAnyMemory)
     WriteBytes(folder_.At("a"), bytes);
     ASSERT_EQ(Open(folder_.At("a")), 0);
     Bytes used(bytes.size() + 100);
+    std::vector<std::unique_ptr<std::uint8_t[]>> kept; // what is given back may be given again, and is not new then
     for (const std::size_t room : {bytes.size() + 100, bytes.size(), std::size_t{3'000'001}, std::size_t{300'000}, std::size_t{262'143}}) {
         for (const std::size_t offset : {std::size_t{0}, std::size_t{4'000'001}}) {
             for (const std::size_t begin : {std::size_t{0}, std::size_t{1}, std::size_t{4095}}) {
-                const auto fresh = std::make_unique_for_overwrite<std::uint8_t[]>(begin + room);
-                for (const std::span<std::uint8_t> buffer : {std::span(fresh.get() + begin, room), std::span(used).first(room)}) {
+                kept.push_back(std::make_unique_for_overwrite<std::uint8_t[]>(begin + room));
+                for (const std::span<std::uint8_t> buffer : {std::span(kept.back().get() + begin, room), std::span(used).first(room)}) {
                     std::size_t got = 0;
                     ASSERT_EQ(file_->Read(offset, buffer, got).number, 0);
                     ASSERT_EQ(got, std::min(room, bytes.size() - offset));

@@ -16,7 +16,7 @@ Arguments Parsed(const Line &line)
     return arguments.value_or(Arguments{});
 }
 
-std::string Refusal(const Line &line, int linguaBase = kEnglishBase)
+std::string RefusalOf(const Line &line, int linguaBase = kEnglishBase)
 {
     std::string complaint;
     EXPECT_FALSE(ParseArguments(line, linguaBase, complaint));
@@ -38,9 +38,9 @@ TEST(ToolArguments, FindTakesItsWordsFirst)
     const Arguments find = Parsed({"find", "grand piano", "a", "b"});
     EXPECT_EQ(find.words, "grand piano");
     EXPECT_EQ(find.paths, (Line{"a", "b"}));
-    EXPECT_EQ(Refusal({"find"}), "the words to look for are missing");
-    EXPECT_EQ(Refusal({"find", " ", "a"}), "the words to look for are missing");
-    EXPECT_EQ(Refusal({"find", "piano"}), "a file or a folder is missing");
+    EXPECT_EQ(RefusalOf({"find"}), "the words to look for are missing");
+    EXPECT_EQ(RefusalOf({"find", " ", "a"}), "the words to look for are missing");
+    EXPECT_EQ(RefusalOf({"find", "piano"}), "a file or a folder is missing");
 }
 
 TEST(ToolArguments, BehindTwoDashesNothingIsAnOption)
@@ -63,19 +63,19 @@ TEST(ToolArguments, TablesHasThreeCommands)
     EXPECT_EQ(import.instrument, "PA80");
     EXPECT_EQ(Parsed({"tables", "export"}).command, Command::Export);
     EXPECT_EQ(Parsed({"tables", "make", "x"}).command, Command::Make);
-    EXPECT_EQ(Refusal({"tables"}), "import, export or make belongs behind tables");
-    EXPECT_EQ(Refusal({"tables", "list"}), "unknown command: list");
-    EXPECT_EQ(Refusal({"tables", "import"}), "the list to be imported is missing");
-    EXPECT_EQ(Refusal({"tables", "export", "a", "b"}), "b is one too many");
+    EXPECT_EQ(RefusalOf({"tables"}), "import, export or make belongs behind tables");
+    EXPECT_EQ(RefusalOf({"tables", "list"}), "unknown command: list");
+    EXPECT_EQ(RefusalOf({"tables", "import"}), "the list to be imported is missing");
+    EXPECT_EQ(RefusalOf({"tables", "export", "a", "b"}), "b is one too many");
 }
 
 TEST(ToolArguments, WhatIsNoCommandIsTold)
 {
-    EXPECT_EQ(Refusal({}), "a command is missing");
-    EXPECT_EQ(Refusal({"lost", "a"}), "unknown command: lost");
-    EXPECT_EQ(Refusal({"lost\x1B"}, kItalianBase), "comando sconosciuto: lost?");
-    EXPECT_EQ(Refusal({"list", "-x", "a"}), "unknown option: -x");
-    EXPECT_EQ(Refusal({"list"}), "a file or a folder is missing");
+    EXPECT_EQ(RefusalOf({}), "a command is missing");
+    EXPECT_EQ(RefusalOf({"lost", "a"}), "unknown command: lost");
+    EXPECT_EQ(RefusalOf({"lost\x1B"}, kItalianBase), "comando sconosciuto: lost?");
+    EXPECT_EQ(RefusalOf({"list", "-x", "a"}), "unknown option: -x");
+    EXPECT_EQ(RefusalOf({"list"}), "a file or a folder is missing");
 }
 
 TEST(ToolArguments, TheLanguageIsItOrEn)
@@ -84,8 +84,8 @@ TEST(ToolArguments, TheLanguageIsItOrEn)
     EXPECT_EQ(LanguageAsked(Line{"--language=it", "--language=en"}), kEnglishBase);
     EXPECT_EQ(LanguageAsked(Line{"list", "--", "--language=it"}), std::nullopt);
     EXPECT_EQ(Parsed({"list", "--language", "it", "a"}).paths, Line{"a"});
-    EXPECT_EQ(Refusal({"list", "--language", "de", "a"}), "--language wants it or en");
-    EXPECT_EQ(Refusal({"list", "a", "--language"}), "something is missing behind --language");
+    EXPECT_EQ(RefusalOf({"list", "--language", "de", "a"}), "--language wants it or en");
+    EXPECT_EQ(RefusalOf({"list", "a", "--language"}), "something is missing behind --language");
 }
 
 TEST(ToolArguments, TheHelpNamesEveryCommandInBothLanguages)

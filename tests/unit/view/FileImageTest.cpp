@@ -35,7 +35,6 @@ TEST(FileImage, AnEmptyOneHasNoBytesAndNoRuns)
 
 TEST(FileImage, ALargeBlockBeginsWhereALargePageOfMemoryCan)
 {
-    constexpr std::size_t kLargePage = std::size_t{1} << 21;
     for (const std::size_t size : {kLargePage, kLargePage + 1, 3 * kLargePage}) {
         SharedBytes block(size);
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block.View().data()) % kLargePage, 0U);
