@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
