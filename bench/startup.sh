@@ -13,7 +13,7 @@ cd "$root"
 install_packages "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}" vmpk python3-xlib
 # shellcheck source=tests/system/gui-lib.sh
 . tests/system/gui-lib.sh
-runs=${1-31}
+runs=${1-101}
 screen_width=1280
 screen_height=800
 failures=0
@@ -46,7 +46,7 @@ start_theirs() { start "Virtual MIDI Piano" vmpk; }
 start_bare() { start "Bare frame" "$root/build/bench/bench/bench_bare_frame"; }
 # What else the machine does only makes a start longer: of each program the mean of its faster half counts, and the memory of its middle one.
 usual() {
-    sort -n "$1" | awk -v half="$(((runs + 1) / 2))" 'NR <= half { sum += $1 } NR == half { printf "%.1f %d\n", sum / half, $2 }'
+    sort -n "$1" | awk -v half="$((($(wc -l <"$1") + 1) / 2))" 'NR <= half { sum += $1 } NR == half { printf "%.1f %d\n", sum / half, $2 }'
 }
 
 # beside WHAT FILE MOST-TIME MOST-MEMORY: ours beside another's, as times of it.
@@ -58,13 +58,13 @@ beside() {
     }' < <(usual "$2") || failures=1
 }
 
-# In turn, so that all meet the same machine; the first starts only warm it.
+# In turn, so that all meet the same machine; the first starts only warm it. vmpk has its limit far off, and takes part in every third turn.
 start_ours >/dev/null
 start_theirs >/dev/null
 start_bare >/dev/null
 for ((run = 0; run < runs; run++)); do
     start_ours >>"$stage/ours"
-    start_theirs >>"$stage/theirs"
+    ((run % 3 != 0)) || start_theirs >>"$stage/theirs"
     start_bare >>"$stage/bare"
 done
 read -r ours_ms ours_kib < <(usual "$stage/ours")

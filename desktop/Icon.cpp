@@ -7,6 +7,8 @@
 #include <QPalette>
 
 #include <array>
+#include <map>
+#include <utility>
 
 namespace velluto {
 
@@ -118,11 +120,29 @@ private:
     Drawing drawing_;
 };
 
+// Keeps what it has drawn, which must not depend on the colours of the moment. Before the first window each size is asked for twice.
+class KeptEngine : public Engine {
+public:
+    using Engine::Engine;
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap &kept = kept_[{size.width(), size.height()}];
+        if (kept.isNull()) {
+            kept = Engine::pixmap(size, mode, state);
+        }
+        return kept;
+    }
+    [[nodiscard]] QIconEngine *clone() const override { return new KeptEngine(*this); }
+
+private:
+    std::map<std::pair<int, int>, QPixmap> kept_; // by width and height
+};
+
 } // namespace
 
 QIcon ProgramIcon()
 {
-    return QIcon(new Engine(DrawProgramIcon));
+    return QIcon(new KeptEngine(DrawProgramIcon));
 }
 
 QIcon ChangedIcon()

@@ -34,6 +34,9 @@ void SetLocale();
 // Begins to read what the machine has of fonts on another thread, where that is no work of Qt's alone. Qt would read it once more where it
 // asks for a font before the end.
 [[nodiscard]] std::future<void> ReadFontsAhead();
+// Gives back to the system what a start takes and no longer needs. For when the first picture is there: it takes some tenths of a
+// millisecond, in which no other thread can map memory.
+void GiveBackMemory();
 // The desktop's leave to come to the front, empty where it gives none.
 [[nodiscard]] std::string Activation();
 // Says it to whoever has asked from a command line.

@@ -73,11 +73,16 @@ std::future<void> ReadFontsAhead()
         const auto init = library != nullptr ? reinterpret_cast<int (*)()>(::dlsym(library, "FcInit")) : nullptr;
         if (init != nullptr) {
             init();
-#ifdef __GLIBC__
-            ::malloc_trim(0); // reading takes much more than what stays of it
-#endif
         }
     });
+}
+
+// Reading the fonts takes much more than what stays of it.
+void GiveBackMemory()
+{
+#ifdef __GLIBC__
+    ::malloc_trim(0);
+#endif
 }
 
 std::string Activation()

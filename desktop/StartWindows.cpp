@@ -77,6 +77,8 @@ std::future<void> ReadFontsAhead()
     return {};
 }
 
+void GiveBackMemory() {} // no fonts are read ahead
+
 std::string Activation()
 {
     return {}; // the sender lets the taker come to the front

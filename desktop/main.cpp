@@ -15,7 +15,9 @@
 #include "program/Velluto.h"
 
 #include <QApplication>
+#include <QTimer>
 
+#include <chrono>
 #include <future>
 #include <memory>
 #include <string>
@@ -25,6 +27,9 @@
 namespace velluto {
 
 namespace {
+
+// From the end of the start: the frame has been painted by then.
+constexpr std::chrono::milliseconds kFirstPicture(250);
 
 std::string DevicesPath(MachineFiles &files)
 {
@@ -119,6 +124,7 @@ int Run(HandOverInbox &handedOver, std::shared_ptr<MidiSystems> systems, const s
     if (StartUp(program)) {
         OpenFilesNamedAtStart(program, words);
         inbox.Begin();
+        QTimer::singleShot(kFirstPicture, &GiveBackMemory);
         // A signal that came while a question of the start was up has ended that question's loop, not this one.
         bool toRun = !endSignals.Told();
         do {
