@@ -17,6 +17,7 @@ from Xlib import X, display, error
 from Xlib.ext import damage
 
 PATIENCE = 20.0
+CALM = 0.2  # seconds, in which the display and its window manager put away the window before
 LOOK_ANYWAY = 0.05  # seconds without a word
 ROWS = 5
 EVERY = 16  # pixels of a row
@@ -90,6 +91,7 @@ class Watch:
 def main():
     wanted, command = sys.argv[1], sys.argv[2:]
     watch = Watch(wanted)
+    time.sleep(CALM)
     started = time.monotonic()
     process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     try:
