@@ -3,10 +3,12 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QIcon>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
+#include <QPixmap>
 #include <QRegularExpression>
 #include <QStyle>
 #include <QXmlStreamReader>
@@ -113,6 +115,18 @@ TEST(ProgramIcon, IsTheDrawingOfTheRepository)
     }
     EXPECT_LT(differing, kSide); // fewer than one in a hundred, along edges
     EXPECT_GT(shown.pixelColor(kSide / 2, kSide / 8).alpha(), 200);
+}
+
+TEST(ProgramIcon, IsDrawnOnceInEachSize)
+{
+    const QIcon icon = ProgramIcon();
+    const QPixmap small = icon.pixmap(QSize(16, 16));
+    const QPixmap large = icon.pixmap(QSize(32, 32));
+    EXPECT_NE(small.toImage(), large.toImage());
+    EXPECT_EQ(icon.pixmap(QSize(16, 16)).cacheKey(), small.cacheKey());
+    EXPECT_EQ(icon.pixmap(QSize(32, 32)).cacheKey(), large.cacheKey());
+    EXPECT_NE(ProgramIcon().pixmap(QSize(16, 16)).cacheKey(), small.cacheKey()); // another one has pictures of its own
+    EXPECT_EQ(ProgramIcon().pixmap(QSize(16, 16)).toImage(), small.toImage());
 }
 
 TEST(MoreIcon, IsOfTheColourOfWords)
