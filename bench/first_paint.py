@@ -90,8 +90,8 @@ class Watch:
 
 def main():
     wanted, command = sys.argv[1], sys.argv[2:]
-    watch = Watch(wanted)
     time.sleep(CALM)
+    watch = Watch(wanted)
     started = time.monotonic()
     process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     try:

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
+#include <QPixmap>
 
 #include <array>
 #include <map>
@@ -120,7 +121,7 @@ private:
     Drawing drawing_;
 };
 
-// Keeps what it has drawn, which must not depend on the colours of the moment. Before the first window each size is asked for twice.
+// Keeps what it has drawn, which must not depend on the colours of the moment. On X11 a start asks for each size twice.
 class KeptEngine : public Engine {
 public:
     using Engine::Engine;

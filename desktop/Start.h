@@ -35,7 +35,7 @@ void SetLocale();
 // asks for a font before the end.
 [[nodiscard]] std::future<void> ReadFontsAhead();
 // Gives back to the system what a start takes and no longer needs. For when the first picture is there: it takes some tenths of a
-// millisecond, in which no other thread can map memory.
+// millisecond, in which others that ask for memory wait.
 void GiveBackMemory();
 // The desktop's leave to come to the front, empty where it gives none.
 [[nodiscard]] std::string Activation();

@@ -28,7 +28,7 @@ namespace velluto {
 
 namespace {
 
-// From the end of the start: the frame has been painted by then.
+// From the end of the start: time enough to paint the frame, where the machine is not very busy.
 constexpr std::chrono::milliseconds kFirstPicture(250);
 
 std::string DevicesPath(MachineFiles &files)
